@@ -1,0 +1,60 @@
+// The connection to the company database: the only road to it.
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace goods {
+
+class RowStore;
+
+// What went wrong with a statement: the server's own message, and the statement that it was said of.
+class DatabaseError : public std::runtime_error {
+ public:
+  DatabaseError(const std::string& message, std::string statement);
+  ~DatabaseError() override;
+  const std::string& Statement() const { return statement_; }
+
+ private:
+  std::string statement_;
+};
+
+// The server is gone: every further statement on this connection fails the same way until the host
+// reconnects.
+class ConnectionLost : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+  ~ConnectionLost() override;
+};
+
+// The user stopped a running statement. Nothing of its rows is kept.
+class StatementCancelled : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+  ~StatementCancelled() override;
+};
+
+// Hears how a statement gets on. Called on the thread that runs it, at least every 4096 rows and every 50 ms
+// of work.
+class IStatementProgress {
+ public:
+  virtual ~IStatementProgress();
+  // rows: rows read so far. Returning false cancels the statement, which then throws StatementCancelled.
+  virtual bool Progress(std::size_t rows) = 0;
+};
+
+// A statement text reaches the database byte for byte. One statement a call.
+class IConnection {
+ public:
+  virtual ~IConnection();
+  // Runs a statement that returns rows. into must be new: it gets the columns, then the rows, in blocks.
+  // Throws DatabaseError; what into holds then is of no use. progress may be null.
+  virtual void Open(std::string_view statement, RowStore& into, IStatementProgress* progress = nullptr) = 0;
+  // Runs a statement for its effect; rows that it returns are dropped. Throws DatabaseError; the effect is
+  // then undone.
+  virtual void Execute(std::string_view statement, IStatementProgress* progress = nullptr) = 0;
+};
+
+}  // namespace goods

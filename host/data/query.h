@@ -1,0 +1,157 @@
+// TADOQuery: a statement, its rows, and a cursor, a filter and an order over them. TDataSource: what a grid
+// hangs on.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/core/component.h"
+#include "host/data/connection.h"
+#include "host/data/row_store.h"
+
+namespace goods {
+
+// A filter text or a sort text that cannot be understood, or that names a field that is not there. The
+// message is Persian and names the place.
+class FilterError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+  ~FilterError() override;
+};
+
+// How a query is used:
+//   1. SetSQL, then Open (rows) or ExecSQL (effect only).
+//   2. Filter and sort narrow and order the rows that were read; nothing is read again and no row is copied:
+//   the
+//      visible rows are an index over the row store. "Position" below means a place among the visible rows.
+//   3. Close gives the rows back.
+// A statement that fails leaves the query closed and empty, its text, filter and sort as they were, and
+// throws. Filter and sort outlive Close and are applied by the next Open; where they no longer fit its
+// columns they are dropped.
+class TADOQuery : public TComponent {
+ public:
+  // connection must outlive the query.
+  TADOQuery(TComponent* owner, std::string name, IConnection& connection);
+  ~TADOQuery() override;
+
+  const std::string& SQL() const { return sql_; }
+  void SetSQL(std::string text) { sql_ = std::move(text); }
+  // Closes, then runs the text and makes the first visible row current.
+  void Open();
+  // Runs the text for its effect; the rows that are open stay.
+  void ExecSQL();
+  void Close();
+  bool Active() const { return rows_ != nullptr; }
+
+  // Rows: all that were read, and those that the filter leaves.
+  std::size_t TotalCount() const { return rows_ == nullptr ? 0 : rows_->Count(); }
+  std::size_t RecordCount() const;
+  bool IsEmpty() const { return RecordCount() == 0; }
+
+  // Columns: those of the statement, then the computed ones. Letter case of A to Z does not matter.
+  std::vector<ColumnInfo> Fields() const;
+  std::optional<std::size_t> FindField(std::string_view name) const;
+
+  // Cells of a visible row. A computed column is worked out when asked.
+  Value Cell(std::size_t position, std::size_t field) const;
+  // Cells of the current row; null when there is no current row or no such field.
+  Value FieldByName(std::string_view name) const;
+
+  // Adds a column that is computed per row of the store. Stays over Open and Close. compute gets the number
+  // of the row in the store (0-based, in the order read) and the store.
+  using Compute = std::function<Value(std::size_t row, const RowStore& rows)>;
+  void AddComputed(ColumnInfo column, Compute compute);
+
+  // The cursor: the position of the current row, none when there is no visible row. Filtering and sorting
+  // keep the current row while it stays visible; else the first visible row becomes current.
+  std::optional<std::size_t> RecNo() const { return cursor_; }
+  void MoveTo(std::size_t position);  // beyond the end: the last row
+  void First() { MoveTo(0); }
+  void Last();
+  // The first visible row whose fields (";" between names) equal the values becomes current; false, and
+  // nothing moves, when there is none.
+  bool Locate(std::string_view fields, std::span<const Value> values);
+  // The same for a text field that begins with the given text, A to Z in either case.
+  bool LocatePrefix(std::string_view field, std::string_view text);
+
+  // The filter language:
+  //   condition := comparison | condition AND condition | condition OR condition | NOT condition |
+  //   (condition) comparison := Field (= | <> | < | <= | > | >=) value | Field [NOT] LIKE 'text with %' |
+  //   Field IS [NOT] NULL value := number | 'text' | N'text' | NULL
+  // NOT binds closest, then AND, then OR; keywords in any letter case; a field with odd characters stands in
+  // [ ]. A comparison is true or false, never unknown: with a null cell it is false, but "= NULL" and "<>
+  // NULL" test for null. Numbers compare as numbers and texts in the order of their characters; LIKE ignores
+  // the case of A to Z. A text that cannot be understood throws FilterError and changes nothing. "" shows
+  // every row.
+  const std::string& Filter() const { return filter_; }
+  void SetFilter(std::string text);
+
+  // "Field", "Field ASC", "Field DESC", joined with ","; rows that compare equal keep the order read; nulls
+  // come first. Texts sort as a Persian reader expects. A bad text throws FilterError and changes nothing. ""
+  // is the order read.
+  const std::string& Sort() const { return sort_; }
+  void SetSort(std::string text);
+
+  // Exact sum of a number field over the visible rows; nulls count as 0.
+  Decimal Sum(std::string_view field) const;
+
+  // While controls are disabled nobody is told of changes; the last EnableControls tells once. Calls nest.
+  void DisableControls();
+  void EnableControls();
+  bool ControlsDisabled() const { return disabled_ > 0; }
+
+  // Changed (of TComponent): rows, filter or order are others. Scrolled: another row is current.
+  Signal<> Scrolled;
+
+  const RowStore* Rows() const { return rows_.get(); }
+  // The store's row numbers that are visible, in visible order.
+  std::span<const std::uint32_t> VisibleRows() const { return visible_; }
+  std::size_t MemoryBytes() const;
+
+ private:
+  struct ComputedColumn {
+    ColumnInfo info;
+    Compute compute;
+  };
+
+  IConnection& connection_;
+  std::string sql_;
+  std::string filter_;
+  std::string sort_;
+  std::unique_ptr<RowStore> rows_;
+  std::vector<ComputedColumn> computed_;
+  std::vector<std::uint32_t> ordered_;  // every row in the sort's order; empty while that is the order read
+  std::vector<std::uint32_t> visible_;
+  std::optional<std::size_t> cursor_;
+  int disabled_ = 0;
+  bool changedWhileDisabled_ = false;
+  bool scrolledWhileDisabled_ = false;
+};
+
+// Names the query that a grid, a search manager or a detail panel shows, so that a window can point all of
+// them to another query at once.
+class TDataSource : public TComponent {
+ public:
+  TDataSource(TComponent* owner, std::string name, TADOQuery* dataSet = nullptr);
+  TADOQuery* DataSet() const { return dataSet_; }
+  void SetDataSet(TADOQuery* dataSet);  // may be null; must outlive its use here
+
+  // The query's own signals passed on, and fired once when the query itself is replaced.
+  Signal<> Scrolled;
+  // The current row is another one, or its rows are new. Set by the window.
+  std::function<void()> OnDataChange;
+
+ private:
+  TADOQuery* dataSet_ = nullptr;
+  Subscription changed_;
+  Subscription scrolled_;
+};
+
+}  // namespace goods

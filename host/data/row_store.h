@@ -1,0 +1,94 @@
+// RowStore: the rows of one result, column by column. Written once, front to back; then only read.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/data/decimal.h"
+#include "host/data/value.h"
+
+namespace goods {
+
+struct ColumnInfo {
+  std::string name;
+  ColumnType type = ColumnType::Text;
+};
+
+// The cells of one column in chunks, so that growing never copies what stands and never needs it twice.
+//
+// Integers take 8 bytes. Decimals take 8 bytes a cell in every chunk whose values fit 64 bits at one scale,
+// else 16. Texts are interned in one arena: a cell is a 4-byte id, so a text that repeats is stored once, and
+// a test on a text column is made once per distinct text.
+class Column {
+ public:
+  explicit Column(ColumnType type);
+  Column(Column&&) noexcept;
+  Column& operator=(Column&&) noexcept;
+  ~Column();
+
+  ColumnType Type() const;
+
+  // Appending. The kind must be the column's own.
+  void AppendNull();
+  void AppendInteger(std::int64_t value);
+  void AppendDecimal(Decimal value);
+  void AppendText(std::string_view text);
+
+  // Reading. row is below the store's Count(). A null reads as 0 or the empty text.
+  bool IsNull(std::size_t row) const;
+  std::int64_t Integer(std::size_t row) const;
+  Decimal Number(std::size_t row) const;  // of an integer column too
+  // Valid as long as the store lives.
+  std::string_view Text(std::size_t row) const;
+  // The text's id in a text column: equal ids, equal texts. Ids run from 0 to DistinctTexts() - 1.
+  std::uint32_t TextId(std::size_t row) const;
+  std::size_t DistinctTexts() const;
+  std::string_view TextOfId(std::uint32_t id) const;
+
+  // Exact sum of the cells at the given rows; nulls count as 0, texts as 0.
+  Decimal Sum(const std::uint32_t* rows, std::size_t count) const;
+
+  // Bytes held, for measurements.
+  std::size_t MemoryBytes() const;
+
+ private:
+  friend class RowStore;
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+// Rows are numbered from 0, at most 2^32 - 1 of them. How a producer writes: Define, then for each row one
+// Append on every column and EndRow; Finish at the end.
+class RowStore {
+ public:
+  RowStore();
+  RowStore(RowStore&&) noexcept;
+  RowStore& operator=(RowStore&&) noexcept;
+  ~RowStore();
+
+  void Define(std::vector<ColumnInfo> columns);
+  Column& ColumnAt(std::size_t index) { return columns_[index]; }
+  void EndRow() { ++count_; }
+  // Gives back what was reserved for further rows.
+  void Finish();
+
+  std::size_t Count() const { return count_; }
+  const std::vector<ColumnInfo>& Columns() const { return infos_; }
+  const Column& ColumnAt(std::size_t index) const { return columns_[index]; }
+  // By name, letter case of A to Z apart.
+  std::optional<std::size_t> FindColumn(std::string_view name) const;
+  Value Cell(std::size_t row, std::size_t column) const;
+  std::size_t MemoryBytes() const;
+
+ private:
+  std::vector<ColumnInfo> infos_;
+  std::vector<Column> columns_;
+  std::size_t count_ = 0;
+};
+
+}  // namespace goods
