@@ -1,0 +1,28 @@
+#include "host/base/base_search.h"
+
+#include <utility>
+
+namespace goods {
+
+TBaseSearch_FRM::TBaseSearch_FRM(THost& host, std::string name) : TForm(host, std::move(name)) {}
+
+TBaseSearch_FRM::~TBaseSearch_FRM() = default;
+
+void TBaseSearch_FRM::Select_BTNClick() { SetModalResult(kModalOk); }
+
+void TBaseSearch_FRM::Del_BTNClick() {}
+
+void TBaseSearch_FRM::FormKeyDown(TKey& key) {
+  if (key.Is(Key::Enter)) {
+    key.Consume();
+    FocusNext();
+  } else if (key.Is(Key::F3)) {
+    key.Consume();
+    Select_BTNClick();
+  } else if (key.Is(Key::Escape)) {
+    key.Consume();
+    Exit_BTNClick();
+  }
+}
+
+}  // namespace goods

@@ -1,0 +1,140 @@
+#include "host/components/edit.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/core/jalali.h"
+#include "host/core/text.h"
+
+namespace goods {
+namespace {
+
+constexpr std::size_t kMaxDigits = 18;
+constexpr std::size_t kMaxDecimals = 9;
+
+bool AllDigits(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+bool IsInteger(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  return text.size() <= kMaxDigits && AllDigits(text);
+}
+
+bool IsAmount(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  const std::size_t point = text.find('.');
+  const std::string whole = ReplaceAll(text.substr(0, point), ",", "");
+  const std::string_view decimals = point == std::string_view::npos ? "" : text.substr(point + 1);
+  return whole.size() <= kMaxDigits && AllDigits(whole) && decimals.size() <= kMaxDecimals &&
+         AllDigits(decimals);
+}
+
+bool IsDateInTheMaking(std::string_view text) {
+  return text.size() <= 10 &&
+         std::all_of(text.begin(), text.end(), [](char c) { return (c >= '0' && c <= '9') || c == '/'; });
+}
+
+bool Fits(InputKind kind, std::string_view text) {
+  switch (kind) {
+    case InputKind::Integer:
+      return IsInteger(text);
+    case InputKind::Amount:
+      return IsAmount(text);
+    case InputKind::Date:
+      return IsDateInTheMaking(text);
+    case InputKind::Text:
+      break;
+  }
+  return text.find_first_of("\r\n") == std::string_view::npos;
+}
+
+// "14010305" and "1401/3/5" as "1401/03/05"; anything else as it stands.
+std::string CompletedDate(const std::string& text) {
+  if (text.size() == 8 && AllDigits(text))
+    return text.substr(0, 4) + "/" + text.substr(4, 2) + "/" + text.substr(6);
+  const std::vector<std::string> parts = Split(text, '/');
+  const bool complete = parts.size() == 3 && parts[0].size() == 4 && !parts[1].empty() &&
+                        parts[1].size() <= 2 && !parts[2].empty() && parts[2].size() <= 2;
+  if (!complete) return text;
+  const auto two = [](const std::string& part) { return part.size() == 1 ? "0" + part : part; };
+  return parts[0] + "/" + two(parts[1]) + "/" + two(parts[2]);
+}
+
+}  // namespace
+
+TEdit::TEdit(TComponent* owner, std::string name, InputKind kind)
+    : TControl(owner, std::move(name)), kind_(kind) {}
+
+void TEdit::SetKind(InputKind kind) {
+  if (kind == kind_) return;
+  kind_ = kind;
+  if (!Fits(kind_, text_)) Clear();
+  Changed();
+}
+
+bool TEdit::Store(std::string_view text) {
+  const std::string plain = kind_ == InputKind::Text ? std::string(text) : AsciiDigits(Trim(text));
+  const bool tooLong = MaxLength > 0 && CharCount(plain) > static_cast<std::size_t>(MaxLength);
+  if (tooLong || !Fits(kind_, plain)) {
+    Changed();  // a view that already shows the refused text goes back to this one
+    return false;
+  }
+  if (plain == text_) return true;
+  text_ = plain;
+  caret_ = std::min(caret_, static_cast<int>(CharCount(text_)));
+  Changed();
+  if (OnChange) OnChange();
+  return true;
+}
+
+bool TEdit::SetText(std::string_view text) {
+  if (!Store(text)) return false;
+  Accept();
+  return true;
+}
+
+bool TEdit::TypeText(std::string_view text) { return Store(text); }
+
+void TEdit::Accept() {
+  if (kind_ == InputKind::Date) Store(CompletedDate(text_));
+  if (text_ == accepted_) return;
+  accepted_ = text_;
+  if (OnAccept) OnAccept();
+}
+
+std::int64_t TEdit::AsInteger() const { return ParseInteger(text_).value_or(0); }
+
+bool TEdit::IsValidDate() const { return IsValidJalali(text_); }
+
+void TEdit::SetCaret(int caret) {
+  caret = std::clamp(caret, 0, static_cast<int>(CharCount(text_)));
+  if (caret == caret_) return;
+  caret_ = caret;
+  Changed();
+}
+
+void TEdit::SetProblem(std::string problem) {
+  if (problem == problem_) return;
+  problem_ = std::move(problem);
+  Changed();
+}
+
+void TEdit::SetPlaceholder(std::string text) {
+  if (text == placeholder_) return;
+  placeholder_ = std::move(text);
+  Changed();
+}
+
+void TEdit::DoKey(TKey& key) {
+  if (!key.Is(Key::Enter)) return;
+  key.Consume();
+  Accept();
+}
+
+void TEdit::DoExit() {
+  Accept();
+  TControl::DoExit();
+}
+
+}  // namespace goods

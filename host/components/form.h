@@ -1,0 +1,94 @@
+// TForm: a window. TFormOptions: what a window tells the host about itself.
+#pragma once
+
+#include <string>
+
+#include "host/components/control.h"
+#include "host/services/host.h"
+
+namespace goods {
+
+inline constexpr int kModalNone = 0;
+inline constexpr int kModalOk = 1;
+inline constexpr int kModalCancel = 2;
+
+// The life of a window:
+//   1. It is constructed with its controls; its own class calls FormCreate at the end of its constructor.
+//   2. ShowModal: the showing flag is set, FormShow, then the host shows it and runs the message loop.
+//   3. The user works; every event reaches a handler through the controls, keys first through FormKeyDown.
+//   4. Close or SetModalResult ends the loop; FormClose; the showing flag is cleared; ShowModal returns.
+//   5. Kept windows go on with 2; others are destroyed, FormDestroy first.
+// An error in FormShow or FormClose is shown to the user; the window is shown, or closed, all the same.
+class TForm : public TControl {
+ public:
+  // host must outlive the window.
+  TForm(THost& host, std::string name);
+  ~TForm() override;
+
+  THost& Host() const { return host_; }
+
+  // Shows the window and returns its modal result when it is closed. Throws std::logic_error while it is
+  // showing.
+  int ShowModal();
+  // True from before FormShow until after FormClose.
+  bool Showing() const { return showing_; }
+  int ModalResult() const { return modalResult_; }
+  // Anything but kModalNone closes the window.
+  void SetModalResult(int result);
+  void Close() { SetModalResult(kModalCancel); }
+
+  // The control with the focus, null when it is elsewhere. Setting fires OnExit and OnEnter.
+  TControl* ActiveControl() const { return activeControl_; }
+  void SetActiveControl(TControl* control);
+  void ForgetControl(const TControl& control);
+  // What the Tab key does: the next control that takes the focus, in the order of placing, becomes active;
+  // after the last one the first.
+  void FocusNext(bool backwards = false);
+
+  // A key, before the focused control sees it: its OnKeyDown, then FormKeyDown, then what
+  // the control itself does with it. True when the key was
+  // consumed.
+  bool KeyDown(TKey key);
+
+  // A message that was posted to the window with IWindows::PostMessage.
+  virtual void WindowMessage(int code);
+
+  virtual void FormCreate();
+  virtual void FormShow();
+  virtual void FormClose();
+  virtual void FormDestroy();
+  virtual void FormResize();
+  virtual void FormKeyDown(TKey& key);
+
+  // The size that the window asks for when it is first shown, pixels at 96 dpi; maximised says more room is
+  // better.
+  int PreferredWidth = 900;
+  int PreferredHeight = 600;
+  bool Maximised = false;
+
+ protected:
+  TForm* AsForm() override { return this; }
+
+ private:
+  THost& host_;
+  bool showing_ = false;
+  int modalResult_ = kModalNone;
+  TControl* activeControl_ = nullptr;
+};
+
+// Component software parts: what kind of report a window is.
+enum ComponentSoftwarePart : int {
+  cspKardex = 66,
+  cspSearchInKardex = 67,
+  cspGoodAmountAsset = 68,
+  cspGoodCashAsset = 69,
+  cspGoodDetail = 80,
+};
+
+class TFormOptions : public TComponent {
+ public:
+  using TComponent::TComponent;
+  int ComponentSoftwarePart = 0;
+};
+
+}  // namespace goods

@@ -1,0 +1,278 @@
+#include "host/components/grid.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/core/text.h"
+
+namespace goods {
+
+TGridColumn::TGridColumn(TSmartDBGrid_QRT& grid, std::string fieldName, std::string caption)
+    : grid_(grid), fieldName_(std::move(fieldName)), caption_(std::move(caption)) {}
+
+TGridColumn& TGridColumn::SetFieldName(std::string fieldName) {
+  if (fieldName == fieldName_) return *this;
+  fieldName_ = std::move(fieldName);
+  grid_.RefreshFooters();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetCaption(std::string caption) {
+  caption_ = std::move(caption);
+  grid_.Changed();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetDisplayFormat(std::string_view format) {
+  formatText_ = std::string(format);
+  format_ = DisplayFormat(format);
+  grid_.RefreshFooters();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetFooterFormat(std::string_view format) {
+  footerFormat_ = DisplayFormat(format);
+  grid_.RefreshFooters();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetFooter(FooterKind kind) {
+  footer_ = kind;
+  grid_.RefreshFooters();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetWidth(int width) {
+  if (width == width_) return *this;
+  width_ = width;
+  grid_.Changed();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetAutoFit(bool autoFit) {
+  autoFit_ = autoFit;
+  grid_.Changed();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetVisible(bool visible) {
+  if (visible == visible_) return *this;
+  visible_ = visible;
+  grid_.Changed();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetCustomizable(bool customizable) {
+  if (customizable == customizable_) return *this;
+  customizable_ = customizable;
+  grid_.Changed();
+  return *this;
+}
+
+TGridColumn& TGridColumn::SetAlign(TextAlign align) {
+  align_ = align;
+  grid_.Changed();
+  return *this;
+}
+
+// The visible columns, worked out anew at each call: there are a few dozen at most, and cells are asked for
+// by the screenful.
+class TSmartDBGrid_QRT::Table_ : public IReportTable {
+ public:
+  explicit Table_(const TSmartDBGrid_QRT& grid) : grid_(grid) {}
+
+  std::vector<ReportColumn> Columns() const override {
+    std::vector<ReportColumn> columns;
+    for (const TGridColumn* column : grid_.VisibleColumns()) {
+      columns.push_back({column->Caption(), column->Width(), column->Align(), column->IsNumber()});
+    }
+    return columns;
+  }
+  std::size_t RowCount() const override {
+    return grid_.DataSet() == nullptr ? 0 : grid_.DataSet()->RecordCount();
+  }
+  std::string CellText(std::size_t row, std::size_t column) const override {
+    return grid_.CellText(row, *grid_.VisibleColumns()[column]);
+  }
+  bool HasFooter() const override { return grid_.ShowFooter; }
+  std::string FooterText(std::size_t column) const override {
+    return grid_.FooterText(*grid_.VisibleColumns()[column]);
+  }
+  bool HasRowNumbers() const override { return grid_.ShowRowNumbers; }
+
+ private:
+  const TSmartDBGrid_QRT& grid_;
+};
+
+TSmartDBGrid_QRT::TSmartDBGrid_QRT(TComponent* owner, std::string name)
+    : TControl(owner, std::move(name)),
+      emptyText_("<داده ای برای نمایش وجود ندارد>"),
+      table_(std::make_unique<Table_>(*this)) {}
+
+TSmartDBGrid_QRT::~TSmartDBGrid_QRT() = default;
+
+void TSmartDBGrid_QRT::SetDataSource(TDataSource* source) {
+  source_ = source;
+  sourceChanged_.Disconnect();
+  sourceScrolled_.Disconnect();
+  if (source_ != nullptr) {
+    sourceChanged_ = source_->Changed.Connect([this] {
+      selection_.clear();
+      RefreshFooters();
+    });
+    sourceScrolled_ = source_->Scrolled.Connect([this] { Changed(); });
+  }
+  RefreshFooters();
+}
+
+TGridColumn& TSmartDBGrid_QRT::AddColumn(std::string fieldName, std::string caption) {
+  return InsertColumn(columns_.size(), std::move(fieldName), std::move(caption));
+}
+
+TGridColumn& TSmartDBGrid_QRT::InsertColumn(std::size_t at, std::string fieldName, std::string caption) {
+  const auto place = columns_.begin() + static_cast<std::ptrdiff_t>(std::min(at, columns_.size()));
+  auto column = std::make_unique<TGridColumn>(*this, std::move(fieldName), std::move(caption));
+  TGridColumn& added = **columns_.insert(place, std::move(column));
+  Changed();
+  return added;
+}
+
+void TSmartDBGrid_QRT::MoveColumn(std::size_t from, std::size_t to) {
+  if (from >= columns_.size() || to >= columns_.size() || from == to) return;
+  const auto at = [this](std::size_t i) { return columns_.begin() + static_cast<std::ptrdiff_t>(i); };
+  if (from < to) {
+    std::rotate(at(from), at(from + 1), at(to + 1));
+  } else {
+    std::rotate(at(to), at(from), at(from + 1));
+  }
+  Changed();
+}
+
+TGridColumn* TSmartDBGrid_QRT::FindColumn(std::string_view fieldName) const {
+  for (const auto& column : columns_) {
+    if (SameText(column->FieldName(), fieldName)) return column.get();
+  }
+  return nullptr;
+}
+
+std::vector<TGridColumn*> TSmartDBGrid_QRT::VisibleColumns() const {
+  std::vector<TGridColumn*> visible;
+  for (const auto& column : columns_) {
+    if (column->Visible()) visible.push_back(column.get());
+  }
+  return visible;
+}
+
+std::string TSmartDBGrid_QRT::CellText(std::size_t position, const TGridColumn& column) const {
+  const TADOQuery* query = DataSet();
+  if (query == nullptr || position >= query->RecordCount()) return {};
+  const auto field = query->FindField(column.FieldName());
+  return field ? column.Format().Format(query->Cell(position, *field)) : std::string();
+}
+
+std::string TSmartDBGrid_QRT::FooterText(const TGridColumn& column) const {
+  const TADOQuery* query = DataSet();
+  if (column.Footer() == FooterKind::None || query == nullptr || !query->Active()) return {};
+  const auto known = std::find_if(footers_.begin(), footers_.end(),
+                                  [&](const FooterValue& footer) { return footer.column == &column; });
+  if (known != footers_.end()) return known->text;
+  const std::string text = column.Footer() == FooterKind::Count
+                               ? std::to_string(query->RecordCount())
+                               : column.FooterFormat().Format(query->Sum(column.FieldName()));
+  footers_.push_back({&column, text});
+  return text;
+}
+
+TCellStyle TSmartDBGrid_QRT::CellStyle(std::size_t position, const TGridColumn& column) const {
+  TCellStyle style;
+  if (OnDrawColumnCell) OnDrawColumnCell(position, column, style);
+  return style;
+}
+
+void TSmartDBGrid_QRT::RefreshFooters() {
+  footers_.clear();
+  Changed();
+}
+
+void TSmartDBGrid_QRT::TitleClick(const TGridColumn& column, bool add) {
+  const auto same = [&](const TSortKey& key) { return SameText(key.FieldName, column.FieldName()); };
+  const auto found = std::find_if(sort_.begin(), sort_.end(), same);
+  std::vector<TSortKey> keys;
+  if (add) keys = sort_;
+  if (found == sort_.end()) {
+    keys.push_back({column.FieldName(), false});
+  } else if (add) {
+    auto& key = keys[static_cast<std::size_t>(found - sort_.begin())];
+    if (key.Descending) {
+      std::erase_if(keys, same);
+    } else {
+      key.Descending = true;
+    }
+  } else if (!found->Descending) {
+    keys.push_back({column.FieldName(), true});
+  }
+  SetSortKeys(std::move(keys));
+}
+
+void TSmartDBGrid_QRT::SetSortKeys(std::vector<TSortKey> keys) {
+  sort_ = std::move(keys);
+  Changed();
+  if (OnSortChanged) OnSortChanged();
+}
+
+std::string TSmartDBGrid_QRT::GetSort() const {
+  std::string text;
+  for (const TSortKey& key : sort_) {
+    if (!text.empty()) text += ",";
+    text += key.FieldName + (key.Descending ? " DESC" : " ASC");
+  }
+  return text;
+}
+
+void TSmartDBGrid_QRT::SetSelection(std::set<std::size_t> positions) {
+  selection_ = std::move(positions);
+  Changed();
+}
+
+void TSmartDBGrid_QRT::MoveTo(std::size_t position) {
+  if (TADOQuery* query = DataSet(); query != nullptr) query->MoveTo(position);
+}
+
+void TSmartDBGrid_QRT::SetEmptyText(std::string text) {
+  emptyText_ = std::move(text);
+  Changed();
+}
+
+void TSmartDBGrid_QRT::DoubleClick() {
+  if (Visible() && Enabled() && OnDblClick) OnDblClick();
+}
+
+std::string TSmartDBGrid_QRT::SaveLayout() const {
+  std::string text;
+  for (const auto& column : columns_) {
+    text += column->FieldName() + "=" + std::to_string(column->Width()) + "," +
+            (column->Visible() ? "1" : "0") + "\n";
+  }
+  return text;
+}
+
+void TSmartDBGrid_QRT::LoadLayout(std::string_view text) {
+  std::size_t place = 0;
+  for (const std::string& line : Split(text, '\n')) {
+    const std::size_t equals = line.rfind('=');
+    if (equals == std::string::npos) continue;
+    const std::vector<std::string> values = Split(Trim(std::string_view(line).substr(equals + 1)), ',');
+    const auto width = values.size() == 2 ? ParseInteger(values[0]) : std::nullopt;
+    const auto found = std::find_if(columns_.begin(), columns_.end(), [&](const auto& column) {
+      return SameText(column->FieldName(), line.substr(0, equals));
+    });
+    if (!width || *width < 10 || *width > 4000 || found == columns_.end()) continue;
+    TGridColumn& column = **found;
+    column.SetWidth(static_cast<int>(*width));
+    if (column.Customizable()) column.SetVisible(values[1] == "1");
+    const auto from = static_cast<std::size_t>(found - columns_.begin());
+    if (from >= place) MoveColumn(from, place++);
+  }
+}
+
+}  // namespace goods

@@ -1,0 +1,172 @@
+// TSmartDBGrid_QRT: the table of a report, with footers, sorting, a column chooser and multiple selection.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/components/control.h"
+#include "host/data/display_format.h"
+#include "host/data/query.h"
+#include "host/services/printing.h"
+
+namespace goods {
+
+class TSmartDBGrid_QRT;
+
+enum class FooterKind { None, Sum, Count };
+
+// A colour as 0xRRGGBB.
+using Color = std::uint32_t;
+
+// What a drawing event may change before a cell is drawn. Views draw the rest.
+struct TCellStyle {
+  std::optional<Color> Brush;
+  std::optional<Color> Font;
+  bool Bold = false;
+  int InsetTop = 0;  // pixels at 96 dpi
+  int InsetBottom = 0;
+};
+
+// A column. Setters tell the grid, which tells its view.
+class TGridColumn {
+ public:
+  TGridColumn(TSmartDBGrid_QRT& grid, std::string fieldName, std::string caption);
+
+  const std::string& FieldName() const { return fieldName_; }
+  // The same column shows another field from now on, such as a running figure within one store.
+  TGridColumn& SetFieldName(std::string fieldName);
+  // "group|title" puts a group title over the column.
+  const std::string& Caption() const { return caption_; }
+  TGridColumn& SetCaption(std::string caption);
+  // For cell and footer; SetFooterFormat gives the footer one of its own.
+  const std::string& DisplayFormatText() const { return formatText_; }
+  TGridColumn& SetDisplayFormat(std::string_view format);
+  TGridColumn& SetFooterFormat(std::string_view format);
+  FooterKind Footer() const { return footer_; }
+  TGridColumn& SetFooter(FooterKind kind);
+  int Width() const { return width_; }  // pixels at 96 dpi
+  TGridColumn& SetWidth(int width);
+  bool AutoFit() const { return autoFit_; }  // takes the room that is left over
+  TGridColumn& SetAutoFit(bool autoFit);
+  bool Visible() const { return visible_; }
+  TGridColumn& SetVisible(bool visible);
+  // Whether the column chooser offers it.
+  bool Customizable() const { return customizable_; }
+  TGridColumn& SetCustomizable(bool customizable);
+  TextAlign Align() const { return align_; }
+  TGridColumn& SetAlign(TextAlign align);
+  long Tag = 0;
+
+  const DisplayFormat& Format() const { return format_; }
+  const DisplayFormat& FooterFormat() const { return footerFormat_ ? *footerFormat_ : format_; }
+  bool IsNumber() const { return !formatText_.empty(); }
+
+ private:
+  TSmartDBGrid_QRT& grid_;
+  std::string fieldName_;
+  std::string caption_;
+  std::string formatText_;
+  DisplayFormat format_;
+  std::optional<DisplayFormat> footerFormat_;
+  FooterKind footer_ = FooterKind::None;
+  int width_ = 80;
+  bool autoFit_ = false;
+  bool visible_ = true;
+  bool customizable_ = true;
+  TextAlign align_ = TextAlign::Start;
+};
+
+struct TSortKey {
+  std::string FieldName;
+  bool Descending = false;
+};
+
+class TSmartDBGrid_QRT : public TControl {
+ public:
+  TSmartDBGrid_QRT(TComponent* owner, std::string name);
+  ~TSmartDBGrid_QRT() override;
+
+  bool TakesFocus() const override { return true; }
+  // The grid shows the visible rows of the source's query. Null or a closed query: the empty text.
+  TDataSource* DataSource() const { return source_; }
+  void SetDataSource(TDataSource* source);
+  TADOQuery* DataSet() const { return source_ == nullptr ? nullptr : source_->DataSet(); }
+
+  // Columns in display order. References stay good until the column is removed.
+  TGridColumn& AddColumn(std::string fieldName, std::string caption);
+  TGridColumn& InsertColumn(std::size_t at, std::string fieldName, std::string caption);
+  void MoveColumn(std::size_t from, std::size_t to);
+  const std::vector<std::unique_ptr<TGridColumn>>& Columns() const { return columns_; }
+  TGridColumn* FindColumn(std::string_view fieldName) const;
+  std::vector<TGridColumn*> VisibleColumns() const;
+
+  // What is shown: a cell by its position among the visible rows, a footer by its column.
+  std::string CellText(std::size_t position, const TGridColumn& column) const;
+  std::string FooterText(const TGridColumn& column) const;
+  TCellStyle CellStyle(std::size_t position, const TGridColumn& column) const;
+
+  // Footers are worked out once and kept until the rows change or this is called.
+  void RefreshFooters();
+
+  // The user's sort; a click on a title sorts by it, a second click the other way round, a third lifts it.
+  // With add, the column joins the keys that are there. Fires OnSortChanged; the window puts the text of
+  // GetSort on its query.
+  void TitleClick(const TGridColumn& column, bool add = false);
+  const std::vector<TSortKey>& SortKeys() const { return sort_; }
+  void SetSortKeys(std::vector<TSortKey> keys);
+  std::string GetSort() const;
+  std::function<void()> OnSortChanged;
+
+  // Multiple selection by position; changing the rows clears it.
+  bool MultiSelect = true;
+  const std::set<std::size_t>& Selection() const { return selection_; }
+  void SetSelection(std::set<std::size_t> positions);
+
+  // The view's and the program's way to the current row.
+  void MoveTo(std::size_t position);
+
+  bool ShowFooter = true;
+  bool ShowRowNumbers = false;
+  bool RightAligned = true;  // the first column stands at the right
+  const std::string& EmptyText() const { return emptyText_; }
+  void SetEmptyText(std::string text);
+
+  void DoubleClick();
+  std::function<void()> OnDblClick;
+  std::function<void(std::size_t position, const TGridColumn& column, TCellStyle& style)> OnDrawColumnCell;
+
+  // The grid as a table for print, copy and export: the visible columns at the time of the call of each
+  // function.
+  const IReportTable& Table() const { return *table_; }
+
+  // Layout: order, visibility and width of the columns as text lines, for a settings file. Columns that the
+  // text does not name, and names that the grid does not have, are left alone.
+  std::string SaveLayout() const;
+  void LoadLayout(std::string_view text);
+
+ private:
+  friend class TGridColumn;
+  class Table_;
+
+  TDataSource* source_ = nullptr;
+  Subscription sourceChanged_;
+  Subscription sourceScrolled_;
+  std::vector<std::unique_ptr<TGridColumn>> columns_;
+  std::vector<TSortKey> sort_;
+  std::set<std::size_t> selection_;
+  std::string emptyText_;
+  std::unique_ptr<IReportTable> table_;
+  struct FooterValue {
+    const TGridColumn* column;
+    std::string text;
+  };
+  mutable std::vector<FooterValue> footers_;
+};
+
+}  // namespace goods

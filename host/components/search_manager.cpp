@@ -1,0 +1,112 @@
+#include "host/components/search_manager.h"
+
+#include <optional>
+#include <utility>
+
+#include "host/core/text.h"
+#include "host/services/public_methods.h"
+
+namespace goods {
+namespace {
+
+// The value as it stands in a statement or filter; none when it is empty or not of its kind.
+std::optional<std::string> Literal(DataKind kind, std::string_view value) {
+  if (kind == DataKind::Text) {
+    if (value.empty()) return std::nullopt;
+    return QuotedStr(value);
+  }
+  const std::string plain = ReplaceAll(Trim(value), ",", "");
+  if (kind == DataKind::Number) {
+    const auto number = ParseInteger(plain);
+    if (!number) return std::nullopt;
+    return std::to_string(*number);
+  }
+  const auto amount = plain.empty() ? std::nullopt : Decimal::Parse(plain);
+  if (!amount) return std::nullopt;
+  return amount->ToString();
+}
+
+}  // namespace
+
+TQeratSearch::TQeratSearch(TComponent* owner, std::string name) : TComponent(owner, std::move(name)) {}
+
+std::string TQeratSearch::DataSetCondition() const {
+  if (!Active) return {};
+  std::string condition;
+  if (Operator == SearchOperator::Range) {
+    const auto from = Literal(Kind, From);
+    const auto to = Literal(Kind, To);
+    if (from) condition = FieldName + " >= " + *from;
+    if (to) condition += (from ? " AND " : "") + FieldName + " <= " + *to;
+  } else if (const auto value = Literal(Kind, Value)) {
+    condition = Operator == SearchOperator::Contains ? FieldName + " LIKE " + QuotedStr("%" + Value + "%")
+                                                     : FieldName + " = " + *value;
+  }
+  if (condition.empty()) return {};
+  return (Exclude ? "NOT (" : "(") + condition + ")";
+}
+
+std::string TQeratSearch::ProcParams() const {
+  if (!Active) return {};
+  std::string parameters;
+  const auto add = [&](std::string_view prefix, std::string_view value) {
+    if (const auto literal = Literal(Kind, value)) {
+      parameters = ADDParam("@" + std::string(prefix) + FieldName + "=" + *literal, parameters);
+    }
+  };
+  if (Operator == SearchOperator::Range) {
+    add("From", From);
+    add("To", To);
+  } else {
+    add("", Value);
+  }
+  if (!parameters.empty() && Exclude) parameters = ADDParam("@Not" + FieldName + "=1", parameters);
+  return parameters;
+}
+
+void TQeratSearch::NotifyChange() {
+  Changed();
+  if (OnChange) OnChange();
+}
+
+void TQeratSearchManager::AddItem(TQeratSearch& item) {
+  items_.push_back(&item);
+  item.OnChange = [this] {
+    if (OnSearchItems_Changed) OnSearchItems_Changed();
+  };
+}
+
+std::string TQeratSearchManager::DataSetFilter() const {
+  std::string filter;
+  for (const TQeratSearch* item : items_) filter = AddFilter(filter, item->DataSetCondition());
+  return filter;
+}
+
+std::string TQeratSearchManager::ProcFilter() const {
+  std::string parameters;
+  for (const TQeratSearch* item : items_) parameters = ADDParam(item->ProcParams(), parameters);
+  return parameters;
+}
+
+void TQeratSearchManager::ExecuteFilter_DataSet() {
+  TADOQuery* query = DataSet();
+  if (query == nullptr || !query->Active()) return;
+  std::string filter = DataSetFilter();
+  if (OnCustomFilter_DataSet) OnCustomFilter_DataSet(filter);
+  query->SetFilter(filter);
+  if (OnAfterExecute) OnAfterExecute();
+  if (OnAfterExecute_DataSet) OnAfterExecute_DataSet();
+}
+
+void TQeratSearchManager::ExecuteFilter_PROC() {
+  TADOQuery* query = DataSet();
+  if (query == nullptr) return;
+  std::string parameters = ADDParam(ProcFilter(), extraAdvFilter_);
+  if (OnCustomFilter_Proc) OnCustomFilter_Proc(parameters);
+  query->SetSQL(parameters.empty() ? Script : Script + " " + parameters);
+  query->Open();
+  if (OnAfterExecute) OnAfterExecute();
+  if (OnAfterExecute_PROC) OnAfterExecute_PROC();
+}
+
+}  // namespace goods

@@ -1,0 +1,97 @@
+#include "host/components/standard.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace goods {
+
+void TButton::DoKey(TKey& key) {
+  if (!key.Is(Key::Enter) && !key.Is(Key::Space)) return;
+  key.Consume();
+  Click();
+}
+
+void TCheckBox::SetChecked(bool checked) {
+  if (checked == checked_) return;
+  checked_ = checked;
+  Changed();
+  if (OnClick) OnClick();
+}
+
+void TCheckBox::Click() {
+  if (Visible() && Enabled()) SetChecked(!checked_);
+}
+
+void TCheckBox::DoKey(TKey& key) {
+  if (!key.Is(Key::Space)) return;
+  key.Consume();
+  Click();
+}
+
+TPanel::TPanel(TComponent* owner, std::string name, Flow flow, std::string caption)
+    : TControl(owner, std::move(name), std::move(caption)), flow_(flow) {}
+
+void TPanel::SetFolded(bool folded) {
+  if (folded == folded_) return;
+  folded_ = folded;
+  Changed();
+}
+
+void TComboBox::SetItems(std::vector<TComboItem> items) {
+  items_ = std::move(items);
+  itemIndex_ = items_.empty() ? -1 : 0;
+  typed_.clear();
+  Changed();
+}
+
+void TComboBox::AddItem(TComboItem item) {
+  items_.push_back(std::move(item));
+  Changed();
+}
+
+void TComboBox::ClearItems() { SetItems({}); }
+
+void TComboBox::SetItemIndex(int index) {
+  if (index < 0 || index >= static_cast<int>(items_.size())) index = -1;
+  if (index == itemIndex_ && typed_.empty()) return;
+  itemIndex_ = index;
+  typed_.clear();
+  Changed();
+  if (OnChange) OnChange();
+}
+
+std::int64_t TComboBox::ItemObject() const {
+  return itemIndex_ < 0 ? 0 : items_[static_cast<std::size_t>(itemIndex_)].Object;
+}
+
+std::string TComboBox::Text() const {
+  return itemIndex_ < 0 ? typed_ : items_[static_cast<std::size_t>(itemIndex_)].Text;
+}
+
+void TComboBox::SetText(std::string_view text) {
+  if (text == Text()) return;
+  const auto found =
+      std::find_if(items_.begin(), items_.end(), [&](const TComboItem& item) { return item.Text == text; });
+  if (found != items_.end()) {
+    SetItemIndex(static_cast<int>(found - items_.begin()));
+  } else if (style_ == ComboStyle::Typing) {
+    itemIndex_ = -1;
+    typed_ = std::string(text);
+    Changed();
+    if (OnChange) OnChange();
+  }
+}
+
+void TComboBox::SetStyle(ComboStyle style) {
+  if (style == style_) return;
+  style_ = style;
+  Changed();
+}
+
+void TComboBox::SetDroppedDown(bool dropped) {
+  if (dropped == droppedDown_) return;
+  droppedDown_ = dropped;
+  Changed();
+}
+
+}  // namespace goods

@@ -1,0 +1,70 @@
+#include "host/frames/range_date_search_frame.h"
+
+#include <utility>
+
+#include "host/components/form.h"
+#include "host/core/jalali.h"
+
+namespace goods {
+namespace {
+
+constexpr const char* kNoSuchDate = "این تاریخ در تقویم وجود ندارد.";
+
+std::string DateOrEmpty(const TDateEdit& edit) { return edit.IsValidDate() ? edit.Text() : std::string(); }
+
+}  // namespace
+
+TRange_Date_Search_Frame::TRange_Date_Search_Frame(TComponent* owner, std::string name, std::string caption)
+    : TSearchFrame(owner, std::move(name), RangeDate_CHK, RangeDate_CMB, RangeDate_Reverst_CHK),
+      RangeDate_CHK(this, "RangeDate_CHK", std::move(caption)) {
+  LayOutStart();
+  RangeDate_From_LBL.FocusControl = &RangeDate_From_EDT;
+  RangeDate_To_LBL.FocusControl = &RangeDate_To_EDT;
+  RangeDate_From_EDT.SetAccessibleName("از تاریخ");
+  RangeDate_To_EDT.SetAccessibleName("تا تاریخ");
+  for (TControl* each :
+       {static_cast<TControl*>(&RangeDate_From_LBL), static_cast<TControl*>(&RangeDate_From_EDT),
+        static_cast<TControl*>(&RangeDate_To_LBL), static_cast<TControl*>(&RangeDate_To_EDT)}) {
+    Place(*each);
+  }
+  LayOutEnd();
+  for (TDateEdit* edit : {&RangeDate_From_EDT, &RangeDate_To_EDT}) {
+    edit->SetWidth(100);
+    edit->OnChange = [this, edit] {
+      if (edit->IsValidDate() || edit->Text().empty()) edit->SetProblem("");
+      ControlsChanged();
+    };
+    edit->OnAccept = [this, edit] { DateAccepted(*edit); };
+  }
+}
+
+void TRange_Date_Search_Frame::SetRange(std::string_view from, std::string_view to) {
+  RangeDate_From_EDT.SetText(from);
+  RangeDate_To_EDT.SetText(to);
+  RangeDate_CHK.SetChecked(!from.empty());
+}
+
+std::string TRange_Date_Search_Frame::FromDate() const { return DateOrEmpty(RangeDate_From_EDT); }
+std::string TRange_Date_Search_Frame::ToDate() const { return DateOrEmpty(RangeDate_To_EDT); }
+
+void TRange_Date_Search_Frame::Clear() {
+  RangeDate_CHK.SetChecked(false);
+  RangeDate_From_EDT.Clear();
+  RangeDate_To_EDT.Clear();
+  RangeDate_Reverst_CHK.SetChecked(false);
+}
+
+void TRange_Date_Search_Frame::FillSearch() {
+  Search.Operator = SearchOperator::Range;
+  Search.From = FromDate();
+  Search.To = ToDate();
+}
+
+void TRange_Date_Search_Frame::DateAccepted(TDateEdit& edit) {
+  const bool wrong = !edit.Text().empty() && !edit.IsValidDate();
+  edit.SetProblem(wrong ? kNoSuchDate : "");
+  if (TForm* form = Form(); wrong && form != nullptr)
+    form->Host().Messages().ShowTooltipMessage(edit, kNoSuchDate);
+}
+
+}  // namespace goods

@@ -1,0 +1,39 @@
+// TRange_Date_Search_Frame: the criterion "from this date to that one", both ends included, with exclude.
+#pragma once
+
+#include <string>
+
+#include "host/components/edit.h"
+#include "host/frames/search_frame.h"
+
+namespace goods {
+
+// An end that is empty is open. A date that does not exist marks its edit, is left out of the criterion, and
+// is told to the user when the edit is accepted; what was typed stays.
+class TRange_Date_Search_Frame : public TSearchFrame {
+ public:
+  TRange_Date_Search_Frame(TComponent* owner, std::string name, std::string caption);
+
+  // Sets both dates and ticks the box; an empty from-date unticks it.
+  void SetRange(std::string_view from, std::string_view to);
+  // The dates as they count: empty where the edit is empty or holds no date.
+  std::string FromDate() const;
+  std::string ToDate() const;
+  void Clear() override;
+
+  TCheckBox RangeDate_CHK;
+  TComboBox RangeDate_CMB{this, "RangeDate_CMB"};
+  TLabel RangeDate_From_LBL{this, "RangeDate_From_LBL", "از :"};
+  TDateEdit RangeDate_From_EDT{this, "RangeDate_From_EDT"};
+  TLabel RangeDate_To_LBL{this, "RangeDate_To_LBL", "تا :"};
+  TDateEdit RangeDate_To_EDT{this, "RangeDate_To_EDT"};
+  TCheckBox RangeDate_Reverst_CHK{this, "RangeDate_Reverst_CHK", "به جز"};
+
+ protected:
+  void FillSearch() override;
+
+ private:
+  void DateAccepted(TDateEdit& edit);
+};
+
+}  // namespace goods

@@ -1,0 +1,50 @@
+// What the criteria frames share: a check box that puts the criterion to use, a list of the fields that it
+// can apply to, and a box that turns it round.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/components/search_manager.h"
+#include "host/components/standard.h"
+
+namespace goods {
+
+// One thing that a frame's criterion can apply to.
+struct TSearchItem {
+  std::string Title;
+  std::string FieldName;
+  DataKind Kind = DataKind::Number;
+};
+
+// The frame keeps its TQeratSearch up to date; adding Search to a window's search manager joins the frame to
+// it. A change that leaves the condition as it was does not notify.
+class TSearchFrame : public TPanel {
+ public:
+  TQeratSearch Search{this, "Search"};
+
+  // Replaces the fields that can be chosen; the first is chosen. With one only, no list is shown.
+  void SetItems(std::vector<TSearchItem> items);
+  const std::vector<TSearchItem>& Items() const { return items_; }
+
+  // Back to empty, unticked and not turned round.
+  virtual void Clear() = 0;
+
+ protected:
+  TSearchFrame(TComponent* owner, std::string name, TCheckBox& check, TComboBox& kinds, TCheckBox& reverse);
+
+  // Copies the controls' state into Search.
+  virtual void FillSearch() = 0;
+  void ControlsChanged();
+  // Places the shared controls around what the frame itself adds: LayOutStart, then its own, then LayOutEnd.
+  void LayOutStart();
+  void LayOutEnd();
+
+ private:
+  TCheckBox& check_;
+  TComboBox& kinds_;
+  TCheckBox& reverse_;
+  std::vector<TSearchItem> items_;
+};
+
+}  // namespace goods
