@@ -74,7 +74,6 @@ void TForm::WindowMessage(int /*code*/) {}
 void TForm::FormCreate() {}
 void TForm::FormShow() {}
 void TForm::FormClose() {}
-void TForm::FormDestroy() {}
 void TForm::FormResize() {}
 void TForm::FormKeyDown(TKey& /*key*/) {}
 

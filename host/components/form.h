@@ -17,7 +17,8 @@ inline constexpr int kModalCancel = 2;
 //   2. ShowModal: the showing flag is set, FormShow, then the host shows it and runs the message loop.
 //   3. The user works; every event reaches a handler through the controls, keys first through FormKeyDown.
 //   4. Close or SetModalResult ends the loop; FormClose; the showing flag is cleared; ShowModal returns.
-//   5. Kept windows go on with 2; others are destroyed, FormDestroy first.
+//   5. Kept windows go on with 2; others are destroyed, their destructor being what other toolkits call
+//   FormDestroy.
 // An error in FormShow or FormClose is shown to the user; the window is shown, or closed, all the same.
 class TForm : public TControl {
  public:
@@ -56,7 +57,7 @@ class TForm : public TControl {
   virtual void FormCreate();
   virtual void FormShow();
   virtual void FormClose();
-  virtual void FormDestroy();
+  // The view was given another size.
   virtual void FormResize();
   virtual void FormKeyDown(TKey& key);
 

@@ -31,7 +31,10 @@ TRange_Date_Search_Frame::TRange_Date_Search_Frame(TComponent* owner, std::strin
   for (TDateEdit* edit : {&RangeDate_From_EDT, &RangeDate_To_EDT}) {
     edit->SetWidth(100);
     edit->OnChange = [this, edit] {
-      if (edit->IsValidDate() || edit->Text().empty()) edit->SetProblem("");
+      // A date in the making leaves the criterion as it was, so that the rows do not flicker while it is
+      // typed.
+      if (!edit->IsValidDate() && !edit->Text().empty()) return;
+      edit->SetProblem("");
       ControlsChanged();
     };
     edit->OnAccept = [this, edit] { DateAccepted(*edit); };
@@ -41,11 +44,8 @@ TRange_Date_Search_Frame::TRange_Date_Search_Frame(TComponent* owner, std::strin
 void TRange_Date_Search_Frame::SetRange(std::string_view from, std::string_view to) {
   RangeDate_From_EDT.SetText(from);
   RangeDate_To_EDT.SetText(to);
-  RangeDate_CHK.SetChecked(!from.empty());
+  RangeDate_CHK.SetChecked(!RangeDate_From_EDT.Text().empty());
 }
-
-std::string TRange_Date_Search_Frame::FromDate() const { return DateOrEmpty(RangeDate_From_EDT); }
-std::string TRange_Date_Search_Frame::ToDate() const { return DateOrEmpty(RangeDate_To_EDT); }
 
 void TRange_Date_Search_Frame::Clear() {
   RangeDate_CHK.SetChecked(false);
@@ -56,13 +56,14 @@ void TRange_Date_Search_Frame::Clear() {
 
 void TRange_Date_Search_Frame::FillSearch() {
   Search.Operator = SearchOperator::Range;
-  Search.From = FromDate();
-  Search.To = ToDate();
+  Search.From = DateOrEmpty(RangeDate_From_EDT);
+  Search.To = DateOrEmpty(RangeDate_To_EDT);
 }
 
 void TRange_Date_Search_Frame::DateAccepted(TDateEdit& edit) {
   const bool wrong = !edit.Text().empty() && !edit.IsValidDate();
   edit.SetProblem(wrong ? kNoSuchDate : "");
+  ControlsChanged();
   if (TForm* form = Form(); wrong && form != nullptr)
     form->Host().Messages().ShowTooltipMessage(edit, kNoSuchDate);
 }

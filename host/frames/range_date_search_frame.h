@@ -17,8 +17,8 @@ class TRange_Date_Search_Frame : public TSearchFrame {
   // Sets both dates and ticks the box; an empty from-date unticks it.
   void SetRange(std::string_view from, std::string_view to);
   // The dates as they count: empty where the edit is empty or holds no date.
-  std::string FromDate() const;
-  std::string ToDate() const;
+  const std::string& FromDate() const { return Search.From; }
+  const std::string& ToDate() const { return Search.To; }
   void Clear() override;
 
   TCheckBox RangeDate_CHK;

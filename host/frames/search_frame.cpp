@@ -32,7 +32,10 @@ void TSearchFrame::ControlsChanged() {
 }
 
 void TSearchFrame::LayOutStart() {
-  check_.OnClick = [this] { ControlsChanged(); };
+  check_.OnClick = [this] {
+    if (OnCheckClick) OnCheckClick();
+    ControlsChanged();
+  };
   reverse_.OnClick = [this] { ControlsChanged(); };
   kinds_.OnChange = [this] { ControlsChanged(); };
   kinds_.SetVisible(false);

@@ -2,6 +2,7 @@
 // can apply to, and a box that turns it round.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ class TSearchFrame : public TPanel {
   // Replaces the fields that can be chosen; the first is chosen. With one only, no list is shown.
   void SetItems(std::vector<TSearchItem> items);
   const std::vector<TSearchItem>& Items() const { return items_; }
+
+  // The frame's check box was ticked or unticked; fired before the criterion changes.
+  std::function<void()> OnCheckClick;
 
   // Back to empty, unticked and not turned round.
   virtual void Clear() = 0;

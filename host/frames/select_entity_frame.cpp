@@ -30,23 +30,20 @@ void TSelect_Entity_Frame::SetCode(std::int64_t code) {
 
 void TSelect_Entity_Frame::SelectFromList() {
   TForm* form = Form();
-  if (form == nullptr || type_ == EntityType::None || !Code_EDT.Enabled()) return;
+  if (form == nullptr || type_ == EntityType::None || !Code_EDT.CanFocus()) return;
   const auto chosen = form->Host().Lookups().SelectEntity(form, type_, CodeAsInt(), Code_EDT.Text());
   if (chosen) SetCode(*chosen);
 }
 
 void TSelect_Entity_Frame::CodeAccepted() {
-  exists_ = false;
+  values_.clear();
   const std::int64_t code = CodeAsInt();
   TForm* form = Form();
   if (code != 0 && form != nullptr) {
-    if (const auto fields = form->Host().Lookups().LookupDBs(type_, code, "Name")) {
-      exists_ = true;
-      Name_LBL.SetCaption(fields->front());
-    }
+    values_ = form->Host().Lookups().LookupDBs(type_, code, fields_).value_or(std::vector<std::string>());
   }
-  if (!exists_) Name_LBL.SetCaption(kNoName);
-  Code_EDT.SetProblem(exists_ || code == 0 ? "" : "کدی با این شماره وجود ندارد.");
+  Name_LBL.SetCaption(Exists() ? EntityName() : kNoName);
+  Code_EDT.SetProblem(Exists() || code == 0 ? "" : "کدی با این شماره وجود ندارد.");
   if (OnCodeChange) OnCodeChange();
 }
 

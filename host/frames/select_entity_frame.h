@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/components/edit.h"
 #include "host/components/standard.h"
@@ -24,13 +26,19 @@ class TSelect_Entity_Frame : public TPanel {
 
   EntityType GetEntityType() const { return type_; }
   void SetEntityType(EntityType type) { type_ = type; }
+  // What is looked up with an accepted code; "Name" comes first.
+  void SetLookupFields(std::string fields) { fields_ = std::move(fields); }
+  // The looked-up field at that place of the list; empty without an entity.
+  std::string Field(std::size_t index) const {
+    return index < values_.size() ? values_[index] : std::string();
+  }
 
-  // The accepted code, 0 when none. 0 empties the edit.
+  // The accepted code, 0 when none. 0, and a code too long for the edit, empties it.
   std::int64_t CodeAsInt() const { return Code_EDT.AsInteger(); }
   void SetCode(std::int64_t code);
   // Whether the accepted code names something.
-  bool Exists() const { return exists_; }
-  std::string EntityName() const { return exists_ ? Name_LBL.Caption() : std::string(); }
+  bool Exists() const { return !values_.empty(); }
+  std::string EntityName() const { return Field(0); }
 
   // Opens the host's list to choose from, as the button does.
   void SelectFromList();
@@ -46,7 +54,8 @@ class TSelect_Entity_Frame : public TPanel {
   void CodeAccepted();
 
   EntityType type_ = EntityType::None;
-  bool exists_ = false;
+  std::string fields_ = "Name";
+  std::vector<std::string> values_;
 };
 
 }  // namespace goods

@@ -1,0 +1,24 @@
+// Opening the document behind a movement: which host call, which right, which window must not be open
+// already.
+#pragma once
+
+#include <cstdint>
+
+#include "host/services/host.h"
+
+namespace goods {
+
+enum class DocumentOutcome {
+  Opened,     // the host's window was shown and is closed again
+  NotOpened,  // refused, busy, or nothing to open; the user has been told where the host tells it
+};
+
+// Opens the document of a stock-card row by its Type and OperationCode, after asking the host whether another
+// part works with the document's module, whether the user may open it, and whether such a window is open
+// already, in this order.
+DocumentOutcome OpenDocument(THost& host, std::int64_t type, std::int64_t operationCode);
+
+// The good's own record: a change there may change the stock card, so the card is read again afterwards.
+bool ChangesStockCard(std::int64_t type);
+
+}  // namespace goods

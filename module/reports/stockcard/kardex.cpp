@@ -1,0 +1,263 @@
+#include "module/reports/stockcard/kardex.h"
+
+#include <utility>
+
+#include "module/framework/document_opening.h"
+#include "module/framework/texts.h"
+
+namespace goods {
+namespace {
+
+constexpr int kPreTimePanelHeight = 45;
+constexpr std::string_view kReportName = "Kardex";
+
+std::string CodeInUse(const TSelectEntity_Search_Frame& frame) {
+  return frame.InUse() ? std::to_string(frame.CodeAsInt()) : std::string();
+}
+
+std::string CodeAndName(const TSelect_Entity_Frame& entity) {
+  return std::to_string(entity.CodeAsInt()) + " - " + entity.EntityName();
+}
+
+}  // namespace
+
+TKardex_FRM::TKardex_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName)
+    : TBaseDock_FRM(host, "Kardex_FRM", formMode, std::move(customParameter), std::move(settingsName)),
+      dataModule_(host, this) {
+  DeclareForm();
+  Initialise();
+}
+
+TKardex_FRM::~TKardex_FRM() = default;
+
+void TKardex_FRM::FormCreate() {
+  TBaseDock_FRM::FormCreate();
+  FormOptions_SFO.ComponentSoftwarePart = cspKardex;
+  PrintOption.SoftwarePart = kPartStockCard;
+  SetCommonControls(Kardex_GRD, PrintList_BTN, Exit_BTN);
+
+  Kardex_GRD.SetDataSource(&dataModule_.Kardex.Source);
+  Kardex_GRD.OnSortChanged = [this] { Kardex_GRDSortChanged(); };
+  Kardex_GRD.OnDblClick = [this] { OpenInfo_BTN.Click(); };
+  OpenInfo_BTN.OnClick = [this] { OpenInfo_BTNClick(); };
+
+  Good_SEF.OnCodeChange = [this] { Good_SEFCodeChange(); };
+  Date_RDSF.OnCheckClick = [this] { Date_RDSFCheckClick(); };
+  Store_SESF.SetItems({{"انبار", "Anbar", DataKind::Number}});
+  Person_SESF.SetItems({{"شخص", "PerCode", DataKind::Number}});
+  Date_RDSF.SetItems({{"تاریخ", "Date", DataKind::Text}});
+
+  QeratSearchManager1.SetDataSource(&dataModule_.Kardex.Source);
+  for (TSearchFrame* frame :
+       {static_cast<TSearchFrame*>(&Store_SESF), static_cast<TSearchFrame*>(&Person_SESF),
+        static_cast<TSearchFrame*>(&Date_RDSF)}) {
+    QeratSearchManager1.AddItem(frame->Search);
+  }
+  QeratSearchManager1.OnSearchItems_Changed = [this] { QeratSearchManager1SearchItems_Changed(); };
+  QeratSearchManager1.OnAfterExecute = [this] { QeratSearchManager1AfterExecute(); };
+  QeratSearchManager1.OnAfterExecute_DataSet = [this] { QeratSearchManager1AfterExecute_DataSet(); };
+
+  LoadGridSettings(Kardex_GRD, kReportName, kPartStockCard, 0);
+}
+
+void TKardex_FRM::OnCustomParameter(const CustomParameter& parameter) {
+  parameter_ = parameter;
+  Good_SEF.SetEnabled(parameter_.Integer(0) == 1);
+}
+
+void TKardex_FRM::FormShow() {
+  TBaseDock_FRM::FormShow();
+  ApplySettings();
+  Criteria_PNL.SetFolded(true);
+  SetShortCut(Kardex_GRD);
+  SetPopMenu(Kardex_GRD);
+  // A look-up that fails must not leave a window behind that never counts as shown.
+  RunUserAction(Host(), [this] { ApplyParameter(); });
+  shown_ = true;
+  if (Good_SEF.Enabled()) {
+    Good_SEF.Code_EDT.SetFocus();
+  } else {
+    Kardex_GRD.SetFocus();
+  }
+  FillCard();
+}
+
+void TKardex_FRM::FormClose() {
+  shown_ = false;
+  dataModule_.Kardex.Query.Close();
+  SaveGridSettings(Kardex_GRD, kReportName, kPartStockCard, 0);
+  TBaseDock_FRM::FormClose();
+}
+
+void TKardex_FRM::FormKeyDown(TKey& key) {
+  TBaseDock_FRM::FormKeyDown(key);
+  if (key.IsAlt(Key::Digit2)) {
+    key.Consume();
+    Criteria_PNL.SetFolded(!Criteria_PNL.Folded());
+  } else if (key.Is(Key::F2)) {
+    key.Consume();
+    OpenInfo_BTN.Click();
+  }
+}
+
+// Criteria that the parameter leaves out are off, so that a kept window does not show the last call's.
+void TKardex_FRM::ApplyParameter() {
+  Person_SESF.Clear();
+  Store_SESF.Clear();
+  Store_SESF.SetCode(parameter_.Integer(2));
+  Date_RDSF.Clear();
+  Date_RDSF.SetRange(parameter_.Text(3), parameter_.Text(4));
+  if (Store_SESF.InUse() || Date_RDSF.RangeDate_CHK.Checked()) Criteria_PNL.SetFolded(false);
+  Good_SEF.SetCode(parameter_.Integer(1));
+}
+
+void TKardex_FRM::ApplySettings() {
+  const TSettings& settings = Host().Settings().Settings();
+  Unit_Cap_LBL.SetCaption(settings.SecondUnitIsLarger ? "واحد جزء :" : "واحد :");
+  Unit2_Cap_LBL.SetCaption(settings.SecondUnitIsLarger ? "واحد کل :" : "واحد 2 :");
+  Unit2_Cap_LBL.SetVisible(settings.SecondUnit);
+  Unit2_LBL.SetVisible(settings.SecondUnit);
+  Kardex_GRD.FindColumn("Meghdar2")->SetVisible(settings.SecondUnit).SetCustomizable(settings.SecondUnit);
+}
+
+void TKardex_FRM::Good_SEFCodeChange() {
+  ShowGood();
+  if (shown_) FillCard();
+}
+
+void TKardex_FRM::ShowGood() {
+  const auto unitName = [this](std::size_t field) {
+    const std::string name = Good_SEF.Field(field);
+    return name.empty() ? std::string(kNoName) : name;
+  };
+  Unit_LBL.SetCaption(unitName(1));
+  Unit2_LBL.SetCaption(unitName(2));
+}
+
+void TKardex_FRM::FillCard() {
+  if (!GoodChosen()) {
+    dataModule_.Kardex.Query.Close();
+    ShowRemainderColumns();
+    ShowPreTimeData();
+    return;
+  }
+  SetPreTimeCaptions({});  // a card that cannot be filled must not stand under another good's figures
+  const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
+  dataModule_.FillDataKardexTransact(Good_SEF.CodeAsInt());
+  ApplyFilter();
+}
+
+void TKardex_FRM::QeratSearchManager1SearchItems_Changed() {
+  if (!shown_) return;
+  if (dataModule_.Kardex.Query.Active()) {
+    ApplyFilter();
+  } else {
+    ShowRemainderColumns();
+    ShowPreTimeData();
+  }
+}
+
+// After a filter the row that was current stays so while it is shown; else the last one is.
+void TKardex_FRM::ApplyFilter() {
+  const auto before = CurrentRow();
+  TADOQuery& query = dataModule_.Kardex.Query;
+  query.DisableControls();
+  try {
+    QeratSearchManager1.ExecuteFilter_DataSet();
+    ShowRemainderColumns();
+    if (CurrentRow() != before) query.Last();
+  } catch (...) {
+    query.EnableControls();
+    throw;
+  }
+  query.EnableControls();
+}
+
+std::optional<std::uint32_t> TKardex_FRM::CurrentRow() const {
+  const TADOQuery& query = dataModule_.Kardex.Query;
+  const auto position = query.RecNo();
+  return position ? std::optional(query.VisibleRows()[*position]) : std::nullopt;
+}
+
+void TKardex_FRM::ShowRemainderColumns() {
+  const bool oneStore = Store_SESF.IsOnlyThisOne();
+  remainder_->SetFieldName(oneStore ? "RemainInAnbar" : "Bagh");
+  remainderAmount_->SetFieldName(oneStore ? "Mab_RemainInAnbar" : "Mab_Bagh");
+}
+
+void TKardex_FRM::QeratSearchManager1AfterExecute() {
+  dataModule_.Kardex.Query.SetSort(GetGridSort(Kardex_GRD));
+}
+
+void TKardex_FRM::QeratSearchManager1AfterExecute_DataSet() {
+  Kardex_GRD.RefreshFooters();
+  ShowPreTimeData();
+}
+
+void TKardex_FRM::Kardex_GRDSortChanged() {
+  if (dataModule_.Kardex.Query.Active()) QeratSearchManager1AfterExecute();
+}
+
+void TKardex_FRM::Date_RDSFCheckClick() {
+  const bool checked = Date_RDSF.RangeDate_CHK.Checked();
+  if (checked == PreTime_PNL.Visible()) return;
+  PreTime_PNL.SetVisible(checked);
+  Criteria_PNL.SetHeight(Criteria_PNL.Height() + (checked ? kPreTimePanelHeight : -kPreTimePanelHeight));
+  // With a start date the criterion changes now, and brings the figures with it.
+  if (Date_RDSF.FromDate().empty()) ShowPreTimeData();
+}
+
+void TKardex_FRM::ShowPreTimeData() {
+  if (!Date_RDSF.RangeDate_CHK.Checked()) return;
+  SetPreTimeCaptions({});
+  const std::string& from = Date_RDSF.FromDate();
+  if (!GoodChosen() || from.empty()) return;
+  SetPreTimeCaptions(dataModule_.GetPreTimeData(std::to_string(Good_SEF.CodeAsInt()), from,
+                                                CodeInUse(Store_SESF), CodeInUse(Person_SESF)));
+}
+
+void TKardex_FRM::SetPreTimeCaptions(const TPreTimeData& data) {
+  PreVarede_LBL.SetCaption(data.Incoming);
+  PreSadere_LBL.SetCaption(data.Outgoing);
+  PreBagh_LBL.SetCaption(data.Remainder);
+  PreMiangin_LBL.SetCaption(data.LastAverage);
+  PreMablagh_LBL.SetCaption(data.RemainderAmount);
+}
+
+void TKardex_FRM::OpenInfo_BTNClick() {
+  TADOQuery& query = dataModule_.Kardex.Query;
+  if (!query.RecNo()) return;
+  const Value type = query.FieldByName("Type");
+  const Value operationCode = query.FieldByName("OperationCode");
+  if (OpenDocument(Host(), type.AsInteger(), operationCode.AsInteger()) != DocumentOutcome::Opened) return;
+  if (!ChangesStockCard(type.AsInteger())) return;
+
+  const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
+  dataModule_.FillDataKardexTransact(Good_SEF.CodeAsInt());
+  ApplyFilter();
+  const Value key[] = {type, operationCode};
+  query.Locate("Type;OperationCode", key);
+}
+
+// The printed page tells what it shows: the good, and the criteria in use.
+void TKardex_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
+  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
+  if (GoodChosen()) lines.push_back("کالا: " + CodeAndName(Good_SEF));
+  std::string filter;
+  const auto add = [&filter](const std::string& condition) {
+    filter = TGoodTransactions_DM::ADDFarsiFilter(condition, filter);
+  };
+  const auto addEntity = [&](const TSelectEntity_Search_Frame& frame, const std::string& title) {
+    if (!frame.InUse()) return;
+    add(title + (frame.IsOnlyThisOne() ? ": " : " به جز: ") + CodeAndName(frame.TSelect_Entity_Frame1));
+  };
+  addEntity(Store_SESF, "انبار");
+  addEntity(Person_SESF, "شخص");
+  if (!Date_RDSF.Search.DataSetCondition().empty()) {
+    add(std::string(Date_RDSF.RangeDate_Reverst_CHK.Checked() ? "تاریخ به جز از: " : "تاریخ از: ") +
+        Date_RDSF.FromDate() + " تا: " + Date_RDSF.ToDate());
+  }
+  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
+}
+
+}  // namespace goods

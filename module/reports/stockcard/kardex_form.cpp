@@ -1,0 +1,88 @@
+// The stock card's component tree.
+#include "module/reports/stockcard/kardex.h"
+
+namespace goods {
+namespace {
+
+constexpr int kCriteriaHeight = 110;
+
+}  // namespace
+
+void TKardex_FRM::DeclareForm() {
+  SetCaption("کاردکس کالا");
+  PreferredWidth = 1200;
+  PreferredHeight = 720;
+
+  Good_LBL.FocusControl = &Good_SEF.Code_EDT;
+  Good_SEF.SetEntityType(EntityType::Good);
+  Good_SEF.SetLookupFields("Name;Unit;Unit2");
+  Good_SEF.Code_EDT.SetAccessibleName("کد کالا");
+  Store_SESF.SetEntityType(EntityType::Store);
+  Person_SESF.SetEntityType(EntityType::Person);
+  for (TLabel* value : {&Unit_LBL, &Unit2_LBL, &PreVarede_LBL, &PreSadere_LBL, &PreBagh_LBL, &PreMiangin_LBL,
+                        &PreMablagh_LBL}) {
+    value->Emphasis = true;
+  }
+
+  Good_PNL.Place(Good_LBL);
+  Good_PNL.Place(Good_SEF, 1);
+  for (TLabel* label : {&Unit_Cap_LBL, &Unit_LBL, &Unit2_Cap_LBL, &Unit2_LBL}) Good_PNL.Place(*label);
+
+  Filters_PNL.Place(Store_SESF, 1);
+  Filters_PNL.Place(Person_SESF, 1);
+  Filters_PNL.Place(Date_RDSF);
+
+  PreTime_PNL.SetVisible(false);
+  PreTime_PNL.Framed = true;
+  for (TLabel* label : {&PreTime_LBL, &PreVarede_Cap_LBL, &PreVarede_LBL, &PreSadere_Cap_LBL, &PreSadere_LBL,
+                        &PreBagh_Cap_LBL, &PreBagh_LBL, &PreMiangin_Cap_LBL, &PreMiangin_LBL,
+                        &PreMablagh_Cap_LBL, &PreMablagh_LBL}) {
+    PreTime_PNL.Place(*label);
+  }
+
+  Criteria_PNL.Foldable = true;
+  Criteria_PNL.SetHeight(kCriteriaHeight);
+  Criteria_PNL.Place(Filters_PNL);
+  Criteria_PNL.Place(PreTime_PNL);
+
+  Buttons_PNL.Place(OpenInfo_BTN);
+  Buttons_PNL.Place(PrintList_BTN);
+  Buttons_PNL.Place(Exit_BTN);
+
+  DeclareColumns();
+  Place(Good_PNL);
+  Place(Criteria_PNL);
+  Place(Kardex_GRD, 1);
+  Place(Buttons_PNL);
+}
+
+void TKardex_FRM::DeclareColumns() {
+  TSmartDBGrid_QRT& grid = Kardex_GRD;
+  grid.ShowRowNumbers = true;
+  grid.ShowFooter = true;
+  grid.SetAccessibleName("ردیف های کاردکس");
+
+  const auto text = [&](const char* field, const char* caption, int width) -> TGridColumn& {
+    return grid.AddColumn(field, caption).SetWidth(width);
+  };
+  const auto number = [&](const char* field, const char* caption, std::string_view format,
+                          int width) -> TGridColumn& {
+    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetAlign(TextAlign::End).SetWidth(width);
+  };
+
+  text("Date", "تاریخ", 88);
+  text("PerName", "نام شخص", 150);
+  text("Comment", "شرح", 190).SetAutoFit(true);
+  text("Anbar", "انبار", 56);
+  number("Tedad_Varde", "مقدار وارده", kQuantityFormat, 92).SetFooter(FooterKind::Sum);
+  number("Tedad_Sadere", "مقدار صادره", kQuantityFormat, 92).SetFooter(FooterKind::Sum);
+  number("Meghdar2", "مقدار 2", kQuantityFormat, 80).SetFooter(FooterKind::Sum);
+  remainder_ = &number("Bagh", "مقدار باقیمانده", kQuantityFormat, 100);
+  number("Gheymat_Varede", "قیمت وارده", kAmountFormat, 110);
+  number("Gheymat_Sadere", "قیمت صادره", kAmountFormat, 110);
+  number("Foroosh", "مبلغ سند", kAmountFormat, 120);
+  number("Miangin", "قیمت میانگین", kAmountFormat, 110);
+  remainderAmount_ = &number("Mab_Bagh", "مبلغ باقیمانده", kAmountFormat, 130);
+}
+
+}  // namespace goods
