@@ -262,13 +262,13 @@ void TSmartDBGrid_QRT::LoadLayout(std::string_view text) {
     const std::size_t equals = line.rfind('=');
     if (equals == std::string::npos) continue;
     const std::vector<std::string> values = Split(Trim(std::string_view(line).substr(equals + 1)), ',');
-    const auto width = values.size() == 2 ? ParseInteger(values[0]) : std::nullopt;
+    const std::int64_t width = values.size() == 2 ? ParseInteger(values[0]).value_or(0) : 0;
     const auto found = std::find_if(columns_.begin(), columns_.end(), [&](const auto& column) {
       return SameText(column->FieldName(), line.substr(0, equals));
     });
-    if (!width || *width < 10 || *width > 4000 || found == columns_.end()) continue;
+    if (width < 10 || width > 4000 || found == columns_.end()) continue;
     TGridColumn& column = **found;
-    column.SetWidth(static_cast<int>(*width));
+    column.SetWidth(static_cast<int>(width));
     if (column.Customizable()) column.SetVisible(values[1] == "1");
     const auto from = static_cast<std::size_t>(found - columns_.begin());
     if (from >= place) MoveColumn(from, place++);
