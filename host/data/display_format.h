@@ -13,7 +13,8 @@ namespace goods {
 // shows, "#" a digit that shows where it counts, "," anywhere before the point groups thousands, "." starts
 // the decimals; any other character stands for itself, at its place before or after the digits. A value that
 // rounds to zero at the section's decimals is shown by the zero section. Without a negative section the
-// positive one is used behind "-"; without a zero section the positive one. Rounding is half away from zero.
+// positive one is used behind "-"; without a zero section the positive one (an empty
+// section counts as missing). A section without digits is its own text. Rounding is half away from zero.
 // An empty format gives the shortest exact text.
 class DisplayFormat {
  public:

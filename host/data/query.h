@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,8 +19,11 @@
 
 namespace goods {
 
+struct FilterNode;
+struct SortKey;
+
 // A filter text or a sort text that cannot be understood, or that names a field that is not there. The
-// message is Persian and names the place.
+// message is Persian and names the place (in characters, from 1) and the word there.
 class FilterError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -35,6 +39,8 @@ class FilterError : public std::runtime_error {
 // A statement that fails leaves the query closed and empty, its text, filter and sort as they were, and
 // throws. Filter and sort outlive Close and are applied by the next Open; where they no longer fit its
 // columns they are dropped.
+// Signals come when the query is whole again: a listener may call it, change it or destroy it, and what a
+// listener throws reaches the caller with the change made.
 class TADOQuery : public TComponent {
  public:
   // connection must outlive the query.
@@ -43,7 +49,8 @@ class TADOQuery : public TComponent {
 
   const std::string& SQL() const { return sql_; }
   void SetSQL(std::string text) { sql_ = std::move(text); }
-  // Closes, then runs the text and makes the first visible row current.
+  // Closes, then runs the text and makes the first visible row current. Listeners are told once, at the end;
+  // while the statement runs they would see a closed query.
   void Open();
   // Runs the text for its effect; the rows that are open stay.
   void ExecSQL();
@@ -59,13 +66,15 @@ class TADOQuery : public TComponent {
   std::vector<ColumnInfo> Fields() const;
   std::optional<std::size_t> FindField(std::string_view name) const;
 
-  // Cells of a visible row. A computed column is worked out when asked.
+  // Cells of a visible row; null beyond the last row or field. A computed column is worked out when asked.
   Value Cell(std::size_t position, std::size_t field) const;
   // Cells of the current row; null when there is no current row or no such field.
   Value FieldByName(std::string_view name) const;
 
   // Adds a column that is computed per row of the store. Stays over Open and Close. compute gets the number
-  // of the row in the store (0-based, in the order read) and the store.
+  // of the row in the store (0-based, in the order read) and the store. Adding a name again replaces that
+  // column. Filter and sort read it when they are set or the query opens; where its figures have changed
+  // since, setting the same text again reads them again.
   using Compute = std::function<Value(std::size_t row, const RowStore& rows)>;
   void AddComputed(ColumnInfo column, Compute compute);
 
@@ -75,34 +84,42 @@ class TADOQuery : public TComponent {
   void MoveTo(std::size_t position);  // beyond the end: the last row
   void First() { MoveTo(0); }
   void Last();
-  // The first visible row whose fields (";" between names) equal the values becomes current; false, and
-  // nothing moves, when there is none.
+  // The first visible row whose fields (";" between names) equal the values, as the filter's "=" compares,
+  // becomes current; false, and nothing moves, when there is none or no such field. As many values as fields,
+  // else std::invalid_argument is thrown.
   bool Locate(std::string_view fields, std::span<const Value> values);
-  // The same for a text field that begins with the given text, A to Z in either case.
+  // The same for a field whose text begins with the given one, both folded (FoldPersian).
   bool LocatePrefix(std::string_view field, std::string_view text);
 
   // The filter language:
-  //   condition := comparison | condition AND condition | condition OR condition | NOT condition |
+  //   condition  := comparison | condition AND condition | condition OR condition | NOT condition |
   //   (condition) comparison := Field (= | <> | < | <= | > | >=) value | Field [NOT] LIKE 'text with %' |
-  //   Field IS [NOT] NULL value := number | 'text' | N'text' | NULL
-  // NOT binds closest, then AND, then OR; keywords in any letter case; a field with odd characters stands in
-  // [ ]. A comparison is true or false, never unknown: with a null cell it is false, but "= NULL" and "<>
-  // NULL" test for null. Numbers compare as numbers and texts in the order of their characters; LIKE ignores
-  // the case of A to Z. A text that cannot be understood throws FilterError and changes nothing. "" shows
-  // every row.
+  //   Field IS [NOT] NULL value      := number | 'text' | N'text' | NULL
+  // NOT binds closest, then AND, then OR, at most 100 brackets and NOTs within each other; keywords in any
+  // letter case; a field with odd characters stands in [ ]. A comparison is true or false, never unknown:
+  // with a null cell it is false (NOT LIKE too), but "= NULL" and "<> NULL" test for null. The field decides
+  // how to compare: numbers as numbers, a quoted number too; texts in the order of their bytes, which is that
+  // of their characters, an unquoted number as it is written. LIKE compares folded texts (FoldPersian), so
+  // neither the case of A to Z nor the spelling of yeh and kaf matters; on a number field it looks at the
+  // number's shortest text; only % is special in it. A text that cannot be understood throws FilterError and
+  // changes nothing. "" shows every row. Setting the same text again does nothing, unless it reads a computed
+  // column.
   const std::string& Filter() const { return filter_; }
   void SetFilter(std::string text);
 
   // "Field", "Field ASC", "Field DESC", joined with ","; rows that compare equal keep the order read; nulls
-  // come first. Texts sort as a Persian reader expects. A bad text throws FilterError and changes nothing. ""
-  // is the order read.
+  // come first, in either direction. Texts sort as a Persian reader expects (PersianSortKey). A bad text
+  // throws FilterError and changes nothing. "" is the order read. Setting the same order again does nothing,
+  // unless it reads a computed column.
   const std::string& Sort() const { return sort_; }
   void SetSort(std::string text);
 
-  // Exact sum of a number field over the visible rows; nulls count as 0.
+  // Exact sum of a number field over the visible rows; nulls count as 0. A text field, or none of that name:
+  // 0.
   Decimal Sum(std::string_view field) const;
 
-  // While controls are disabled nobody is told of changes; the last EnableControls tells once. Calls nest.
+  // While controls are disabled nobody is told of changes; the last EnableControls tells once. Calls nest;
+  // one EnableControls too many does nothing.
   void DisableControls();
   void EnableControls();
   bool ControlsDisabled() const { return disabled_ > 0; }
@@ -121,18 +138,39 @@ class TADOQuery : public TComponent {
     Compute compute;
   };
 
+  friend class TDataSource;
+  class ColumnFinder;
+
+  std::optional<std::size_t> FindComputed(std::string_view name) const;
+  bool IsComputed(std::string_view field) const;
+  bool ReadsComputed(const FilterNode& tree) const;
+  bool ReadsComputed(const std::vector<SortKey>& keys) const;
+  std::vector<std::uint64_t> MaskOf(const FilterNode& tree) const;
+  std::vector<std::uint32_t> OrderOf(const std::vector<SortKey>& keys) const;
+  std::vector<std::uint32_t> VisibleOf(const std::vector<std::uint32_t>& ordered,
+                                       const std::vector<std::uint64_t>& mask) const;
+  void Show(std::vector<std::uint32_t> visible);
+  void ArrangeOpened();
+  void Clear();
+  void Notify(bool changed, bool scrolled);
+
   IConnection& connection_;
   std::string sql_;
   std::string filter_;
   std::string sort_;
   std::unique_ptr<RowStore> rows_;
   std::vector<ComputedColumn> computed_;
+  std::unique_ptr<FilterNode> filterTree_;
+  std::vector<SortKey> sortKeys_;
   std::vector<std::uint32_t> ordered_;  // every row in the sort's order; empty while that is the order read
+  std::vector<std::uint64_t> mask_;  // a bit for each row that the filter leaves; empty while there is none
   std::vector<std::uint32_t> visible_;
   std::optional<std::size_t> cursor_;
   int disabled_ = 0;
   bool changedWhileDisabled_ = false;
   bool scrolledWhileDisabled_ = false;
+  bool scrollFollows_ = false;  // while Changed is told and Scrolled comes next
+  std::shared_ptr<int> alive_ = std::make_shared<int>(0);
 };
 
 // Names the query that a grid, a search manager or a detail panel shows, so that a window can point all of
@@ -145,13 +183,17 @@ class TDataSource : public TComponent {
 
   // The query's own signals passed on, and fired once when the query itself is replaced.
   Signal<> Scrolled;
-  // The current row is another one, or its rows are new. Set by the window.
+  // The current row is another one, or its rows are new; called once for each change of the query, after its
+  // signals have been passed on. Set by the window.
   std::function<void()> OnDataChange;
 
  private:
   TADOQuery* dataSet_ = nullptr;
+  void DataChanged() const;
+
   Subscription changed_;
   Subscription scrolled_;
+  std::shared_ptr<int> alive_ = std::make_shared<int>(0);
 };
 
 }  // namespace goods

@@ -14,6 +14,8 @@
 
 namespace goods {
 
+struct ColumnChunk;
+
 struct ColumnInfo {
   std::string name;
   ColumnType type = ColumnType::Text;
@@ -22,8 +24,9 @@ struct ColumnInfo {
 // The cells of one column in chunks, so that growing never copies what stands and never needs it twice.
 //
 // Integers take 8 bytes. Decimals take 8 bytes a cell in every chunk whose values fit 64 bits at one scale,
-// else 16. Texts are interned in one arena: a cell is a 4-byte id, so a text that repeats is stored once, and
-// a test on a text column is made once per distinct text.
+// else 16. Texts are kept once in one arena: a cell is a 4-byte id, so a text that repeats is stored once,
+// and a test on a text column is made once per distinct text. In a column whose texts hardly repeat they are
+// no longer looked up but stored as they come, and whole chunks then need no ids.
 class Column {
  public:
   explicit Column(ColumnType type);
@@ -33,25 +36,42 @@ class Column {
 
   ColumnType Type() const;
 
-  // Appending. The kind must be the column's own.
+  // Appending. The kind must be the column's own and the store not finished, else std::logic_error is thrown.
   void AppendNull();
-  void AppendInteger(std::int64_t value);
-  void AppendDecimal(Decimal value);
+  void AppendInteger(std::int64_t value) {
+    if (nextInteger_ == endInteger_) MakeRoom(ColumnType::Integer);
+    *nextInteger_++ = value;
+  }
+  void AppendDecimal(Decimal value) {
+    if (nextDecimal_ == endDecimal_) MakeRoom(ColumnType::Decimal);
+    *nextDecimal_++ = value.Units();
+  }
   void AppendText(std::string_view text);
 
-  // Reading. row is below the store's Count(). A null reads as 0 or the empty text.
+  // Reading, once the store is finished. row is below the store's Count(), else std::out_of_range is thrown.
+  // A null reads as 0 or the empty text; an integer column's text, or a text column's number, likewise.
   bool IsNull(std::size_t row) const;
   std::int64_t Integer(std::size_t row) const;
   Decimal Number(std::size_t row) const;  // of an integer column too
   // Valid as long as the store lives.
   std::string_view Text(std::size_t row) const;
-  // The text's id in a text column: equal ids, equal texts. Ids run from 0 to DistinctTexts() - 1.
+  // The text's id in a text column: equal ids, equal texts. Ids run from 0 to DistinctTexts() - 1. Where
+  // texts hardly repeat (see above) equal texts may stand under several ids, and DistinctTexts() counts each
+  // of them.
   std::uint32_t TextId(std::size_t row) const;
   std::size_t DistinctTexts() const;
   std::string_view TextOfId(std::uint32_t id) const;
 
-  // Exact sum of the cells at the given rows; nulls count as 0, texts as 0.
+  // Exact sum of the cells at the given rows; nulls count as 0, texts as 0. Throws std::overflow_error only
+  // when the sum itself is out of range, whatever the order of the rows.
   Decimal Sum(const std::uint32_t* rows, std::size_t count) const;
+  // The same over every row, and over the rows whose bit is set (bit i % 64 of word i / 64). Fastest: the
+  // cells are read in the order in which they lie.
+  Decimal SumAll() const;
+  Decimal SumMasked(const std::uint64_t* mask) const;
+
+  // The cells as they lie in memory; complete once the store is finished.
+  const std::vector<ColumnChunk>& Chunks() const;
 
   // Bytes held, for measurements.
   std::size_t MemoryBytes() const;
@@ -59,7 +79,18 @@ class Column {
  private:
   friend class RowStore;
   struct Impl;
+  void MakeRoom(ColumnType type);
+  void Finish();
+  std::size_t OpenCells() const;
+  std::size_t Cells() const;
+  const ColumnChunk& ChunkOf(std::size_t row) const;
+
   std::unique_ptr<Impl> impl_;
+  // The room for further cells of an integer or decimal column; for a text column it is with the ids, inside.
+  std::int64_t* nextInteger_ = nullptr;
+  std::int64_t* endInteger_ = nullptr;
+  Int128* nextDecimal_ = nullptr;
+  Int128* endDecimal_ = nullptr;
 };
 
 // Rows are numbered from 0, at most 2^32 - 1 of them. How a producer writes: Define, then for each row one
@@ -74,7 +105,8 @@ class RowStore {
   void Define(std::vector<ColumnInfo> columns);
   Column& ColumnAt(std::size_t index) { return columns_[index]; }
   void EndRow() { ++count_; }
-  // Gives back what was reserved for further rows.
+  // Ends the writing and gives back what was reserved for further rows; a second call does nothing. Throws
+  // std::logic_error when a column has not one cell for each row.
   void Finish();
 
   std::size_t Count() const { return count_; }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 #include "host/data/decimal.h"
@@ -24,8 +25,11 @@ class Value {
   Value(const char* text) : data_(std::string(text)) {}            // NOLINT
 
   bool IsNull() const { return std::holds_alternative<std::monostate>(data_); }
+  bool IsText() const { return std::holds_alternative<std::string>(data_); }
+  bool IsNumber() const { return !IsNull() && !IsText(); }
   // Conversions that reports rely on: null is 0 or the empty text; a text that is not a number is 0; a
-  // decimal as an integer drops its decimals.
+  // decimal as an integer drops its decimals, and one beyond 64 bits gives the nearest integer that fits.
+  // Blanks around a number in a text do not matter.
   std::int64_t AsInteger() const;
   Decimal AsDecimal() const;
   std::string AsText() const;
