@@ -92,7 +92,10 @@ std::vector<std::string> Split(std::string_view text, char separator) {
 }
 
 std::optional<std::int64_t> ParseInteger(std::string_view text) {
-  if (text.starts_with('+')) text.remove_prefix(1);
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) return std::nullopt;
+  }
   std::int64_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
