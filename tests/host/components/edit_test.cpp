@@ -1,0 +1,107 @@
+#include "host/components/edit.h"
+
+#include <gtest/gtest.h>
+
+namespace goods {
+namespace {
+
+TEST(Edit, AnIntegerEditNeverHoldsAnythingButANumber) {
+  TEdit edit(nullptr, "Code_EDT", InputKind::Integer);
+  EXPECT_TRUE(edit.SetText("12"));
+  for (const char* wrong : {"12a", "1 OR 1=1", "1;2", "--", "1.5", "1'2", "12345678901234567890"}) {
+    EXPECT_FALSE(edit.SetText(wrong)) << wrong;
+    EXPECT_EQ(edit.Text(), "12") << wrong;
+  }
+  EXPECT_EQ(edit.AsInteger(), 12);
+}
+
+TEST(Edit, PersianAndArabicDigitsAreTakenAsDigits) {
+  TEdit code(nullptr, "Code_EDT", InputKind::Integer);
+  EXPECT_TRUE(code.SetText("۱۲٣"));
+  EXPECT_EQ(code.Text(), "123");
+  TEdit text(nullptr, "Text_EDT");
+  EXPECT_TRUE(text.SetText("کالای ۱۲"));
+  EXPECT_EQ(text.Text(), "کالای ۱۲");
+}
+
+TEST(Edit, AnAmountMayHaveSeparatorsASignAndNineDecimals) {
+  TEdit edit(nullptr, "Amount_EDT", InputKind::Amount);
+  for (const char* right : {"1,250", "-3.5", "0.123456789", ".5", ""})
+    EXPECT_TRUE(edit.SetText(right)) << right;
+  for (const char* wrong : {"1.2.3", "1e5", "0.1234567891", "5-", "abc"})
+    EXPECT_FALSE(edit.SetText(wrong)) << wrong;
+}
+
+TEST(Edit, ATextIsOneLine) {
+  TEdit edit(nullptr, "Text_EDT");
+  EXPECT_FALSE(edit.SetText("a\nb"));
+  EXPECT_EQ(edit.Text(), "");
+}
+
+TEST(Edit, LengthIsCountedInCharacters) {
+  TEdit edit(nullptr, "Text_EDT");
+  edit.MaxLength = 3;
+  EXPECT_TRUE(edit.SetText("کال"));
+  EXPECT_FALSE(edit.SetText("کالا"));
+}
+
+TEST(Edit, TypingChangesAtEachKeyAndIsAcceptedOnce) {
+  TEdit edit(nullptr, "Code_EDT", InputKind::Integer);
+  int changes = 0;
+  int accepts = 0;
+  edit.OnChange = [&] { ++changes; };
+  edit.OnAccept = [&] { ++accepts; };
+  edit.TypeText("1");
+  edit.TypeText("12");
+  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(accepts, 0);
+  TKey enter{Key::Enter};
+  edit.DoKey(enter);
+  EXPECT_TRUE(enter.IsConsumed());
+  edit.DoExit();
+  EXPECT_EQ(accepts, 1);
+}
+
+TEST(Edit, TheProgramsTextIsAcceptedAtOnce) {
+  TEdit edit(nullptr, "Code_EDT", InputKind::Integer);
+  int accepts = 0;
+  edit.OnAccept = [&] { ++accepts; };
+  edit.SetText("5");
+  edit.SetText("5");
+  EXPECT_EQ(accepts, 1);
+}
+
+TEST(Edit, ADateIsCompletedWhenItIsAccepted) {
+  TDateEdit edit(nullptr, "Date_EDT");
+  for (const char* typed : {"14010305", "1401/3/5", "۱۴۰۱/۰۳/۰۵"}) {
+    EXPECT_TRUE(edit.SetText(typed));
+    EXPECT_EQ(edit.Text(), "1401/03/05") << typed;
+    EXPECT_TRUE(edit.IsValidDate());
+  }
+  edit.SetText("1401/13/01");
+  EXPECT_EQ(edit.Text(), "1401/13/01");
+  EXPECT_FALSE(edit.IsValidDate());
+  EXPECT_FALSE(edit.SetText("1401-03-05"));
+}
+
+TEST(Edit, AnotherKindOfInputEmptiesATextThatDoesNotFit) {
+  TEdit edit(nullptr, "Search_EDT");
+  edit.SetText("پیچ");
+  edit.SetKind(InputKind::Integer);
+  EXPECT_EQ(edit.Text(), "");
+  edit.SetText("7");
+  edit.SetKind(InputKind::Amount);
+  EXPECT_EQ(edit.Text(), "7");
+}
+
+TEST(Edit, TheCaretStaysInsideTheText) {
+  TEdit edit(nullptr, "Search_EDT");
+  edit.SetText("پیچ");
+  edit.SetCaret(9);
+  EXPECT_EQ(edit.Caret(), 3);
+  edit.SetText("پ");
+  EXPECT_EQ(edit.Caret(), 1);
+}
+
+}  // namespace
+}  // namespace goods

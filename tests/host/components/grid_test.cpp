@@ -1,0 +1,120 @@
+#include "host/components/grid.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/scripted/scripted_host.h"
+
+namespace goods {
+namespace {
+
+class Grid : public ::testing::Test {
+ protected:
+  Grid() {
+    host.Connection().Answer("rows", {{{"Name", ColumnType::Text}, {"Amount", ColumnType::Decimal}},
+                                      {{"b", "1250.5"}, {"a", "-3"}, {"c", "0.001"}}});
+    grid.AddColumn("Name", "نام").SetWidth(100).SetFooter(FooterKind::Count);
+    grid.AddColumn("Amount", "مبلغ").SetDisplayFormat(kAmountFormat).SetFooter(FooterKind::Sum);
+    grid.SetDataSource(&source);
+    query.SetSQL("rows");
+  }
+
+  ScriptedHost host;
+  TADOQuery query{nullptr, "Rows_QRY", host.Connection()};
+  TDataSource source{nullptr, "Rows_DS", &query};
+  TSmartDBGrid_QRT grid{nullptr, "Rows_GRD"};
+};
+
+TEST_F(Grid, ShowsCellsAndFootersInTheirColumnsFormat) {
+  query.Open();
+  const auto columns = grid.VisibleColumns();
+  EXPECT_EQ(grid.CellText(0, *columns[1]), "1,250.5");
+  EXPECT_EQ(grid.CellText(1, *columns[1]), "3-");
+  EXPECT_EQ(grid.CellText(2, *columns[1]), "0");
+  EXPECT_EQ(grid.FooterText(*columns[0]), "3");
+  EXPECT_EQ(grid.FooterText(*columns[1]), "1,247.5");
+}
+
+TEST_F(Grid, ShowsNothingWhileTheQueryIsClosed) {
+  EXPECT_EQ(grid.CellText(0, *grid.VisibleColumns()[0]), "");
+  EXPECT_EQ(grid.FooterText(*grid.VisibleColumns()[1]), "");
+  EXPECT_EQ(grid.Table().RowCount(), 0U);
+}
+
+TEST_F(Grid, FootersFollowTheFilter) {
+  query.Open();
+  EXPECT_EQ(grid.FooterText(*grid.FindColumn("Amount")), "1,247.5");
+  query.SetFilter("Amount < 0");
+  EXPECT_EQ(grid.FooterText(*grid.FindColumn("Amount")), "3-");
+}
+
+TEST_F(Grid, ATitleClickSortsTurnsRoundAndLiftsTheSort) {
+  const TGridColumn& name = *grid.FindColumn("Name");
+  int changes = 0;
+  grid.OnSortChanged = [&] { ++changes; };
+  grid.TitleClick(name);
+  EXPECT_EQ(grid.GetSort(), "Name ASC");
+  grid.TitleClick(name);
+  EXPECT_EQ(grid.GetSort(), "Name DESC");
+  grid.TitleClick(*grid.FindColumn("Amount"), true);
+  EXPECT_EQ(grid.GetSort(), "Name DESC,Amount ASC");
+  grid.TitleClick(name, true);
+  EXPECT_EQ(grid.GetSort(), "Amount ASC");
+  grid.TitleClick(*grid.FindColumn("Amount"));
+  grid.TitleClick(*grid.FindColumn("Amount"));
+  EXPECT_EQ(grid.GetSort(), "");
+  EXPECT_EQ(changes, 6);
+}
+
+TEST_F(Grid, ItsTableHoldsTheVisibleColumnsOnly) {
+  query.Open();
+  grid.FindColumn("Name")->SetVisible(false);
+  const auto columns = grid.Table().Columns();
+  ASSERT_EQ(columns.size(), 1U);
+  EXPECT_EQ(columns[0].caption, "مبلغ");
+  EXPECT_TRUE(columns[0].isNumber);
+  EXPECT_EQ(grid.Table().CellText(1, 0), "3-");
+  EXPECT_EQ(grid.Table().FooterText(0), "1,247.5");
+}
+
+TEST_F(Grid, NewRowsClearTheSelection) {
+  query.Open();
+  grid.SetSelection({0, 2});
+  query.SetFilter("Amount < 0");
+  EXPECT_TRUE(grid.Selection().empty());
+}
+
+TEST_F(Grid, AColumnCanShowAnotherField) {
+  query.Open();
+  grid.FindColumn("Amount")->SetFieldName("Name");
+  EXPECT_EQ(grid.CellText(0, *grid.VisibleColumns()[1]), "b");
+}
+
+TEST_F(Grid, TheDrawingEventStylesACell) {
+  grid.OnDrawColumnCell = [](std::size_t position, const TGridColumn&, TCellStyle& style) {
+    if (position == 1) style.Brush = 0xFFFFFFU;
+  };
+  EXPECT_FALSE(grid.CellStyle(0, *grid.VisibleColumns()[0]).Brush.has_value());
+  EXPECT_EQ(grid.CellStyle(1, *grid.VisibleColumns()[0]).Brush, 0xFFFFFFU);
+}
+
+TEST_F(Grid, ItsLayoutIsKeptAsTextAndForeignTextIsIgnored) {
+  grid.AddColumn("Note", "شرح");
+  grid.MoveColumn(2, 0);
+  grid.FindColumn("Note")->SetWidth(222);
+  grid.FindColumn("Amount")->SetVisible(false);
+  const std::string layout = grid.SaveLayout();
+
+  TSmartDBGrid_QRT other(nullptr, "Other_GRD");
+  other.AddColumn("Name", "نام");
+  other.AddColumn("Amount", "مبلغ").SetCustomizable(false);
+  other.AddColumn("Note", "شرح");
+  other.LoadLayout("garbage\n=,\nNobody=50,1\nName=abc,1\n" + layout);
+  EXPECT_EQ(other.Columns()[0]->FieldName(), "Note");
+  EXPECT_EQ(other.FindColumn("Note")->Width(), 222);
+  EXPECT_EQ(other.FindColumn("Name")->Width(), 100);
+  EXPECT_TRUE(other.FindColumn("Amount")->Visible())
+      << "only what the chooser offers can be hidden by a file";
+}
+
+}  // namespace
+}  // namespace goods
