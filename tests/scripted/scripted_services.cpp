@@ -6,7 +6,7 @@
 namespace goods {
 namespace {
 
-std::string WindowName(const TForm* form) { return form == nullptr ? "no window" : form->Name(); }
+std::string WindowName(const TForm* form) { return form == nullptr ? "active" : form->Name(); }
 
 }  // namespace
 
