@@ -1,7 +1,6 @@
 // Pages, PDF, text, CSV and spreadsheet of a table; the preview.
 #include <QFile>
 #include <QPainter>
-#include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
