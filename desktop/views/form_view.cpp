@@ -187,6 +187,12 @@ void FormView::keyPressEvent(QKeyEvent* event) {
   if (already || !HandleKey(*event)) QWidget::keyPressEvent(event);
 }
 
+bool FormView::focusNextPrevChild(bool next) {
+  Run([&] { form_.FocusNext(!next); });
+  SyncFocus();
+  return true;
+}
+
 void FormView::closeEvent(QCloseEvent* event) {
   if (!form_.Showing()) {
     event->accept();

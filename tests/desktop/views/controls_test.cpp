@@ -257,6 +257,19 @@ TEST_F(Controls, AHandlersErrorBecomesAMessage) {
   EXPECT_EQ(host.messages.Shown()[0].details, "Exec Kardex_Proc 5");
 }
 
+TEST_F(Controls, TabGoesInTheOrderOfTheComponentsBothWays) {
+  TEdit late(&form, "Late_EDT");
+  form.Good_PNL.Place(late);
+  form.Good_PNL.Changed();
+  form.Good_SEF.Select_BTN.SetFocus();
+  Settle();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_TRUE(late.Focused());
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "Late_EDT");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(form.Good_SEF.Select_BTN.Focused());
+}
+
 TEST_F(Controls, AControlThatJoinsAWindowLaterGetsAView) {
   TButton late(&form, "Late_BTN", "دیرآمده");
   form.Buttons_PNL.Place(late);
