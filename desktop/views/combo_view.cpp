@@ -49,8 +49,8 @@ ComboView::ComboView(FormView& form, TComboBox& combo, QWidget* parent)
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   // The line edit of a typing box passes its keys and its focus on to the box.
-  box->OnDropped = [this](bool open) {
-    if (combo_.DroppedDown() != open) Act([this, open] { combo_.SetDroppedDown(open); });
+  box->OnDropped = [this, alive = QPointer<ComboView>(this)](bool open) {
+    if (alive && combo_.DroppedDown() != open) Act([this, open] { combo_.SetDroppedDown(open); });
   };
   connect(box, &QComboBox::activated, this,
           [this](int index) { Act([this, index] { combo_.SetItemIndex(index); }); });

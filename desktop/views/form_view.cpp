@@ -37,6 +37,7 @@ FormView::FormView(TForm& form, std::vector<GridCommand> gridCommands, QWidget* 
 }
 
 FormView::~FormView() {
+  hide();  // what widgets say as they disappear still finds their views
   built_ = false;
   queued_.clear();
   while (!views_.empty()) views_.pop_back();
