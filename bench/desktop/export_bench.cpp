@@ -1,0 +1,134 @@
+// The time from the call of an export to the first painting of its window, beside a bare dialog with as many
+// widgets: the window made anew, and the kept window shown again.
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <benchmark/benchmark.h>
+
+#include "company/demo/demo_company.h"
+#include "desktop/app/desktop_host.h"
+#include "desktop/views/theme.h"
+
+namespace goods {
+namespace {
+
+// Takes the time of the first painting of a dialog, and closes it as a user does.
+class FirstPaint : public QObject {
+ public:
+  FirstPaint() { qApp->installEventFilter(this); }
+  void Start() {
+    painted_ = false;
+    clock_.start();
+  }
+  double Seconds() const { return seconds_; }
+  int Widgets() const { return widgets_; }
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (painted_ || event->type() != QEvent::Paint || widget == nullptr || !widget->isWindow()) return false;
+    painted_ = true;
+    // The window paints its children right after itself; the message loop comes when all are painted.
+    QTimer::singleShot(0, widget, [this, widget] {
+      seconds_ = static_cast<double>(clock_.nsecsElapsed()) * 1e-9;
+      widgets_ = static_cast<int>(widget->findChildren<QWidget*>().size());
+      widget->close();
+    });
+    return false;
+  }
+
+ private:
+  QElapsedTimer clock_;
+  bool painted_ = false;
+  double seconds_ = 0;
+  int widgets_ = 0;
+};
+
+struct Desktop {
+  Desktop() {
+    const std::string file = (folder.path() + "/demo.goods").toStdString();
+    MakeDemoCompany(file, {});
+    company = OpenCompany(file);
+    settings = std::make_unique<DesktopSettings>(folder.path() + "/settings");
+    module = std::make_unique<ModuleLibrary>(
+        ModuleLibrary::Find("", QApplication::applicationDirPath().toStdString()));
+    host = std::make_unique<DesktopHost>(*company, *company->SignIn("admin", "admin"), *settings, *module,
+                                         nullptr);
+    good = company->ListBusyGoods(2).at(1).code;
+  }
+  QTemporaryDir folder;
+  std::unique_ptr<ICompany> company;
+  std::unique_ptr<DesktopSettings> settings;
+  std::unique_ptr<ModuleLibrary> module;
+  std::unique_ptr<DesktopHost> host;
+  std::int64_t good = 0;
+};
+
+Desktop& TheDesktop() {
+  static Desktop desktop;
+  return desktop;
+}
+
+template <typename Open>
+void Measure(benchmark::State& state, Open&& open) {
+  FirstPaint paint;
+  for (auto each : state) {
+    paint.Start();
+    open();
+    state.SetIterationTime(paint.Seconds());
+  }
+  state.counters["widgets"] = paint.Widgets();
+}
+
+void NewStockCard(benchmark::State& state) {
+  Desktop& desktop = TheDesktop();
+  Measure(state, [&] {
+    desktop.module->Attach(*desktop.host);
+    desktop.module->OpenKardex(desktop.good, 0, "", "");
+    desktop.module->Detach();
+  });
+}
+BENCHMARK(NewStockCard)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+void KeptStockCard(benchmark::State& state) {
+  Desktop& desktop = TheDesktop();
+  desktop.module->Attach(*desktop.host);
+  Measure(state, [&] { desktop.module->OpenKardex(desktop.good, 0, "", ""); });
+  desktop.module->Detach();
+}
+BENCHMARK(KeptStockCard)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// As many plain widgets as the stock card has.
+void BareDialog(benchmark::State& state) {
+  Desktop& desktop = TheDesktop();
+  FirstPaint paint;
+  desktop.module->Attach(*desktop.host);
+  desktop.module->OpenKardex(desktop.good, 0, "", "");
+  desktop.module->Detach();
+  const int widgets = paint.Widgets();
+  Measure(state, [&] {
+    QDialog dialog;
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->setSpacing(0);
+    for (int i = 0; i < widgets; ++i) layout->addWidget(new QLabel("کالا"));
+    dialog.exec();
+  });
+}
+BENCHMARK(BareDialog)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace goods
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  goods::ApplyTheme(application, goods::ThemeMode::Light);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
