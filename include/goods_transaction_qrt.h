@@ -1,8 +1,9 @@
 /* The goods-movement reports: what the library Goods_Transaction_QRT exports, and how a host attaches.
  *
- * Everything is called on the user-interface thread. A text is UTF-16, ends with a zero, belongs to the caller and need
- * live only as long as the call; a null pointer is the empty text. No function returns before the window that it shows
- * is closed. An error never leaves a function: it is handed to the attached host's message service. */
+ * Everything is called on the user-interface thread. A text is UTF-16, ends with a zero, belongs to the
+ * caller and need live only as long as the call; a null pointer is the empty text. No function returns before
+ * the window that it shows is closed. An error never leaves a function: it is handed to the attached host's
+ * message service. */
 #ifndef GOODS_TRANSACTION_QRT_H
 #define GOODS_TRANSACTION_QRT_H
 
@@ -27,21 +28,30 @@ typedef uint_least16_t goods_char16;
 /* A host: the address of an object of the C++ class goods::THost (host/services/host.h). */
 struct goods_host;
 
-/* Attaches a host. version must be GOODS_HOST_VERSION; host must live until Goods_DetachHost. Returns 1 when the host is
- * attached, 0 when the version is another one, host is null, or a host is attached already. Shows no window and runs no
- * statement. */
+/* Attaches a host. version must be GOODS_HOST_VERSION; host must live until Goods_DetachHost. Returns 1 when
+ * the host is attached, 0 when the version is another one, host is null, or a host is attached already. Shows
+ * no window and runs no statement. */
 GOODS_EXPORT int32_t Goods_AttachHost(int32_t version, struct goods_host* host);
 
-/* Frees the kept windows and lets the host go. Returns 1; or 0, and nothing changes, when no host is attached or a report
- * is being shown. Without a host every Open_ function does nothing. */
+/* Frees the kept windows and lets the host go. Returns 1; or 0, and nothing changes, when no host is attached
+ * or a report is being shown. Without a host every Open_ function does nothing. */
 GOODS_EXPORT int32_t Goods_DetachHost(void);
 
 /* The stock card, the good chosen by the user. Needs permission 6 on software part 509. */
 GOODS_EXPORT void Open_GoodKardex(void);
 
-/* The stock card of one good; asks no permission. good: its code, 0 for none. store: 0 for every store. from, to: Jalali
- * dates "yyyy/mm/dd"; an empty from is no date range. */
+/* The stock card of one good; asks no permission. good: its code, 0 for none. store: 0 for every store. from,
+ * to: Jalali dates "yyyy/mm/dd"; an empty from is no date range. */
 GOODS_EXPORT void Open_Kardex(int32_t good, int32_t store, const goods_char16* from, const goods_char16* to);
+
+/* The search among stock-card rows of all goods. Needs permission 6 on software part 510. */
+GOODS_EXPORT void Open_KardexSearch(void);
+
+/* The rows that drive a good's stock in a store below zero. mode: "1"; with any other text the search of
+ * Open_KardexSearch. first, second: the values of the procedure srKardex_Negative, "0" for not given; a first
+ * one without a second is ignored. Needs permission 6 on software part 510. */
+GOODS_EXPORT void Open_KardexNegativ(const goods_char16* mode, const goods_char16* first,
+                                     const goods_char16* second);
 
 /* Kept for hosts that call it; does nothing. */
 GOODS_EXPORT void Open_StoreExistance(void);

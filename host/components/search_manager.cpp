@@ -26,6 +26,21 @@ std::optional<std::string> Literal(DataKind kind, std::string_view value) {
   return amount->ToString();
 }
 
+// Whether a statement head such as "Exec srKardex_Negative '','','7'" has arguments already.
+bool HasArguments(std::string_view script) {
+  script = Trim(script);
+  for (int word = 0; word < 2; ++word) {  // EXEC, and the procedure's name
+    const std::size_t blank = script.find(' ');
+    script = blank == std::string_view::npos ? std::string_view() : Trim(script.substr(blank));
+  }
+  return !script.empty();
+}
+
+std::string WithParameters(const std::string& script, const std::string& parameters) {
+  if (parameters.empty()) return script;
+  return script + (HasArguments(script) ? "," : " ") + parameters;
+}
+
 }  // namespace
 
 TQeratSearch::TQeratSearch(TComponent* owner, std::string name) : TComponent(owner, std::move(name)) {}
@@ -103,7 +118,7 @@ void TQeratSearchManager::ExecuteFilter_PROC() {
   if (query == nullptr) return;
   std::string parameters = ADDParam(ProcFilter(), extraAdvFilter_);
   if (OnCustomFilter_Proc) OnCustomFilter_Proc(parameters);
-  query->SetSQL(parameters.empty() ? Script : Script + " " + parameters);
+  query->SetSQL(WithParameters(Script, parameters));
   query->Open();
   if (OnAfterExecute) OnAfterExecute();
   if (OnAfterExecute_PROC) OnAfterExecute_PROC();

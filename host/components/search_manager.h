@@ -49,8 +49,9 @@ class TQeratSearch : public TComponent {
 // Over the data set: ExecuteFilter_DataSet joins the conditions of the active items, lets the window add to
 // them (OnCustomFilter_DataSet), puts the text on the query, then OnAfterExecute and OnAfterExecute_DataSet.
 // Over a procedure: ExecuteFilter_PROC joins the parameters of the active items behind the extra advanced
-// filter, lets the window add to them (OnCustomFilter_Proc), runs Script + " " + parameters on the query (the
-// script alone when there are none), then OnAfterExecute and OnAfterExecute_PROC.
+// filter, lets the window add to them (OnCustomFilter_Proc), runs the script with them on the query, behind a
+// blank, or behind a comma where the script has arguments of its own, then OnAfterExecute and
+// OnAfterExecute_PROC.
 class TQeratSearchManager : public TComponent {
  public:
   using TComponent::TComponent;
