@@ -39,16 +39,12 @@ std::uint64_t HashOf(std::string_view text) {
   return Mix(hash);
 }
 
-bool SameBytes(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
-}
-
 }  // namespace
 
 std::uint32_t TextPool::Add(std::string_view text) {
   ++added_;
   if (!sharing_) return Append(text);
-  if (last_.data() != nullptr && SameBytes(last_, text)) return lastId_;
+  if (last_.data() != nullptr && last_ == text) return lastId_;
   lastId_ = FindOrAppend(text);
   last_ = View(lastId_);
   return lastId_;
@@ -70,7 +66,7 @@ std::uint32_t TextPool::FindOrAppend(std::string_view text) {
   for (; table_[slot] != 0; slot = (slot + 1) & mask) {
     if ((table_[slot] & kHashPart) != hash) continue;
     const auto id = static_cast<std::uint32_t>(table_[slot]) - 1;
-    if (SameBytes(View(id), text)) return id;
+    if (View(id) == text) return id;
   }
   const std::uint32_t id = Append(text);
   table_[slot] = hash | (id + 1);

@@ -39,7 +39,6 @@ class TextPool {
   std::uint32_t Append(std::string_view text);
   std::uint32_t FindOrAppend(std::string_view text);
   void GrowTable();
-  void Remember(std::uint32_t id);
 
   std::vector<Group> groups_;
   std::size_t count_ = 0;

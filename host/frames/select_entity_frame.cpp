@@ -25,7 +25,7 @@ TSelect_Entity_Frame::TSelect_Entity_Frame(TComponent* owner, std::string name)
 }
 
 void TSelect_Entity_Frame::SetCode(std::int64_t code) {
-  Code_EDT.SetText(code == 0 ? "" : std::to_string(code));
+  if (code == 0 || !Code_EDT.SetText(std::to_string(code))) Code_EDT.Clear();
 }
 
 void TSelect_Entity_Frame::SelectFromList() {

@@ -4,6 +4,7 @@
 
 #include "host/base/base_dock.h"
 #include "host/base/base_search.h"
+#include "host/components/edit.h"
 #include "tests/scripted/scripted_host.h"
 
 namespace goods {

@@ -1,0 +1,125 @@
+// What a host asks of a company database beside running statements: sign-in, rights, look-ups, documents.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace goods {
+
+class IConnection;
+
+// A company that cannot be opened, made or asked. The message is Persian and meant for the user.
+class CompanyError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+  ~CompanyError() override;
+};
+
+struct UserRecord {
+  std::int64_t code = 0;
+  std::string login;
+  std::string name;
+  bool everyRight = false;
+};
+
+// What can be looked up by code; the numbers of EntityType, and two more.
+enum class EntityKind { Store = 1, Person = 2, Good = 6, GoodGroup = 16, Category = 17, Unit = 18 };
+
+// unit and unit2 are the names of a good's units; empty for other kinds and where there is none.
+struct EntityRecord {
+  std::int64_t code = 0;
+  std::string name;
+  std::string unit;
+  std::string unit2;
+};
+
+// The documents behind the rows of a stock card. DetailSplit has no window of its own.
+enum class DocumentKind {
+  FixProduction = 1,
+  SaleInvoice,
+  PurchaseInvoice,
+  GoodRecord,
+  SaleReturn,
+  PurchaseReturn,
+  Transfer,
+  VarProduction,
+  ExpenseNote,
+  Voucher,
+  AdvancedProduction,
+  IssueNote,
+  ReceiptNote,
+  RevenueNote,
+  DetailSplit
+};
+
+// The kind of document that a row of this movement type came from; none for an unknown type.
+std::optional<DocumentKind> DocumentKindOfMovement(int type);
+
+struct DocumentColumn {
+  std::string caption;
+  bool number = false;  // set right, in Latin reading order
+};
+
+// A document as a reader sees it: every text is ready to be shown.
+struct DocumentView {
+  std::string title;
+  std::vector<std::pair<std::string, std::string>> header;  // caption, text
+  std::vector<DocumentColumn> columns;
+  std::vector<std::vector<std::string>> rows;  // one text a column
+  std::vector<std::pair<std::string, std::string>> totals;
+};
+
+struct BusyGood {
+  std::int64_t code = 0;
+  std::string name;
+  std::int64_t movements = 0;
+};
+
+// An open company. Everything here only reads. One object is used by one thread at a time; connections are
+// independent of it and of each other. Failures throw CompanyError.
+class ICompany {
+ public:
+  virtual ~ICompany();
+  virtual std::string Title() const = 0;
+  // A new connection for statements; valid also after the company object is gone.
+  virtual std::unique_ptr<IConnection> OpenConnection() = 0;
+
+  // None when the login is unknown or the password is not its own.
+  virtual std::optional<UserRecord> SignIn(std::string_view login, std::string_view password) = 0;
+  virtual bool HasRight(const UserRecord& user, int softwarePart, int permission) = 0;
+
+  virtual std::optional<EntityRecord> FindEntity(EntityKind kind, std::int64_t code) = 0;
+  // Entities whose code begins with the text (when it is a number) or whose name holds it, as a Persian
+  // reader compares; by code. An empty text gives the first ones. limit caps the answer.
+  virtual std::vector<EntityRecord> SearchEntities(EntityKind kind, std::string_view text,
+                                                   std::size_t limit) = 0;
+
+  // The fields (joined with ";") of the first row of a table whose key field has the given value, as texts;
+  // none when there is no such row. Of GoodInf, Unit and Unit2 are the names of the units. A table or field
+  // that is not there throws.
+  virtual std::optional<std::vector<std::string>> Lookup(std::string_view table, std::string_view keyField,
+                                                         std::string_view key, std::string_view fields) = 0;
+  // Empty for an unknown code.
+  virtual std::string CategoryName(std::int64_t code) = 0;
+
+  // None when there is no such document. The code of a GoodRecord is the good's own.
+  virtual std::optional<DocumentView> Document(DocumentKind kind, std::int64_t code) = 0;
+
+  // The goods with the most movements, busiest first.
+  virtual std::vector<BusyGood> ListBusyGoods(std::size_t limit) = 0;
+};
+
+// Opens the company file at path (UTF-8). An older file is brought up to date first; a file marked read-only
+// is opened for reading, and its derived figures then cannot be refreshed. Throws CompanyError when the file
+// is missing, is no company, is damaged, cut short or newer than this program, or is locked by another one;
+// the file is then as it was.
+std::unique_ptr<ICompany> OpenCompany(const std::string& path);
+
+}  // namespace goods

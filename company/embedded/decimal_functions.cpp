@@ -1,0 +1,286 @@
+#include "company/embedded/decimal_functions.h"
+
+#include <cstddef>
+#include <exception>
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "company/embedded/decimal_cell.h"
+#include "host/data/decimal.h"
+
+namespace goods {
+
+namespace {
+
+constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+
+class BadCell : public std::exception {};
+
+Int128 Units(sqlite3_value* value) {
+  switch (sqlite3_value_type(value)) {
+    case SQLITE_INTEGER:
+      return sqlite3_value_int64(value);
+    case SQLITE_BLOB:
+      if (sqlite3_value_bytes(value) == 16) return FromWideCell(sqlite3_value_blob(value));
+      [[fallthrough]];
+    default:
+      throw BadCell();
+  }
+}
+
+bool AnyNull(int count, sqlite3_value** values) {
+  for (int i = 0; i < count; ++i) {
+    if (sqlite3_value_type(values[i]) == SQLITE_NULL) return true;
+  }
+  return false;
+}
+
+void Return(sqlite3_context* context, Int128 units) {
+  if (FitsCell64(units)) {
+    sqlite3_result_int64(context, static_cast<std::int64_t>(units));
+  } else {
+    const WideCell cell = ToWideCell(units);
+    sqlite3_result_blob(context, cell.data(), static_cast<int>(cell.size()), SQLITE_TRANSIENT);
+  }
+}
+
+// Nothing may be thrown through SQLite.
+template <typename Body>
+void Guarded(sqlite3_context* context, Body body) {
+  try {
+    body();
+  } catch (const BadCell&) {
+    sqlite3_result_error(context, "خانه عددی شکل درستی ندارد", -1);
+  } catch (const std::overflow_error&) {
+    sqlite3_result_error(context, "حاصل از اندازه یک عدد بزرگتر است", -1);
+  } catch (const std::domain_error&) {
+    sqlite3_result_error(context, "تقسیم بر صفر", -1);
+  } catch (const std::bad_alloc&) {
+    sqlite3_result_error_nomem(context);
+  } catch (const std::exception& error) {
+    sqlite3_result_error(context, error.what(), -1);
+  }
+}
+
+Int128 Add(Int128 a, Int128 b) {
+  Int128 sum = 0;
+  if (__builtin_add_overflow(a, b, &sum)) throw std::overflow_error("dec_add");
+  return sum;
+}
+
+Int128 Subtract(Int128 a, Int128 b) {
+  Int128 difference = 0;
+  if (__builtin_sub_overflow(a, b, &difference)) throw std::overflow_error("dec_sub");
+  return difference;
+}
+
+Int128 Negate(Int128 a) { return Subtract(0, a); }
+
+Int128 Multiply(Int128 a, Int128 b) {
+  if (FitsCell64(a) && FitsCell64(b)) {
+    const Int128 product = a * b;
+    constexpr Int128 kHalf = Decimal::kOne / 2;
+    const Int128 away = product < 0 ? product - kHalf : product + kHalf;
+    if (FitsCell64(away)) return static_cast<std::int64_t>(away) / Decimal::kOne;
+    return away / Decimal::kOne;
+  }
+  return (Decimal::FromUnits(a) * Decimal::FromUnits(b)).Units();
+}
+
+Int128 Divide(Int128 a, Int128 b) { return (Decimal::FromUnits(a) / Decimal::FromUnits(b)).Units(); }
+
+template <Int128 (*operation)(Int128, Int128)>
+void Binary(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  Guarded(context, [&] { Return(context, operation(Units(values[0]), Units(values[1]))); });
+}
+
+template <Int128 (*operation)(Int128)>
+void Unary(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  Guarded(context, [&] { Return(context, operation(Units(values[0]))); });
+}
+
+Int128 Absolute(Int128 a) { return a < 0 ? Negate(a) : a; }
+Int128 Truncate(Int128 a) { return a - a % Decimal::kOne; }
+
+void Compare(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  Guarded(context, [&] {
+    const Int128 a = Units(values[0]);
+    const Int128 b = Units(values[1]);
+    sqlite3_result_int(context, a < b ? -1 : a > b ? 1 : 0);
+  });
+}
+
+void OfWhole(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  Guarded(context, [&] {
+    if (sqlite3_value_type(values[0]) != SQLITE_INTEGER) throw BadCell();
+    Return(context, static_cast<Int128>(sqlite3_value_int64(values[0])) * Decimal::kOne);
+  });
+}
+
+void ToText(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  Guarded(context, [&] {
+    const std::string text = Decimal::FromUnits(Units(values[0])).ToString();
+    sqlite3_result_text(context, text.c_str(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+  });
+}
+
+void FromText(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  Guarded(context, [&] {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(values[0]));
+    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(values[0]));
+    const std::optional<Decimal> number = Decimal::Parse(std::string_view(text, length));
+    if (!number) throw BadCell();
+    Return(context, number->Units());
+  });
+}
+
+void SortKey(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (AnyNull(count, values)) return;
+  Guarded(context, [&] {
+    const WideCell cell = ToWideCell(Units(values[0]));
+    WideCell key{};
+    for (std::size_t i = 0; i < key.size(); ++i) key[i] = cell[key.size() - 1 - i];
+    key[0] ^= 0x80;
+    sqlite3_result_blob(context, key.data(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+  });
+}
+
+// SQLite's memory for an aggregate is zeroed and aligned to 8 bytes: a 128-bit number is kept as two words.
+struct Running {
+  std::uint64_t low;
+  std::int64_t high;
+  std::int64_t rows;
+  Int128 Get() const { return static_cast<Int128>(high) << 64 | low; }
+  void Set(Int128 units) {
+    low = static_cast<std::uint64_t>(units);
+    high = static_cast<std::int64_t>(units >> 64);
+  }
+};
+
+Running* State(sqlite3_context* context, bool create) {
+  return static_cast<Running*>(sqlite3_aggregate_context(context, create ? sizeof(Running) : 0));
+}
+
+void SumStep(sqlite3_context* context, int count, sqlite3_value** values) {
+  Running* state = State(context, true);
+  if (state == nullptr || AnyNull(count, values)) return;
+  Guarded(context, [&] {
+    state->Set(Add(state->Get(), Units(values[0])));
+    ++state->rows;
+  });
+}
+
+void SumInverse(sqlite3_context* context, int count, sqlite3_value** values) {
+  Running* state = State(context, true);
+  if (state == nullptr || AnyNull(count, values)) return;
+  Guarded(context, [&] {
+    state->Set(Subtract(state->Get(), Units(values[0])));
+    --state->rows;
+  });
+}
+
+void RunningValue(sqlite3_context* context) {
+  const Running* state = State(context, false);
+  if (state != nullptr && state->rows > 0) Return(context, state->Get());
+}
+
+template <bool greatest>
+void ExtremeStep(sqlite3_context* context, int count, sqlite3_value** values) {
+  Running* state = State(context, true);
+  if (state == nullptr || AnyNull(count, values)) return;
+  Guarded(context, [&] {
+    const Int128 units = Units(values[0]);
+    if (state->rows++ == 0 || (greatest ? units > state->Get() : units < state->Get())) state->Set(units);
+  });
+}
+
+// The sums of dec_sum_within by key. Keys are few (stores) and come in runs, so the last one is tried first.
+class KeyedSums {
+ public:
+  void Add(std::int64_t key, Int128 units) {
+    if (last_ >= sums_.size() || sums_[last_].first != key) {
+      for (last_ = 0; last_ < sums_.size() && sums_[last_].first != key; ++last_) {
+      }
+      if (last_ == sums_.size()) sums_.emplace_back(key, 0);
+    }
+    sums_[last_].second = goods::Add(sums_[last_].second, units);
+  }
+  Int128 Last() const { return sums_[last_].second; }
+
+ private:
+  std::vector<std::pair<std::int64_t, Int128>> sums_;
+  std::size_t last_ = 0;
+};
+
+KeyedSums** Keyed(sqlite3_context* context, bool create) {
+  return static_cast<KeyedSums**>(sqlite3_aggregate_context(context, create ? sizeof(KeyedSums*) : 0));
+}
+
+void WithinStep(sqlite3_context* context, int, sqlite3_value** values) {
+  KeyedSums** sums = Keyed(context, true);
+  if (sums == nullptr) return;
+  Guarded(context, [&] {
+    if (*sums == nullptr) *sums = new KeyedSums();
+    const bool null = sqlite3_value_type(values[1]) == SQLITE_NULL;
+    (*sums)->Add(sqlite3_value_int64(values[0]), null ? Int128{0} : Units(values[1]));
+  });
+}
+
+// The frame must begin with the partition's first row, so no row ever leaves it.
+void WithinInverse(sqlite3_context* context, int, sqlite3_value**) {
+  sqlite3_result_error(context, "dec_sum_within needs a frame from UNBOUNDED PRECEDING", -1);
+}
+
+void WithinValue(sqlite3_context* context) {
+  KeyedSums** sums = Keyed(context, false);
+  if (sums != nullptr && *sums != nullptr) Return(context, (*sums)->Last());
+}
+
+void WithinFinal(sqlite3_context* context) {
+  WithinValue(context);
+  KeyedSums** sums = Keyed(context, false);
+  if (sums != nullptr) delete std::exchange(*sums, nullptr);
+}
+
+using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
+
+void Scalar(sqlite3* db, const char* name, int arguments, Function function) {
+  sqlite3_create_function_v2(db, name, arguments, kFlags, nullptr, function, nullptr, nullptr, nullptr);
+}
+
+}  // namespace
+
+void RegisterDecimalFunctions(sqlite3* db) {
+  Scalar(db, "dec_add", 2, Binary<Add>);
+  Scalar(db, "dec_sub", 2, Binary<Subtract>);
+  Scalar(db, "dec_mul", 2, Binary<Multiply>);
+  Scalar(db, "dec_div", 2, Binary<Divide>);
+  Scalar(db, "dec_neg", 1, Unary<Negate>);
+  Scalar(db, "dec_abs", 1, Unary<Absolute>);
+  Scalar(db, "dec_trunc", 1, Unary<Truncate>);
+  Scalar(db, "dec_cmp", 2, Compare);
+  Scalar(db, "dec_of", 1, OfWhole);
+  Scalar(db, "dec_text", 1, ToText);
+  Scalar(db, "dec_parse", 1, FromText);
+  Scalar(db, "dec_key", 1, SortKey);
+  sqlite3_create_window_function(db, "dec_sum", 1, kFlags, nullptr, SumStep, RunningValue, RunningValue,
+                                 SumInverse, nullptr);
+  sqlite3_create_function_v2(db, "dec_min", 1, kFlags, nullptr, nullptr, ExtremeStep<false>, RunningValue,
+                             nullptr);
+  sqlite3_create_function_v2(db, "dec_max", 1, kFlags, nullptr, nullptr, ExtremeStep<true>, RunningValue,
+                             nullptr);
+  sqlite3_create_window_function(db, "dec_sum_within", 2, kFlags, nullptr, WithinStep, WithinFinal,
+                                 WithinValue, WithinInverse, nullptr);
+}
+
+}  // namespace goods

@@ -1,0 +1,17 @@
+# cmake -DSCHEMA=<file> -DINDEXES=<file> -DPROCEDURES=<file;...> -DOUTPUT=<file.cpp> -P embed_sql.cmake
+# Writes the SQL files as C++ text literals.
+set(delimiter GOODS_SQL)
+file(READ ${SCHEMA} schema)
+file(READ ${INDEXES} indexes)
+set(body "#include \"company/embedded/embedded_sql.h\"\n\nnamespace goods {\n\nnamespace {\n\n")
+string(APPEND body "constexpr ProcedureFile kProcedures[] = {\n")
+foreach(file ${PROCEDURES})
+  get_filename_component(name ${file} NAME_WE)
+  file(READ ${file} text)
+  string(APPEND body "    {\"${name}\", R\"${delimiter}(${text})${delimiter}\"},\n")
+endforeach()
+string(APPEND body "};\n\n}  // namespace\n\n")
+string(APPEND body "std::string_view SchemaSql() { return R\"${delimiter}(${schema})${delimiter}\"; }\n")
+string(APPEND body "std::string_view IndexesSql() { return R\"${delimiter}(${indexes})${delimiter}\"; }\n")
+string(APPEND body "std::span<const ProcedureFile> ProcedureFiles() { return kProcedures; }\n\n}  // namespace goods\n")
+file(WRITE ${OUTPUT} "${body}")

@@ -1,0 +1,5 @@
+-- Made after a company has been filled: one sort instead of an insertion a row.
+CREATE INDEX GoodInf_ByGroup ON GoodInf(GrpCode);
+CREATE INDEX DetailValues_ByGood ON DetailValues(Kala);
+CREATE INDEX Kardex_ByDocument ON Kardex(Type, OperationCode);
+CREATE INDEX DetailKardex_ByDocument ON DetailKardex(Type, OperationCode);

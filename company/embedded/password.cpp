@@ -1,0 +1,60 @@
+#include "company/embedded/password.h"
+
+#include <sodium.h>
+
+#include "company/company.h"
+
+namespace goods {
+
+namespace {
+
+void Start() {
+  if (sodium_init() < 0) throw CompanyError("کتابخانه رمزنگاری آماده نشد.");
+}
+
+std::string Base64(const unsigned char* bytes, std::size_t count) {
+  constexpr int kVariant = sodium_base64_VARIANT_ORIGINAL_NO_PADDING;
+  std::string text(sodium_base64_encoded_len(count, kVariant), '\0');
+  sodium_bin2base64(text.data(), text.size(), bytes, count, kVariant);
+  text.pop_back();  // its closing NUL
+  return text;
+}
+
+}  // namespace
+
+std::string HashPassword(std::string_view password) {
+  Start();
+  PasswordSalt salt{};
+  randombytes_buf(salt.data(), salt.size());
+  return HashPassword(password, salt);
+}
+
+std::string HashPassword(std::string_view password, const PasswordSalt& salt) {
+  static_assert(std::tuple_size_v<PasswordSalt> == crypto_pwhash_SALTBYTES);
+  Start();
+  std::array<unsigned char, 32> hash{};
+  constexpr unsigned long long kOperations = crypto_pwhash_OPSLIMIT_INTERACTIVE;
+  constexpr std::size_t kMemory = crypto_pwhash_MEMLIMIT_INTERACTIVE;
+  if (crypto_pwhash(hash.data(), hash.size(), password.data(), password.size(), salt.data(), kOperations,
+                    kMemory, crypto_pwhash_ALG_ARGON2ID13) != 0) {
+    throw CompanyError("حافظه برای نگهداری گذرواژه کافی نیست.");
+  }
+  return "$argon2id$v=19$m=" + std::to_string(kMemory / 1024) + ",t=" + std::to_string(kOperations) +
+         ",p=1$" + Base64(salt.data(), salt.size()) + "$" + Base64(hash.data(), hash.size());
+}
+
+PasswordSalt SaltFrom(std::string_view text) {
+  Start();
+  PasswordSalt salt{};
+  crypto_generichash(salt.data(), salt.size(), reinterpret_cast<const unsigned char*>(text.data()),
+                     text.size(), nullptr, 0);
+  return salt;
+}
+
+bool VerifyPassword(std::string_view password, const std::string& hash) {
+  Start();
+  if (hash.size() >= crypto_pwhash_STRBYTES) return false;
+  return crypto_pwhash_str_verify(hash.c_str(), password.data(), password.size()) == 0;
+}
+
+}  // namespace goods

@@ -1,0 +1,21 @@
+// Passwords, kept as Argon2id hashes in the usual text form.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace goods {
+
+using PasswordSalt = std::array<unsigned char, 16>;
+
+// Throws CompanyError when memory is short.
+std::string HashPassword(std::string_view password);
+// With a given salt, for a company that must come out the same each time. Never for a user's own company.
+std::string HashPassword(std::string_view password, const PasswordSalt& salt);
+// A salt made from a text; equal texts, equal salts.
+PasswordSalt SaltFrom(std::string_view text);
+
+bool VerifyPassword(std::string_view password, const std::string& hash);
+
+}  // namespace goods

@@ -1,0 +1,191 @@
+#include "company/embedded/procedures.h"
+
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+#include "company/embedded/embedded_sql.h"
+#include "host/core/text.h"
+
+namespace goods {
+
+namespace {
+
+[[noreturn]] void Broken(std::string_view name, std::string_view line) {
+  throw std::logic_error("procedure " + std::string(name) + ": " + std::string(line));
+}
+
+ColumnType TypeNamed(std::string_view procedure, std::string_view type) {
+  if (type == "integer") return ColumnType::Integer;
+  if (type == "decimal") return ColumnType::Decimal;
+  if (type == "text") return ColumnType::Text;
+  Broken(procedure, type);
+}
+
+Literal DefaultValue(std::string_view procedure, std::string_view text) {
+  if (SameText(text, "null")) return NullValue{};
+  if (text.size() >= 2 && text.front() == '\'' && text.back() == '\'') {
+    return std::string(text.substr(1, text.size() - 2));
+  }
+  if (!Decimal::Parse(text)) Broken(procedure, text);
+  return NumberValue{std::string(text)};
+}
+
+// The next word of a declaration, cut off its front.
+std::string_view TakeWord(std::string_view& line) {
+  line = Trim(line);
+  const std::string_view word = line.substr(0, line.find(' '));
+  line = Trim(line.substr(word.size()));
+  return word;
+}
+
+void ReadDeclaration(Procedure& procedure, std::string_view line) {
+  const std::string_view whole = line;
+  const std::string_view kind = TakeWord(line);
+  if (kind == "parameter") {
+    ProcedureParameter parameter;
+    parameter.name = TakeWord(line);
+    parameter.type = TypeNamed(procedure.name, TakeWord(line));
+    if (parameter.name.size() < 2 || parameter.name[0] != '@') Broken(procedure.name, whole);
+    if (!line.empty()) {
+      if (TakeWord(line) != "default") Broken(procedure.name, whole);
+      parameter.required = false;
+      parameter.value = DefaultValue(procedure.name, line);
+    }
+    procedure.parameters.push_back(std::move(parameter));
+  } else if (kind == "column") {
+    const std::string name(TakeWord(line));
+    procedure.columns.push_back({name, TypeNamed(procedure.name, TakeWord(line))});
+  } else if (whole == "writes") {
+    procedure.writes = true;
+  }
+}
+
+// The value as the parameter's kind takes it; none when it cannot be.
+std::optional<Literal> Fit(const Literal& value, ColumnType type) {
+  if (std::holds_alternative<NullValue>(value)) return value;
+  const auto* number = std::get_if<NumberValue>(&value);
+  const std::string text = number != nullptr ? number->text : std::get<std::string>(value);
+  if (type == ColumnType::Text) return Literal(text);
+  const std::optional<Decimal> parsed = Decimal::Parse(Trim(text));
+  if (!parsed) return std::nullopt;
+  if (type == ColumnType::Integer) {
+    if (parsed->Rounded(0) != *parsed || !ParseInteger(parsed->ToString())) return std::nullopt;
+  }
+  return Literal(NumberValue{parsed->ToString()});
+}
+
+const char* KindName(ColumnType type) {
+  return type == ColumnType::Integer ? "عدد درست" : type == ColumnType::Decimal ? "عدد" : "متن";
+}
+
+std::size_t FindParameter(const Procedure& procedure, const Argument& argument, std::string_view statement) {
+  for (std::size_t i = 0; i < procedure.parameters.size(); ++i) {
+    if (SameText(procedure.parameters[i].name, argument.name)) return i;
+  }
+  throw StatementError("روال " + procedure.name + " پارامتر «" + argument.name + "» ندارد", statement,
+                       argument.offset);
+}
+
+}  // namespace
+
+Procedure ReadProcedure(std::string_view name, std::string_view text) {
+  Procedure procedure;
+  procedure.name = name;
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::size_t end = rest.find('\n');
+    const std::string_view line = Trim(rest.substr(0, end));
+    if (line.starts_with("--")) ReadDeclaration(procedure, Trim(line.substr(2)));
+    rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+  }
+  procedure.body = text;
+  return procedure;
+}
+
+const std::vector<Procedure>& Procedures() {
+  static const std::vector<Procedure> procedures = [] {
+    std::vector<Procedure> all;
+    for (const ProcedureFile& file : ProcedureFiles()) all.push_back(ReadProcedure(file.name, file.text));
+    return all;
+  }();
+  return procedures;
+}
+
+ProcedureCall MatchProcedure(const ExecStatement& exec, std::string_view statement) {
+  ProcedureCall call;
+  for (const Procedure& procedure : Procedures()) {
+    if (SameText(procedure.name, exec.procedure)) call.procedure = &procedure;
+  }
+  if (call.procedure == nullptr) {
+    throw StatementError("روال «" + exec.procedure + "» شناخته نیست", statement, exec.offset);
+  }
+  const std::vector<ProcedureParameter>& parameters = call.procedure->parameters;
+  std::vector<bool> given(parameters.size(), false);
+  for (const ProcedureParameter& parameter : parameters) call.values.push_back(parameter.value);
+
+  bool named = false;
+  for (std::size_t i = 0; i < exec.arguments.size(); ++i) {
+    const Argument& argument = exec.arguments[i];
+    std::size_t index = i;
+    if (!argument.name.empty()) {
+      named = true;
+      index = FindParameter(*call.procedure, argument, statement);
+    } else if (named) {
+      throw StatementError("مقدار بی نام پس از پارامتر نامدار نمی آید", statement, argument.offset);
+    } else if (index >= parameters.size()) {
+      throw StatementError("روال " + call.procedure->name + " این همه پارامتر ندارد", statement,
+                           argument.offset);
+    }
+    const ProcedureParameter& parameter = parameters[index];
+    if (given[index]) {
+      throw StatementError("پارامتر «" + parameter.name + "» دو بار آمده است", statement, argument.offset);
+    }
+    given[index] = true;
+    std::optional<Literal> value = Fit(argument.value, parameter.type);
+    if (!value) {
+      throw StatementError("پارامتر «" + parameter.name + "» باید " + KindName(parameter.type) + " باشد",
+                           statement, argument.offset);
+    }
+    call.values[index] = *std::move(value);
+  }
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    if (!given[i] && parameters[i].required) {
+      throw StatementError("پارامتر «" + parameters[i].name + "» داده نشده است", statement, statement.size());
+    }
+  }
+  return call;
+}
+
+void BindParameters(Statement& prepared, const ProcedureCall& call) {
+  const std::vector<ProcedureParameter>& parameters = call.procedure->parameters;
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    const int index = sqlite3_bind_parameter_index(prepared.Handle(), parameters[i].name.c_str());
+    if (index == 0) continue;
+    const Literal& value = call.values[i];
+    if (const auto* text = std::get_if<std::string>(&value)) {
+      prepared.Bind(index, std::string_view(*text));
+    } else if (const auto* number = std::get_if<NumberValue>(&value)) {
+      const Decimal parsed = Decimal::Parse(number->text).value_or(Decimal());
+      if (parameters[i].type == ColumnType::Integer) {
+        prepared.Bind(index, static_cast<std::int64_t>(parsed.Units() / Decimal::kOne));
+      } else {
+        prepared.Bind(index, parsed);
+      }
+    } else {
+      prepared.BindNull(index);
+    }
+  }
+}
+
+void RunProcedureBody(Database& db, const ProcedureCall& call, const std::function<void()>& row) {
+  const char* at = call.procedure->body.data();
+  const char* end = at + call.procedure->body.size();
+  while (at < end) {
+    Statement prepared(db.Handle(), at, end, &at);
+    if (prepared.Handle() == nullptr) continue;
+    BindParameters(prepared, call);
+    while (prepared.Step()) row();
+  }
+}
+
+}  // namespace goods

@@ -1,0 +1,60 @@
+// The company's procedures. Each is a file of procedures/: declarations in comment lines, then plain SQLite
+// SQL.
+//
+//   -- parameter @Name integer|decimal|text [default <number | 'text' | null>]
+//   -- column Name integer|decimal|text          one line a result column, in order
+//   -- writes                                    changes derived figures; runs in a transaction
+//
+// A parameter without a default must be given. The body names parameters as they are declared; they are
+// bound, decimals as decimal cells. A procedure that writes may hold several statements and returns no rows;
+// another one holds a single SELECT.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "company/embedded/sqlite.h"
+#include "company/embedded/statement_parser.h"
+#include "host/data/row_store.h"
+
+namespace goods {
+
+struct ProcedureParameter {
+  std::string name;  // with its "@"
+  ColumnType type = ColumnType::Text;
+  bool required = true;
+  Literal value;  // the default
+};
+
+struct Procedure {
+  std::string name;
+  std::vector<ProcedureParameter> parameters;
+  std::vector<ColumnInfo> columns;
+  bool writes = false;
+  std::string body;
+};
+
+// Reads a procedure file; throws std::logic_error when its declarations are wrong.
+Procedure ReadProcedure(std::string_view name, std::string_view text);
+
+// All procedures, read once.
+const std::vector<Procedure>& Procedures();
+
+// A value for each parameter of the procedure, in its order. Throws StatementError when the procedure or a
+// parameter is unknown, given twice, missing, too many, or of the wrong kind.
+struct ProcedureCall {
+  const Procedure* procedure = nullptr;
+  std::vector<Literal> values;
+};
+ProcedureCall MatchProcedure(const ExecStatement& exec, std::string_view statement);
+
+// Binds the values to those parameters that the prepared statement names.
+void BindParameters(Statement& prepared, const ProcedureCall& call);
+
+// Runs the statements of a procedure that writes, dropping rows; row is called for each. The transaction is
+// the caller's. Throws SqliteError and what row throws.
+void RunProcedureBody(Database& db, const ProcedureCall& call, const std::function<void()>& row);
+
+}  // namespace goods

@@ -1,0 +1,47 @@
+-- The stock card of one good: its movements in the order of date and row number.
+-- Bagh is the remainder over all stores, RemainInAnbar that within the row's store; their amounts are at the
+-- average price that stands after the row. Foroosh is the row's amount on its document.
+-- parameter @GoodCode integer
+-- column Date text
+-- column PerName text
+-- column Comment text
+-- column Anbar integer
+-- column Tedad_Varde decimal
+-- column Tedad_Sadere decimal
+-- column Meghdar2 decimal
+-- column Bagh decimal
+-- column RemainInAnbar decimal
+-- column Gheymat_Varede decimal
+-- column Gheymat_Sadere decimal
+-- column Foroosh decimal
+-- column Miangin decimal
+-- column Mab_Bagh decimal
+-- column Mab_RemainInAnbar decimal
+-- column Radif integer
+-- column PerCode integer
+-- column Type integer
+-- column OperationCode integer
+SELECT k.Date,
+       p.Name,
+       k.Comment,
+       k.Anbar,
+       max(k.Tedad, 0),
+       max(-k.Tedad, 0),
+       k.Meghdar2,
+       dec_sum(k.Tedad) OVER card,
+       dec_sum_within(k.Anbar, k.Tedad) OVER card,
+       CASE WHEN k.Tedad > 0 THEN k.Gheymat ELSE 0 END,
+       CASE WHEN k.Tedad < 0 THEN k.Gheymat ELSE 0 END,
+       dec_mul(abs(k.Tedad), k.Fi),
+       k.Miangin,
+       dec_mul(dec_sum(k.Tedad) OVER card, k.Miangin),
+       dec_mul(dec_sum_within(k.Anbar, k.Tedad) OVER card, k.Miangin),
+       k.Radif,
+       k.Percode,
+       k.Type,
+       k.OperationCode
+FROM Kardex k
+LEFT JOIN Persons p ON p.Code = k.Percode
+WHERE k.Kala = @GoodCode
+WINDOW card AS (ORDER BY k.Date, k.Radif ROWS BETWEEN UNBOUNDED PRECEDING AND CURRENT ROW)
+ORDER BY k.Date, k.Radif

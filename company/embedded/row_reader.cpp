@@ -1,0 +1,97 @@
+#include "company/embedded/row_reader.h"
+
+#include <string_view>
+
+#include "company/embedded/decimal_cell.h"
+
+namespace goods {
+
+namespace {
+
+constexpr int kInstructionsBetweenChecks = 5000;
+constexpr std::chrono::milliseconds kLongestSilence{40};
+
+[[noreturn]] void BadCell(const ColumnInfo& column) {
+  throw SqliteError(SQLITE_MISMATCH, "خانه ای از ستون " + column.name + " عددی بیرون از اندازه دارد");
+}
+
+void AppendCell(sqlite3_stmt* statement, int index, const ColumnInfo& info, Column& column) {
+  const int stored = sqlite3_column_type(statement, index);
+  if (stored == SQLITE_NULL) {
+    column.AppendNull();
+    return;
+  }
+  switch (info.type) {
+    case ColumnType::Integer:
+      if (stored != SQLITE_INTEGER) BadCell(info);
+      column.AppendInteger(sqlite3_column_int64(statement, index));
+      return;
+    case ColumnType::Decimal:
+      if (stored == SQLITE_INTEGER) {
+        column.AppendDecimal(Decimal::FromUnits(sqlite3_column_int64(statement, index)));
+      } else if (stored == SQLITE_BLOB && sqlite3_column_bytes(statement, index) == 16) {
+        column.AppendDecimal(Decimal::FromUnits(FromWideCell(sqlite3_column_blob(statement, index))));
+      } else {
+        BadCell(info);
+      }
+      return;
+    case ColumnType::Text: {
+      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, index));
+      column.AppendText({text, static_cast<std::size_t>(sqlite3_column_bytes(statement, index))});
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+ProgressWatch::ProgressWatch(sqlite3* db, IStatementProgress* progress)
+    : db_(db), progress_(progress), told_(std::chrono::steady_clock::now()) {
+  if (progress_ != nullptr) sqlite3_progress_handler(db_, kInstructionsBetweenChecks, Called, this);
+}
+
+ProgressWatch::~ProgressWatch() { sqlite3_progress_handler(db_, 0, nullptr, nullptr); }
+
+int ProgressWatch::Called(void* self) {
+  auto& watch = *static_cast<ProgressWatch*>(self);
+  const auto now = std::chrono::steady_clock::now();
+  if (now - watch.told_ < kLongestSilence) return 0;
+  try {
+    watch.told_ = now;
+    watch.cancelled_ = !watch.progress_->Progress(watch.rows_);
+  } catch (...) {
+    watch.thrown_ = std::current_exception();
+  }
+  return watch.cancelled_ || watch.thrown_ != nullptr ? 1 : 0;
+}
+
+void ProgressWatch::Tell() {
+  told_ = std::chrono::steady_clock::now();
+  if (!progress_->Progress(rows_)) throw Cancelled();
+}
+
+void ProgressWatch::Rethrow() const {
+  if (thrown_ != nullptr) std::rethrow_exception(thrown_);
+  if (cancelled_) throw Cancelled();
+}
+
+void ReadRows(Statement& statement, RowStore& into, ProgressWatch& watch) {
+  struct Target {
+    const ColumnInfo* info;
+    Column* column;
+  };
+  std::vector<Target> targets;
+  for (std::size_t i = 0; i < into.Columns().size(); ++i) {
+    targets.push_back({&into.Columns()[i], &into.ColumnAt(i)});
+  }
+  sqlite3_stmt* handle = statement.Handle();
+  while (statement.Step()) {
+    int index = 0;
+    for (const Target& target : targets) AppendCell(handle, index++, *target.info, *target.column);
+    into.EndRow();
+    watch.Row();
+  }
+  into.Finish();
+}
+
+}  // namespace goods

@@ -1,0 +1,51 @@
+// Running a prepared statement under the eyes of a progress listener.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <exception>
+#include <vector>
+
+#include "company/embedded/sqlite.h"
+#include "host/data/connection.h"
+#include "host/data/row_store.h"
+
+namespace goods {
+
+// The listener said stop.
+class Cancelled : public std::exception {};
+
+// While it lives, the listener hears of the handle's work every 50 ms, also before the first row, and can
+// stop it. progress may be null. Its exceptions come out of Rethrow.
+class ProgressWatch {
+ public:
+  ProgressWatch(sqlite3* db, IStatementProgress* progress);
+  ProgressWatch(const ProgressWatch&) = delete;
+  ProgressWatch& operator=(const ProgressWatch&) = delete;
+  ~ProgressWatch();
+
+  // Called for each row. Throws Cancelled.
+  void Row() {
+    if (++rows_ % kRowsBetweenCalls == 0 && progress_ != nullptr) Tell();
+  }
+  // After the handle was interrupted: throws what the listener threw, or Cancelled; nothing otherwise.
+  void Rethrow() const;
+
+ private:
+  static constexpr std::size_t kRowsBetweenCalls = 1024;
+  static int Called(void* self);
+  void Tell();
+
+  sqlite3* db_;
+  IStatementProgress* progress_;
+  std::size_t rows_ = 0;
+  std::chrono::steady_clock::time_point told_;
+  std::exception_ptr thrown_;
+  bool cancelled_ = false;
+};
+
+// Reads all rows into a store that has been defined with the statement's columns. Throws SqliteError, also
+// for a cell that is not of its column's type.
+void ReadRows(Statement& statement, RowStore& into, ProgressWatch& watch);
+
+}  // namespace goods
