@@ -55,7 +55,7 @@ std::array<std::string, 5> DetailTexts(std::int64_t place, std::int64_t value, i
       "SN" + std::to_string(100'000 + place * 100 + value)};
   std::array<std::string, 5> texts;
   for (int i = 0; i < details; ++i)
-    texts[static_cast<std::size_t>(i)] = all[static_cast<std::size_t>((place + i) % 6)];
+    texts[static_cast<std::size_t>(i)] = all[static_cast<std::size_t>((place / 6 + i) % 6)];
   return texts;
 }
 
@@ -68,7 +68,7 @@ void WriteDetails(CompanyWriter& writer, std::int64_t place, DemoGood& good, std
                   "INSERT INTO DetailValues(ID, Kala, D1Value, D2Value, D3Value, D4Value, D5Value)"
                   " VALUES(?1, ?2, ?3, ?4, ?5, ?6, ?7)");
   const int details = static_cast<int>(place / 6 % 5) + 1;
-  for (std::int64_t i = 0; i < details; ++i) positions.Add(place + 1, i + 1, (place + i) % 6 + 1);
+  for (std::int64_t i = 0; i < details; ++i) positions.Add(place + 1, i + 1, (place / 6 + i) % 6 + 1);
   good.firstDetailValue = nextValue;
   good.detailValues = 4 + place % 5;
   for (std::int64_t value = 0; value < good.detailValues; ++value) {

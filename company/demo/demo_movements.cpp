@@ -235,7 +235,8 @@ void DemoMovements::Write(Document& document, const Row& row) {
 
 // Every so often the details of a row are made to tell another quantity than the row: less, more, or nothing.
 std::int64_t DemoMovements::PlantMismatch(const Movement& movement, const Row& row, std::int64_t radif) {
-  if (++detailRows_ % 37 != 20 || plantedCount_ >= kPlanted) return row.quantity;
+  const std::int64_t period = std::max<std::int64_t>(11, options_.movements / 400);
+  if (++detailRows_ % period != 10 || plantedCount_ >= kPlanted) return row.quantity;
   const std::int64_t unit = row.quantity < 0 ? -kMilli : kMilli;
   const std::int64_t told = plantedCount_ % 3 == 0   ? row.quantity + unit
                             : plantedCount_ % 3 == 1 ? row.quantity + 2 * unit

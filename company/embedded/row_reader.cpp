@@ -45,8 +45,7 @@ void AppendCell(sqlite3_stmt* statement, int index, const ColumnInfo& info, Colu
 
 }  // namespace
 
-ProgressWatch::ProgressWatch(sqlite3* db, IStatementProgress* progress)
-    : db_(db), progress_(progress), told_(std::chrono::steady_clock::now()) {
+ProgressWatch::ProgressWatch(sqlite3* db, IStatementProgress* progress) : db_(db), progress_(progress) {
   if (progress_ != nullptr) sqlite3_progress_handler(db_, kInstructionsBetweenChecks, Called, this);
 }
 

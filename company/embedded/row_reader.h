@@ -15,8 +15,8 @@ namespace goods {
 // The listener said stop.
 class Cancelled : public std::exception {};
 
-// While it lives, the listener hears of the handle's work every 50 ms, also before the first row, and can
-// stop it. progress may be null. Its exceptions come out of Rethrow.
+// While it lives, the listener hears of the handle's work soon after its start and then every 50 ms, also
+// before the first row, and can stop it. progress may be null. Its exceptions come out of Rethrow.
 class ProgressWatch {
  public:
   ProgressWatch(sqlite3* db, IStatementProgress* progress);
@@ -39,7 +39,7 @@ class ProgressWatch {
   sqlite3* db_;
   IStatementProgress* progress_;
   std::size_t rows_ = 0;
-  std::chrono::steady_clock::time_point told_;
+  std::chrono::steady_clock::time_point told_{};
   std::exception_ptr thrown_;
   bool cancelled_ = false;
 };

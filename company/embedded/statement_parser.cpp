@@ -64,6 +64,9 @@ class Parser {
   void ExpectSymbol(std::string_view symbol) {
     if (!TakeSymbol(symbol)) Fail("در این جا «" + std::string(symbol) + "» لازم است");
   }
+  void ExpectDbo(std::string_view schema, std::size_t offset) const {
+    if (!SameText(schema, "dbo")) throw StatementError("نام پیش از نقطه باید dbo باشد", statement_, offset);
+  }
   void ExpectEnd() const {
     if (Now().kind != TokenKind::End) Fail("پس از پایان دستور چیزی افزوده است: «" + Now().text + "»");
   }
@@ -86,7 +89,7 @@ class Parser {
     exec.offset = Now().offset;
     exec.procedure = Name("نام روال");
     if (TakeSymbol(".")) {
-      if (!SameText(exec.procedure, "dbo")) Fail("نام پیش از نقطه باید dbo باشد");
+      ExpectDbo(exec.procedure, exec.offset);
       exec.offset = Now().offset;
       exec.procedure = Name("نام روال");
     }
@@ -210,7 +213,7 @@ class Parser {
     table.offset = Now().offset;
     table.name = Name("نام جدول");
     if (TakeSymbol(".")) {
-      if (!SameText(table.name, "dbo")) Fail("نام پیش از نقطه باید dbo باشد");
+      ExpectDbo(table.name, table.offset);
       table.offset = Now().offset;
       table.name = Name("نام جدول");
     }

@@ -155,6 +155,7 @@ std::int64_t CompanyWriter::Add(const Movement& movement) {
   add_.Bind(8, std::int64_t{movement.type});
   add_.Bind(9, movement.document);
   add_.Bind(10, movement.row);
+  rowsToNumber_ = rowsToNumber_ || movement.row == 0;
   add_.Bind(11, movement.comment);
   add_.Run();
   return radif_;
@@ -180,6 +181,7 @@ void CompanyWriter::AddDetail(const Movement& movement, const DetailMovement& de
 }
 
 void CompanyWriter::Finish() {
+  NumberRows();
   WriteDocuments();
   WriteStockCards();
   WriteDetails();
@@ -195,6 +197,18 @@ void CompanyWriter::Finish() {
     fs::remove(partial_, error);
     throw CompanyError("فایل شرکت در جای خود گذاشته نشد: " + path_);
   }
+}
+
+void CompanyWriter::NumberRows() {
+  if (!rowsToNumber_) return;
+  db_->Run(
+      "CREATE TEMP TABLE Numbered(Radif INTEGER PRIMARY KEY, Row);"
+      "INSERT INTO Numbered SELECT s.Radif, row_number() OVER (PARTITION BY m.Kind, s.OperationCode ORDER BY "
+      "s.Radif)"
+      " FROM Staging s JOIN MovementTypes m ON m.Type = s.Type;"
+      "UPDATE Staging SET OperationRow = (SELECT n.Row FROM Numbered n WHERE n.Radif = Staging.Radif)"
+      " WHERE OperationRow = 0;"
+      "DROP TABLE Numbered");
 }
 
 void CompanyWriter::WriteDocuments() { db_->Run(kDocuments); }

@@ -29,7 +29,7 @@ struct Movement {
   // Unit price on the document. On an incoming row of a type whose price is the cost it moves the average.
   std::optional<Decimal> price;
   std::int64_t document = 0;
-  std::int64_t row = 0;
+  std::int64_t row = 0;  // within the document, from 1; 0: numbered by the writer, in the order added
   std::string_view comment;
 };
 
@@ -71,6 +71,7 @@ class CompanyWriter {
   void Finish();
 
  private:
+  void NumberRows();
   void WriteDocuments();
   void WriteStockCards();
   void WriteDetails();
@@ -82,6 +83,7 @@ class CompanyWriter {
   Statement add_;
   Statement addDetail_;
   std::int64_t radif_ = 0;
+  bool rowsToNumber_ = false;
 };
 
 }  // namespace goods

@@ -68,6 +68,12 @@ constexpr std::array<Place, kPastArabic - kFirstArabic> MakePlaces() {
 }
 constexpr auto kPlaces = MakePlaces();
 
+// Zero-width space, non-joiner, joiner and direction marks; the byte order mark.
+bool IsInvisible(unsigned first, unsigned second, unsigned third) {
+  const bool mark = first == 0xE2 && second == 0x80 && third >= 0x8B && third <= 0x8F;
+  return mark || (first == 0xEF && second == 0xBB && third == 0xBF);
+}
+
 // Calls ascii(char) or arabic(letter) with each folded character that counts, other(bytes) with the rest.
 template <typename Ascii, typename Arabic, typename Other>
 void EachFolded(std::string_view text, Ascii ascii, Arabic arabic, Other other) {
@@ -88,10 +94,8 @@ void EachFolded(std::string_view text, Ascii ascii, Arabic arabic, Other other) 
       } else if (folded != 0) {
         ascii(static_cast<char>(folded));
       }
-    } else if (lead == 0xE2 && byte(1) == 0x80 && byte(2) >= 0x8B && byte(2) <= 0x8F) {
-      i += 3;  // zero-width space, non-joiner, joiner, direction marks
-    } else if (lead == 0xEF && byte(1) == 0xBB && byte(2) == 0xBF) {
-      i += 3;  // byte order mark
+    } else if (IsInvisible(lead, byte(1), byte(2))) {
+      i += 3;
     } else {
       other(text[i++]);
     }

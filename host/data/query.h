@@ -92,9 +92,12 @@ class TADOQuery : public TComponent {
   bool LocatePrefix(std::string_view field, std::string_view text);
 
   // The filter language:
-  //   condition  := comparison | condition AND condition | condition OR condition | NOT condition |
-  //   (condition) comparison := Field (= | <> | < | <= | > | >=) value | Field [NOT] LIKE 'text with %' |
-  //   Field IS [NOT] NULL value      := number | 'text' | N'text' | NULL
+  //   condition  := comparison | condition AND condition | condition OR condition
+  //               | NOT condition | (condition)
+  //   comparison := Field (= | <> | < | <= | > | >=) value
+  //               | Field [NOT] LIKE 'text with %' | Field IS [NOT] NULL
+  //   value      := number | 'text' | N'text' | NULL
+  //
   // NOT binds closest, then AND, then OR, at most 100 brackets and NOTs within each other; keywords in any
   // letter case; a field with odd characters stands in [ ]. A comparison is true or false, never unknown:
   // with a null cell it is false (NOT LIKE too), but "= NULL" and "<> NULL" test for null. The field decides

@@ -137,6 +137,9 @@ NumberRange RangeOf(const Column& column) {
   return range;
 }
 
+// Leaves 0 to the nulls. Where the column spans the whole range of Decimal, its two greatest numbers meet.
+constexpr UInt128 KeyOf(UInt128 distance) { return distance == ~UInt128{0} ? distance : distance + 1; }
+
 template <typename Key>
 void SortByNumberKeys(const SortColumn& by, const NumberRange& range, std::vector<std::uint32_t>& order) {
   std::vector<Key> keys;
@@ -147,11 +150,11 @@ void SortByNumberKeys(const SortColumn& by, const NumberRange& range, std::vecto
       const Int128 cell = chunk.wide != nullptr ? chunk.wide[i] : chunk.narrow[i] * factor;
       const UInt128 above = by.descending ? static_cast<UInt128>(range.most) - static_cast<UInt128>(cell)
                                           : static_cast<UInt128>(cell) - static_cast<UInt128>(range.least);
-      keys.push_back(chunk.IsNull(i) ? Key{0} : static_cast<Key>(above + 1));
+      keys.push_back(chunk.IsNull(i) ? Key{0} : static_cast<Key>(KeyOf(above)));
     }
   }
   const UInt128 span = static_cast<UInt128>(range.most) - static_cast<UInt128>(range.least);
-  SortByKeys(keys, static_cast<Key>(span + 1), order);
+  SortByKeys(keys, static_cast<Key>(KeyOf(span)), order);
 }
 
 void SortByNumber(const SortColumn& by, std::vector<std::uint32_t>& order) {

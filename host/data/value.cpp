@@ -17,6 +17,12 @@ std::int64_t WholePart(Decimal number) {
 
 }  // namespace
 
+Value::Value(const Value& other) = default;
+Value::Value(Value&& other) noexcept = default;
+Value& Value::operator=(const Value& other) = default;
+Value& Value::operator=(Value&& other) noexcept = default;
+Value::~Value() = default;
+
 std::int64_t Value::AsInteger() const {
   if (const auto* number = std::get_if<std::int64_t>(&data_)) return *number;
   return WholePart(AsDecimal());

@@ -17,6 +17,12 @@ enum class ColumnType { Integer, Decimal, Text };
 class Value {
  public:
   Value() = default;
+  // Out of line: inlined into others, g++ 12 takes the text that is not there for one read before it is made.
+  Value(const Value& other);
+  Value(Value&& other) noexcept;
+  Value& operator=(const Value& other);
+  Value& operator=(Value&& other) noexcept;
+  ~Value();
   Value(std::int64_t number) : data_(number) {}                    // NOLINT: a literal is a value
   Value(int number) : data_(static_cast<std::int64_t>(number)) {}  // NOLINT
   Value(Decimal number) : data_(number) {}                         // NOLINT

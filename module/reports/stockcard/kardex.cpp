@@ -161,16 +161,19 @@ void TKardex_FRM::QeratSearchManager1SearchItems_Changed() {
 void TKardex_FRM::ApplyFilter() {
   const auto before = CurrentRow();
   TADOQuery& query = dataModule_.Kardex.Query;
+  ShowRemainderColumns();
   query.DisableControls();
+  const auto finish = [&] {
+    if (CurrentRow() != before) query.Last();
+    query.EnableControls();
+  };
   try {
     QeratSearchManager1.ExecuteFilter_DataSet();
-    ShowRemainderColumns();
-    if (CurrentRow() != before) query.Last();
   } catch (...) {
-    query.EnableControls();
+    finish();  // the figures may have failed; the rows are filtered all the same
     throw;
   }
-  query.EnableControls();
+  finish();
 }
 
 std::optional<std::uint32_t> TKardex_FRM::CurrentRow() const {

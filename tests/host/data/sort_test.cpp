@@ -72,6 +72,15 @@ TEST_F(Sorting, NumbersOfEverySizeSortByAmount) {
   EXPECT_EQ(Order("D DESC"), "0 2 4 3 1");
 }
 
+TEST_F(Sorting, TheTwoEndsOfTheRangeSort) {
+  Open({{"D", ColumnType::Decimal}}, {{Of("170141183460469231731687303715.884105727")},
+                                      {Value()},
+                                      {Of("-170141183460469231731687303715.884105728")},
+                                      {Of("7")}});
+  EXPECT_EQ(Order("D"), "1 2 3 0");
+  EXPECT_EQ(Order("D DESC"), "1 0 3 2");
+}
+
 TEST_F(Sorting, IntegersOfTheWholeRangeSort) {
   Open({{"A", ColumnType::Integer}},
        {{std::numeric_limits<std::int64_t>::max()}, {std::numeric_limits<std::int64_t>::min()}, {0}, {-1}});

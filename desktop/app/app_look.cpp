@@ -1,0 +1,69 @@
+#include "desktop/app/app_look.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+
+#include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
+#include "desktop/windows/message_dialog.h"
+
+namespace goods {
+
+QLabel* TitleLabel(const QString& text, QWidget* parent) {
+  auto* label = new QLabel(text, parent);
+  QFont font = label->font();
+  font.setPointSizeF(font.pointSizeF() * 1.5);
+  font.setWeight(QFont::DemiBold);
+  label->setFont(font);
+  return label;
+}
+
+QLabel* MutedLabel(const QString& text, QWidget* parent) {
+  auto* label = new QLabel(text, parent);
+  label->setForegroundRole(QPalette::PlaceholderText);
+  label->setWordWrap(true);
+  return label;
+}
+
+QLabel* ProblemLabel(QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setObjectName("Problem_LBL");
+  label->setForegroundRole(QPalette::BrightText);
+  label->setWordWrap(true);
+  label->hide();
+  return label;
+}
+
+void Tell(const QString& text) {
+  ShownMessage message;
+  message.caption = kProgramTitle;
+  message.text = FromQt(text);
+  message.icon = MessageIcon::Error;
+  MessageDialog(message, QApplication::activeWindow()).exec();
+}
+
+QPixmap ProgramSign(int size, double devicePixelRatio) {
+  QPixmap pixmap(qRound(size * devicePixelRatio), qRound(size * devicePixelRatio));
+  pixmap.setDevicePixelRatio(devicePixelRatio);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const Theme& theme = CurrentTheme();
+  const double unit = size / 16.0;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(theme.accent);
+  painter.drawRoundedRect(QRectF(0, 0, size, size), 3.2 * unit, 3.2 * unit);
+  // A card: its head, and rows that run from the right.
+  painter.setBrush(theme.accentText);
+  painter.drawRoundedRect(QRectF(3.5 * unit, 3.5 * unit, 9 * unit, 1.8 * unit), unit * 0.6, unit * 0.6);
+  for (const auto& [row, length] : {std::pair{0, 9.0}, {1, 6.5}, {2, 4.0}}) {
+    painter.setOpacity(0.85);
+    painter.drawRoundedRect(
+        QRectF((12.5 - length) * unit, (6.8 + 2.1 * row) * unit, length * unit, 1.1 * unit), unit * 0.5,
+        unit * 0.5);
+  }
+  return pixmap;
+}
+
+}  // namespace goods

@@ -1,0 +1,23 @@
+// What the application's own windows share in looks.
+#pragma once
+
+#include <QLabel>
+#include <QPixmap>
+#include <QString>
+
+namespace goods {
+
+inline constexpr const char* kProgramTitle = "گزارش‌های گردش کالا";
+
+// A title line, a line of less weight, and a line that says what is wrong (hidden until it has a text).
+QLabel* TitleLabel(const QString& text, QWidget* parent);
+QLabel* MutedLabel(const QString& text, QWidget* parent);
+QLabel* ProblemLabel(QWidget* parent);
+
+// Shows a message with one button, over the active window.
+void Tell(const QString& text);
+
+// The sign of the program, for windows and the about box.
+QPixmap ProgramSign(int size, double devicePixelRatio);
+
+}  // namespace goods

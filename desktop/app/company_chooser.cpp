@@ -1,0 +1,135 @@
+#include "desktop/app/company_chooser.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "desktop/app/app_look.h"
+#include "desktop/views/shown_text.h"
+
+namespace goods {
+namespace {
+
+constexpr int kPathRole = Qt::UserRole;  // empty: the demo company
+constexpr const char* kFileKinds =
+    "پرونده شرکت (*.goods *.db *.sqlite);;همه پرونده‌ها (*)";
+
+}  // namespace
+
+CompanyChooser::CompanyChooser(DesktopSettings& settings, DemoMaker demo, QWidget* parent)
+    : QDialog(parent),
+      settings_(settings),
+      demo_(std::move(demo)),
+      list_(new QListWidget(this)),
+      problem_(ProblemLabel(this)) {
+  LayOut();
+}
+
+void CompanyChooser::LayOut() {
+  setObjectName("Company_FRM");
+  setWindowTitle("انتخاب شرکت");
+  setAccessibleName("انتخاب شرکت");
+  setLayoutDirection(Qt::RightToLeft);
+
+  list_->setObjectName("Company_LST");
+  list_->setAccessibleName("شرکت‌ها");
+  list_->setSpacing(2);
+  auto* demo = new QListWidgetItem(
+      "شرکت نمایشی\nداده‌های ساختگی برای آشنایی با گزارش‌ها",
+      list_);
+  demo->setData(kPathRole, QString());
+  for (const QString& path : settings_.RecentCompanies()) {
+    const QFileInfo file(path);
+    auto* item = new QListWidgetItem(
+        file.completeBaseName() + "\n" + QChar(0x2066) + QDir::toNativeSeparators(path) + QChar(0x2069),
+        list_);
+    item->setData(kPathRole, path);
+    item->setToolTip(path);
+  }
+  list_->setCurrentRow(list_->count() > 1 ? 1 : 0);
+  connect(list_, &QListWidget::itemActivated, this, &CompanyChooser::OpenCurrent);
+
+  auto* buttons = new QDialogButtonBox(this);
+  auto* open = buttons->addButton("باز کردن  Enter", QDialogButtonBox::AcceptRole);
+  open->setObjectName("Open_BTN");
+  open->setDefault(true);
+  auto* browse = buttons->addButton("پرونده دیگر…  F3", QDialogButtonBox::ActionRole);
+  browse->setObjectName("Browse_BTN");
+  buttons->addButton("خروج  Esc", QDialogButtonBox::RejectRole)->setObjectName("Exit_BTN");
+  connect(buttons, &QDialogButtonBox::accepted, this, &CompanyChooser::OpenCurrent);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  connect(browse, &QPushButton::clicked, this, &CompanyChooser::BrowseForFile);
+  connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this, &CompanyChooser::BrowseForFile);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(24, 20, 24, 16);
+  layout->setSpacing(10);
+  layout->addWidget(TitleLabel("انتخاب شرکت", this));
+  layout->addWidget(MutedLabel("با کدام شرکت کار می‌کنید؟", this));
+  layout->addWidget(list_, 1);
+  layout->addWidget(problem_);
+  layout->addWidget(buttons);
+  resize(560, 420);
+  list_->setFocus();
+}
+
+void CompanyChooser::OpenCurrent() {
+  const QListWidgetItem* item = list_->currentItem();
+  if (item == nullptr) return;
+  const QString path = item->data(kPathRole).toString();
+  if (path.isEmpty()) {
+    OpenDemo();
+  } else {
+    OpenFile(path);
+  }
+}
+
+void CompanyChooser::BrowseForFile() {
+  const QString path = QFileDialog::getOpenFileName(this, "باز کردن شرکت", QDir::homePath(), kFileKinds);
+  if (!path.isEmpty()) OpenFile(path);
+}
+
+void CompanyChooser::OpenDemo() {
+  try {
+    Open(demo_(), true);
+  } catch (const CompanyError& error) {
+    ShowProblem(ToQt(error.what()));
+  }
+}
+
+void CompanyChooser::OpenFile(const QString& path) {
+  Open(path, false);
+  if (opened_.company != nullptr) settings_.AddRecentCompany(path);
+}
+
+void CompanyChooser::Open(const QString& path, bool demo) {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  try {
+    opened_ = {OpenCompany(FromQt(path)), path, demo};
+    QApplication::restoreOverrideCursor();
+    accept();
+  } catch (const CompanyError& error) {
+    QApplication::restoreOverrideCursor();
+    opened_ = {};
+    ShowProblem(ToQt(error.what()));
+  }
+}
+
+void CompanyChooser::ShowProblem(const QString& text) {
+  problem_->setText(text);
+  problem_->setVisible(true);
+}
+
+OpenedCompany CompanyChooser::Choose() {
+  if (opened_.company == nullptr) exec();  // one may be open already, from the command line
+  return std::move(opened_);
+}
+
+}  // namespace goods

@@ -1,0 +1,53 @@
+// CompanyChooser: which company to work with.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <memory>
+
+#include "company/company.h"
+#include "desktop/app/services/desktop_settings.h"
+
+class QLabel;
+class QListWidget;
+
+namespace goods {
+
+struct OpenedCompany {
+  std::unique_ptr<ICompany> company;
+  QString path;
+  bool demo = false;
+};
+
+// Lists the demo company and the files that were opened before. Stays until a company is open or the user
+// gives up: what keeps one from opening is said in the window.
+class CompanyChooser : public QDialog {
+ public:
+  // Makes the demo company where it is missing and gives back its path; throws CompanyError.
+  using DemoMaker = std::function<QString()>;
+
+  // settings must outlive it; its list of recent companies is kept up to date.
+  CompanyChooser(DesktopSettings& settings, DemoMaker demo, QWidget* parent = nullptr);
+
+  // company is null when the user gave up.
+  OpenedCompany Choose();
+
+  // What the list's rows and the button do; public for who picks a file in another way.
+  void OpenDemo();
+  void OpenFile(const QString& path);
+
+ private:
+  void LayOut();
+  void OpenCurrent();
+  void BrowseForFile();
+  void Open(const QString& path, bool demo);
+  void ShowProblem(const QString& text);
+
+  DesktopSettings& settings_;
+  DemoMaker demo_;
+  QListWidget* list_;
+  QLabel* problem_;
+  OpenedCompany opened_;
+};
+
+}  // namespace goods

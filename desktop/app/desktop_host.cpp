@@ -1,0 +1,36 @@
+#include "desktop/app/desktop_host.h"
+
+#include <utility>
+
+namespace goods {
+namespace {
+
+ReportOpeners OpenersOf(ModuleLibrary& module) {
+  return {.stockCard = [&module](std::int64_t good, std::int64_t store, std::string_view from,
+                                 std::string_view to) { module.OpenKardex(good, store, from, to); }};
+}
+
+LoggingConnection::Connect ConnectTo(ICompany& company, DesktopHost::ConnectionWrapper wrap) {
+  return [&company, wrap = std::move(wrap)] {
+    auto connection = company.OpenConnection();
+    return wrap ? wrap(std::move(connection)) : std::move(connection);
+  };
+}
+
+}  // namespace
+
+DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSettings& settings,
+                         ModuleLibrary& module, StatementLog* log, ConnectionWrapper wrap)
+    : settings_(settings),
+      messages_(windows_),
+      waiting_(windows_),
+      printing_(windows_),
+      logged_(ConnectTo(company, std::move(wrap)), log),
+      connection_(logged_, waiting_),
+      rights_(company, user, messages_),
+      lookups_(company, [this] { return windows_.DialogParent(); }),
+      documents_(company, messages_, OpenersOf(module), [this] { return windows_.DialogParent(); }) {}
+
+DesktopHost::~DesktopHost() = default;
+
+}  // namespace goods

@@ -1,0 +1,20 @@
+#include "desktop/app/desktop_lookups.h"
+
+#include "desktop/app/entity_picker.h"
+#include "desktop/views/shown_text.h"
+#include "host/data/connection.h"
+
+namespace goods {
+
+std::optional<std::int64_t> DesktopLookups::SelectEntity(TForm* /*owner*/, EntityType type,
+                                                         std::int64_t current, std::string_view filter) {
+  if (type == EntityType::None) return std::nullopt;
+  try {
+    EntityPicker picker(Company(), static_cast<EntityKind>(type), current, ToQt(filter), parent_());
+    return picker.Choose();
+  } catch (const CompanyError& error) {
+    throw DatabaseError(error.what(), "");
+  }
+}
+
+}  // namespace goods

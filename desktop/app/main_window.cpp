@@ -1,0 +1,145 @@
+#include "desktop/app/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QIcon>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+
+#include "desktop/app/app_look.h"
+#include "desktop/app/help_windows.h"
+#include "desktop/app/report_catalog.h"
+#include "desktop/app/services/company_rights.h"
+#include "desktop/app/settings_dialog.h"
+#include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
+
+namespace goods {
+namespace {
+
+constexpr const char* kStateName = "Main";
+
+}  // namespace
+
+void ApplyLook(const DesktopOptions& options) {
+  SetPersianDigits(options.PersianDigits);
+  ApplyTheme(*qobject_cast<QApplication*>(QApplication::instance()),
+             options.DarkPalette ? ThemeMode::Dark : ThemeMode::Light);
+  QApplication::setWindowIcon(ProgramSign(64, 1));
+}
+
+MainWindow::MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& settings,
+                       const QString& companyTitle, const QString& companyPath)
+    : host_(host), module_(module), settings_(settings), page_(nullptr) {
+  setObjectName("Main_FRM");
+  setWindowTitle(QString(kProgramTitle) + " — " + companyTitle);
+  setLayoutDirection(Qt::RightToLeft);
+  resize(1180, 760);
+  const std::vector<OfferedReport> reports = OfferedReports();
+  page_ = new StartPage(
+      ShownText(companyTitle),
+      "گزارش را با کلیدهای جهت‌نما برگزینید و Enter را بزنید.",
+      reports, [this](const ReportEntry& entry) { OpenReport(entry); }, this);
+  setCentralWidget(page_);
+  MakeMenus(reports);
+  MakeStatusBar(companyTitle, companyPath);
+  restoreGeometry(settings_.WindowState(kStateName));
+  page_->FocusFirst();
+}
+
+MainWindow::~MainWindow() = default;
+
+std::vector<OfferedReport> MainWindow::OfferedReports() const {
+  std::vector<OfferedReport> offered;
+  IRights& rights = host_.Rights();
+  for (const ReportEntry& entry : ReportCatalog()) {
+    if (!module_.Has(entry.exportName)) continue;
+    const bool allowed =
+        rights.HavePermission(rights.UserInfo(), entry.softwarePart, kPermissionOpenReport, false, false, "");
+    offered.push_back(
+        {&entry, allowed ? QString() : ToQt(MissingRightText(entry.softwarePart, kPermissionOpenReport))});
+  }
+  return offered;
+}
+
+QAction* MainWindow::AddAction(QMenu& menu, const char* name, const QString& text,
+                               const QKeySequence& shortcut, void (MainWindow::*slot)()) {
+  QAction* action = menu.addAction(text, shortcut, this, slot);
+  action->setObjectName(name);
+  return action;
+}
+
+void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
+  QMenu& program = *menuBar()->addMenu("&برنامه");
+  AddAction(program, "SwitchCompany_ACT", "&تعویض شرکت…", Qt::Key_F3, &MainWindow::SwitchCompany);
+  AddAction(program, "SignOut_ACT", "خروج از &حساب کاربر", Qt::Key_F4, &MainWindow::SignOut);
+  program.addSeparator();
+  AddAction(program, "Settings_ACT", "ت&نظیمات…", Qt::Key_F12, &MainWindow::ShowSettings);
+  program.addSeparator();
+  AddAction(program, "Quit_ACT", "&خروج", QKeySequence("Ctrl+Q"), &MainWindow::Quit);
+
+  QMenu& list = *menuBar()->addMenu("&گزارش‌ها");
+  list.setToolTipsVisible(true);
+  const char* group = nullptr;
+  for (const OfferedReport& report : reports) {
+    if (group != nullptr && group != report.entry->group) list.addSeparator();
+    group = report.entry->group;
+    QAction* action = list.addAction(QString("&%1  %2").arg(report.entry->shortcut).arg(report.entry->title));
+    action->setObjectName(QString(report.entry->exportName) + "_ACT");
+    action->setShortcut(QKeySequence(QString("Ctrl+%1").arg(report.entry->shortcut)));
+    action->setEnabled(report.reason.isEmpty());
+    action->setToolTip(report.reason.isEmpty() ? QString(report.entry->description) : report.reason);
+    connect(action, &QAction::triggered, this, [this, entry = report.entry] { OpenReport(*entry); });
+  }
+
+  QMenu& help = *menuBar()->addMenu("&راهنما");
+  AddAction(help, "Keys_ACT", "&کلیدها", Qt::Key_F1, &MainWindow::ShowKeys);
+  AddAction(help, "About_ACT", "&درباره برنامه", {}, &MainWindow::ShowAbout);
+}
+
+void MainWindow::MakeStatusBar(const QString& companyTitle, const QString& companyPath) {
+  const auto add = [this](const char* name, const QString& text) {
+    auto* label = new QLabel(text, this);
+    label->setObjectName(name);
+    label->setContentsMargins(10, 2, 10, 2);
+    statusBar()->addWidget(label);
+    return label;
+  };
+  statusBar()->setSizeGripEnabled(false);
+  add("StatusCompany_LBL", "شرکت: " + ShownText(companyTitle))->setToolTip(companyPath);
+  add("StatusUser_LBL", "کاربر: " + ShownText(host_.Rights().UserInfo().Name));
+  add("StatusDate_LBL", "تاریخ: " + ShownText(host_.Windows().NowDate()));
+}
+
+void MainWindow::OpenReport(const ReportEntry& entry) {
+  RunUserAction(host_, [&] { entry.open(module_, entry); });
+}
+
+void MainWindow::ShowSettings() {
+  SettingsDialog dialog(settings_, this);
+  if (dialog.exec() == QDialog::Accepted) ApplyLook(settings_.Options());
+}
+
+void MainWindow::ShowKeys() { ShowKeysWindow(this); }
+void MainWindow::ShowAbout() { ShowAboutWindow(this); }
+
+void MainWindow::Leave(MainOutcome outcome) {
+  outcome_ = outcome;
+  close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  settings_.SetWindowState(kStateName, saveGeometry());
+  event->accept();
+  loop_.quit();
+}
+
+MainOutcome MainWindow::Run() {
+  outcome_ = MainOutcome::Quit;
+  show();
+  loop_.exec();
+  return outcome_;
+}
+
+}  // namespace goods

@@ -1,0 +1,59 @@
+// MainWindow: the reports, the menu, and who works with which company.
+#pragma once
+
+#include <QEventLoop>
+#include <QMainWindow>
+#include <QString>
+#include <vector>
+
+#include "desktop/app/services/desktop_settings.h"
+#include "desktop/app/services/module_library.h"
+#include "desktop/app/start_page.h"
+#include "host/services/host.h"
+
+namespace goods {
+
+// What the user wants after the window is closed.
+enum class MainOutcome { Quit, SignOut, SwitchCompany };
+
+class MainWindow : public QMainWindow {
+ public:
+  // All must outlive the window; the module has the host attached.
+  MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& settings, const QString& companyTitle,
+             const QString& companyPath);
+  ~MainWindow() override;
+
+  // Shows the window and returns when it is closed.
+  MainOutcome Run();
+
+  void OpenReport(const ReportEntry& entry);
+  void ShowSettings();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  std::vector<OfferedReport> OfferedReports() const;
+  void MakeMenus(const std::vector<OfferedReport>& reports);
+  QAction* AddAction(QMenu& menu, const char* name, const QString& text, const QKeySequence& shortcut,
+                     void (MainWindow::*slot)());
+  void MakeStatusBar(const QString& companyTitle, const QString& companyPath);
+  void Leave(MainOutcome outcome);
+  void Quit() { Leave(MainOutcome::Quit); }
+  void SignOut() { Leave(MainOutcome::SignOut); }
+  void SwitchCompany() { Leave(MainOutcome::SwitchCompany); }
+  void ShowKeys();
+  void ShowAbout();
+
+  THost& host_;
+  ModuleLibrary& module_;
+  DesktopSettings& settings_;
+  StartPage* page_;
+  QEventLoop loop_;
+  MainOutcome outcome_ = MainOutcome::Quit;
+};
+
+// The look that the settings ask for, given to the whole application.
+void ApplyLook(const DesktopOptions& options);
+
+}  // namespace goods

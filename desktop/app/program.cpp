@@ -1,0 +1,105 @@
+#include "desktop/app/program.h"
+
+#include <QApplication>
+#include <fstream>
+#include <utility>
+
+#include "desktop/app/app_look.h"
+#include "desktop/app/demo_company.h"
+#include "desktop/app/desktop_host.h"
+#include "desktop/app/sign_in.h"
+#include "desktop/views/shown_text.h"
+
+namespace goods {
+namespace {
+
+QString FolderOr(const std::string& given, const QString& otherwise) {
+  return given.empty() ? otherwise : ToQt(given);
+}
+
+std::string FirstLine(const std::string& path) {
+  std::ifstream file(path);
+  std::string line;
+  if (!std::getline(file, line)) throw CompanyError("پرونده گذرواژه خوانده نشد: " + path);
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  return line;
+}
+
+}  // namespace
+
+DesktopProgram::DesktopProgram(StartOptions options)
+    : options_(std::move(options)),
+      settings_(FolderOr(options_.settingsFolder, DesktopSettings::DefaultFolder())) {
+  ApplyLook(settings_.Options());
+}
+
+DesktopProgram::~DesktopProgram() = default;
+
+QString DesktopProgram::DemoFolder() const { return FolderOr(options_.dataFolder, DataFolder()); }
+
+int DesktopProgram::Run() {
+  // Windows come and go between sign-ins; the program ends only here.
+  QApplication::setQuitOnLastWindowClosed(false);
+  try {
+    if (!options_.statementLog.empty()) log_ = std::make_unique<StatementLog>(options_.statementLog);
+    const std::string folder = FromQt(QApplication::applicationDirPath());
+    module_ = std::make_unique<ModuleLibrary>(ModuleLibrary::Find(options_.module, folder));
+    while (company_.company != nullptr || ChooseCompany()) {
+      const auto user = SignIn();
+      const MainOutcome outcome = user ? Work(*user) : MainOutcome::SwitchCompany;
+      if (outcome == MainOutcome::Quit) return 0;
+      if (outcome == MainOutcome::SwitchCompany) company_ = {};
+    }
+    return 0;
+  } catch (const std::exception& error) {
+    Tell(ToQt(error.what()));
+    return 1;
+  }
+}
+
+bool DesktopProgram::ChooseCompany() {
+  CompanyChooser chooser(settings_, [this, &chooser] { return EnsureDemoCompany(DemoFolder(), &chooser); });
+  // What the command line names is tried first and once; what fails is told in the chooser.
+  const std::string file = std::exchange(options_.company, {});
+  const bool demo = std::exchange(options_.demo, false);
+  if (!file.empty()) {
+    chooser.OpenFile(ToQt(file));
+  } else if (demo) {
+    chooser.OpenDemo();
+  }
+  company_ = chooser.Choose();
+  return company_.company != nullptr;
+}
+
+std::optional<UserRecord> DesktopProgram::SignInFromOptions() {
+  const std::string login = std::exchange(options_.user, {});
+  if (login.empty() || options_.passwordFile.empty()) {
+    if (!login.empty()) settings_.SetLastLogin(ToQt(login));
+    return std::nullopt;
+  }
+  auto user = company_.company->SignIn(login, FirstLine(options_.passwordFile));
+  if (!user) throw CompanyError("نام کاربر یا گذرواژه درست نیست: " + login);
+  return user;
+}
+
+std::optional<UserRecord> DesktopProgram::SignIn() {
+  if (auto user = SignInFromOptions()) return user;
+  SignInDialog dialog(*company_.company, settings_.LastLogin(), company_.demo ? kDemoUsersHint : QString());
+  auto user = dialog.Ask();
+  if (user) settings_.SetLastLogin(ToQt(user->login));
+  return user;
+}
+
+MainOutcome DesktopProgram::Work(const UserRecord& user) {
+  DesktopHost host(*company_.company, user, settings_, *module_, log_.get());
+  module_->Attach(host);
+  // The kept windows go before the host that they were made with.
+  struct DetachScope {
+    ModuleLibrary& module;
+    ~DetachScope() { module.Detach(); }
+  } const scope{*module_};
+  MainWindow window(host, *module_, settings_, ToQt(company_.company->Title()), company_.path);
+  return window.Run();
+}
+
+}  // namespace goods

@@ -1,0 +1,83 @@
+#include "desktop/app/report_card.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "desktop/app/app_look.h"
+#include "desktop/app/report_catalog.h"
+#include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
+
+namespace goods {
+namespace {
+
+constexpr int kWidth = 330;
+constexpr int kHeight = 104;
+
+}  // namespace
+
+ReportCard::ReportCard(const ReportEntry& entry, const QString& reason, QWidget* parent)
+    : QPushButton(parent) {
+  const bool allowed = reason.isEmpty();
+  setObjectName(entry.exportName);
+  setAccessibleName(entry.title);
+  setAccessibleDescription(allowed ? QString(entry.description) : reason);
+  setEnabled(allowed);
+  setCursor(allowed ? Qt::PointingHandCursor : Qt::ArrowCursor);
+  if (!allowed) setToolTip(reason);
+
+  auto* title = new QLabel(entry.title, this);
+  QFont font = title->font();
+  font.setPointSizeF(font.pointSizeF() * 1.15);
+  font.setWeight(QFont::DemiBold);
+  title->setFont(font);
+  auto* shortcut = new QLabel(ShownDigits(QString("Ctrl+%1").arg(entry.shortcut)), this);
+  shortcut->setForegroundRole(QPalette::PlaceholderText);
+  shortcut->setVisible(allowed);
+  auto* about = MutedLabel(entry.description, this);
+
+  auto* head = new QHBoxLayout;
+  head->addWidget(title);
+  head->addStretch(1);
+  head->addWidget(shortcut);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(18, 12, 20, 12);
+  layout->setSpacing(4);
+  layout->addLayout(head);
+  layout->addWidget(about);
+  if (!allowed) {
+    auto* why = new QLabel(reason, this);
+    why->setObjectName("Reason_LBL");
+    why->setWordWrap(true);
+    why->setStyleSheet("color: " + CurrentTheme().warning.name());
+    layout->addWidget(why);
+  }
+  layout->addStretch(1);
+  for (QLabel* label : findChildren<QLabel*>()) label->setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+QSize ReportCard::sizeHint() const { return {kWidth, std::max(kHeight, layout()->minimumSize().height())}; }
+QSize ReportCard::minimumSizeHint() const { return sizeHint(); }
+
+void ReportCard::paintEvent(QPaintEvent* /*event*/) {
+  const Theme& theme = CurrentTheme();
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const bool live = isEnabled();
+  const QRectF box = QRectF(rect()).adjusted(1, 1, -1, -1);
+  painter.setBrush(!live          ? theme.window
+                   : isDown()     ? theme.accentSoft
+                   : underMouse() ? theme.buttonHover
+                                  : theme.surface);
+  painter.setPen(QPen(hasFocus() ? theme.accent : theme.border, hasFocus() ? 2 : 1));
+  painter.drawRoundedRect(box, 8, 8);
+  // A stripe at the side where reading starts.
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(live ? theme.accent : theme.border);
+  const double right = layoutDirection() == Qt::RightToLeft ? box.right() - 8 : box.left() + 4;
+  painter.drawRoundedRect(QRectF(right, box.top() + 14, 4, box.height() - 28), 2, 2);
+}
+
+}  // namespace goods

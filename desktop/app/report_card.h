@@ -1,0 +1,23 @@
+// ReportCard: a report on the start page.
+#pragma once
+
+#include <QPushButton>
+
+namespace goods {
+
+struct ReportEntry;
+
+// A button with a title, a line about the report and its shortcut. With a reason it is disabled and tells
+// why.
+class ReportCard : public QPushButton {
+ public:
+  ReportCard(const ReportEntry& entry, const QString& reason, QWidget* parent);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace goods

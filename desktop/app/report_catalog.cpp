@@ -1,0 +1,45 @@
+#include "desktop/app/report_catalog.h"
+
+#include <array>
+
+#include "desktop/app/services/module_library.h"
+#include "host/services/rights.h"
+
+namespace goods {
+namespace {
+
+void OpenPlain(ModuleLibrary& module, const ReportEntry& entry) { module.Call(entry.exportName); }
+
+constexpr const char* kStockCards = "کاردکس";
+constexpr const char* kTurnover = "گردش و موجودی";
+constexpr const char* kDetails = "جزئیات کالا";
+
+constexpr std::array<ReportEntry, 9> kReports{{
+    {kStockCards, "کاردکس کالا", "گردش یک کالا به ترتیب تاریخ، با مانده و قیمت میانگین", "Open_GoodKardex",
+     kPartStockCard, 1, OpenPlain},
+    {kStockCards, "جستجو در کاردکس",
+     "یافتن ردیف‌های کاردکس همه کالاها با شرط‌های دلخواه",
+     "Open_KardexSearch", kPartStockCardSearch, 2, OpenPlain},
+    {kTurnover, "موجودی کالا", "گردش و مانده مقداری کالاها", "Open_GoodAmountAsset", kPartAmountAsset, 3,
+     OpenPlain},
+    {kTurnover, "موجودی ریالی", "گردش و مانده کالاها با ارزش ریالی", "Open_GoodCashAsset", kPartCashAsset, 4,
+     OpenPlain},
+    {kTurnover, "گردش کلی کالا", "جمع گردش کالاها به تفکیک نوع عملیات", "Open_GoodTrans_Overall",
+     kPartOverallTurnover, 5, OpenPlain},
+    {kTurnover, "موجودی به تفکیک انبار", "مقدار و ارزش کالاها در هر انبار", "Open_GoodsAsset_Store",
+     kPartStoreAsset, 6, OpenPlain},
+    {kDetails, "گردش جزئیات کالا", "گردش کالاها به تفکیک مقدار جزئیات", "Open_DetailTransactions",
+     kPartGoodDetail, 7, OpenPlain},
+    {kDetails, "جستجو در گردش جزئیات",
+     "گردش جزئیات همه کالاها با شرط‌های دلخواه",
+     "Open_SearchInDetailTransactions", kPartGoodDetail, 8, OpenPlain},
+    {kDetails, "مغایرت جزئیات کالا",
+     "کالاهایی که جمع جزئیات آن‌ها با کاردکس نمی‌خواند",
+     "Open_DetailKardexAsset_Dismatch", kPartGoodDetail, 9, OpenPlain},
+}};
+
+}  // namespace
+
+std::span<const ReportEntry> ReportCatalog() { return kReports; }
+
+}  // namespace goods

@@ -1,0 +1,56 @@
+#include "desktop/app/services/company_lookups.h"
+
+#include "host/core/text.h"
+#include "host/data/connection.h"
+
+namespace goods {
+namespace {
+
+// The field of a record, null for a name that it does not have.
+const std::string* FieldOf(const EntityRecord& record, std::string_view field) {
+  if (SameText(field, "Name")) return &record.name;
+  if (SameText(field, "Unit")) return &record.unit;
+  if (SameText(field, "Unit2")) return &record.unit2;
+  return nullptr;
+}
+
+}  // namespace
+
+std::optional<std::vector<std::string>> CompanyLookups::LookupDBs(EntityType type, std::int64_t code,
+                                                                  std::string_view fields) {
+  if (type == EntityType::None) return std::nullopt;
+  try {
+    const auto record = company_.FindEntity(static_cast<EntityKind>(type), code);
+    if (!record) return std::nullopt;
+    std::vector<std::string> texts;
+    for (const std::string& field : Split(fields, ';')) {
+      const std::string* text = FieldOf(*record, field);
+      if (text == nullptr && type == EntityType::Good) {
+        return company_.Lookup("GoodInf", "Code", std::to_string(code), fields);
+      }
+      if (text == nullptr) throw CompanyError("این مشخصه وجود ندارد: " + field);
+      texts.push_back(*text);
+    }
+    return texts;
+  } catch (const CompanyError& error) {
+    throw DatabaseError(error.what(), "");
+  }
+}
+
+std::optional<std::int64_t> CompanyLookups::SelectEntity(TForm* /*owner*/, EntityType /*type*/,
+                                                         std::int64_t /*current*/,
+                                                         std::string_view /*filter*/) {
+  return std::nullopt;
+}
+
+std::string CompanyLookups::ReturnCategoryName(std::string_view categoryCode) {
+  const auto code = ParseInteger(Trim(categoryCode));
+  if (!code) return {};
+  try {
+    return company_.CategoryName(*code);
+  } catch (const CompanyError& error) {
+    throw DatabaseError(error.what(), "");
+  }
+}
+
+}  // namespace goods

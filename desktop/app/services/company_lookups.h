@@ -1,0 +1,28 @@
+// CompanyLookups: entities of the company by code. Choosing one is left to a host with a screen.
+#pragma once
+
+#include "company/company.h"
+#include "host/services/lookups.h"
+
+namespace goods {
+
+class CompanyLookups : public ILookups {
+ public:
+  // company must outlive it.
+  explicit CompanyLookups(ICompany& company) : company_(company) {}
+
+  std::optional<std::vector<std::string>> LookupDBs(EntityType type, std::int64_t code,
+                                                    std::string_view fields) override;
+  // Nobody is there to choose: always none.
+  std::optional<std::int64_t> SelectEntity(TForm* owner, EntityType type, std::int64_t current,
+                                           std::string_view filter) override;
+  std::string ReturnCategoryName(std::string_view categoryCode) override;
+
+ protected:
+  ICompany& Company() { return company_; }
+
+ private:
+  ICompany& company_;
+};
+
+}  // namespace goods

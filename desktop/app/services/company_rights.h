@@ -1,0 +1,33 @@
+// CompanyRights: what the signed-in user may do, as the company's user records say.
+#pragma once
+
+#include <string>
+
+#include "company/company.h"
+#include "host/services/messages.h"
+#include "host/services/rights.h"
+
+namespace goods {
+
+// What the user is told of a right that is missing: "شما مجوز ... ندارید."
+std::string MissingRightText(int softwarePart, int permission);
+
+// This host keeps no log of user actions: the flag for it, and SetUserEvent, do nothing.
+class CompanyRights : public IRights {
+ public:
+  // company and messages must outlive it.
+  CompanyRights(ICompany& company, UserRecord user, IMessages& messages);
+
+  const TUserInfo& UserInfo() const override { return info_; }
+  bool HavePermission(const TUserInfo& user, int softwarePart, int permission, bool showMessage, bool logged,
+                      std::string_view text) override;
+  void SetUserEvent(int softwarePart, int permission, std::int64_t code) override;
+
+ private:
+  ICompany& company_;
+  UserRecord user_;
+  TUserInfo info_;
+  IMessages& messages_;
+};
+
+}  // namespace goods

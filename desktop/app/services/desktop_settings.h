@@ -1,0 +1,56 @@
+// DesktopSettings: the settings of this computer's user, kept in one INI file of the program's folder.
+#pragma once
+
+#include <QByteArray>
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+#include <string>
+
+#include "host/services/settings.h"
+
+namespace goods {
+
+// What only this host knows.
+struct DesktopOptions {
+  bool PersianDigits = true;
+  bool DarkPalette = false;
+};
+
+class DesktopSettings : public ISettings {
+ public:
+  // Reads <folder>/goods-desktop.ini; makes the folder where it is missing. A file that cannot be read, and
+  // values out of range, count as not set.
+  explicit DesktopSettings(const QString& folder);
+
+  // The folder that is used when none is given: the user's configuration folder.
+  static QString DefaultFolder();
+
+  TSettings& Settings() override { return settings_; }
+  DesktopOptions& Options() { return options_; }
+  // Writes both of the above.
+  void Save();
+
+  void SaveSettingItem(int softwarePart, int item, bool on, std::int64_t number,
+                       std::string_view text) override;
+  // The folder is made where it is missing.
+  std::string GetSettingFilePath() const override;
+
+  // Company files that were opened, the last one first, at most ten.
+  QStringList RecentCompanies() const;
+  void AddRecentCompany(const QString& path);
+  QString LastLogin() const;
+  void SetLastLogin(const QString& login);
+  QByteArray WindowState(const QString& window) const;
+  void SetWindowState(const QString& window, const QByteArray& state);
+
+ private:
+  void Load();
+
+  QString folder_;
+  mutable QSettings store_;
+  TSettings settings_;
+  DesktopOptions options_;
+};
+
+}  // namespace goods

@@ -1,0 +1,107 @@
+#include "desktop/app/services/module_library.h"
+
+#include <filesystem>
+#include <limits>
+
+#include <dlfcn.h>
+
+#include "host/core/text.h"
+#include "host/services/host.h"
+#include "include/goods_transaction_qrt.h"
+
+namespace goods {
+namespace {
+
+constexpr const char* kFileName = "libGoods_Transaction_QRT.so";
+
+template <typename Function>
+Function* As(void* symbol) {
+  return reinterpret_cast<Function*>(symbol);
+}
+
+std::int32_t Narrow(std::int64_t code) {
+  if (code < std::numeric_limits<std::int32_t>::min() || code > std::numeric_limits<std::int32_t>::max()) {
+    throw ModuleError("این کد برای گزارش بزرگ است: " + std::to_string(code));
+  }
+  return static_cast<std::int32_t>(code);
+}
+
+}  // namespace
+
+ModuleError::~ModuleError() = default;
+
+std::vector<std::string> ModuleLibrary::SearchPaths(const std::string& programFolder) {
+  const std::filesystem::path folder(programFolder);
+  return {(folder / kFileName).string(), (folder / "lib" / kFileName).string(),
+          (folder / ".." / "lib" / kFileName).lexically_normal().string()};
+}
+
+std::string ModuleLibrary::Find(const std::string& given, const std::string& programFolder) {
+  if (!given.empty()) return given;
+  for (const std::string& path : SearchPaths(programFolder)) {
+    std::error_code ignored;
+    if (std::filesystem::exists(path, ignored)) return path;
+  }
+  throw ModuleError(std::string("کتابخانه گزارش‌ها پیدا نشد: ") + kFileName +
+                    "\nجای آن را با گزینه --module بدهید.");
+}
+
+ModuleLibrary::ModuleLibrary(const std::string& path) : path_(path) {
+  // A bare name would be looked for in the system's folders instead of here.
+  const std::string file = std::filesystem::absolute(path).string();
+  std::error_code ignored;
+  if (!std::filesystem::exists(file, ignored))
+    throw ModuleError("کتابخانه گزارش‌ها پیدا نشد: " + path);
+  handle_ = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (handle_ == nullptr) {
+    const char* reason = dlerror();
+    throw ModuleError("کتابخانه گزارش‌ها بارگذاری نشد: " + path + "\n" +
+                      (reason == nullptr ? "" : reason));
+  }
+  if (!Has("Goods_AttachHost") || !Has("Goods_DetachHost")) {
+    dlclose(handle_);
+    throw ModuleError("این پرونده کتابخانه گزارش‌ها نیست: " + path);
+  }
+}
+
+ModuleLibrary::~ModuleLibrary() {
+  // A library that still shows a window must stay where it is.
+  if (!Detach()) return;
+  dlclose(handle_);
+}
+
+void* ModuleLibrary::Find(const char* exportName) const { return dlsym(handle_, exportName); }
+
+void* ModuleLibrary::Require(const char* exportName) const {
+  void* symbol = Find(exportName);
+  if (symbol == nullptr)
+    throw ModuleError(std::string("این گزارش در کتابخانه گزارش‌ها نیست: ") +
+                      exportName);
+  return symbol;
+}
+
+void ModuleLibrary::Attach(THost& host) {
+  auto* attach = As<decltype(Goods_AttachHost)>(Require("Goods_AttachHost"));
+  if (attach(GOODS_HOST_VERSION, reinterpret_cast<goods_host*>(&host)) != 1) {
+    throw ModuleError("کتابخانه گزارش‌ها با این برنامه همخوان نیست: " +
+                      path_);
+  }
+  attached_ = true;
+}
+
+bool ModuleLibrary::Detach() {
+  if (!attached_) return true;
+  if (As<decltype(Goods_DetachHost)>(Require("Goods_DetachHost"))() != 1) return false;
+  attached_ = false;
+  return true;
+}
+
+void ModuleLibrary::Call(const char* exportName) { As<void()>(Require(exportName))(); }
+
+void ModuleLibrary::OpenKardex(std::int64_t good, std::int64_t store, std::string_view from,
+                               std::string_view to) {
+  auto* open = As<decltype(Open_Kardex)>(Require("Open_Kardex"));
+  open(Narrow(good), Narrow(store), ToUtf16(from).c_str(), ToUtf16(to).c_str());
+}
+
+}  // namespace goods

@@ -1,0 +1,110 @@
+#include "desktop/app/start_page.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/app/app_look.h"
+#include "desktop/app/report_card.h"
+#include "desktop/app/report_catalog.h"
+
+namespace goods {
+namespace {
+
+constexpr int kCardsInLine = 3;
+
+QLabel* GroupLabel(const QString& text, QWidget* parent) {
+  auto* label = new QLabel(text, parent);
+  QFont font = label->font();
+  font.setWeight(QFont::DemiBold);
+  label->setFont(font);
+  label->setForegroundRole(QPalette::PlaceholderText);
+  return label;
+}
+
+// Which way an arrow key moves among cards that stand from right to left; 0 for other keys.
+int StepOf(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return 1;
+    case Qt::Key_Right:
+      return -1;
+    case Qt::Key_Down:
+      return kCardsInLine;
+    case Qt::Key_Up:
+      return -kCardsInLine;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
+
+StartPage::StartPage(const QString& title, const QString& subtitle, const std::vector<OfferedReport>& reports,
+                     std::function<void(const ReportEntry&)> open, QWidget* parent)
+    : QScrollArea(parent) {
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  auto* page = new QWidget;
+  setWidget(page);
+  page->setObjectName("Start_PNL");
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins(40, 32, 40, 32);
+  layout->setSpacing(12);
+  layout->addWidget(TitleLabel(title, page));
+  layout->addWidget(MutedLabel(subtitle, page));
+  layout->addSpacing(8);
+
+  QGridLayout* grid = nullptr;
+  QString group;
+  int place = 0;
+  for (const OfferedReport& report : reports) {
+    if (grid == nullptr || group != report.entry->group) {
+      group = report.entry->group;
+      layout->addSpacing(8);
+      layout->addWidget(GroupLabel(group, page));
+      grid = new QGridLayout;
+      grid->setSpacing(14);
+      grid->setColumnStretch(kCardsInLine, 1);
+      layout->addLayout(grid);
+      place = 0;
+    }
+    auto* card = new ReportCard(*report.entry, report.reason, page);
+    grid->addWidget(card, place / kCardsInLine, place % kCardsInLine);
+    ++place;
+    if (!report.reason.isEmpty()) continue;
+    cards_.push_back(card);
+    card->installEventFilter(this);
+    connect(card, &QPushButton::clicked, this, [open, entry = report.entry] { open(*entry); });
+  }
+  layout->addStretch(1);
+}
+
+void StartPage::FocusFirst() {
+  if (!cards_.empty()) cards_.front()->setFocus();
+}
+
+bool StartPage::eventFilter(QObject* watched, QEvent* event) {
+  const auto here = std::find(cards_.begin(), cards_.end(), watched);
+  if (event->type() != QEvent::KeyPress || here == cards_.end())
+    return QScrollArea::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    (*here)->click();
+    return true;
+  }
+  const int step = StepOf(key);
+  if (step == 0) return QScrollArea::eventFilter(watched, event);
+  const auto last = static_cast<std::ptrdiff_t>(cards_.size()) - 1;
+  const auto target = std::clamp<std::ptrdiff_t>((here - cards_.begin()) + step, 0, last);
+  ReportCard* card = cards_[static_cast<std::size_t>(target)];
+  card->setFocus();
+  ensureWidgetVisible(card);
+  return true;
+}
+
+}  // namespace goods

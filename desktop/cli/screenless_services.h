@@ -1,0 +1,96 @@
+// The services of the screenless host that need no more than a terminal.
+#pragma once
+
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+#include "host/services/documents.h"
+#include "host/services/messages.h"
+#include "host/services/printing.h"
+#include "host/services/settings.h"
+#include "host/services/waiting.h"
+
+namespace goods {
+
+// Messages go to a stream, a line each. Whatever a report has to say ends its run without success.
+class StreamMessages : public IMessages {
+ public:
+  explicit StreamMessages(std::ostream& out) : out_(out) {}
+  bool AnySaid() const { return anySaid_; }
+
+  void ShowSmartMessage(std::string_view text, std::string_view caption, MessageIcon icon) override;
+  void ShowSmartMessage(int number, std::string_view inserted) override;
+  void OpenOther(std::string_view text, std::string_view name) override;
+  void MsgWithoutGardesh(std::string_view name) override;
+  void MsgRequiredField(std::string_view name) override;
+  void ShowTooltipMessage(const TControl& beside, std::string_view text, int width) override;
+  void ShowError(const std::exception& error) override;
+
+ private:
+  void Say(const std::string& text);
+
+  std::ostream& out_;
+  bool anySaid_ = false;
+};
+
+class NoWaiting : public IWaiting {
+ public:
+  void ShowWaitting(TForm* owner, std::string_view text) override;
+  void HideWaitting(TForm* owner, int reserved) override;
+};
+
+// The defaults; nothing is kept.
+class FixedSettings : public ISettings {
+ public:
+  TSettings& Settings() override { return settings_; }
+  void SaveSettingItem(int softwarePart, int item, bool on, std::int64_t number,
+                       std::string_view text) override;
+  std::string GetSettingFilePath() const override { return {}; }
+
+ private:
+  TSettings settings_;
+};
+
+// Hands each print job to a function instead of showing it.
+class PrintToFunction : public IPrinting {
+ public:
+  explicit PrintToFunction(std::function<void(const PrintJob&)> print) : print_(std::move(print)) {}
+  bool Printed() const { return printed_; }
+  void Preview(const PrintJob& job) override;
+
+ private:
+  std::function<void(const PrintJob&)> print_;
+  bool printed_ = false;
+};
+
+// Without a screen there is no document to read: every opener does nothing.
+class NoDocuments : public IDocuments {
+ public:
+  bool LoadedDLLs(DocumentModule module) const override;
+  bool IsSellFormShow() const override { return false; }
+  bool IsBuyFormShow() const override { return false; }
+  bool IsReturnFormShow() const override { return false; }
+  bool IsFixProduceFormShow() const override { return false; }
+  bool IsVarProduceFormShow() const override { return false; }
+  bool IsAdvancedProduceFormShow() const override { return false; }
+  bool IsGoodAssignmentRecieptFormShow() const override { return false; }
+  bool IsVoucherShow() const override { return false; }
+  void Call_SaleInvoice(std::int64_t, int) override {}
+  void Call_BuyFactor(std::int64_t, int) override {}
+  void Call_InvoiceReturns(std::int64_t, int, int) override {}
+  void Call_WarehouseTransfer(std::int64_t, int) override {}
+  void Call_FixProduce(std::int64_t, int) override {}
+  void Call_VarProduce(std::int64_t, int) override {}
+  void Call_AdvancedProduce(std::int64_t, int) override {}
+  void Call_GoodAssignment(int, std::int64_t, int) override {}
+  void Call_GoodReciept(int, std::int64_t, int) override {}
+  void Call_GoodGet(std::int64_t, int) override {}
+  void Open_Voucher(std::int64_t, int) override {}
+  void Call_KardexKala(std::int64_t, std::int64_t, std::string_view, std::string_view) override {}
+  void Call_GoodDetailTransactions(std::int64_t, bool, std::int64_t, bool, std::string_view, std::string_view,
+                                   bool, std::string_view, bool, std::string_view) override {}
+};
+
+}  // namespace goods

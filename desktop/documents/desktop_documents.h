@@ -1,0 +1,75 @@
+// DesktopDocuments: the host's openers, each a window to read the document in.
+#pragma once
+
+#include <functional>
+#include <set>
+
+#include "company/company.h"
+#include "host/services/documents.h"
+#include "host/services/messages.h"
+
+class QWidget;
+
+namespace goods {
+
+// The reports that the host opens on behalf of another report.
+struct ReportOpeners {
+  std::function<void(std::int64_t good, std::int64_t store, std::string_view from, std::string_view to)>
+      stockCard;
+};
+
+class DesktopDocuments : public IDocuments {
+ public:
+  // company and messages must outlive it. parent gives the window that documents open over.
+  DesktopDocuments(ICompany& company, IMessages& messages, ReportOpeners reports,
+                   std::function<QWidget*()> parent);
+
+  // Whether another part of the program works with the module. Nothing here does by itself.
+  void SetLoadedDLLs(DocumentModule module, bool loaded);
+
+  bool LoadedDLLs(DocumentModule module) const override { return loaded_.contains(module); }
+  bool IsSellFormShow() const override { return Shows(DocumentModule::Sale); }
+  bool IsBuyFormShow() const override { return Shows(DocumentModule::Buy); }
+  bool IsReturnFormShow() const override { return Shows(DocumentModule::Returns); }
+  bool IsFixProduceFormShow() const override { return Shows(DocumentModule::FixProduce); }
+  bool IsVarProduceFormShow() const override { return Shows(DocumentModule::VarProduce); }
+  bool IsAdvancedProduceFormShow() const override { return Shows(DocumentModule::AdvancedProduce); }
+  // Issue and receipt notes share one flag.
+  bool IsGoodAssignmentRecieptFormShow() const override {
+    return Shows(DocumentModule::GoodAssignment) || Shows(DocumentModule::GoodReciept);
+  }
+  bool IsVoucherShow() const override { return Shows(DocumentModule::Voucher); }
+
+  void Call_SaleInvoice(std::int64_t code, int mode) override;
+  void Call_BuyFactor(std::int64_t code, int mode) override;
+  void Call_InvoiceReturns(std::int64_t code, int movementType, int mode) override;
+  void Call_WarehouseTransfer(std::int64_t code, int mode) override;
+  void Call_FixProduce(std::int64_t code, int mode) override;
+  void Call_VarProduce(std::int64_t code, int mode) override;
+  void Call_AdvancedProduce(std::int64_t code, int mode) override;
+  void Call_GoodAssignment(int softwarePart, std::int64_t code, int mode) override;
+  void Call_GoodReciept(int softwarePart, std::int64_t code, int mode) override;
+  void Call_GoodGet(std::int64_t code, int mode) override;
+  void Open_Voucher(std::int64_t code, int mode) override;
+  void Call_KardexKala(std::int64_t good, std::int64_t store, std::string_view from,
+                       std::string_view to) override;
+  void Call_GoodDetailTransactions(std::int64_t good, bool storeGiven, std::int64_t store, bool datesGiven,
+                                   std::string_view from, std::string_view to, bool tagsGiven,
+                                   std::string_view tags, bool categoryGiven,
+                                   std::string_view category) override;
+
+ private:
+  bool Shows(DocumentModule module) const { return shown_.contains(module); }
+  // Shows the document and returns when its window is closed; module's flag is set meanwhile.
+  void Show(DocumentKind kind, std::int64_t code, DocumentModule module);
+  void ShowWindow(DocumentKind kind, std::int64_t code);
+
+  ICompany& company_;
+  IMessages& messages_;
+  ReportOpeners reports_;
+  std::function<QWidget*()> parent_;
+  std::set<DocumentModule> loaded_;
+  std::multiset<DocumentModule> shown_;
+};
+
+}  // namespace goods

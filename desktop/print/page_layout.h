@@ -1,0 +1,84 @@
+// How a print job falls into pages. Worked out once for a paper and a font, independent of the device.
+#pragma once
+
+#include <QFont>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "host/services/printing.h"
+
+namespace goods {
+
+// Fonts are measured and painted this many times their size, because a font's pixel size is a whole number.
+inline constexpr int kFontUnits = 8;
+
+// Lengths are points (1/72 inch).
+struct PrintedColumn {
+  int index = -1;  // in the table; -1: row numbers
+  QString group;
+  QString title;
+  TextAlign align = TextAlign::Start;
+  bool isNumber = false;
+  double left = 0;  // on the paper
+  double width = 0;
+};
+
+struct PrintedPage {
+  std::size_t firstRow = 0;
+  std::size_t rows = 0;
+  bool head = false;    // the title and the lines stand on it
+  bool footer = false;  // the totals stand on it
+};
+
+class PageLayout {
+ public:
+  // job's table must outlive the layout. More columns than suit an upright sheet turn it.
+  PageLayout(const PrintJob& job, std::string today);
+
+  const PrintJob& Job() const { return job_; }
+  const std::string& Today() const { return today_; }
+  bool Landscape() const { return landscape_; }
+  QSizeF PaperSize() const;  // A4
+  QRectF Body() const;       // within the margins
+  const std::vector<PrintedColumn>& Columns() const { return columns_; }
+  const std::vector<PrintedPage>& Pages() const { return pages_; }
+  double RowHeight() const { return rowHeight_; }
+  double GroupHeight() const { return groupHeight_; }
+  double HeaderHeight() const { return headerHeight_; }
+  double HeadHeight() const { return headHeight_; }
+  double LineHeight() const { return lineHeight_; }
+  double TitleHeight() const { return titleHeight_; }
+  double PageFooterHeight() const { return pageFooterHeight_; }
+  // What the lines above the table need, wrapped to the body's width.
+  const std::vector<QString>& Lines() const { return lines_; }
+
+  QFont Font() const;
+  QFont BoldFont() const;
+  QFont TitleFont() const;
+
+ private:
+  void PlaceColumns();
+  void Measure();
+  void BreakPages();
+
+  PrintJob job_;
+  std::string today_;
+  bool landscape_ = false;
+  double fontSize_ = 8;
+  std::vector<PrintedColumn> columns_;
+  std::vector<PrintedPage> pages_;
+  std::vector<QString> lines_;
+  double rowHeight_ = 0;
+  double groupHeight_ = 0;
+  double headerHeight_ = 0;
+  double headHeight_ = 0;
+  double lineHeight_ = 0;
+  double titleHeight_ = 0;
+  double pageFooterHeight_ = 0;
+};
+
+}  // namespace goods

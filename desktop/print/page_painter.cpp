@@ -1,0 +1,171 @@
+#include "desktop/print/page_painter.h"
+
+#include <QPainter>
+
+#include "desktop/views/shown_text.h"
+
+namespace goods {
+namespace {
+
+const QColor kInk(0x1C2530);
+const QColor kFaint(0x5C6878);
+const QColor kRule(0xB8C2CE);
+const QColor kHeaderFill(0xE9EEF4);
+const QColor kBandFill(0xF6F8FB);
+constexpr double kCellPadding = 3;
+constexpr double kHairline = 0.4;
+
+class Page {
+ public:
+  Page(QPainter& painter, const PageLayout& layout, std::size_t index)
+      : painter_(painter),
+        layout_(layout),
+        index_(index),
+        page_(layout.Pages()[index]),
+        top_(layout.Body().top()) {}
+
+  void Paint() {
+    if (page_.head) PaintHead();
+    PaintHeader();
+    for (std::size_t i = 0; i < page_.rows; ++i) PaintRow(page_.firstRow + i);
+    if (page_.footer) PaintFooter();
+    PaintPageFooter();
+  }
+
+ private:
+  // Text in a box of points; fonts are kFontUnits times their size, so the box is, too.
+  void Text(const QRectF& box, const QString& text, const QFont& font, TextAlign align) {
+    painter_.save();
+    painter_.scale(1.0 / kFontUnits, 1.0 / kFontUnits);
+    painter_.setFont(font);
+    DrawCell(painter_, QRectF(box.topLeft() * kFontUnits, box.size() * kFontUnits).toRect(), text, align,
+             true);
+    painter_.restore();
+  }
+  void WrappedText(const QRectF& box, const QString& text, const QFont& font) {
+    painter_.save();
+    painter_.scale(1.0 / kFontUnits, 1.0 / kFontUnits);
+    painter_.setFont(font);
+    painter_.setLayoutDirection(Qt::RightToLeft);
+    painter_.drawText(QRectF(box.topLeft() * kFontUnits, box.size() * kFontUnits),
+                      Qt::AlignCenter | Qt::TextWordWrap, text);
+    painter_.restore();
+  }
+
+  QRectF Cell(const PrintedColumn& column, double height) const {
+    return {column.left, top_, column.width, height};
+  }
+
+  void PaintHead() {
+    const QRectF body = layout_.Body();
+    painter_.setPen(kInk);
+    Text({body.left(), top_, body.width(), layout_.TitleHeight()}, ShownText(layout_.Job().title),
+         layout_.TitleFont(), TextAlign::Center);
+    double y = top_ + layout_.TitleHeight();
+    painter_.setPen(kFaint);
+    for (const QString& line : layout_.Lines()) {
+      Text({body.left(), y, body.width(), layout_.LineHeight()}, line, layout_.Font(), TextAlign::Center);
+      y += layout_.LineHeight();
+    }
+    top_ += layout_.HeadHeight();
+  }
+
+  void PaintHeader() {
+    const double height = layout_.HeaderHeight();
+    const QRectF body = layout_.Body();
+    painter_.fillRect(QRectF(body.left(), top_, body.width(), height), kHeaderFill);
+    painter_.setPen(kInk);
+    for (const PrintedColumn& column : layout_.Columns()) {
+      QRectF box = Cell(column, height);
+      if (!column.group.isEmpty()) box.setTop(box.top() + layout_.GroupHeight());
+      painter_.setPen(kInk);
+      WrappedText(box.adjusted(2, 0, -2, 0), column.title, layout_.BoldFont());
+      Frame(box);
+    }
+    PaintGroups();
+    top_ += height;
+  }
+
+  void PaintGroups() {
+    const auto& columns = layout_.Columns();
+    for (std::size_t from = 0; from < columns.size();) {
+      std::size_t to = from + 1;
+      const QString& group = columns[from].group;
+      while (to < columns.size() && !group.isEmpty() && columns[to].group == group) ++to;
+      if (!group.isEmpty()) {
+        const QRectF box(columns[to - 1].left, top_,
+                         columns[from].left + columns[from].width - columns[to - 1].left,
+                         layout_.GroupHeight());
+        painter_.setPen(kInk);
+        Text(box.adjusted(2, 0, -2, 0), group, layout_.BoldFont(), TextAlign::Center);
+        Frame(box);
+      }
+      from = to;
+    }
+  }
+
+  void PaintRow(std::size_t row) {
+    const double height = layout_.RowHeight();
+    const QRectF body = layout_.Body();
+    if (row % 2 == 1) painter_.fillRect(QRectF(body.left(), top_, body.width(), height), kBandFill);
+    for (const PrintedColumn& column : layout_.Columns()) {
+      const QString text =
+          column.index < 0
+              ? ShownDigits(QString::number(row + 1))
+              : ShownCell(layout_.Job().table->CellText(row, static_cast<std::size_t>(column.index)),
+                          column.isNumber);
+      painter_.setPen(column.index < 0 ? kFaint : kInk);
+      Text(Cell(column, height).adjusted(kCellPadding, 0, -kCellPadding, 0), text, layout_.Font(),
+           column.align);
+      Frame(Cell(column, height));
+    }
+    top_ += height;
+  }
+
+  void PaintFooter() {
+    const double height = layout_.RowHeight();
+    const QRectF body = layout_.Body();
+    painter_.fillRect(QRectF(body.left(), top_, body.width(), height), kHeaderFill);
+    for (const PrintedColumn& column : layout_.Columns()) {
+      if (column.index >= 0) {
+        painter_.setPen(kInk);
+        const std::string text = layout_.Job().table->FooterText(static_cast<std::size_t>(column.index));
+        Text(Cell(column, height).adjusted(kCellPadding, 0, -kCellPadding, 0), ShownCell(text, true),
+             layout_.BoldFont(), column.align);
+      }
+      Frame(Cell(column, height));
+    }
+    top_ += height;
+  }
+
+  void PaintPageFooter() {
+    const QRectF body = layout_.Body();
+    const QRectF box(body.left(), body.bottom() - layout_.RowHeight(), body.width(), layout_.RowHeight());
+    painter_.setPen(kFaint);
+    const std::string pages =
+        "صفحه " + std::to_string(index_ + 1) + " از " + std::to_string(layout_.Pages().size());
+    Text(box, ShownText(pages), layout_.Font(), TextAlign::Center);
+    Text(box, ShownText("تاریخ: " + layout_.Today()), layout_.Font(), TextAlign::Start);
+    if (!page_.head) Text(box, ShownText(layout_.Job().title), layout_.Font(), TextAlign::End);
+  }
+
+  void Frame(const QRectF& box) {
+    painter_.setPen(QPen(kRule, kHairline));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRect(box);
+  }
+
+  QPainter& painter_;
+  const PageLayout& layout_;
+  std::size_t index_;
+  const PrintedPage& page_;
+  double top_;
+};
+
+}  // namespace
+
+void PaintPage(QPainter& painter, const PageLayout& layout, std::size_t page) {
+  Page(painter, layout, page).Paint();
+}
+
+}  // namespace goods

@@ -1,0 +1,153 @@
+#include "desktop/print/preview_window.h"
+
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/print/export.h"
+#include "desktop/print/page_painter.h"
+#include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
+
+namespace goods {
+namespace {
+
+constexpr double kPointsPerInch = 72;
+constexpr double kZoomStep = 1.2;
+
+void SetUpPaper(QPrinter& printer, const PageLayout& layout) {
+  printer.setFullPage(true);
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  printer.setPageOrientation(layout.Landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
+  printer.setPageMargins(QMarginsF(0, 0, 0, 0));
+}
+
+}  // namespace
+
+PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent)
+    : QDialog(parent), layout_(layout), printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
+  setObjectName("PreviewWindow");
+  setLayoutDirection(Qt::RightToLeft);
+  setWindowTitle(QString::fromUtf8("پیش نمایش: ") + ShownText(layout.Job().title));
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  resize(Scaled(1000, *this), Scaled(740, *this));
+  SetUpPaper(*printer_, layout_);
+  auto* outer = new QVBoxLayout(this);
+  auto* bar = new QHBoxLayout;
+  bar->setSpacing(Scaled(6, *this));
+  AddButton(*bar, "چاپ", "Print", &PreviewWindow::Print)->setDefault(true);
+  AddButton(*bar, "ذخیره PDF", "SavePdf", &PreviewWindow::AskAndSave);
+  bar->addSpacing(Scaled(16, *this));
+  AddButton(*bar, "صفحه قبل", "Previous", &PreviewWindow::Previous);
+  page_ = new QLabel(this);
+  page_->setObjectName("Page");
+  page_->setMinimumWidth(Scaled(90, *this));
+  page_->setAlignment(Qt::AlignCenter);
+  bar->addWidget(page_);
+  AddButton(*bar, "صفحه بعد", "Next", &PreviewWindow::Next);
+  bar->addSpacing(Scaled(16, *this));
+  AddButton(*bar, "+", "ZoomIn", &PreviewWindow::ZoomIn)->setAccessibleName("بزرگ‌تر");
+  AddButton(*bar, "−", "ZoomOut", &PreviewWindow::ZoomOut)->setAccessibleName("کوچک‌تر");
+  AddButton(*bar, "عرض صفحه", "FitWidth", &PreviewWindow::FitWidth);
+  AddButton(*bar, "تمام صفحه", "FitPage", &PreviewWindow::FitPage);
+  bar->addStretch();
+  AddButton(*bar, "بستن Esc", "Close", &PreviewWindow::Leave);
+  outer->addLayout(bar);
+  preview_ = new QPrintPreviewWidget(printer_.get(), this);
+  preview_->setAccessibleName("صفحه‌ها");
+  outer->addWidget(preview_, 1);
+  connect(preview_, &QPrintPreviewWidget::paintRequested, this,
+          [this](QPrinter* printer) { PaintOn(*printer); });
+  connect(preview_, &QPrintPreviewWidget::previewChanged, this, [this] { UpdatePageNumber(); });
+  preview_->fitToWidth();
+  UpdatePageNumber();
+}
+
+PreviewWindow::~PreviewWindow() { delete preview_; }
+
+QPushButton* PreviewWindow::AddButton(QLayout& bar, const QString& text, const char* name,
+                                      void (PreviewWindow::*action)()) {
+  auto* button = new QPushButton(text, this);
+  button->setObjectName(name);
+  button->setAutoDefault(false);
+  connect(button, &QPushButton::clicked, this, action);
+  bar.addWidget(button);
+  return button;
+}
+
+void PreviewWindow::PaintOn(QPrinter& printer) const {
+  QPainter painter;
+  if (!painter.begin(&printer)) return;
+  const double scale = printer.resolution() / kPointsPerInch;
+  painter.scale(scale, scale);
+  const int last = static_cast<int>(layout_.Pages().size());
+  const int from = printer.fromPage() == 0 ? 1 : std::clamp(printer.fromPage(), 1, last);
+  const int to = printer.toPage() == 0 ? last : std::clamp(printer.toPage(), from, last);
+  for (int page = from; page <= to; ++page) {
+    if (page > from) printer.newPage();
+    PaintPage(painter, layout_, static_cast<std::size_t>(page - 1));
+  }
+}
+
+void PreviewWindow::Print() {
+  QPrinter paper(QPrinter::HighResolution);
+  SetUpPaper(paper, layout_);
+  QPrintDialog dialog(&paper, this);
+  dialog.setMinMax(1, static_cast<int>(layout_.Pages().size()));
+  if (dialog.exec() == QDialog::Accepted) PaintOn(paper);
+}
+
+void PreviewWindow::SaveAsPdf(const QString& path) {
+  try {
+    WritePdf(layout_.Job(), FromQt(path), layout_.Today());
+  } catch (const ExportError& error) {
+    QMessageBox::warning(this, windowTitle(), ToQt(error.what()));
+  }
+}
+
+void PreviewWindow::AskAndSave() {
+  const QString path =
+      QFileDialog::getSaveFileName(this, "ذخیره PDF", ToQt(layout_.Job().title) + ".pdf", "PDF (*.pdf)");
+  if (!path.isEmpty()) SaveAsPdf(path);
+}
+
+int PreviewWindow::CurrentPage() const { return preview_->currentPage(); }
+
+void PreviewWindow::GoToPage(int page) {
+  preview_->setCurrentPage(std::clamp(page, 1, static_cast<int>(layout_.Pages().size())));
+  UpdatePageNumber();
+}
+
+void PreviewWindow::UpdatePageNumber() {
+  const std::string text =
+      std::to_string(std::max(1, CurrentPage())) + " از " + std::to_string(layout_.Pages().size());
+  page_->setText(ShownText(text));
+}
+
+void PreviewWindow::ZoomIn() { preview_->zoomIn(kZoomStep); }
+void PreviewWindow::ZoomOut() { preview_->zoomOut(kZoomStep); }
+void PreviewWindow::FitWidth() { preview_->fitToWidth(); }
+void PreviewWindow::FitPage() { preview_->fitInView(); }
+
+void PreviewWindow::keyPressEvent(QKeyEvent* event) {
+  const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
+  if (event->key() == Qt::Key_PageDown) return Next();
+  if (event->key() == Qt::Key_PageUp) return Previous();
+  if (ctrl && event->key() == Qt::Key_P) return Print();
+  if (ctrl && event->key() == Qt::Key_S) return AskAndSave();
+  if (ctrl && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) return ZoomIn();
+  if (ctrl && event->key() == Qt::Key_Minus) return ZoomOut();
+  QDialog::keyPressEvent(event);
+}
+
+}  // namespace goods

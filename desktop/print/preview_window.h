@@ -1,0 +1,51 @@
+// PreviewWindow: the pages of a report on the screen, with zoom, paper and PDF.
+#pragma once
+
+#include <QDialog>
+
+#include "desktop/print/page_layout.h"
+
+class QLabel;
+class QLineEdit;
+class QPrinter;
+class QPrintPreviewWidget;
+class QPushButton;
+
+namespace goods {
+
+// Esc closes, Ctrl+P prints, Ctrl+S saves as PDF, PageUp and PageDown turn, Ctrl and plus or minus zoom.
+class PreviewWindow : public QDialog {
+ public:
+  // layout must outlive the window.
+  PreviewWindow(const PageLayout& layout, QWidget* parent);
+  ~PreviewWindow() override;
+
+  int CurrentPage() const;
+  void GoToPage(int page);  // from 1
+  void SaveAsPdf(const QString& path);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void PaintOn(QPrinter& printer) const;
+  void Print();
+  void AskAndSave();
+  void UpdatePageNumber();
+  QPushButton* AddButton(class QLayout& bar, const QString& text, const char* name,
+                         void (PreviewWindow::*action)());
+  void Next() { GoToPage(CurrentPage() + 1); }
+  void Previous() { GoToPage(CurrentPage() - 1); }
+  void ZoomIn();
+  void ZoomOut();
+  void FitWidth();
+  void FitPage();
+  void Leave() { reject(); }
+
+  const PageLayout& layout_;
+  std::unique_ptr<QPrinter> printer_;
+  QPrintPreviewWidget* preview_;
+  QLabel* page_;
+};
+
+}  // namespace goods

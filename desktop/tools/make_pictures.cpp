@@ -1,0 +1,141 @@
+// goods-pictures: drives the real windows without a screen and writes their pictures for the papers.
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QDir>
+#include <iostream>
+
+#include "desktop/app/company_chooser.h"
+#include "desktop/app/demo_company.h"
+#include "desktop/app/desktop_host.h"
+#include "desktop/app/entity_picker.h"
+#include "desktop/app/main_window.h"
+#include "desktop/app/report_catalog.h"
+#include "desktop/app/settings_dialog.h"
+#include "desktop/app/sign_in.h"
+#include "desktop/tools/window_driver.h"
+#include "desktop/views/shown_text.h"
+
+namespace goods {
+namespace {
+
+struct Pictures {
+  ICompany& company;
+  DesktopSettings& settings;
+  ModuleLibrary& module;
+  QString folder;
+
+  void Save(QWidget& window, const char* name) const {
+    const QString path = folder + "/" + name + ".png";
+    if (!PictureOf(window).save(path)) throw std::runtime_error("cannot write " + FromQt(path));
+    std::cout << FromQt(path) << "\n";
+  }
+};
+
+void PictureDialogs(const Pictures& pictures) {
+  SignInDialog signIn(pictures.company, "admin", kDemoUsersHint);
+  WhileModal([&](QWidget& window) { pictures.Save(window, "sign-in"); });
+  signIn.Ask();
+
+  CompanyChooser chooser(pictures.settings, [] { return QString(); });
+  WhileModal([&](QWidget& window) { pictures.Save(window, "company-chooser"); });
+  chooser.Choose();
+
+  SettingsDialog settings(pictures.settings);
+  WhileModal([&](QWidget& window) { pictures.Save(window, "settings"); });
+  settings.exec();
+
+  EntityPicker picker(pictures.company, EntityKind::Good, 0, "", nullptr);
+  WhileModal([&](QWidget& window) {
+    TypeText(window, "Search_EDT", "رو");
+    Wait(400);
+    pictures.Save(window, "picker");
+  });
+  picker.Choose();
+}
+
+void PictureStockCards(const Pictures& pictures, DesktopHost& host, const BusyGood& good) {
+  const auto open = [&](std::int64_t store, const char* from, const char* to, auto&& steps) {
+    WhileModal([&](QWidget& window) {
+      window.resize(1400, 860);
+      Wait(300);
+      steps(window);
+    });
+    pictures.module.OpenKardex(good.code, store, from, to);
+  };
+  open(0, "", "", [&](QWidget& window) {
+    pictures.Save(window, "stock-card");
+    WhileModal([&](QWidget& document) { pictures.Save(document, "document"); });
+    PressKey(window, Qt::Key_F2);
+    WhileModal([&](QWidget& preview) {
+      preview.resize(1200, 860);
+      Wait(600);
+      pictures.Save(preview, "print-preview");
+    });
+    PressKey(window, Qt::Key_F9);
+  });
+  open(1, "1403/01/01", "1403/06/31", [&](QWidget& window) { pictures.Save(window, "stock-card-criteria"); });
+  host.Settings().Settings().SecondUnit = true;
+  open(0, "", "", [&](QWidget& window) { pictures.Save(window, "stock-card-second-unit"); });
+  host.Settings().Settings().SecondUnit = false;
+}
+
+void PictureMain(const Pictures& pictures, DesktopHost& host) {
+  MainWindow window(host, pictures.module, pictures.settings, ToQt(pictures.company.Title()), "");
+  window.resize(1200, 760);
+  window.show();
+  Wait(300);
+  pictures.Save(window, "main-window");
+}
+
+void MakePictures(const std::string& file, const std::string& moduleFile, const QString& folder,
+                  const QString& settingsFolder) {
+  QDir().mkpath(folder);
+  DesktopSettings settings(settingsFolder);
+  ApplyLook(settings.Options());
+  const auto company = OpenCompany(file);
+  ModuleLibrary module(ModuleLibrary::Find(moduleFile, FromQt(QApplication::applicationDirPath())));
+  const Pictures pictures{*company, settings, module, folder};
+  PictureDialogs(pictures);
+  for (const char* login : {"guest", "admin"}) {
+    const auto user = company->SignIn(login, login);
+    if (!user) throw std::runtime_error("this is no demo company");
+    DesktopHost host(*company, *user, settings, module, nullptr);
+    module.Attach(host);
+    if (login == std::string_view("admin")) {
+      PictureMain(pictures, host);
+      PictureStockCards(pictures, host, company->ListBusyGoods(1).at(0));
+    } else {
+      MainWindow window(host, module, settings, ToQt(company->Title()), "");
+      window.resize(1200, 760);
+      window.show();
+      Wait(300);
+      pictures.Save(window, "main-window-guest");
+    }
+    module.Detach();
+  }
+}
+
+}  // namespace
+}  // namespace goods
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  std::string company;
+  std::string module;
+  std::string folder;
+  std::string settings = goods::FromQt(QDir::tempPath() + "/goods-pictures-settings");
+  CLI::App commandLine("Writes pictures of the desktop's windows.");
+  commandLine.add_option("--company", company, "A demo company")->required();
+  commandLine.add_option("--module", module, "The report library, instead of the one beside the program");
+  commandLine.add_option("--out", folder, "Where the pictures go")->required();
+  commandLine.add_option("--settings", settings, "Folder of the settings");
+  CLI11_PARSE(commandLine, argc, argv);
+  try {
+    goods::MakePictures(company, module, goods::ToQt(folder), goods::ToQt(settings));
+    return 0;
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << "\n";
+    return 1;
+  }
+}

@@ -1,0 +1,68 @@
+#include "desktop/views/date_edit_view.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPixmap>
+
+#include "desktop/views/calendar.h"
+#include "desktop/views/form_view.h"
+#include "desktop/views/theme.h"
+
+namespace goods {
+namespace {
+
+constexpr int kIconSize = 16;
+
+QIcon CalendarIcon() {
+  constexpr int kOversize = 4;  // sharp on any screen
+  QPixmap pixmap(kIconSize * kOversize, kIconSize * kOversize);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(kOversize, kOversize);
+  painter.setPen(QPen(CurrentTheme().mutedText, 1.3, Qt::SolidLine, Qt::RoundCap));
+  painter.drawRoundedRect(QRectF(1.5, 2.5, 13, 12), 2, 2);
+  painter.drawLine(QPointF(1.5, 6.5), QPointF(14.5, 6.5));
+  painter.drawLine(QPointF(5, 1), QPointF(5, 3.6));
+  painter.drawLine(QPointF(11, 1), QPointF(11, 3.6));
+  painter.setBrush(CurrentTheme().accent);
+  painter.setPen(Qt::NoPen);
+  painter.drawRoundedRect(QRectF(4, 9, 3, 3), 0.8, 0.8);
+  return QIcon(pixmap);
+}
+
+}  // namespace
+
+DateEditView::DateEditView(FormView& form, TDateEdit& edit, QWidget* parent) : EditView(form, edit, parent) {
+  open_ = Line().addAction(CalendarIcon(), QLineEdit::LeadingPosition);
+  open_->setToolTip("تقویم (Alt+Down)");
+  connect(open_, &QAction::triggered, this, [this] { DropDown(); });
+  Line().installEventFilter(this);
+}
+
+int DateEditView::ExtraWidth() const { return Scaled(kIconSize + 8, Line()); }
+
+bool DateEditView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool altDown = key->key() == Qt::Key_Down && key->modifiers().testFlag(Qt::AltModifier);
+    if (altDown || key->key() == Qt::Key_F4) {
+      DropDown();
+      return true;
+    }
+  }
+  return EditView::eventFilter(watched, event);
+}
+
+void DateEditView::DropDown() {
+  if (!Line().isEnabled()) return;
+  auto* popup = new CalendarPopup(Form().Form().Host().Windows().NowDate(), Edit().Text(), &Line());
+  popup->setObjectName(Line().objectName() + "_Calendar");
+  popup->OnChosen = [this](const std::string& date) { Act([&] { Edit().SetText(date); }); };
+  popup->ShowBeside(Line());
+}
+
+}  // namespace goods

@@ -1,0 +1,88 @@
+// FormView: the window that shows a form.
+#pragma once
+
+#include <QHash>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/views/control_view.h"
+#include "host/components/form.h"
+
+namespace goods {
+
+class TSmartDBGrid_QRT;
+
+// A further entry of a grid's menu, such as export or print.
+struct GridCommand {
+  std::string caption;
+  std::function<void(TSmartDBGrid_QRT& grid, QWidget* window)> run;
+};
+
+// Built from the form's controls by walking them; the form must outlive it. Keys reach the form first
+// (KeyDown), the focus is kept the same on both sides, and what handlers throw is shown by the host.
+class FormView : public QWidget {
+ public:
+  FormView(TForm& form, std::vector<GridCommand> gridCommands = {}, QWidget* parent = nullptr);
+  ~FormView() override;
+
+  TForm& Form() const { return form_; }
+  const std::vector<GridCommand>& GridCommands() const { return gridCommands_; }
+
+  // The view or widget of a component; null when it has none.
+  ControlView* ViewOf(const TControl& control) const;
+  QWidget* WidgetOf(const TControl& control) const;
+
+  // Brings what is queued up to date now instead of from the message loop.
+  void Flush();
+  // Gives the first control that can have it the focus, unless one has it.
+  void FocusFirst();
+
+  template <typename Action>
+  void Run(Action&& action) {
+    RunUserAction(form_.Host(), std::forward<Action>(action));
+  }
+
+  // For views.
+  void Queue(ControlView& view);
+  void Forget(ControlView& view);
+  // Builds the view of a control, inside parent, and of all that stands in it.
+  ControlView* Build(TControl& control, QWidget* parent);
+  void Drop(const TControl* control);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool HandleKey(QKeyEvent& event);
+  void FocusCame(const TControl& control);
+  void SyncFocus();
+  void RefreshWindow();
+
+  TForm& form_;
+  std::vector<GridCommand> gridCommands_;
+  std::vector<std::unique_ptr<ControlView>> views_;
+  QHash<const TControl*, ControlView*> byControl_;
+  QHash<const QObject*, ControlView*> byFocusWidget_;
+  std::vector<ControlView*> queued_;
+  Subscription formChanged_;
+  bool flushPosted_ = false;
+  bool built_ = false;
+};
+
+template <typename Action>
+void ControlView::Act(Action&& action) {
+  const QPointer<ControlView> alive(this);
+  form_.Run(std::forward<Action>(action));
+  if (alive) Refresh();
+}
+
+}  // namespace goods

@@ -1,0 +1,120 @@
+// What the mouse does on a table's header: sort, resize, move.
+#include <QFontMetrics>
+#include <QScrollBar>
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "desktop/views/form_view.h"
+#include "desktop/views/grid_view.h"
+#include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
+
+namespace goods {
+namespace {
+
+constexpr int kDragDistance = 6;
+constexpr int kLeastWidth = 24;
+
+std::size_t IndexOf(const TSmartDBGrid_QRT& grid, const TGridColumn& column) {
+  const auto& columns = grid.Columns();
+  const auto found =
+      std::find_if(columns.begin(), columns.end(), [&](const auto& each) { return each.get() == &column; });
+  return static_cast<std::size_t>(found - columns.begin());
+}
+
+}  // namespace
+
+void GridWidget::HeaderPressed(const QPoint& point) {
+  pressedAt_ = point;
+  if (const auto edge = geometry_.EdgeAt(point.x(), Offset())) {
+    gesture_ = Gesture::Resize;
+    dragged_ = geometry_.Spans()[*edge].column;
+    widthAtPress_ = geometry_.Spans()[*edge].width;
+  } else if (const auto span = geometry_.SpanAt(point.x(), Offset())) {
+    gesture_ = Gesture::Press;
+    dragged_ = geometry_.Spans()[*span].column;
+  }
+}
+
+std::size_t GridWidget::DropPlace(const QPoint& point) const {
+  const auto& spans = geometry_.Spans();
+  for (std::size_t i = 0; i < spans.size(); ++i) {
+    const QRect rect = geometry_.ColumnRect(spans[i], Offset(), 0, 1);
+    const bool before =
+        geometry_.RightToLeft() ? point.x() > rect.center().x() : point.x() < rect.center().x();
+    if (before) return i;
+  }
+  return spans.size();
+}
+
+void GridWidget::HeaderMoved(const QPoint& point) {
+  if (gesture_ == Gesture::Resize) {
+    const int moved = geometry_.RightToLeft() ? pressedAt_.x() - point.x() : point.x() - pressedAt_.x();
+    const int width = std::max(kLeastWidth, Unscaled(widthAtPress_ + moved, *this));
+    view_.Do([&] {
+      if (dragged_->AutoFit()) dragged_->SetAutoFit(false);  // the user's width counts from here on
+      dragged_->SetWidth(width);
+    });
+    return;
+  }
+  if (gesture_ == Gesture::Press && std::abs(point.x() - pressedAt_.x()) >= kDragDistance)
+    gesture_ = Gesture::Move;
+  if (gesture_ != Gesture::Move) return;
+  const std::size_t place = DropPlace(point);
+  const auto& spans = geometry_.Spans();
+  const QRect rect = geometry_.ColumnRect(spans[std::min(place, spans.size() - 1)], Offset(), 0, 1);
+  const bool atStart = place < spans.size();
+  paint_.insertionX = atStart == geometry_.RightToLeft() ? rect.right() : rect.left();
+  viewport()->update();
+}
+
+void GridWidget::HeaderReleased(const QPoint& point, Qt::KeyboardModifiers modifiers) {
+  const Gesture gesture = std::exchange(gesture_, Gesture::None);
+  TGridColumn* column = std::exchange(dragged_, nullptr);
+  paint_.insertionX.reset();
+  viewport()->update();
+  if (gesture == Gesture::Press) {
+    const bool add = modifiers.testFlag(Qt::ControlModifier) || modifiers.testFlag(Qt::ShiftModifier);
+    view_.Do([&] { grid_.TitleClick(*column, add); });
+  } else if (gesture == Gesture::Move) {
+    const auto& spans = geometry_.Spans();
+    const std::size_t place = DropPlace(point);
+    const std::size_t from = IndexOf(grid_, *column);
+    std::size_t to = place < spans.size() ? IndexOf(grid_, *spans[place].column)
+                                          : IndexOf(grid_, *spans.back().column) + 1;
+    if (to > from) --to;
+    view_.Do([&] { grid_.MoveColumn(from, to); });
+  }
+}
+
+void GridWidget::HeaderHovered(const QPoint& point) {
+  const std::optional<std::size_t> before = paint_.hoveredTitle;
+  paint_.hoveredTitle.reset();
+  bool edge = false;
+  if (InHeader(point)) {
+    edge = geometry_.EdgeAt(point.x(), Offset()).has_value();
+    if (!edge) paint_.hoveredTitle = geometry_.SpanAt(point.x(), Offset());
+  }
+  viewport()->setCursor(edge ? Qt::SplitHCursor : Qt::ArrowCursor);
+  if (before != paint_.hoveredTitle) viewport()->update();
+}
+
+// As wide as the title and the rows in view need.
+void GridWidget::FitColumn(TGridColumn& column) {
+  const QFontMetrics metrics(font());
+  int width = QFontMetrics(GridGeometry::HeaderFont(font())).horizontalAdvance(TitleOf(column));
+  const std::size_t last =
+      std::min(grid_.Table().RowCount(), FirstRow() + static_cast<std::size_t>(geometry_.WholeRows()) + 1);
+  for (std::size_t row = FirstRow(); row < last; ++row) {
+    const QString text = ShownCell(grid_.CellText(row, column), column.IsNumber());
+    width = std::max(width, metrics.horizontalAdvance(text));
+  }
+  width += 3 * geometry_.Padding();
+  view_.Do([&] {
+    column.SetAutoFit(false);
+    column.SetWidth(std::max(kLeastWidth, Unscaled(width, *this)));
+  });
+}
+
+}  // namespace goods

@@ -1,0 +1,52 @@
+// Paints what is visible of a table, straight from its component.
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <cstddef>
+#include <optional>
+
+#include "desktop/views/grid_geometry.h"
+
+namespace goods {
+
+struct GridPaintState {
+  std::size_t firstRow = 0;
+  int offset = 0;  // how far the columns are scrolled, in reading direction
+  bool focused = false;
+  std::optional<std::size_t> hoveredTitle;
+  std::optional<int> insertionX;  // where a dragged column would go
+};
+
+// One cell is asked for its text and its style exactly once a painting, and only when it is visible.
+class GridPainter {
+ public:
+  GridPainter(QPainter& painter, const TSmartDBGrid_QRT& grid, const GridGeometry& geometry,
+              const GridPaintState& state, const QFont& font);
+  void Paint();
+
+ private:
+  void PaintRows();
+  void PaintRow(std::size_t row, int top);
+  void PaintCell(std::size_t row, const GridSpan& span, const QRect& cell, bool current);
+  void PaintRowNumber(std::size_t row, int top, bool current);
+  void PaintHeader();
+  void PaintGroups();
+  void PaintTitle(std::size_t index, const GridSpan& span);
+  void PaintSortMark(const TGridColumn& column, QRect& box);
+  void PaintFooter();
+  void PaintEmpty();
+  bool InView(const QRect& rect) const {
+    return rect.right() >= columns_.left() && rect.left() <= columns_.right();
+  }
+
+  QPainter& painter_;
+  const TSmartDBGrid_QRT& grid_;
+  const GridGeometry& geometry_;
+  const GridPaintState& state_;
+  QFont font_;
+  QFont bold_;
+  QRect columns_;
+};
+
+}  // namespace goods

@@ -1,0 +1,313 @@
+#include "desktop/views/grid_view.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+#include <climits>
+
+#include "desktop/views/form_view.h"
+#include "desktop/views/grid_menu.h"
+#include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
+#include "host/base/base_dock.h"
+
+namespace goods {
+
+GridControlView::GridControlView(FormView& form, TSmartDBGrid_QRT& grid, QWidget* parent)
+    : ControlView(form, grid), grid_(new GridWidget(*this, grid, parent)) {
+  SetWidget(grid_);
+}
+
+void GridControlView::Refresh() {
+  ControlView::Refresh();
+  if (Control().Height() > 0) grid_->setMinimumHeight(Scaled(Control().Height(), *grid_));
+  if (Control().Width() > 0) grid_->setMinimumWidth(Scaled(Control().Width(), *grid_));
+  grid_->Follow();
+}
+
+void GridControlView::Do(const std::function<void()>& action) { Act(action); }
+
+bool GridControlView::HasMenu() const {
+  const auto* window = dynamic_cast<const TBaseDock_FRM*>(&Form().Form());
+  return window != nullptr && (window->HasPopMenu(Control()) || window->HasPopMenu(*window));
+}
+
+GridWidget::GridWidget(GridControlView& view, TSmartDBGrid_QRT& grid, QWidget* parent)
+    : QAbstractScrollArea(parent), view_(view), grid_(grid) {
+  setFocusPolicy(Qt::StrongFocus);
+  setFrameShape(QFrame::StyledPanel);
+  viewport()->setMouseTracking(true);
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  verticalScrollBar()->setSingleStep(1);
+  horizontalScrollBar()->setSingleStep(Scaled(30, *this));
+}
+
+int GridWidget::Offset() const { return horizontalScrollBar()->value(); }
+
+std::size_t GridWidget::FirstRow() const { return static_cast<std::size_t>(verticalScrollBar()->value()); }
+
+void GridWidget::UpdateScrollBars() {
+  geometry_.Update(grid_, *viewport());
+  const int rows = static_cast<int>(std::min<std::size_t>(grid_.Table().RowCount(), INT_MAX / 2));
+  const int page = geometry_.WholeRows();
+  verticalScrollBar()->setPageStep(page);
+  verticalScrollBar()->setRange(0, std::max(0, rows - page));
+  const int room = geometry_.ColumnsArea().width();
+  horizontalScrollBar()->setPageStep(room);
+  horizontalScrollBar()->setRange(0, std::max(0, geometry_.ContentWidth() - room));
+}
+
+void GridWidget::Follow() {
+  setLayoutDirection(grid_.RightAligned ? Qt::RightToLeft : Qt::LeftToRight);
+  UpdateScrollBars();
+  const TADOQuery* query = grid_.DataSet();
+  const std::optional<std::size_t> current = query == nullptr ? std::nullopt : query->RecNo();
+  if (current != shownRow_) {
+    shownRow_ = current;
+    ShowCurrent();
+    DescribeCurrent();
+  }
+  viewport()->update();
+}
+
+void GridWidget::ShowCurrent() {
+  if (!shownRow_) return;
+  const auto row = static_cast<int>(*shownRow_);
+  const int first = verticalScrollBar()->value();
+  const int page = geometry_.WholeRows();
+  if (row < first) {
+    verticalScrollBar()->setValue(row);
+  } else if (row >= first + page) {
+    verticalScrollBar()->setValue(row - page + 1);
+  }
+}
+
+void GridWidget::DescribeCurrent() {
+  QString description;
+  if (shownRow_) {
+    for (const GridSpan& span : geometry_.Spans())
+      description += TitleOf(*span.column) + ": " + ToQt(grid_.CellText(*shownRow_, *span.column)) + "، ";
+  }
+  setAccessibleDescription(description);
+}
+
+QRect GridWidget::CellRect(std::size_t row, const TGridColumn& column) const {
+  const int top = geometry_.RowsArea().top() +
+                  (static_cast<int>(row) - verticalScrollBar()->value()) * geometry_.RowHeight();
+  for (const GridSpan& span : geometry_.Spans()) {
+    if (span.column == &column) return geometry_.ColumnRect(span, Offset(), top, geometry_.RowHeight());
+  }
+  return {};
+}
+
+QRect GridWidget::TitleRect(const TGridColumn& column) const {
+  for (const GridSpan& span : geometry_.Spans()) {
+    if (span.column != &column) continue;
+    const int top = GroupOf(column).isEmpty() ? 0 : geometry_.GroupHeight();
+    return geometry_.ColumnRect(span, Offset(), top, geometry_.HeaderHeight() - top);
+  }
+  return {};
+}
+
+std::optional<std::size_t> GridWidget::RowAt(const QPoint& point) const {
+  const QRect area = geometry_.RowsArea();
+  if (!area.contains(point)) return std::nullopt;
+  const std::size_t row =
+      FirstRow() + static_cast<std::size_t>((point.y() - area.top()) / geometry_.RowHeight());
+  if (row >= grid_.Table().RowCount()) return std::nullopt;
+  return row;
+}
+
+void GridWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(viewport());
+  paint_.firstRow = FirstRow();
+  paint_.offset = Offset();
+  paint_.focused = hasFocus();
+  // A drawing event is the program's code; what it throws is shown, never passed on into the toolkit.
+  view_.Form().Run([&] { GridPainter(painter, grid_, geometry_, paint_, font()).Paint(); });
+}
+
+void GridWidget::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  UpdateScrollBars();
+}
+
+void GridWidget::scrollContentsBy(int /*dx*/, int /*dy*/) { viewport()->update(); }
+
+void GridWidget::changeEvent(QEvent* event) {
+  QAbstractScrollArea::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) UpdateScrollBars();
+}
+
+void GridWidget::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void GridWidget::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
+}
+
+void GridWidget::SelectTo(std::size_t row) {
+  if (!anchor_) anchor_ = shownRow_.value_or(row);
+  std::set<std::size_t> rows;
+  for (std::size_t i = std::min(*anchor_, row); i <= std::max(*anchor_, row); ++i) rows.insert(rows.end(), i);
+  grid_.SetSelection(std::move(rows));
+}
+
+void GridWidget::GoTo(std::size_t row, bool extend) {
+  const std::size_t count = grid_.Table().RowCount();
+  if (count == 0) return;
+  row = std::min(row, count - 1);
+  view_.Do([&] {
+    if (extend && grid_.MultiSelect) {
+      SelectTo(row);
+    } else {
+      anchor_ = row;
+      if (!grid_.Selection().empty()) grid_.SetSelection({});
+    }
+    grid_.MoveTo(row);
+  });
+}
+
+void GridWidget::MoveBy(qint64 rows, bool extend) {
+  const TADOQuery* query = grid_.DataSet();
+  const auto current = static_cast<qint64>(query == nullptr ? 0 : query->RecNo().value_or(0));
+  GoTo(static_cast<std::size_t>(std::max<qint64>(0, current + rows)), extend);
+}
+
+void GridWidget::keyPressEvent(QKeyEvent* event) {
+  const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
+  const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
+  const std::size_t count = grid_.Table().RowCount();
+  if (event == QKeySequence::Copy) return CopyRows(grid_);
+  if (ctrl && event->key() == Qt::Key_A && grid_.MultiSelect && count > 0) {
+    anchor_ = 0;
+    return view_.Do([&] { SelectTo(count - 1); });
+  }
+  switch (event->key()) {
+    case Qt::Key_Up:
+      return MoveBy(-1, extend);
+    case Qt::Key_Down:
+      return MoveBy(1, extend);
+    case Qt::Key_PageUp:
+      return MoveBy(-geometry_.WholeRows(), extend);
+    case Qt::Key_PageDown:
+      return MoveBy(geometry_.WholeRows(), extend);
+    case Qt::Key_Home:
+      return ctrl ? GoTo(0, extend) : horizontalScrollBar()->setValue(0);
+    case Qt::Key_End:
+      return ctrl ? GoTo(count, extend) : horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
+    case Qt::Key_Left:
+    case Qt::Key_Right: {
+      const bool forward = (event->key() == Qt::Key_Left) == geometry_.RightToLeft();
+      const int step = horizontalScrollBar()->singleStep();
+      return horizontalScrollBar()->setValue(Offset() + (forward ? step : -step));
+    }
+    default:
+      event->ignore();
+  }
+}
+
+void GridWidget::RowPressed(std::size_t row, Qt::KeyboardModifiers modifiers) {
+  if (modifiers.testFlag(Qt::ControlModifier) && grid_.MultiSelect) {
+    view_.Do([&] {
+      std::set<std::size_t> rows = grid_.Selection();
+      if (rows.empty() && shownRow_) rows.insert(*shownRow_);
+      if (!rows.erase(row)) rows.insert(row);
+      anchor_ = row;
+      grid_.MoveTo(row);
+      grid_.SetSelection(std::move(rows));
+    });
+  } else {
+    GoTo(row, modifiers.testFlag(Qt::ShiftModifier));
+  }
+}
+
+void GridWidget::mousePressEvent(QMouseEvent* event) {
+  const QPoint point = event->pos();
+  if (InHeader(point)) {
+    if (event->button() == Qt::LeftButton) HeaderPressed(point);
+    return;
+  }
+  const auto row = RowAt(point);
+  if (!row) return;
+  if (event->button() == Qt::LeftButton) {
+    RowPressed(*row, event->modifiers());
+  } else if (event->button() == Qt::RightButton && grid_.Selection().count(*row) == 0) {
+    RowPressed(*row, Qt::NoModifier);
+  }
+}
+
+void GridWidget::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint point = event->pos();
+  if (gesture_ != Gesture::None) {
+    HeaderMoved(point);
+  } else if (event->buttons().testFlag(Qt::LeftButton) && grid_.MultiSelect) {
+    if (const auto row = RowAt(point); row && row != shownRow_) GoTo(*row, true);
+  } else {
+    HeaderHovered(point);
+  }
+}
+
+void GridWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (gesture_ != Gesture::None) HeaderReleased(event->pos(), event->modifiers());
+}
+
+void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QPoint point = event->pos();
+  if (InHeader(point)) {
+    const auto edge = geometry_.EdgeAt(point.x(), Offset());
+    if (edge) return FitColumn(*geometry_.Spans()[*edge].column);
+    return HeaderPressed(point);
+  }
+  if (event->button() == Qt::LeftButton && RowAt(point)) view_.Do([this] { grid_.DoubleClick(); });
+}
+
+void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
+  if (!view_.HasMenu()) return;
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QPoint at = byKey ? viewport()->mapToGlobal(geometry_.RowsArea().center()) : event->globalPos();
+  GridMenu(view_.Form(), grid_, at);
+}
+
+void GridWidget::wheelEvent(QWheelEvent* event) {
+  constexpr int kRowsPerNotch = 3;
+  constexpr int kNotch = 120;
+  const QPoint delta = event->angleDelta();
+  if (event->modifiers().testFlag(Qt::ShiftModifier) || delta.y() == 0)
+    return QAbstractScrollArea::wheelEvent(event);
+  const int rows = -delta.y() * kRowsPerNotch / kNotch;
+  verticalScrollBar()->setValue(verticalScrollBar()->value() + (rows == 0 ? (delta.y() > 0 ? -1 : 1) : rows));
+  event->accept();
+}
+
+bool GridWidget::ShowCellTip(const QPoint& point, const QPoint& global) {
+  const auto row = RowAt(point);
+  const auto span = geometry_.SpanAt(point.x(), Offset());
+  if (!row || !span) return false;
+  const TGridColumn& column = *geometry_.Spans()[*span].column;
+  const QString text = ShownCell(grid_.CellText(*row, column), column.IsNumber());
+  const QRect cell = CellRect(*row, column);
+  if (fontMetrics().horizontalAdvance(text) <= cell.width() - 2 * geometry_.Padding()) return false;
+  QToolTip::showText(global, text, viewport(), cell);
+  return true;
+}
+
+bool GridWidget::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    if (ShowCellTip(help->pos(), help->globalPos())) return true;
+    QToolTip::hideText();
+  } else if (event->type() == QEvent::Leave) {
+    paint_.hoveredTitle.reset();
+    viewport()->update();
+  }
+  return QAbstractScrollArea::viewportEvent(event);
+}
+
+}  // namespace goods

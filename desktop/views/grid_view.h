@@ -1,0 +1,100 @@
+// The view of a table.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <functional>
+#include <optional>
+
+#include "desktop/views/control_view.h"
+#include "desktop/views/grid_geometry.h"
+#include "desktop/views/grid_painter.h"
+
+namespace goods {
+
+class GridControlView;
+
+// Asks the component for the visible cells only, so that a million rows cost what a thousand cost. Its own
+// state is where it is scrolled to and what the mouse is doing; everything else is the component's.
+class GridWidget : public QAbstractScrollArea {
+ public:
+  GridWidget(GridControlView& view, TSmartDBGrid_QRT& grid, QWidget* parent);
+
+  TSmartDBGrid_QRT& Grid() const { return grid_; }
+  const GridGeometry& Geometry() const { return geometry_; }
+  // Follows the component: columns, rows, current row.
+  void Follow();
+
+  std::size_t FirstRow() const;
+  // Places on the viewport, for tool tips and tests. Rows and columns need not be visible.
+  QRect CellRect(std::size_t row, const TGridColumn& column) const;
+  QRect TitleRect(const TGridColumn& column) const;
+  std::optional<std::size_t> RowAt(const QPoint& point) const;
+  QSize sizeHint() const override { return {480, 260}; }
+
+ protected:
+  bool viewportEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  enum class Gesture { None, Press, Resize, Move };
+
+  int Offset() const;
+  void UpdateScrollBars();
+  void ShowCurrent();
+  void MoveBy(qint64 rows, bool extend);
+  void GoTo(std::size_t row, bool extend);
+  void SelectTo(std::size_t row);
+  void RowPressed(std::size_t row, Qt::KeyboardModifiers modifiers);
+  bool ShowCellTip(const QPoint& point, const QPoint& global);
+  void DescribeCurrent();
+
+  // The header, in grid_header.cpp.
+  bool InHeader(const QPoint& point) const { return point.y() < geometry_.HeaderHeight(); }
+  void HeaderPressed(const QPoint& point);
+  void HeaderMoved(const QPoint& point);
+  void HeaderReleased(const QPoint& point, Qt::KeyboardModifiers modifiers);
+  void HeaderHovered(const QPoint& point);
+  void FitColumn(TGridColumn& column);
+  std::size_t DropPlace(const QPoint& point) const;
+
+  GridControlView& view_;
+  TSmartDBGrid_QRT& grid_;
+  GridGeometry geometry_;
+  GridPaintState paint_;
+  std::optional<std::size_t> shownRow_;  // the current row when it was last scrolled to
+  std::optional<std::size_t> anchor_;    // where a selection by Shift begins
+  Gesture gesture_ = Gesture::None;
+  TGridColumn* dragged_ = nullptr;
+  QPoint pressedAt_;
+  int widthAtPress_ = 0;
+};
+
+class GridControlView : public ControlView {
+ public:
+  GridControlView(FormView& form, TSmartDBGrid_QRT& grid, QWidget* parent);
+  QWidget* FocusWidget() const override { return grid_; }
+  void Refresh() override;
+  GridWidget& Grid() const { return *grid_; }
+
+  // Runs what the user's action on the grid causes.
+  void Do(const std::function<void()>& action);
+  // Whether the window gave the grid the common pop-up menu.
+  bool HasMenu() const;
+
+ private:
+  GridWidget* grid_;
+};
+
+}  // namespace goods

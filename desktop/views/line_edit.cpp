@@ -1,0 +1,52 @@
+#include "desktop/views/line_edit.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+
+#include "desktop/views/shown_text.h"
+#include "host/core/text.h"
+
+namespace goods {
+
+LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {}
+
+void LineEdit::CopySelection() const {
+  if (!hasSelectedText() || echoMode() != Normal) return;
+  const QString text = selectedText();
+  QGuiApplication::clipboard()->setText(PlainDigits ? ToQt(AsciiDigits(FromQt(text))) : text);
+}
+
+void LineEdit::CutSelection() {
+  CopySelection();
+  if (hasSelectedText() && !isReadOnly() && echoMode() == Normal) insert("");
+}
+
+void LineEdit::keyPressEvent(QKeyEvent* event) {
+  if (event == QKeySequence::Copy) {
+    CopySelection();
+  } else if (event == QKeySequence::Cut) {
+    CutSelection();
+  } else {
+    QLineEdit::keyPressEvent(event);
+  }
+}
+
+void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu(this);
+  menu.setLayoutDirection(Qt::RightToLeft);
+  const bool writable = !isReadOnly() && isEnabled();
+  menu.addAction("واگرد", this, &QLineEdit::undo)->setEnabled(writable && isUndoAvailable());
+  menu.addSeparator();
+  menu.addAction("برش", this, &LineEdit::CutSelection)->setEnabled(writable && hasSelectedText());
+  menu.addAction("رونوشت", this, [this] { CopySelection(); })->setEnabled(hasSelectedText());
+  menu.addAction("چسباندن", this, &QLineEdit::paste)
+      ->setEnabled(writable && !QGuiApplication::clipboard()->text().isEmpty());
+  menu.addSeparator();
+  menu.addAction("انتخاب همه", this, &QLineEdit::selectAll)->setEnabled(!text().isEmpty());
+  menu.exec(event->globalPos());
+}
+
+}  // namespace goods

@@ -1,0 +1,106 @@
+#include "desktop/views/shown_text.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <algorithm>
+
+namespace goods {
+namespace {
+
+constexpr char16_t kIsolateLeftToRight = 0x2066;
+constexpr char16_t kPopIsolate = 0x2069;
+constexpr char16_t kPersianZero = 0x06F0;
+constexpr char16_t kPersianThousands = 0x066C;
+constexpr char16_t kPersianPoint = 0x066B;
+
+bool g_persianDigits = true;
+
+bool IsAsciiDigit(QChar c) { return c >= u'0' && c <= u'9'; }
+bool IsInsideNumber(QChar c) { return IsAsciiDigit(c) || c == u',' || c == u'.'; }
+
+}  // namespace
+
+QString ToQt(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<int>(text.size())); }
+
+std::string FromQt(const QString& text) { return text.toStdString(); }
+
+void SetPersianDigits(bool on) { g_persianDigits = on; }
+bool PersianDigits() { return g_persianDigits; }
+
+QString ShownDigits(QString text) {
+  if (!g_persianDigits) return text;
+  for (QChar& c : text) {
+    if (IsAsciiDigit(c)) c = QChar(static_cast<char16_t>(kPersianZero + (c.unicode() - u'0')));
+  }
+  return text;
+}
+
+QString ShownNumber(QString text) {
+  if (!g_persianDigits) return text;
+  text.replace(u',', QChar(kPersianThousands)).replace(u'.', QChar(kPersianPoint));
+  return ShownDigits(std::move(text));
+}
+
+QString ShownText(std::string_view text) { return ShownText(ToQt(text)); }
+
+QString ShownText(const QString& text) {
+  QString out;
+  out.reserve(text.size() + 2);
+  for (qsizetype i = 0; i < text.size();) {
+    qsizetype end = i;
+    while (end < text.size() && IsInsideNumber(text[end])) ++end;
+    const bool number = end > i && IsAsciiDigit(text[i]) && IsAsciiDigit(text[end - 1]);
+    if (!number) {
+      const qsizetype stop = end > i ? end : i + 1;
+      out += text.mid(i, stop - i);
+      i = stop;
+      continue;
+    }
+    const QString shown = ShownNumber(text.mid(i, end - i));
+    const bool minusBehind = end < text.size() && text[end] == u'-' &&
+                             (end + 1 == text.size() || !text[end + 1].isLetterOrNumber());
+    if (minusBehind) {
+      out += QChar(kIsolateLeftToRight) + shown + u'-' + QChar(kPopIsolate);
+      ++end;
+    } else {
+      out += shown;
+    }
+    i = end;
+  }
+  return out;
+}
+
+bool IsNumberLike(const QString& text) {
+  const bool anyDigit = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+  return anyDigit && std::none_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
+}
+
+bool HasRightToLeft(const QString& text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](QChar c) { return c.direction() == QChar::DirR || c.direction() == QChar::DirAL; });
+}
+
+QString ShownCell(std::string_view text, bool isNumber) {
+  QString shown = ToQt(text);
+  if (isNumber) return ShownNumber(std::move(shown));
+  return IsNumberLike(shown) ? ShownDigits(std::move(shown)) : ShownText(shown);
+}
+
+bool DrawCell(QPainter& painter, const QRect& box, const QString& text, TextAlign align, bool rightToLeft) {
+  if (text.isEmpty() || box.width() <= 0) return false;
+  const bool atRight = (align == TextAlign::Start) == rightToLeft;
+  const int horizontal = align == TextAlign::Center ? Qt::AlignHCenter
+                         : atRight                  ? Qt::AlignRight
+                                                    : Qt::AlignLeft;
+  const int flags = horizontal | Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine;
+  painter.setLayoutDirection(HasRightToLeft(text) ? Qt::RightToLeft : Qt::LeftToRight);
+  const QFontMetrics metrics = painter.fontMetrics();
+  if (metrics.horizontalAdvance(text) <= box.width()) {
+    painter.drawText(box, flags, text);
+    return false;
+  }
+  painter.drawText(box, flags, metrics.elidedText(text, Qt::ElideRight, box.width()));
+  return true;
+}
+
+}  // namespace goods

@@ -1,0 +1,94 @@
+#include "desktop/views/standard_views.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+#include "desktop/views/form_view.h"
+#include "desktop/views/shown_text.h"
+#include "desktop/views/text_label.h"
+#include "desktop/views/theme.h"
+
+namespace goods {
+namespace {
+
+// Caption, least size and stretch are treated alike by all three.
+void SetSizes(const TControl& control, QWidget& widget) {
+  widget.setMinimumWidth(control.Width() > 0 ? Scaled(control.Width(), widget) : 0);
+  widget.setMinimumHeight(control.Height() > 0 ? Scaled(control.Height(), widget) : 0);
+}
+
+constexpr int kIconButtonWidth = 34;
+
+}  // namespace
+
+LabelView::LabelView(FormView& form, TLabel& label, QWidget* parent)
+    : ControlView(form, label), label_(label), widget_(new TextLabel(parent)) {
+  SetWidget(widget_);
+  widget_->OnClicked = [this] {
+    Act([this] {
+      label_.Click();
+      if (TControl* target = label_.FocusControl; target != nullptr && target->CanFocus()) {
+        target->SetFocus();
+        target->Click();
+      }
+    });
+  };
+}
+
+void LabelView::Connected() {
+  ControlView* target = label_.FocusControl == nullptr ? nullptr : Form().ViewOf(*label_.FocusControl);
+  if (target != nullptr && target->FocusWidget() != nullptr &&
+      label_.Caption().find('&') != std::string::npos)
+    widget_->setBuddy(target->FocusWidget());
+}
+
+void LabelView::Refresh() {
+  ControlView::Refresh();
+  // Only with a buddy does a label understand the accelerator's mark.
+  const bool marked = widget_->buddy() != nullptr;
+  const QString text = ShownText(marked ? label_.Caption() : PlainCaption(label_.Caption()));
+  if (widget_->text() != text) widget_->setText(text);
+  if (widget_->font().bold() != label_.Emphasis) {
+    QFont font = widget_->font();
+    font.setBold(label_.Emphasis);
+    widget_->setFont(font);
+  }
+  SetSizes(label_, *widget_);
+  widget_->SetShrinkable(label_.Stretch() > 0);
+}
+
+ButtonView::ButtonView(FormView& form, TButton& button, QWidget* parent)
+    : ControlView(form, button), button_(button), widget_(new QPushButton(parent)) {
+  SetWidget(widget_);
+  widget_->setAutoDefault(false);
+  connect(widget_, &QPushButton::clicked, this, [this] { Act([this] { button_.Click(); }); });
+}
+
+QWidget* ButtonView::FocusWidget() const { return widget_; }
+
+void ButtonView::Refresh() {
+  ControlView::Refresh();
+  const QString text = ShownText(button_.Caption());
+  if (widget_->text() != text) widget_->setText(text);
+  SetSizes(button_, *widget_);
+  // "..." beside an edit is a small square.
+  if (button_.Width() == 0 && text.size() <= 3) widget_->setFixedWidth(Scaled(kIconButtonWidth, *widget_));
+}
+
+CheckBoxView::CheckBoxView(FormView& form, TCheckBox& box, QWidget* parent)
+    : ControlView(form, box), box_(box), widget_(new QCheckBox(parent)) {
+  SetWidget(widget_);
+  connect(widget_, &QCheckBox::clicked, this, [this] { Act([this] { box_.Click(); }); });
+}
+
+QWidget* CheckBoxView::FocusWidget() const { return widget_; }
+
+void CheckBoxView::Refresh() {
+  ControlView::Refresh();
+  const QString text = ShownText(box_.Caption());
+  if (widget_->text() != text) widget_->setText(text);
+  if (widget_->isChecked() != box_.Checked()) widget_->setChecked(box_.Checked());
+  if (box_.Width() > 0 || box_.Height() > 0) SetSizes(box_, *widget_);
+}
+
+}  // namespace goods

@@ -1,0 +1,243 @@
+#include "desktop/views/style.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleOption>
+#include <QWidget>
+
+#include "desktop/views/theme.h"
+
+namespace goods {
+namespace {
+
+constexpr double kRadius = 5;
+
+bool Has(const QStyleOption* option, QStyle::StateFlag flag) { return option->state.testFlag(flag); }
+
+void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& border,
+             double width = 1) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(border, width));
+  painter.setBrush(fill);
+  const double inset = width / 2;
+  painter.drawRoundedRect(QRectF(rect).adjusted(inset, inset, -inset, -inset), kRadius, kRadius);
+  painter.restore();
+}
+
+void DrawField(QPainter& painter, const QStyleOption* option, const QWidget* widget) {
+  const Theme& theme = CurrentTheme();
+  const bool problem = widget != nullptr && widget->property(kProblemProperty).toBool();
+  const bool enabled = Has(option, QStyle::State_Enabled);
+  const bool focused = Has(option, QStyle::State_HasFocus) && enabled;
+  const QColor fill = problem ? theme.problemSoft : enabled ? theme.surface : theme.window;
+  const QColor border = problem ? theme.problem : focused ? theme.accent : theme.border;
+  DrawBox(painter, option->rect, fill, border, focused || problem ? 1.6 : 1);
+}
+
+void DrawButton(QPainter& painter, const QStyleOption* option) {
+  const Theme& theme = CurrentTheme();
+  const bool enabled = Has(option, QStyle::State_Enabled);
+  const bool down = Has(option, QStyle::State_Sunken) || Has(option, QStyle::State_On);
+  const bool focused = Has(option, QStyle::State_HasFocus) && enabled;
+  const bool hover = Has(option, QStyle::State_MouseOver) && enabled;
+  const QColor fill = !enabled ? theme.window
+                      : down   ? theme.accentSoft
+                      : hover  ? theme.buttonHover
+                               : theme.button;
+  DrawBox(painter, option->rect, fill, focused ? theme.accent : theme.border, focused ? 1.6 : 1);
+}
+
+void DrawTick(QPainter& painter, const QStyleOption* option, bool round) {
+  const Theme& theme = CurrentTheme();
+  const bool enabled = Has(option, QStyle::State_Enabled);
+  const bool on = Has(option, QStyle::State_On);
+  const bool focused = Has(option, QStyle::State_HasFocus) && enabled;
+  const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor fill = on        ? (enabled ? theme.accent : theme.mutedText)
+                      : enabled ? theme.surface
+                                : theme.window;
+  painter.setBrush(fill);
+  painter.setPen(QPen(on ? fill : focused ? theme.accent : theme.mutedText, focused ? 1.6 : 1));
+  const double radius = round ? box.width() / 2 : 3.5;
+  painter.drawRoundedRect(box, radius, radius);
+  if (on && round) {
+    painter.setBrush(theme.accentText);
+    painter.setPen(Qt::NoPen);
+    painter.drawEllipse(box.center(), box.width() / 5, box.width() / 5);
+  } else if (on) {
+    const auto at = [&](double x, double y) {
+      return QPointF(box.left() + box.width() * x, box.top() + box.height() * y);
+    };
+    painter.setPen(QPen(theme.accentText, box.width() / 8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(QPolygonF({at(0.24, 0.52), at(0.43, 0.71), at(0.77, 0.31)}));
+  }
+  if (focused && on) {
+    painter.setPen(QPen(theme.accentSoft, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(box.adjusted(-1.5, -1.5, 1.5, 1.5), radius + 1.5, radius + 1.5);
+  }
+  painter.restore();
+}
+
+void DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QRect& slider) {
+  const Theme& theme = CurrentTheme();
+  painter.fillRect(bar.rect, theme.window);
+  if (bar.maximum <= bar.minimum) return;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  QColor color = theme.mutedText;
+  const bool active = bar.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider) &&
+                      bar.state.testFlag(QStyle::State_MouseOver);
+  color.setAlphaF(bar.state.testFlag(QStyle::State_Sunken) || active ? 0.75F : 0.45F);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(color);
+  const QRectF handle = bar.orientation == Qt::Vertical ? QRectF(slider).adjusted(3, 1, -3, -1)
+                                                        : QRectF(slider).adjusted(1, 3, -1, -3);
+  const double radius = std::min(handle.width(), handle.height()) / 2;
+  painter.drawRoundedRect(handle, radius, radius);
+  painter.restore();
+}
+
+}  // namespace
+
+void DrawArrow(QPainter& painter, const QRectF& box, const QColor& color, int degrees) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(box.center());
+  painter.rotate(degrees);
+  const double half = std::min(box.width(), box.height()) / 2;
+  painter.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPolyline(
+      QPolygonF({QPointF(-half, -half / 2), QPointF(0, half / 2), QPointF(half, -half / 2)}));
+  painter.restore();
+}
+
+HostStyle::HostStyle() : QProxyStyle("Fusion") {}
+
+void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+  switch (element) {
+    case PE_PanelLineEdit:
+      // A line edit inside a combo box is framed by the combo box.
+      if (widget != nullptr && widget->parentWidget() != nullptr &&
+          widget->parentWidget()->inherits("QComboBox")) {
+        return;
+      }
+      DrawField(*painter, option, widget);
+      return;
+    case PE_FrameLineEdit:
+      return;
+    case PE_PanelButtonCommand:
+    case PE_PanelButtonTool:
+      DrawButton(*painter, option);
+      return;
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+      DrawTick(*painter, option, false);
+      return;
+    case PE_IndicatorRadioButton:
+      DrawTick(*painter, option, true);
+      return;
+    case PE_FrameFocusRect:
+      return;  // the focus shows in the control's own border
+    default:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+void HostStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+  if (control == CC_ComboBox) {
+    DrawField(*painter, option, widget);
+    const QRect arrow = subControlRect(control, option, SC_ComboBoxArrow, widget);
+    const Theme& theme = CurrentTheme();
+    const QPointF center = QRectF(arrow).center();
+    DrawArrow(*painter, QRectF(center.x() - 4, center.y() - 4, 8, 8),
+              Has(option, State_Enabled) ? theme.mutedText : theme.border, 0);
+  } else if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+             control == CC_ScrollBar && bar != nullptr) {
+    DrawScrollBar(*bar, *painter, subControlRect(control, option, SC_ScrollBarSlider, widget));
+  } else {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+  }
+}
+
+QRect HostStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                const QWidget* widget) const {
+  if (control == CC_ScrollBar) {
+    // No buttons at the ends: the whole bar is groove.
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (bar != nullptr) {
+      if (part == SC_ScrollBarAddLine || part == SC_ScrollBarSubLine) return {};
+      const bool vertical = bar->orientation == Qt::Vertical;
+      const int room = vertical ? bar->rect.height() : bar->rect.width();
+      const qint64 range = static_cast<qint64>(bar->maximum) - bar->minimum;
+      int length = room;
+      if (range > 0) {
+        length = static_cast<int>(static_cast<qint64>(bar->pageStep) * room / (range + bar->pageStep));
+        length = std::clamp(length, std::min(28, room), room);
+      }
+      const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
+                                                room - length, bar->upsideDown);
+      const auto stretch = [&](int from, int size) {
+        return vertical ? QRect(bar->rect.left(), bar->rect.top() + from, bar->rect.width(), size)
+                        : QRect(bar->rect.left() + from, bar->rect.top(), size, bar->rect.height());
+      };
+      if (part == SC_ScrollBarGroove) return bar->rect;
+      if (part == SC_ScrollBarSlider) return stretch(start, length);
+      if (part == SC_ScrollBarSubPage) return stretch(0, start);
+      if (part == SC_ScrollBarAddPage) return stretch(start + length, room - start - length);
+    }
+  }
+  return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+int HostStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  switch (metric) {
+    case PM_ScrollBarExtent:
+      return 13;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+      return 17;
+    case PM_CheckBoxLabelSpacing:
+      return 7;
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+      return 0;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+int HostStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* result) const {
+  switch (hint) {
+    case SH_ComboBox_Popup:
+      return 0;  // a list below the box, not a menu over it
+    case SH_ScrollBar_LeftClickAbsolutePosition:
+      return 0;
+    case SH_UnderlineShortcut:
+      return 1;
+    default:
+      return QProxyStyle::styleHint(hint, option, widget, result);
+  }
+}
+
+QSize HostStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+  QSize full = QProxyStyle::sizeFromContents(type, option, size, widget);
+  const int height = option->fontMetrics.height() + 12;
+  if (type == CT_LineEdit || type == CT_ComboBox || type == CT_PushButton) full.setHeight(height);
+  if (type == CT_PushButton) full.rwidth() = size.width() + 24;
+  if (type == CT_ComboBox) full.rwidth() += 6;
+  return full;
+}
+
+}  // namespace goods

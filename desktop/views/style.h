@@ -1,0 +1,30 @@
+// HostStyle: the widget style of the desktop host. Vector-painted, so that it is sharp at any resolution.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace goods {
+
+// A dynamic property on a line edit: true where its text cannot be used.
+inline constexpr const char* kProblemProperty = "problem";
+
+class HostStyle : public QProxyStyle {
+ public:
+  HostStyle();
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override;
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override;
+};
+
+// The small arrow of combo boxes, folds and sort marks, centred in box. degrees: 0 points down.
+void DrawArrow(QPainter& painter, const QRectF& box, const QColor& color, int degrees);
+
+}  // namespace goods

@@ -1,0 +1,28 @@
+// TextLabel: a line of text that is cut with dots, and told in full by a tool tip, where it has too little
+// room.
+#pragma once
+
+#include <QLabel>
+#include <functional>
+
+namespace goods {
+
+class TextLabel : public QLabel {
+ public:
+  explicit TextLabel(QWidget* parent);
+  std::function<void()> OnClicked;
+  // Whether it may become narrower than its text.
+  void SetShrinkable(bool shrinkable);
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  bool Cut() const;
+  bool shrinkable_ = false;
+};
+
+}  // namespace goods

@@ -1,0 +1,134 @@
+#include "desktop/views/theme.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPaintDevice>
+#include <QPalette>
+
+#include "desktop/views/style.h"
+
+namespace goods {
+namespace {
+
+constexpr int kFontPoints = 10;
+constexpr int kReferenceDpi = 96;
+
+Theme LightTheme() {
+  Theme theme;
+  theme.window = QColor(0xF4F6F9);
+  theme.surface = QColor(0xFFFFFF);
+  theme.text = QColor(0x1C2530);
+  theme.mutedText = QColor(0x5C6878);
+  theme.border = QColor(0xCDD5DF);
+  theme.accent = QColor(0x1F6FB2);
+  theme.accentText = QColor(0xFFFFFF);
+  theme.accentSoft = QColor(0xCFE3F5);
+  theme.selection = QColor(0xE3EEF8);
+  theme.header = QColor(0xE9EEF4);
+  theme.band = QColor(0xF8FAFC);
+  theme.gridLine = QColor(0xE3E8EE);
+  theme.button = QColor(0xFFFFFF);
+  theme.buttonHover = QColor(0xEDF3F9);
+  theme.problem = QColor(0xC62F3B);
+  theme.problemSoft = QColor(0xFDECEE);
+  theme.warning = QColor(0xB7791F);
+  return theme;
+}
+
+Theme DarkTheme() {
+  Theme theme;
+  theme.dark = true;
+  theme.window = QColor(0x1B2129);
+  theme.surface = QColor(0x232B35);
+  theme.text = QColor(0xE6EBF1);
+  theme.mutedText = QColor(0x9AA7B7);
+  theme.border = QColor(0x3D4857);
+  theme.accent = QColor(0x5AA7E6);
+  theme.accentText = QColor(0x0E1720);
+  theme.accentSoft = QColor(0x2C4C69);
+  theme.selection = QColor(0x28394B);
+  theme.header = QColor(0x2B3541);
+  theme.band = QColor(0x262F3A);
+  theme.gridLine = QColor(0x323C49);
+  theme.button = QColor(0x2D3744);
+  theme.buttonHover = QColor(0x374455);
+  theme.problem = QColor(0xF27781);
+  theme.problemSoft = QColor(0x46282E);
+  theme.warning = QColor(0xE0B252);
+  return theme;
+}
+
+Theme g_theme = LightTheme();
+
+QPalette PaletteOf(const Theme& theme) {
+  QPalette palette;
+  palette.setColor(QPalette::Window, theme.window);
+  palette.setColor(QPalette::WindowText, theme.text);
+  palette.setColor(QPalette::Base, theme.surface);
+  palette.setColor(QPalette::AlternateBase, theme.band);
+  palette.setColor(QPalette::Text, theme.text);
+  palette.setColor(QPalette::PlaceholderText, theme.mutedText);
+  palette.setColor(QPalette::Button, theme.button);
+  palette.setColor(QPalette::ButtonText, theme.text);
+  palette.setColor(QPalette::BrightText, theme.problem);
+  palette.setColor(QPalette::Highlight, theme.accent);
+  palette.setColor(QPalette::HighlightedText, theme.accentText);
+  palette.setColor(QPalette::Link, theme.accent);
+  palette.setColor(QPalette::ToolTipBase, theme.surface);
+  palette.setColor(QPalette::ToolTipText, theme.text);
+  palette.setColor(QPalette::Mid, theme.border);
+  palette.setColor(QPalette::Midlight, theme.gridLine);
+  palette.setColor(QPalette::Light, theme.surface);
+  palette.setColor(QPalette::Dark, theme.border.darker(130));
+  palette.setColor(QPalette::Shadow, QColor(0, 0, 0, 90));
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    QColor faded = theme.text;
+    faded.setAlphaF(0.42F);
+    palette.setColor(QPalette::Disabled, role, faded);
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Base, theme.window);
+  return palette;
+}
+
+bool SystemIsDark() { return QPalette().color(QPalette::Window).lightness() < 128; }
+
+}  // namespace
+
+const Theme& CurrentTheme() { return g_theme; }
+
+void ApplyTheme(QApplication& application, ThemeMode mode) {
+  static const bool kSystemDark = SystemIsDark();  // asked before the first palette of ours is set
+  const bool dark = mode == ThemeMode::Dark || (mode == ThemeMode::System && kSystemDark);
+  g_theme = dark ? DarkTheme() : LightTheme();
+  application.setLayoutDirection(Qt::RightToLeft);
+  application.setFont(InterfaceFont());
+  application.setStyle(new HostStyle);
+  application.setPalette(PaletteOf(g_theme));
+}
+
+QFont InterfaceFont() {
+  const QStringList installed = QFontDatabase::families();
+  QStringList families;
+  for (const char* family : {"Vazirmatn", "Noto Sans Arabic", "DejaVu Sans"}) {
+    if (installed.contains(QLatin1String(family))) families << QLatin1String(family);
+  }
+  QFont font;
+  if (!families.isEmpty()) font.setFamilies(families);
+  font.setPointSize(kFontPoints);
+  return font;
+}
+
+int Scaled(int pixels, const QPaintDevice& device) {
+  return qRound(static_cast<double>(pixels) * device.logicalDpiX() / kReferenceDpi);
+}
+
+int Unscaled(int pixels, const QPaintDevice& device) {
+  return qRound(static_cast<double>(pixels) * kReferenceDpi / device.logicalDpiX());
+}
+
+QColor ReadableOn(const QColor& background) {
+  constexpr int kMiddle = 140;
+  return qGray(background.rgb()) > kMiddle ? QColor(0x1C2530) : QColor(0xF4F7FA);
+}
+
+}  // namespace goods

@@ -1,0 +1,52 @@
+// The look of the desktop host: colours, fonts and measures, light and dark.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+class QApplication;
+class QPaintDevice;
+
+namespace goods {
+
+enum class ThemeMode { System, Light, Dark };
+
+struct Theme {
+  bool dark = false;
+  QColor window;   // behind everything
+  QColor surface;  // edits, tables, cards
+  QColor text;
+  QColor mutedText;  // hints, captions of figures
+  QColor border;
+  QColor accent;      // focus, default actions, ticks
+  QColor accentText;  // on the accent
+  QColor accentSoft;  // the current row
+  QColor selection;   // other selected rows
+  QColor header;      // titles and footers of tables
+  QColor band;        // every second row
+  QColor gridLine;
+  QColor button;
+  QColor buttonHover;
+  QColor problem;
+  QColor problemSoft;
+  QColor warning;
+};
+
+// The theme in use; the light one before ApplyTheme.
+const Theme& CurrentTheme();
+
+// Gives the application its style, palette, font and right-to-left layout. System follows the desktop's own
+// palette. May be called again to change the mode; open windows follow.
+void ApplyTheme(QApplication& application, ThemeMode mode = ThemeMode::System);
+
+// The interface font: the first of Vazirmatn, Noto Sans Arabic and DejaVu Sans that is installed.
+QFont InterfaceFont();
+
+// Measures of the components are pixels at 96 dpi.
+int Scaled(int pixels, const QPaintDevice& device);
+int Unscaled(int pixels, const QPaintDevice& device);
+
+// The font colour that can be read on a cell colour.
+QColor ReadableOn(const QColor& background);
+
+}  // namespace goods

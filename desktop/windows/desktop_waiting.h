@@ -1,0 +1,73 @@
+// DesktopWaiting: the waiting indicator, and the progress of statements that it shows.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPointer>
+#include <memory>
+#include <string>
+
+#include "host/data/connection.h"
+#include "host/services/waiting.h"
+
+namespace goods {
+
+class DesktopWindows;
+class WaitingPanel;
+
+// Shown only where the work lasts longer than kPatienceMs, so that quick statements do not flicker. While a
+// statement runs, Progress lets the window paint itself now and then; of the user's input only Esc is taken,
+// and cancels.
+class DesktopWaiting : public QObject, public IWaiting {
+ public:
+  static constexpr int kPatienceMs = 150;
+  static constexpr int kPumpMs = 50;
+
+  explicit DesktopWaiting(DesktopWindows& windows);
+  ~DesktopWaiting() override;
+
+  void ShowWaitting(TForm* owner, std::string_view text) override;
+  void HideWaitting(TForm* owner, int reserved) override;
+
+  // Around each statement; they nest. A statement outside of ShowWaitting has a text of its own.
+  void StatementBegins();
+  void StatementEnds();
+  // Rows read so far; false once the user has cancelled.
+  bool Progress(std::size_t rows);
+
+  bool PanelVisible() const;
+  // What the panel says, for tests: the text, then the rows.
+  std::string ShownText() const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Update(std::size_t rows);
+  void TakeAway();
+
+  DesktopWindows& windows_;
+  QPointer<WaitingPanel> panel_;
+  QElapsedTimer since_;
+  QElapsedTimer lastPump_;
+  TForm* owner_ = nullptr;
+  std::string text_;
+  bool asked_ = false;  // between ShowWaitting and HideWaitting
+  int statements_ = 0;
+  bool cancelled_ = false;
+  bool pumping_ = false;
+};
+
+// A connection whose statements report to the waiting indicator. Both must outlive it.
+class WaitingConnection : public IConnection {
+ public:
+  WaitingConnection(IConnection& inner, DesktopWaiting& waiting) : inner_(inner), waiting_(waiting) {}
+  void Open(std::string_view statement, RowStore& into, IStatementProgress* progress) override;
+  void Execute(std::string_view statement, IStatementProgress* progress) override;
+
+ private:
+  IConnection& inner_;
+  DesktopWaiting& waiting_;
+};
+
+}  // namespace goods

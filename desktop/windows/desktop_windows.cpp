@@ -1,0 +1,160 @@
+#include "desktop/windows/desktop_windows.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QSettings>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/views/shown_text.h"
+#include "host/core/jalali.h"
+
+namespace goods {
+namespace {
+
+constexpr int kPollMs = 15;
+// A handler that posts to its own window, as a delayed search does, must not keep the processor busy.
+constexpr int kRepostMs = 10;
+
+QString PlaceKey(const FormView& view) { return "windows/" + view.objectName(); }
+
+bool KeepsPlaces() { return !QCoreApplication::organizationName().isEmpty(); }
+
+}  // namespace
+
+// Stands among the form's components, so that the form's end lets it know: it has no owner then.
+struct DesktopWindows::Posted {
+  Posted(TForm& to, int messageCode) : form(to), code(messageCode), mark(&to, "") {}
+  TForm& form;
+  int code;
+  TComponent mark;
+  bool Alive() const { return mark.Owner() != nullptr; }
+};
+
+DesktopWindows::DesktopWindows() {
+  clock_.start();
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+DesktopWindows::~DesktopWindows() = default;
+
+bool DesktopWindows::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Quit && watched == QCoreApplication::instance()) Quit();
+  return QObject::eventFilter(watched, event);
+}
+
+void DesktopWindows::Quit() {
+  quitting_ = true;
+  const std::vector<FormView*> open(views_.rbegin(), views_.rend());
+  for (FormView* view : open) view->Run([view] { view->Form().Close(); });
+}
+
+void DesktopWindows::RestorePlace(FormView& view) const {
+  if (KeepsPlaces()) view.restoreGeometry(QSettings().value(PlaceKey(view)).toByteArray());
+}
+
+void DesktopWindows::KeepPlace(const FormView& view) const {
+  if (KeepsPlaces()) QSettings().setValue(PlaceKey(view), view.saveGeometry());
+}
+
+void DesktopWindows::RunModal(TForm& form) {
+  const std::unique_ptr<FormView> view = std::make_unique<FormView>(form, gridCommands_, DialogParent());
+  QEventLoop loop;
+  const Subscription closing = form.Changed.Connect([&] {
+    if (form.ModalResult() != kModalNone) loop.quit();
+  });
+  views_.push_back(view.get());
+  view->setWindowModality(Qt::ApplicationModal);
+  ApplyLayout(*view);
+  RestorePlace(*view);
+  if (form.Maximised) view->setWindowState(view->windowState() | Qt::WindowMaximized);
+  view->show();
+  view->raise();
+  view->activateWindow();
+  view->FocusFirst();
+  if (quitting_) form.Close();
+  if (form.ModalResult() == kModalNone) loop.exec();
+  if (form.ModalResult() == kModalNone) form.Close();  // the application ends
+  KeepPlace(*view);
+  std::erase(views_, view.get());
+  view->hide();
+  if (FormView* behind = ActiveView()) behind->activateWindow();
+}
+
+void DesktopWindows::PostMessage(TForm& form, int code) {
+  const auto message = std::make_shared<Posted>(form, code);
+  QTimer::singleShot(delivering_ ? kRepostMs : 0, this, [this, message] { Deliver(message); });
+}
+
+void DesktopWindows::Deliver(const std::shared_ptr<Posted>& message) {
+  if (!message->Alive()) return;
+  if (holding_) {
+    held_.push_back(message);
+    return;
+  }
+  const bool before = std::exchange(delivering_, true);
+  RunUserAction(message->form.Host(), [&] { message->form.WindowMessage(message->code); });
+  delivering_ = before;
+}
+
+void DesktopWindows::HoldMessages(bool hold) {
+  holding_ = hold;
+  if (hold) return;
+  for (const auto& message : std::exchange(held_, {}))
+    QTimer::singleShot(0, this, [this, message] { Deliver(message); });
+}
+
+void DesktopWindows::ProcessMessages(const std::function<bool()>& until) {
+  // The timer wakes the loop for conditions that time alone makes true.
+  QTimer wake;
+  wake.start(kPollMs);
+  while (!until() && !quitting_)
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+std::uint64_t DesktopWindows::TickCount() const { return static_cast<std::uint64_t>(clock_.elapsed()); }
+
+TForm* DesktopWindows::ActiveWindow() const { return views_.empty() ? nullptr : &views_.back()->Form(); }
+
+FormView* DesktopWindows::ActiveView() const { return views_.empty() ? nullptr : views_.back(); }
+
+FormView* DesktopWindows::ViewOf(const TForm& form) const {
+  const auto found = std::find_if(views_.begin(), views_.end(),
+                                  [&](const FormView* view) { return &view->Form() == &form; });
+  return found == views_.end() ? nullptr : *found;
+}
+
+QWidget* DesktopWindows::WidgetOf(const TControl& control) const {
+  const TForm* form = control.Form();
+  const FormView* view = form == nullptr ? nullptr : ViewOf(*form);
+  return view == nullptr ? nullptr : view->WidgetOf(control);
+}
+
+QWidget* DesktopWindows::DialogParent() const {
+  return views_.empty() ? QApplication::activeWindow() : static_cast<QWidget*>(views_.back());
+}
+
+void DesktopWindows::ActivateKeyboardLayout(std::string_view layout) {
+  layout_ = std::string(layout);
+  if (FormView* view = ActiveView()) ApplyLayout(*view);
+}
+
+void DesktopWindows::ApplyLayout(QWidget& view) const {
+  if (layout_.empty()) return;
+  const bool english = layout_ == "00000409";
+  for (QLineEdit* edit : view.findChildren<QLineEdit*>()) {
+    Qt::InputMethodHints hints = edit->inputMethodHints();
+    hints.setFlag(Qt::ImhPreferLatin, english);
+    edit->setInputMethodHints(hints);
+  }
+}
+
+std::string DesktopWindows::NowDate() const {
+  const qint64 days = QDate(1970, 1, 1).daysTo(QDate::currentDate());
+  return FormatJalali(JalaliFromDays(days));
+}
+
+}  // namespace goods

@@ -1,0 +1,18 @@
+// Tables as lines of text, so that two of them can be compared and shown.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/scripted/engine/case_file.h"
+
+namespace goods {
+
+// A cell as a case file writes it: in quotes where it would not be read back as it stands.
+std::string CellAsWritten(const std::string& cell);
+// "| a | b |"
+std::string RowAsWritten(const std::vector<std::string>& cells);
+// The same of a table's row; null is the empty text.
+std::string RowAsWritten(const Table::Row& row);
+
+}  // namespace goods

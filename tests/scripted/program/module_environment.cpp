@@ -1,0 +1,87 @@
+#include "tests/scripted/program/module_environment.h"
+
+#include <limits>
+#include <stdexcept>
+#include <utility>
+
+#include "host/core/text.h"
+#include "include/goods_transaction_qrt.h"
+#include "module/reports/stockcard/kardex.h"
+
+namespace goods {
+namespace {
+
+// Reads the arguments of an export one after the other; each has to be there and of its kind.
+class ArgumentReader {
+ public:
+  explicit ArgumentReader(const std::vector<Word>& words) : words_(words) {}
+
+  std::int32_t Integer() {
+    const Word& word = Next("a whole number");
+    const auto number = word.quoted ? std::nullopt : ParseInteger(word.text);
+    if (!number || *number < std::numeric_limits<std::int32_t>::min() ||
+        *number > std::numeric_limits<std::int32_t>::max()) {
+      throw std::invalid_argument("a whole number is expected, not " + word.text);
+    }
+    return static_cast<std::int32_t>(*number);
+  }
+  std::u16string Text() {
+    const Word& word = Next("a text");
+    if (!word.quoted) throw std::invalid_argument("a text in quotes is expected, not " + word.text);
+    return ToUtf16(word.text);
+  }
+  void End() const {
+    if (at_ != words_.size()) throw std::invalid_argument("too many arguments");
+  }
+
+ private:
+  const Word& Next(const std::string& what) {
+    if (at_ == words_.size()) throw std::invalid_argument(what + " is missing");
+    return words_[at_++];
+  }
+
+  const std::vector<Word>& words_;
+  std::size_t at_ = 0;
+};
+
+void CallKardex(const std::vector<Word>& words) {
+  ArgumentReader arguments(words);
+  const std::int32_t good = arguments.Integer();
+  const std::int32_t store = arguments.Integer();
+  const std::u16string from = arguments.Text();
+  const std::u16string to = arguments.Text();
+  arguments.End();
+  Open_Kardex(good, store, from.c_str(), to.c_str());
+}
+
+template <void (*Export)()>
+void CallPlain(const std::vector<Word>& words) {
+  ArgumentReader(words).End();
+  Export();
+}
+
+template <typename Window>
+std::unique_ptr<TForm> Make(THost& host, Variant parameter) {
+  return std::make_unique<Window>(host, 1, std::move(parameter), "");
+}
+
+}  // namespace
+
+CaseEnvironment ModuleEnvironment() {
+  CaseEnvironment environment;
+  environment.attach = [](THost& host) {
+    return Goods_AttachHost(GOODS_HOST_VERSION, reinterpret_cast<goods_host*>(&host)) == 1;
+  };
+  environment.detach = [] { return Goods_DetachHost() == 1; };
+  environment.exports = {
+      {"Open_GoodKardex", CallPlain<Open_GoodKardex>},
+      {"Open_Kardex", CallKardex},
+      {"Open_StoreExistance", CallPlain<Open_StoreExistance>},
+  };
+  environment.windows = {
+      {"TKardex_FRM", Make<TKardex_FRM>},
+  };
+  return environment;
+}
+
+}  // namespace goods

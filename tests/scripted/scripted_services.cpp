@@ -1,0 +1,172 @@
+#include "tests/scripted/scripted_services.h"
+
+#include "host/components/form.h"
+#include "host/core/text.h"
+
+namespace goods {
+namespace {
+
+std::string WindowName(const TForm* form) { return form == nullptr ? "active" : form->Name(); }
+
+}  // namespace
+
+void ScriptedRights::SetAll(bool granted) {
+  all_ = granted;
+  rights_.clear();
+}
+
+void ScriptedRights::Set(int softwarePart, int permission, bool granted) {
+  rights_[{softwarePart, permission}] = granted;
+}
+
+bool ScriptedRights::HavePermission(const TUserInfo& user, int softwarePart, int permission, bool showMessage,
+                                    bool logged, std::string_view text) {
+  log_.Add(CallKind::Right,
+           CallText("HavePermission", user.Code, softwarePart, permission, showMessage, logged, text));
+  const auto right = rights_.find({softwarePart, permission});
+  return right == rights_.end() ? all_ : right->second;
+}
+
+void ScriptedRights::SetUserEvent(int softwarePart, int permission, std::int64_t code) {
+  log_.Add(CallKind::Right, CallText("SetUserEvent", softwarePart, permission, code));
+}
+
+void ScriptedMessages::ShowSmartMessage(std::string_view text, std::string_view caption, MessageIcon icon) {
+  log_.Add(CallKind::Message, CallText("ShowSmartMessage", text, caption, static_cast<int>(icon)));
+}
+
+void ScriptedMessages::ShowSmartMessage(int number, std::string_view inserted) {
+  log_.Add(CallKind::Message, CallText("ShowSmartMessage", number, inserted));
+}
+
+void ScriptedMessages::OpenOther(std::string_view text, std::string_view name) {
+  log_.Add(CallKind::Message, CallText("OpenOther", text, name));
+}
+
+void ScriptedMessages::MsgWithoutGardesh(std::string_view name) {
+  log_.Add(CallKind::Message, CallText("MsgWithoutGardesh", name));
+}
+
+void ScriptedMessages::MsgRequiredField(std::string_view name) {
+  log_.Add(CallKind::Message, CallText("MsgRequiredField", name));
+}
+
+void ScriptedMessages::ShowTooltipMessage(const TControl& beside, std::string_view text, int width) {
+  log_.Add(CallKind::Message, width == 0 ? CallText("ShowTooltipMessage", beside.Name(), text)
+                                         : CallText("ShowTooltipMessage", beside.Name(), text, width));
+}
+
+void ScriptedMessages::ShowError(const std::exception& error) {
+  if (dynamic_cast<const StatementCancelled*>(&error) != nullptr) return;
+  log_.Add(CallKind::Message, CallText("ShowError", std::string_view(error.what())));
+}
+
+void ScriptedWaiting::ShowWaitting(TForm* owner, std::string_view text) {
+  log_.Add(CallKind::Waiting, "ShowWaitting(" + WindowName(owner) + ", " + InQuotes(text) + ")");
+  shown_ = true;
+  Acknowledged = false;
+  owner_ = owner;
+  text_ = std::string(text);
+}
+
+void ScriptedWaiting::HideWaitting(TForm* owner, int reserved) {
+  log_.Add(CallKind::Waiting, "HideWaitting(" + WindowName(owner) + ", " + std::to_string(reserved) + ")");
+  if (!shown_) {
+    log_.AddMisuse("the waiting indicator is hidden by " + WindowName(owner) + " while it is not shown");
+  } else if (owner != owner_) {
+    log_.AddMisuse("the waiting indicator is hidden by " + WindowName(owner) + " but shown by " +
+                   WindowName(owner_));
+  }
+  shown_ = false;
+}
+
+void ScriptedSettings::SaveSettingItem(int softwarePart, int item, bool on, std::int64_t number,
+                                       std::string_view text) {
+  log_.Add(CallKind::Setting, CallText("SaveSettingItem", softwarePart, item, on, number, text));
+}
+
+void ScriptedPrinting::Preview(const PrintJob& job) {
+  log_.Add(CallKind::Print, CallText("Preview", job.title));
+  PrintedReport report{job.title, job.lines, job.parameters, job.options, {}, {}, {}, false};
+  if (job.table == nullptr) {
+    log_.AddMisuse("a print job without a table");
+  } else {
+    for (const ReportColumn& column : job.table->Columns()) report.columns.push_back(column.caption);
+    for (std::size_t row = 0; row < job.table->RowCount(); ++row) {
+      std::vector<std::string>& cells = report.rows.emplace_back();
+      for (std::size_t i = 0; i < report.columns.size(); ++i) cells.push_back(job.table->CellText(row, i));
+    }
+    for (std::size_t i = 0; job.table->HasFooter() && i < report.columns.size(); ++i) {
+      report.footers.push_back(job.table->FooterText(i));
+    }
+    report.rowNumbers = job.table->HasRowNumbers();
+  }
+  Jobs.push_back(std::move(report));
+  if (WhileOpen) WhileOpen();
+}
+
+void ScriptedLookups::Give(EntityType type, std::int64_t code, Entity entity) {
+  entities_[{type, code}] = std::move(entity);
+}
+
+std::optional<std::vector<std::string>> ScriptedLookups::LookupDBs(EntityType type, std::int64_t code,
+                                                                   std::string_view fields) {
+  const std::string call =
+      "LookupDBs(" + EntityName(type) + ", " + std::to_string(code) + ", " + InQuotes(fields) + ")";
+  log_.Add(CallKind::Lookup, call);
+  if (failure_) {
+    const std::string message = *std::exchange(failure_, std::nullopt);
+    throw DatabaseError(message, call);
+  }
+  std::optional<Entity> entity;
+  if (const auto given = entities_.find({type, code}); given != entities_.end()) {
+    entity = given->second;
+  } else if (Otherwise) {
+    entity = Otherwise(type, code);
+  }
+  if (!entity) return std::nullopt;
+  std::vector<std::string> values;
+  for (const std::string& field : Split(fields, ';')) {
+    const auto value = entity->find(field);
+    if (value == entity->end()) log_.AddMisuse(call + " asks for " + field + ", which is not given");
+    values.push_back(value == entity->end() ? std::string() : value->second);
+  }
+  return values;
+}
+
+std::optional<std::int64_t> ScriptedLookups::SelectEntity(TForm* owner, EntityType type, std::int64_t current,
+                                                          std::string_view filter) {
+  log_.Add(CallKind::Lookup, "SelectEntity(" + WindowName(owner) + ", " + EntityName(type) + ", " +
+                                 std::to_string(current) + ", " + InQuotes(filter) + ")");
+  if (picks_.empty()) {
+    log_.AddMisuse("a picker opens, and nothing says what is chosen in it");
+    return std::nullopt;
+  }
+  const auto pick = picks_.front();
+  picks_.pop_front();
+  return pick;
+}
+
+std::string ScriptedLookups::ReturnCategoryName(std::string_view categoryCode) {
+  log_.Add(CallKind::Lookup, CallText("ReturnCategoryName", categoryCode));
+  const auto category = categories_.find(categoryCode);
+  return category == categories_.end() ? std::string() : category->second;
+}
+
+std::string EntityName(EntityType type) {
+  switch (type) {
+    case EntityType::None:
+      return "None";
+    case EntityType::Store:
+      return "Store";
+    case EntityType::Person:
+      return "Person";
+    case EntityType::Good:
+      return "Good";
+    case EntityType::GoodGroup:
+      return "GoodGroup";
+  }
+  return "EntityType " + std::to_string(static_cast<int>(type));
+}
+
+}  // namespace goods
