@@ -6,8 +6,6 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "company/embedded/decimal_cell.h"
 #include "host/data/decimal.h"
@@ -204,54 +202,6 @@ void ExtremeStep(sqlite3_context* context, int count, sqlite3_value** values) {
   });
 }
 
-// The sums of dec_sum_within by key. Keys are few (stores) and come in runs, so the last one is tried first.
-class KeyedSums {
- public:
-  void Add(std::int64_t key, Int128 units) {
-    if (last_ >= sums_.size() || sums_[last_].first != key) {
-      for (last_ = 0; last_ < sums_.size() && sums_[last_].first != key; ++last_) {
-      }
-      if (last_ == sums_.size()) sums_.emplace_back(key, 0);
-    }
-    sums_[last_].second = goods::Add(sums_[last_].second, units);
-  }
-  Int128 Last() const { return sums_[last_].second; }
-
- private:
-  std::vector<std::pair<std::int64_t, Int128>> sums_;
-  std::size_t last_ = 0;
-};
-
-KeyedSums** Keyed(sqlite3_context* context, bool create) {
-  return static_cast<KeyedSums**>(sqlite3_aggregate_context(context, create ? sizeof(KeyedSums*) : 0));
-}
-
-void WithinStep(sqlite3_context* context, int, sqlite3_value** values) {
-  KeyedSums** sums = Keyed(context, true);
-  if (sums == nullptr) return;
-  Guarded(context, [&] {
-    if (*sums == nullptr) *sums = new KeyedSums();
-    const bool null = sqlite3_value_type(values[1]) == SQLITE_NULL;
-    (*sums)->Add(sqlite3_value_int64(values[0]), null ? Int128{0} : Units(values[1]));
-  });
-}
-
-// The frame must begin with the partition's first row, so no row ever leaves it.
-void WithinInverse(sqlite3_context* context, int, sqlite3_value**) {
-  sqlite3_result_error(context, "dec_sum_within needs a frame from UNBOUNDED PRECEDING", -1);
-}
-
-void WithinValue(sqlite3_context* context) {
-  KeyedSums** sums = Keyed(context, false);
-  if (sums != nullptr && *sums != nullptr) Return(context, (*sums)->Last());
-}
-
-void WithinFinal(sqlite3_context* context) {
-  WithinValue(context);
-  KeyedSums** sums = Keyed(context, false);
-  if (sums != nullptr) delete std::exchange(*sums, nullptr);
-}
-
 using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 void Scalar(sqlite3* db, const char* name, int arguments, Function function) {
@@ -279,8 +229,6 @@ void RegisterDecimalFunctions(sqlite3* db) {
                              nullptr);
   sqlite3_create_function_v2(db, "dec_max", 1, kFlags, nullptr, nullptr, ExtremeStep<true>, RunningValue,
                              nullptr);
-  sqlite3_create_window_function(db, "dec_sum_within", 2, kFlags, nullptr, WithinStep, WithinFinal,
-                                 WithinValue, WithinInverse, nullptr);
 }
 
 }  // namespace goods

@@ -1,5 +1,7 @@
 #include "company/embedded/embedded_connection.h"
 
+#include <span>
+#include <stdexcept>
 #include <utility>
 #include <variant>
 
@@ -59,6 +61,7 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
     const ParsedStatement parsed = ParseStatement(statement);
     Statement prepared;
     std::vector<ColumnInfo> columns;
+    std::span<const DerivedColumn> derived;
     if (const auto* exec = std::get_if<ExecStatement>(&parsed)) {
       const ProcedureCall call = MatchProcedure(*exec, statement);
       if (call.procedure->writes) {
@@ -69,6 +72,7 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
       prepared = reader_.Prepare(call.procedure->body);
       BindParameters(prepared, call);
       columns = call.procedure->columns;
+      derived = call.procedure->derived;
     } else {
       TranslatedQuery query = TranslateQuery(std::get<QueryStatement>(parsed), catalog_, statement);
       prepared = reader_.Prepare(query.sql);
@@ -80,7 +84,7 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
         DropRows(prepared, watch);
       } else {
         DefineColumns(*into, columns, prepared);
-        ReadRows(prepared, *into, watch);
+        ReadRows(prepared, derived, *into, watch);
       }
     } catch (const SqliteError&) {
       watch.Rethrow();
@@ -90,6 +94,8 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
     throw DatabaseError(error.what(), std::string(statement));
   } catch (const SqliteError& error) {
     throw DatabaseError(PersianMessage(error), std::string(statement));
+  } catch (const std::overflow_error&) {
+    throw DatabaseError("حاصل از اندازه یک عدد بزرگتر است.", std::string(statement));
   } catch (const Cancelled&) {
     throw StatementCancelled("کار به خواست کاربر متوقف شد.", std::string(statement));
   }

@@ -39,6 +39,32 @@ std::string_view TakeWord(std::string_view& line) {
   return word;
 }
 
+std::size_t EarlierColumn(const Procedure& procedure, std::string_view name) {
+  for (std::size_t i = 0; i < procedure.columns.size(); ++i) {
+    if (procedure.columns[i].name == name) return i;
+  }
+  Broken(procedure.name, name);
+}
+
+DerivedColumn ReadDerivation(const Procedure& procedure, std::string_view line) {
+  DerivedColumn derived;
+  if (line.empty()) return derived;
+  const std::string_view kind = TakeWord(line);
+  if (kind == "product") {
+    derived.kind = Derivation::Product;
+    derived.first = EarlierColumn(procedure, TakeWord(line));
+    derived.second = EarlierColumn(procedure, TakeWord(line));
+  } else if (kind == "running" && line.empty()) {
+    derived.kind = Derivation::Running;
+  } else if (kind == "running" && TakeWord(line) == "within") {
+    derived.kind = Derivation::RunningWithin;
+    derived.first = EarlierColumn(procedure, TakeWord(line));
+  } else {
+    Broken(procedure.name, kind);
+  }
+  return derived;
+}
+
 void ReadDeclaration(Procedure& procedure, std::string_view line) {
   const std::string_view whole = line;
   const std::string_view kind = TakeWord(line);
@@ -55,7 +81,9 @@ void ReadDeclaration(Procedure& procedure, std::string_view line) {
     procedure.parameters.push_back(std::move(parameter));
   } else if (kind == "column") {
     const std::string name(TakeWord(line));
-    procedure.columns.push_back({name, TypeNamed(procedure.name, TakeWord(line))});
+    const ColumnType type = TypeNamed(procedure.name, TakeWord(line));
+    procedure.derived.push_back(ReadDerivation(procedure, line));
+    procedure.columns.push_back({name, type});
   } else if (whole == "writes") {
     procedure.writes = true;
   }

@@ -3,6 +3,8 @@
 //
 //   -- parameter @Name integer|decimal|text [default <number | 'text' | null>]
 //   -- column Name integer|decimal|text          one line a result column, in order
+//   -- column Name decimal running [within Column]   the body gives the cells that are added up
+//   -- column Name decimal product Column Column     the body gives NULL in its place
 //   -- writes                                    changes derived figures; runs in a transaction
 //
 // A parameter without a default must be given. The body names parameters as they are declared; they are
@@ -15,6 +17,7 @@
 #include <string_view>
 #include <vector>
 
+#include "company/embedded/derived_columns.h"
 #include "company/embedded/sqlite.h"
 #include "company/embedded/statement_parser.h"
 #include "host/data/row_store.h"
@@ -32,6 +35,7 @@ struct Procedure {
   std::string name;
   std::vector<ProcedureParameter> parameters;
   std::vector<ColumnInfo> columns;
+  std::vector<DerivedColumn> derived;  // one for each column
   bool writes = false;
   std::string body;
 };

@@ -1,6 +1,7 @@
 #include "company/embedded/row_reader.h"
 
 #include <string_view>
+#include <vector>
 
 #include "company/embedded/decimal_cell.h"
 
@@ -43,6 +44,42 @@ void AppendCell(sqlite3_stmt* statement, int index, const ColumnInfo& info, Colu
   }
 }
 
+// The derived cells of a row, asked for from left to right.
+class Deriver {
+ public:
+  Deriver(sqlite3_stmt* statement, std::span<const DerivedColumn> columns)
+      : statement_(statement), columns_(columns), values_(columns.size()), within_(columns.size()) {}
+
+  bool Derives(std::size_t column) const {
+    return column < columns_.size() && columns_[column].kind != Derivation::None;
+  }
+
+  Decimal Next(std::size_t column) {
+    const DerivedColumn& derived = columns_[column];
+    Decimal& value = values_[column];
+    if (derived.kind == Derivation::Product) {
+      value = Source(derived.first) * Source(derived.second);
+    } else if (derived.kind == Derivation::RunningWithin) {
+      const auto key = sqlite3_column_int64(statement_, static_cast<int>(derived.first));
+      value = within_[column].Add(key, Cell(column));
+    } else {
+      value += Cell(column);
+    }
+    return value;
+  }
+
+ private:
+  Decimal Cell(std::size_t column) const {
+    return Decimal::FromUnits(ColumnUnits(statement_, static_cast<int>(column)));
+  }
+  Decimal Source(std::size_t column) const { return Derives(column) ? values_[column] : Cell(column); }
+
+  sqlite3_stmt* statement_;
+  std::span<const DerivedColumn> columns_;
+  std::vector<Decimal> values_;
+  std::vector<KeyedSums> within_;
+};
+
 }  // namespace
 
 ProgressWatch::ProgressWatch(sqlite3* db, IStatementProgress* progress) : db_(db), progress_(progress) {
@@ -74,7 +111,8 @@ void ProgressWatch::Rethrow() const {
   if (cancelled_) throw Cancelled();
 }
 
-void ReadRows(Statement& statement, RowStore& into, ProgressWatch& watch) {
+void ReadRows(Statement& statement, std::span<const DerivedColumn> derived, RowStore& into,
+              ProgressWatch& watch) {
   struct Target {
     const ColumnInfo* info;
     Column* column;
@@ -84,9 +122,15 @@ void ReadRows(Statement& statement, RowStore& into, ProgressWatch& watch) {
     targets.push_back({&into.Columns()[i], &into.ColumnAt(i)});
   }
   sqlite3_stmt* handle = statement.Handle();
+  Deriver deriver(handle, derived);
   while (statement.Step()) {
-    int index = 0;
-    for (const Target& target : targets) AppendCell(handle, index++, *target.info, *target.column);
+    for (std::size_t i = 0; i < targets.size(); ++i) {
+      if (deriver.Derives(i)) {
+        targets[i].column->AppendDecimal(deriver.Next(i));
+      } else {
+        AppendCell(handle, static_cast<int>(i), *targets[i].info, *targets[i].column);
+      }
+    }
     into.EndRow();
     watch.Row();
   }

@@ -4,8 +4,9 @@
 #include <chrono>
 #include <cstddef>
 #include <exception>
-#include <vector>
+#include <span>
 
+#include "company/embedded/derived_columns.h"
 #include "company/embedded/sqlite.h"
 #include "host/data/connection.h"
 #include "host/data/row_store.h"
@@ -44,8 +45,9 @@ class ProgressWatch {
   bool cancelled_ = false;
 };
 
-// Reads all rows into a store that has been defined with the statement's columns. Throws SqliteError, also
-// for a cell that is not of its column's type.
-void ReadRows(Statement& statement, RowStore& into, ProgressWatch& watch);
+// Reads all rows into a store that has been defined with the statement's columns. derived: one for each column,
+// or none at all. Throws SqliteError, also for a cell that is not of its column's type, and
+// std::overflow_error.
+void ReadRows(Statement& statement, std::span<const DerivedColumn> derived, RowStore& into, ProgressWatch& watch);
 
 }  // namespace goods

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "desktop/app/app_look.h"
+#include "desktop/documents/plain_table.h"
 #include "desktop/views/shown_text.h"
 
 namespace goods {
@@ -40,7 +41,7 @@ void CompanyChooser::LayOut() {
 
   list_->setObjectName("Company_LST");
   list_->setAccessibleName("شرکت‌ها");
-  list_->setSpacing(2);
+  GiveListLook(*list_);
   auto* demo = new QListWidgetItem(
       "شرکت نمایشی\nداده‌های ساختگی برای آشنایی با گزارش‌ها",
       list_);

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/app/entity_rows.h"
+#include "desktop/documents/plain_table.h"
 #include "desktop/views/shown_text.h"
 
 namespace goods {
@@ -78,24 +79,16 @@ void EntityPicker::LayOut(EntityKind kind) {
   search_->setObjectName("Search_EDT");
   search_->setAccessibleName("جستجو با کد یا نام");
   search_->setPlaceholderText("جستجو با کد یا نام…");
-  search_->setClearButtonEnabled(true);
+  search_->setTextMargins(6, 0, 6, 0);
   search_->installEventFilter(this);
 
   table_->setObjectName("Entity_GRD");
   table_->setAccessibleName(TitleOf(kind));
   table_->setModel(rows_);
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  GiveTableLook(*table_);
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
-  table_->setAlternatingRowColors(true);
-  table_->setShowGrid(false);
-  table_->setTabKeyNavigation(false);
-  table_->setWordWrap(false);
   table_->installEventFilter(this);
-  table_->verticalHeader()->hide();
-  table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 10);
   QHeaderView* header = table_->horizontalHeader();
-  header->setHighlightSections(false);
   for (int column = 0; column < rows_->columnCount(); ++column) header->resizeSection(column, 100);
   header->setSectionResizeMode(1, QHeaderView::Stretch);
 

@@ -71,15 +71,15 @@ QAction* MainWindow::AddAction(QMenu& menu, const char* name, const QString& tex
 }
 
 void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
-  QMenu& program = *menuBar()->addMenu("&برنامه");
-  AddAction(program, "SwitchCompany_ACT", "&تعویض شرکت…", Qt::Key_F3, &MainWindow::SwitchCompany);
-  AddAction(program, "SignOut_ACT", "خروج از &حساب کاربر", Qt::Key_F4, &MainWindow::SignOut);
+  QMenu& program = *menuBar()->addMenu("پر&ونده");
+  AddAction(program, "SwitchCompany_ACT", "تعویض شرکت…", Qt::Key_F3, &MainWindow::SwitchCompany);
+  AddAction(program, "SignOut_ACT", "خروج از حساب کا&ربر", Qt::Key_F4, &MainWindow::SignOut);
   program.addSeparator();
-  AddAction(program, "Settings_ACT", "ت&نظیمات…", Qt::Key_F12, &MainWindow::ShowSettings);
+  AddAction(program, "Settings_ACT", "تنظیمات…", Qt::Key_F12, &MainWindow::ShowSettings);
   program.addSeparator();
-  AddAction(program, "Quit_ACT", "&خروج", QKeySequence("Ctrl+Q"), &MainWindow::Quit);
+  AddAction(program, "Quit_ACT", "خر&وج", QKeySequence("Ctrl+Q"), &MainWindow::Quit);
 
-  QMenu& list = *menuBar()->addMenu("&گزارش‌ها");
+  QMenu& list = *menuBar()->addMenu("گز&ارش‌ها");
   list.setToolTipsVisible(true);
   const char* group = nullptr;
   for (const OfferedReport& report : reports) {
@@ -94,7 +94,7 @@ void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
   }
 
   QMenu& help = *menuBar()->addMenu("&راهنما");
-  AddAction(help, "Keys_ACT", "&کلیدها", Qt::Key_F1, &MainWindow::ShowKeys);
+  AddAction(help, "Keys_ACT", "کلیدها", Qt::Key_F1, &MainWindow::ShowKeys);
   AddAction(help, "About_ACT", "&درباره برنامه", {}, &MainWindow::ShowAbout);
 }
 

@@ -1,23 +1,30 @@
 #include "desktop/app/settings_dialog.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QGroupBox>
+#include <QLabel>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QVBoxLayout>
+
+#include "desktop/views/shown_text.h"
 
 namespace goods {
 namespace {
 
-QGroupBox* Group(const QString& title, std::initializer_list<QCheckBox*> boxes, QWidget* parent) {
-  auto* group = new QGroupBox(title, parent);
-  auto* layout = new QVBoxLayout(group);
-  layout->setContentsMargins(14, 12, 14, 12);
+constexpr int kMostDecimals = 9;
+
+QVBoxLayout* Group(const QString& title, std::initializer_list<QCheckBox*> boxes, QWidget* parent) {
+  auto* layout = new QVBoxLayout;
   layout->setSpacing(8);
+  auto* heading = new QLabel(title, parent);
+  QFont font = heading->font();
+  font.setWeight(QFont::DemiBold);
+  heading->setFont(font);
+  layout->addWidget(heading);
   for (QCheckBox* box : boxes) layout->addWidget(box);
-  return group;
+  return layout;
 }
 
 }  // namespace
@@ -27,18 +34,18 @@ SettingsDialog::SettingsDialog(DesktopSettings& settings, QWidget* parent)
       settings_(settings),
       secondUnit_(Box("SecondUnit_CHK", "کالاها &واحد دوم دارند", settings.Settings().SecondUnit)),
       secondUnitIsLarger_(Box("SecondUnitIsLarger_CHK",
-                              "واحد دوم &بزرگ‌تر است (واحد کل)",
+                              "واحد &دوم بزرگ‌تر است (واحد کل)",
                               settings.Settings().SecondUnitIsLarger)),
-      wholeAndPart_(Box("WholeAndPart_CHK", "موجودی به &صورت کل و جزء نشان داده شود",
+      wholeAndPart_(Box("WholeAndPart_CHK", "موجودی به صورت کل و جزء نشان د&اده شود",
                         settings.Settings().WholeAndPart)),
-      goodsDetail_(Box("GoodsDetail_CHK", "کالاها &جزئیات دارند", settings.Settings().GoodsDetail)),
+      goodsDetail_(Box("GoodsDetail_CHK", "کالاها جزئیات دارند", settings.Settings().GoodsDetail)),
       quantityDecimals_(Decimals("QuantityDecimals_EDT", "رقم‌های اعشار مقدار",
                                  settings.Settings().QuantityDecimals)),
       amountDecimals_(Decimals("AmountDecimals_EDT", "رقم‌های اعشار مبلغ",
                                settings.Settings().AmountDecimals)),
       persianDigits_(Box("PersianDigits_CHK", "نمایش &رقم‌ها به فارسی",
                          settings.Options().PersianDigits)),
-      darkPalette_(Box("DarkPalette_CHK", "رنگ‌های &تیره", settings.Options().DarkPalette)) {
+      darkPalette_(Box("DarkPalette_CHK", "رنگ‌های تیره", settings.Options().DarkPalette)) {
   LayOut();
   connect(secondUnit_, &QCheckBox::toggled, this, &SettingsDialog::FollowSecondUnit);
   FollowSecondUnit();
@@ -51,12 +58,12 @@ QCheckBox* SettingsDialog::Box(const char* name, const QString& text, bool on) {
   return box;
 }
 
-QSpinBox* SettingsDialog::Decimals(const char* name, const QString& accessible, int value) {
-  auto* box = new QSpinBox(this);
+QComboBox* SettingsDialog::Decimals(const char* name, const QString& accessible, int value) {
+  auto* box = new QComboBox(this);
   box->setObjectName(name);
   box->setAccessibleName(accessible);
-  box->setRange(0, 9);
-  box->setValue(value);
+  for (int count = 0; count <= kMostDecimals; ++count) box->addItem(ShownDigits(QString::number(count)));
+  box->setCurrentIndex(value);
   return box;
 }
 
@@ -66,11 +73,12 @@ void SettingsDialog::LayOut() {
   setAccessibleName("تنظیمات");
   setLayoutDirection(Qt::RightToLeft);
 
-  auto* decimals = new QGroupBox("رقم‌های اعشار", this);
-  auto* form = new QFormLayout(decimals);
-  form->setContentsMargins(14, 12, 14, 12);
-  form->addRow("&مقدار :", quantityDecimals_);
-  form->addRow("مب&لغ :", amountDecimals_);
+  auto* form = new QFormLayout;
+  form->setHorizontalSpacing(16);
+  form->addRow("مقد&ار :", quantityDecimals_);
+  form->addRow("مبلغ :", amountDecimals_);
+  QVBoxLayout* decimals = Group("رقم‌های اعشار", {}, this);
+  decimals->addLayout(form);
 
   auto* buttons = new QDialogButtonBox(this);
   auto* accept = buttons->addButton("تایید  Enter", QDialogButtonBox::AcceptRole);
@@ -82,11 +90,11 @@ void SettingsDialog::LayOut() {
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(20, 18, 20, 14);
-  layout->setSpacing(12);
-  layout->addWidget(Group("واحدها", {secondUnit_, secondUnitIsLarger_, wholeAndPart_}, this));
-  layout->addWidget(Group("کالا", {goodsDetail_}, this));
-  layout->addWidget(decimals);
-  layout->addWidget(Group("نمایش", {persianDigits_, darkPalette_}, this));
+  layout->setSpacing(18);
+  layout->addLayout(Group("واحدها", {secondUnit_, secondUnitIsLarger_, wholeAndPart_}, this));
+  layout->addLayout(Group("کالا", {goodsDetail_}, this));
+  layout->addLayout(decimals);
+  layout->addLayout(Group("نمایش", {persianDigits_, darkPalette_}, this));
   layout->addStretch(1);
   layout->addWidget(buttons);
   setMinimumWidth(420);
@@ -103,8 +111,8 @@ void SettingsDialog::accept() {
   settings.SecondUnitIsLarger = secondUnitIsLarger_->isChecked();
   settings.WholeAndPart = wholeAndPart_->isChecked();
   settings.GoodsDetail = goodsDetail_->isChecked();
-  settings.QuantityDecimals = quantityDecimals_->value();
-  settings.AmountDecimals = amountDecimals_->value();
+  settings.QuantityDecimals = quantityDecimals_->currentIndex();
+  settings.AmountDecimals = amountDecimals_->currentIndex();
   settings_.Options().PersianDigits = persianDigits_->isChecked();
   settings_.Options().DarkPalette = darkPalette_->isChecked();
   settings_.Save();

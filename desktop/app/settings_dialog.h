@@ -6,7 +6,7 @@
 #include "desktop/app/services/desktop_settings.h"
 
 class QCheckBox;
-class QSpinBox;
+class QComboBox;
 
 namespace goods {
 
@@ -19,7 +19,7 @@ class SettingsDialog : public QDialog {
 
  private:
   QCheckBox* Box(const char* name, const QString& text, bool on);
-  QSpinBox* Decimals(const char* name, const QString& accessible, int value);
+  QComboBox* Decimals(const char* name, const QString& accessible, int value);
   void LayOut();
   // The second unit's own choices need a second unit.
   void FollowSecondUnit();
@@ -29,8 +29,8 @@ class SettingsDialog : public QDialog {
   QCheckBox* secondUnitIsLarger_;
   QCheckBox* wholeAndPart_;
   QCheckBox* goodsDetail_;
-  QSpinBox* quantityDecimals_;
-  QSpinBox* amountDecimals_;
+  QComboBox* quantityDecimals_;
+  QComboBox* amountDecimals_;
   QCheckBox* persianDigits_;
   QCheckBox* darkPalette_;
 };

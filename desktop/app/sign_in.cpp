@@ -37,12 +37,13 @@ void SignInDialog::LayOut(const QString& company, const QString& hint) {
   password_->setAccessibleName("گذرواژه");
   password_->setLayoutDirection(Qt::LeftToRight);
   password_->setEchoMode(QLineEdit::Password);
+  for (QLineEdit* edit : {login_, password_}) edit->setTextMargins(6, 0, 6, 0);
 
   auto* form = new QFormLayout;
   form->setHorizontalSpacing(12);
   form->setVerticalSpacing(10);
-  form->addRow("&نام کاربر :", login_);
-  form->addRow("&گذرواژه :", password_);
+  form->addRow("نام کا&ربر :", login_);
+  form->addRow("گذر&واژه :", password_);
 
   auto* buttons = new QDialogButtonBox(this);
   auto* enter = buttons->addButton("ورود  Enter", QDialogButtonBox::AcceptRole);
@@ -55,6 +56,9 @@ void SignInDialog::LayOut(const QString& company, const QString& hint) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(28, 24, 28, 20);
   layout->setSpacing(8);
+  auto* sign = new QLabel(this);
+  sign->setPixmap(ProgramSign(48, 2));
+  layout->addWidget(sign);
   layout->addWidget(TitleLabel(kProgramTitle, this));
   auto* companyLabel = MutedLabel(ShownText(company), this);
   companyLabel->setObjectName("Company_LBL");

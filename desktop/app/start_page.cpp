@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -24,6 +25,21 @@ QLabel* GroupLabel(const QString& text, QWidget* parent) {
   label->setFont(font);
   label->setForegroundRole(QPalette::PlaceholderText);
   return label;
+}
+
+QHBoxLayout* Head(const QString& title, const QString& subtitle, QWidget* parent) {
+  constexpr int kSignSize = 56;
+  auto* sign = new QLabel(parent);
+  sign->setPixmap(ProgramSign(kSignSize, 2));
+  auto* texts = new QVBoxLayout;
+  texts->setSpacing(2);
+  texts->addWidget(TitleLabel(title, parent));
+  texts->addWidget(MutedLabel(subtitle, parent));
+  auto* head = new QHBoxLayout;
+  head->setSpacing(16);
+  head->addWidget(sign, 0, Qt::AlignVCenter);
+  head->addLayout(texts, 1);
+  return head;
 }
 
 // Which way an arrow key moves among cards that stand from right to left; 0 for other keys.
@@ -55,8 +71,7 @@ StartPage::StartPage(const QString& title, const QString& subtitle, const std::v
   auto* layout = new QVBoxLayout(page);
   layout->setContentsMargins(40, 32, 40, 32);
   layout->setSpacing(12);
-  layout->addWidget(TitleLabel(title, page));
-  layout->addWidget(MutedLabel(subtitle, page));
+  layout->addLayout(Head(title, subtitle, page));
   layout->addSpacing(8);
 
   QGridLayout* grid = nullptr;

@@ -6,7 +6,6 @@
 
 #include "company/company.h"
 #include "desktop/app/services/company_lookups.h"
-#include "desktop/app/services/company_rights.h"
 #include "desktop/app/services/logging_connection.h"
 #include "desktop/app/services/module_library.h"
 #include "desktop/app/services/statement_log.h"
@@ -19,13 +18,6 @@
 namespace goods {
 namespace {
 
-// Whoever may read the company's file may have all of its reports: nobody signs in here.
-UserRecord FileOwner() {
-  UserRecord user;
-  user.everyRight = true;
-  return user;
-}
-
 class ScreenlessHost : public THost {
  public:
   ScreenlessHost(ICompany& company, StatementLog* log, std::function<void(const PrintJob&)> print,
@@ -33,7 +25,6 @@ class ScreenlessHost : public THost {
       : messages_(messages),
         windows_(*this),
         connection_([&company] { return company.OpenConnection(); }, log),
-        rights_(company, FileOwner(), messages_),
         lookups_(company),
         printing_(std::move(print)) {}
 
@@ -51,7 +42,7 @@ class ScreenlessHost : public THost {
   StreamMessages messages_;
   ScreenlessWindows windows_;
   LoggingConnection connection_;
-  CompanyRights rights_;
+  EveryRight rights_;
   CompanyLookups lookups_;
   PrintToFunction printing_;
   NoWaiting waiting_;

@@ -5,23 +5,22 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTableView>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <set>
 
 #include "desktop/documents/document_rows.h"
+#include "desktop/documents/plain_table.h"
 #include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
 
 namespace goods {
 namespace {
 
 constexpr int kHeaderPairsInLine = 3;
-constexpr int kWidestColumn = 320;
 
 QLabel* Caption(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
@@ -74,14 +73,16 @@ DocumentWindow::DocumentWindow(const DocumentView& view, std::int64_t code, QWid
   if (!view.totals.empty()) layout->addWidget(MakeTotals(view));
   layout->addWidget(buttons);
   resize(960, 560);
-  FitColumns();
+  FitColumns(*table_);
   table_->setFocus();
 }
 
 QWidget* DocumentWindow::MakeHeader(const DocumentView& view) {
   auto* frame = new QFrame(this);
   frame->setObjectName("Header_PNL");
-  frame->setFrameShape(QFrame::StyledPanel);
+  frame->setStyleSheet(
+      QString("QFrame#Header_PNL { background: %1; border: 1px solid %2; border-radius: 6px; }")
+          .arg(CurrentTheme().surface.name(), CurrentTheme().border.name()));
   auto* grid = new QGridLayout(frame);
   grid->setContentsMargins(14, 10, 14, 10);
   grid->setHorizontalSpacing(10);
@@ -92,7 +93,7 @@ QWidget* DocumentWindow::MakeHeader(const DocumentView& view) {
     const int column = place % kHeaderPairsInLine * 2;
     auto* value = Emphasised(text.empty() ? QString("—") : ShownText(text), frame);
     value->setWordWrap(true);
-    grid->addWidget(Caption(ToQt(caption) + " :", frame), line, column, Qt::AlignTop);
+    grid->addWidget(Caption(ToQt(caption), frame), line, column, Qt::AlignTop);
     grid->addWidget(value, line, column + 1, Qt::AlignTop);
     grid->setColumnStretch(column + 1, 1);
     ++place;
@@ -104,29 +105,8 @@ void DocumentWindow::MakeTable(const DocumentView& view) {
   table_->setObjectName("Rows_GRD");
   table_->setAccessibleName("ردیف‌های سند");
   table_->setModel(new DocumentRows(view, table_));
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setAlternatingRowColors(true);
-  table_->setWordWrap(false);
-  table_->setShowGrid(false);
-  table_->setTabKeyNavigation(false);
-  table_->horizontalHeader()->setHighlightSections(false);
-  table_->horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
-  table_->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
-  table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 10);
+  GiveTableLook(*table_);
   if (!view.rows.empty()) table_->setCurrentIndex(table_->model()->index(0, 0));
-}
-
-void DocumentWindow::FitColumns() {
-  table_->resizeColumnsToContents();
-  QHeaderView* header = table_->horizontalHeader();
-  int widest = -1;
-  for (int column = 0; column < header->count(); ++column) {
-    header->resizeSection(column, std::clamp(header->sectionSize(column) + 16, 72, kWidestColumn));
-    if (widest < 0 || header->sectionSize(column) > header->sectionSize(widest)) widest = column;
-  }
-  // The widest column, as a rule the good's name, takes the room that is left over.
-  if (widest >= 0) header->setSectionResizeMode(widest, QHeaderView::Stretch);
 }
 
 QWidget* DocumentWindow::MakeTotals(const DocumentView& view) {
@@ -137,7 +117,7 @@ QWidget* DocumentWindow::MakeTotals(const DocumentView& view) {
   layout->setSpacing(8);
   layout->addStretch(1);
   for (const auto& [caption, text] : view.totals) {
-    layout->addWidget(Caption(ToQt(caption) + " :", line));
+    layout->addWidget(Caption(ToQt(caption), line));
     layout->addWidget(Emphasised(ShownText(text), line));
     layout->addSpacing(16);
   }

@@ -23,7 +23,6 @@ class DocumentWindow : public QDialog {
   QWidget* MakeHeader(const DocumentView& view);
   QWidget* MakeTotals(const DocumentView& view);
   void MakeTable(const DocumentView& view);
-  void FitColumns();
 
   QTableView* table_;
 };

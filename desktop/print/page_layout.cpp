@@ -18,7 +18,9 @@ constexpr double kPointsPerPixel = 0.75;  // 72 / 96
 constexpr std::size_t kUprightColumns = 8;
 constexpr double kNumberColumn = 26;
 constexpr double kLeastFont = 5.5;
-constexpr double kRowPadding = 5;
+constexpr double kRowPadding = 4;
+constexpr double kLineFactor = 1.45;
+constexpr int kTitleSize = 13;
 constexpr int kMaxTitleLines = 3;
 
 }  // namespace
@@ -52,7 +54,7 @@ QFont PageLayout::BoldFont() const {
 
 QFont PageLayout::TitleFont() const {
   QFont font = BoldFont();
-  font.setPixelSize(static_cast<int>(14 * kFontUnits));
+  font.setPixelSize(kTitleSize * kFontUnits);
   return font;
 }
 
@@ -82,25 +84,28 @@ void PageLayout::PlaceColumns() {
   }
 }
 
+QStringList PageLayout::TitleLines(const PrintedColumn& column) const {
+  const double room = std::max(1.0, (column.width - 4) * kFontUnits);
+  return WrappedWords(column.title, QFontMetricsF(BoldFont()), room, kMaxTitleLines);
+}
+
 void PageLayout::Measure() {
-  const double unit = 1.0 / kFontUnits;
-  const QFontMetricsF bold(BoldFont());
-  rowHeight_ = QFontMetricsF(Font()).height() * unit + kRowPadding;
+  const double line = fontSize_ * kLineFactor;
+  rowHeight_ = line + kRowPadding;
   bool groups = false;
-  double tallest = bold.height();
+  qsizetype lines = 1;
   for (const PrintedColumn& column : columns_) {
     groups = groups || !column.group.isEmpty();
-    const QRectF room(0, 0, std::max(1.0, (column.width - 4) * kFontUnits), 1e6);
-    tallest = std::max(tallest, bold.boundingRect(room, Qt::TextWordWrap, column.title).height());
+    lines = std::max(lines, TitleLines(column).size());
   }
-  tallest = std::min(tallest, bold.lineSpacing() * kMaxTitleLines);
   groupHeight_ = groups ? rowHeight_ : 0;
-  headerHeight_ = groupHeight_ + tallest * unit + kRowPadding + 2;
-  titleHeight_ = QFontMetricsF(TitleFont()).height() * unit + 6;
+  headerHeight_ = groupHeight_ + line * static_cast<double>(lines) + kRowPadding + 2;
+  textHeight_ = line;
+  titleHeight_ = kTitleSize * kLineFactor + 8;
   lineHeight_ = rowHeight_;
   pageFooterHeight_ = rowHeight_ + 4;
-  for (const std::string& line : job_.lines) {
-    for (const QString& each : ShownText(line).split('\n')) {
+  for (const std::string& text : job_.lines) {
+    for (const QString& each : ShownText(text).split('\n')) {
       if (!each.trimmed().isEmpty()) lines_.push_back(each);
     }
   }

@@ -5,6 +5,7 @@
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
+#include <QStringList>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -46,6 +47,8 @@ class PageLayout {
   QRectF Body() const;       // within the margins
   const std::vector<PrintedColumn>& Columns() const { return columns_; }
   const std::vector<PrintedPage>& Pages() const { return pages_; }
+  double TextHeight() const { return textHeight_; }
+  QStringList TitleLines(const PrintedColumn& column) const;
   double RowHeight() const { return rowHeight_; }
   double GroupHeight() const { return groupHeight_; }
   double HeaderHeight() const { return headerHeight_; }
@@ -73,6 +76,7 @@ class PageLayout {
   std::vector<PrintedPage> pages_;
   std::vector<QString> lines_;
   double rowHeight_ = 0;
+  double textHeight_ = 0;
   double groupHeight_ = 0;
   double headerHeight_ = 0;
   double headHeight_ = 0;

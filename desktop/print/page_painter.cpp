@@ -42,13 +42,12 @@ class Page {
              true);
     painter_.restore();
   }
-  void WrappedText(const QRectF& box, const QString& text, const QFont& font) {
+  void Lines(const QRectF& box, const QStringList& lines, const QFont& font) {
     painter_.save();
     painter_.scale(1.0 / kFontUnits, 1.0 / kFontUnits);
     painter_.setFont(font);
-    painter_.setLayoutDirection(Qt::RightToLeft);
-    painter_.drawText(QRectF(box.topLeft() * kFontUnits, box.size() * kFontUnits),
-                      Qt::AlignCenter | Qt::TextWordWrap, text);
+    DrawLines(painter_, QRectF(box.topLeft() * kFontUnits, box.size() * kFontUnits), lines,
+              layout_.TextHeight() * kFontUnits);
     painter_.restore();
   }
 
@@ -79,7 +78,7 @@ class Page {
       QRectF box = Cell(column, height);
       if (!column.group.isEmpty()) box.setTop(box.top() + layout_.GroupHeight());
       painter_.setPen(kInk);
-      WrappedText(box.adjusted(2, 0, -2, 0), column.title, layout_.BoldFont());
+      Lines(box.adjusted(2, 0, -2, 0), layout_.TitleLines(column), layout_.BoldFont());
       Frame(box);
     }
     PaintGroups();

@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QDir>
+#include <QLoggingCategory>
 #include <iostream>
 
 #include "desktop/app/company_chooser.h"
@@ -53,16 +54,23 @@ void PictureDialogs(const Pictures& pictures) {
   picker.Choose();
 }
 
+// The good is typed as a user types it; store and dates come as another report would hand them over.
 void PictureStockCards(const Pictures& pictures, DesktopHost& host, const BusyGood& good) {
-  const auto open = [&](std::int64_t store, const char* from, const char* to, auto&& steps) {
-    WhileModal([&](QWidget& window) {
-      window.resize(1400, 860);
-      Wait(300);
+  const auto settle = [](QWidget& window) {
+    window.resize(1440, 860);
+    Wait(400);
+  };
+  const auto typedCard = [&](auto&& steps) {
+    WhileModal([&, steps](QWidget& window) {
+      TypeText(window, "Good_SEF.Code_EDT", QString::number(good.code));
+      PressKey(window, Qt::Key_Return);
+      settle(window);
       steps(window);
     });
-    pictures.module.OpenKardex(good.code, store, from, to);
+    pictures.module.Call("Open_GoodKardex");
+    RethrowFailure();
   };
-  open(0, "", "", [&](QWidget& window) {
+  typedCard([&](QWidget& window) {
     pictures.Save(window, "stock-card");
     WhileModal([&](QWidget& document) { pictures.Save(document, "document"); });
     PressKey(window, Qt::Key_F2);
@@ -73,10 +81,15 @@ void PictureStockCards(const Pictures& pictures, DesktopHost& host, const BusyGo
     });
     PressKey(window, Qt::Key_F9);
   });
-  open(1, "1403/01/01", "1403/06/31", [&](QWidget& window) { pictures.Save(window, "stock-card-criteria"); });
+  WhileModal([&](QWidget& window) {
+    settle(window);
+    pictures.Save(window, "stock-card-criteria");
+  });
+  pictures.module.OpenKardex(good.code, 1, "1403/01/01", "1403/06/31");
   host.Settings().Settings().SecondUnit = true;
-  open(0, "", "", [&](QWidget& window) { pictures.Save(window, "stock-card-second-unit"); });
+  typedCard([&](QWidget& window) { pictures.Save(window, "stock-card-second-unit"); });
   host.Settings().Settings().SecondUnit = false;
+  RethrowFailure();
 }
 
 void PictureMain(const Pictures& pictures, DesktopHost& host) {
@@ -120,6 +133,7 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  QLoggingCategory::setFilterRules("*.warning=false\n*.debug=false");
   QApplication application(argc, argv);
   std::string company;
   std::string module;

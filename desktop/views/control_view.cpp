@@ -20,6 +20,12 @@ void ControlView::SetWidget(QWidget* widget) {
   widget->setObjectName(ComponentPath(control_));
 }
 
+void ControlView::SetAlignedWidth(int width) {
+  if (width == alignedWidth_) return;
+  alignedWidth_ = width;
+  Refresh();
+}
+
 void ControlView::Refresh() {
   if (widget_ == nullptr) return;
   if (&control_ != &form_.Form()) {

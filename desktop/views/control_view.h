@@ -26,6 +26,9 @@ class ControlView : public QObject {
   virtual QWidget* FocusWidget() const { return nullptr; }
   // Brings the widget up to date with the component. Cheap when nothing has changed.
   virtual void Refresh();
+  // The least width that lines it up with its neighbours; 0 for none.
+  void SetAlignedWidth(int width);
+  int AlignedWidth() const { return alignedWidth_; }
   // Another view took the place of one that this view points to.
   virtual void Connected() {}
 
@@ -41,6 +44,7 @@ class ControlView : public QObject {
   FormView& form_;
   TControl& control_;
   QPointer<QWidget> widget_;
+  int alignedWidth_ = 0;
   Subscription changed_;
 };
 

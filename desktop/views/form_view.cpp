@@ -27,6 +27,7 @@ FormView::FormView(TForm& form, std::vector<GridCommand> gridCommands, QWidget* 
   if (ControlView* root = Build(form_, this)) layout->addWidget(root->Widget());
   for (const auto& view : views_) view->Connected();
   for (const auto& view : views_) view->Refresh();
+  AlignRows();
   formChanged_ = form_.Changed.Connect([this] {
     if (ControlView* root = ViewOf(form_)) Queue(*root);
   });
@@ -109,9 +110,16 @@ void FormView::Flush() {
     queued_.erase(queued_.begin());
     view->Refresh();
   }
+  AlignRows();
   RefreshWindow();
   setUpdatesEnabled(true);
   SyncFocus();
+}
+
+void FormView::AlignRows() {
+  for (const auto& view : views_) {
+    if (auto* container = dynamic_cast<PanelView*>(view.get())) container->AlignRows();
+  }
 }
 
 void FormView::RefreshWindow() {

@@ -65,6 +65,7 @@ class FormView : public QWidget {
   bool HandleKey(QKeyEvent& event);
   void FocusCame(const TControl& control);
   void SyncFocus();
+  void AlignRows();
   void RefreshWindow();
 
   TForm& form_;

@@ -1,12 +1,13 @@
 #include "desktop/views/grid_geometry.h"
 
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QWidget>
 #include <algorithm>
 #include <cstdlib>
 
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "host/core/text.h"
 
 namespace goods {
 namespace {
@@ -41,7 +42,7 @@ void GridGeometry::Update(const TSmartDBGrid_QRT& grid, const QWidget& viewport)
   rightToLeft_ = grid.RightAligned;
   padding_ = Scaled(kPadding, viewport);
   const QFontMetrics metrics(viewport.font());
-  rowHeight_ = metrics.height() + Scaled(kRowExtra, viewport);
+  rowHeight_ = LineHeight(viewport.font()) + Scaled(kRowExtra, viewport);
   footerHeight_ = grid.ShowFooter ? rowHeight_ + Scaled(2, viewport) : 0;
   numberWidth_ = 0;
   if (grid.ShowRowNumbers) {
@@ -76,24 +77,25 @@ void GridGeometry::PlaceColumns(const TSmartDBGrid_QRT& grid, const QWidget& vie
   contentWidth_ = start;
 }
 
+QStringList GridGeometry::TitleLines(const TGridColumn& column, int room, const QFont& font) const {
+  return WrappedWords(TitleOf(column), QFontMetricsF(HeaderFont(font)), room, kMaxTitleLines);
+}
+
 void GridGeometry::MeasureHeader(const TSmartDBGrid_QRT& grid, const QWidget& viewport) {
-  const QFontMetrics metrics(HeaderFont(viewport.font()));
   bool groups = false;
-  int lines = 1;
+  qsizetype lines = 1;
   for (const GridSpan& span : spans_) {
     groups = groups || !GroupOf(*span.column).isEmpty();
     const bool sorted = std::any_of(grid.SortKeys().begin(), grid.SortKeys().end(), [&](const TSortKey& key) {
-      return key.FieldName == span.column->FieldName();
+      return SameText(key.FieldName, span.column->FieldName());
     });
-    const int room = std::max(1, span.width - padding_ - (sorted ? 2 * padding_ : 0));
-    const QRect wrapped =
-        metrics.boundingRect(QRect(0, 0, room, 10000), Qt::TextWordWrap, TitleOf(*span.column));
-    lines = std::max(lines, (wrapped.height() + metrics.lineSpacing() - 1) / metrics.lineSpacing());
+    const int room = std::max(1, span.width - padding_ - (sorted ? SortRoom() : 0));
+    lines = std::max(lines, TitleLines(*span.column, room, viewport.font()).size());
   }
-  lines = std::min(lines, kMaxTitleLines);
+  const int line = LineHeight(HeaderFont(viewport.font()));
   const int extra = Scaled(kHeaderExtra, viewport);
-  groupHeight_ = groups ? metrics.height() + extra / 2 : 0;
-  headerHeight_ = groupHeight_ + metrics.height() + (lines - 1) * metrics.lineSpacing() + extra;
+  groupHeight_ = groups ? line + extra / 2 : 0;
+  headerHeight_ = groupHeight_ + line * static_cast<int>(lines) + extra;
 }
 
 QRect GridGeometry::RowsArea() const {

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QRect>
 #include <QString>
+#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -49,6 +50,10 @@ class GridGeometry {
   std::optional<std::size_t> SpanAt(int x, int offset) const;
   // The span whose far edge is near x.
   std::optional<std::size_t> EdgeAt(int x, int offset) const;
+
+  // A title as it is wrapped into room, and the room that its sort mark takes.
+  QStringList TitleLines(const TGridColumn& column, int room, const QFont& font) const;
+  int SortRoom() const { return 2 * padding_ + 2; }
 
   static QFont HeaderFont(const QFont& font);
 

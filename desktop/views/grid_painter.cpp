@@ -169,14 +169,8 @@ void GridPainter::PaintTitle(std::size_t index, const GridSpan& span) {
   QRect box = cell.adjusted(geometry_.Padding() / 2, 1, -geometry_.Padding() / 2, -1);
   PaintSortMark(*span.column, box);
   painter_.setPen(theme.text);
-  painter_.setLayoutDirection(geometry_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-  const QString title = TitleOf(*span.column);
-  const bool one = painter_.fontMetrics().horizontalAdvance(title) <= box.width();
-  if (one) {
-    painter_.drawText(box, Qt::AlignCenter, title);
-  } else {
-    painter_.drawText(box, Qt::AlignCenter | Qt::TextWordWrap, title);
-  }
+  DrawLines(painter_, box, geometry_.TitleLines(*span.column, box.width(), font_),
+            LineHeight(painter_.font()));
   painter_.setPen(theme.border);
   const int edge = geometry_.RightToLeft() ? cell.left() : cell.right();
   painter_.drawLine(edge, cell.top() + 5, edge, cell.bottom() - 5);
@@ -188,20 +182,21 @@ void GridPainter::PaintSortMark(const TGridColumn& column, QRect& box) {
     return SameText(each.FieldName, column.FieldName());
   });
   if (key == keys.end()) return;
-  const int room = 2 * geometry_.Padding();
+  const int room = geometry_.SortRoom();
   const bool rightToLeft = geometry_.RightToLeft();
   const QRect mark(rightToLeft ? box.left() : box.right() - room + 1, box.top(), room, box.height());
   box = rightToLeft ? box.adjusted(room, 0, 0, 0) : box.adjusted(0, 0, -room, 0);
-  const QPointF center = QRectF(mark).center();
+  const bool several = keys.size() > 1;
+  const QPointF center = QRectF(mark).center() - QPointF(0, several ? 4 : 0);
   DrawArrow(painter_, QRectF(center.x() - 4, center.y() - 4, 8, 8), CurrentTheme().accent,
             key->Descending ? 0 : 180);
-  if (keys.size() < 2) return;
+  if (!several) return;
   QFont small(painter_.font());
   small.setPointSizeF(small.pointSizeF() * 0.7);
   painter_.save();
   painter_.setFont(small);
   painter_.setPen(CurrentTheme().accent);
-  painter_.drawText(mark.adjusted(-2, 0, 2, -1), Qt::AlignHCenter | Qt::AlignBottom,
+  painter_.drawText(QRectF(center.x() - 8, center.y() + 2, 16, 14), Qt::AlignCenter | Qt::TextDontClip,
                     ShownDigits(QString::number(key - keys.begin() + 1)));
   painter_.restore();
 }

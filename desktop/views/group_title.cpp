@@ -37,7 +37,7 @@ void GroupTitle::Show(const QString& caption, bool foldable, bool folded) {
 QSize GroupTitle::sizeHint() const {
   const QFontMetrics metrics(font());
   return {metrics.horizontalAdvance(text()) + Scaled(kArrowRoom + 2 * kPadding, *this),
-          metrics.height() + Scaled(10, *this)};
+          LineHeight(font()) + Scaled(8, *this)};
 }
 
 void GroupTitle::paintEvent(QPaintEvent* /*event*/) {
@@ -62,8 +62,10 @@ void GroupTitle::paintEvent(QPaintEvent* /*event*/) {
               degrees);
     box = rightToLeft ? box.adjusted(0, 0, -room, 0) : box.adjusted(room, 0, 0, 0);
   }
-  style()->drawItemText(&painter, box, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextShowMnemonic, palette(),
-                        isEnabled(), text(), QPalette::WindowText);
+  const bool marked = style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this) != 0;
+  const int marks = marked ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+  style()->drawItemText(&painter, box, Qt::AlignVCenter | Qt::AlignLeading | marks, palette(), isEnabled(),
+                        text(), QPalette::WindowText);
 }
 
 }  // namespace goods

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kSpacing = 8;
 constexpr int kRowSpacing = 6;
+constexpr int kPairSpacing = 18;
 constexpr int kFramePadding = 10;
 
 // A container's widget; paints the frame of a framed one.
@@ -47,6 +48,13 @@ const TControl* RowTitle(const TControl& control) {
   const bool title =
       dynamic_cast<const TCheckBox*>(first) != nullptr || dynamic_cast<const TLabel*>(first) != nullptr;
   return title && first->Stretch() == 0 && !first->Caption().empty() ? first : nullptr;
+}
+
+// A caption that follows the value of the caption before it.
+bool BeginsPair(const TControl* before, const TControl& control) {
+  const auto* value = dynamic_cast<const TLabel*>(before);
+  const auto* caption = dynamic_cast<const TLabel*>(&control);
+  return value != nullptr && value->Emphasis && caption != nullptr && !caption->Emphasis;
 }
 
 }  // namespace
@@ -92,10 +100,13 @@ void PanelView::BuildContents() {
 void PanelView::Arrange() {
   while (QLayoutItem* item = layout_->takeAt(0)) delete item;
   bool anyStretch = false;
+  const TControl* before = nullptr;
   for (const TControl* each : contents_) {
     QWidget* widget = Form().WidgetOf(*each);
     if (widget == nullptr) continue;
     widget->setParent(body_);
+    if (IsRow() && BeginsPair(before, *each)) layout_->addSpacing(Scaled(kPairSpacing, *body_));
+    before = each;
     const int stretch = each->Stretch() == 0 && IsGrid(*each) ? 1 : each->Stretch();
     anyStretch = anyStretch || stretch > 0;
     layout_->addWidget(widget, stretch);
@@ -109,20 +120,19 @@ void PanelView::Arrange() {
   }
 }
 
-void PanelView::AlignFirstColumn() {
+void PanelView::AlignRows() {
   if (IsRow()) return;
   int widest = 0;
-  std::vector<QWidget*> titles;
+  std::vector<ControlView*> titles;
   for (const TControl* each : contents_) {
     const TControl* title = RowTitle(*each);
-    QWidget* widget =
-        title == nullptr || !title->Visible() || !each->Visible() ? nullptr : Form().WidgetOf(*title);
-    if (widget == nullptr) continue;
-    titles.push_back(widget);
-    widest = std::max(widest, widget->sizeHint().width());
+    ControlView* view =
+        title == nullptr || !title->Visible() || !each->Visible() ? nullptr : Form().ViewOf(*title);
+    if (view == nullptr) continue;
+    titles.push_back(view);
+    widest = std::max(widest, view->Widget()->sizeHint().width());
   }
-  if (titles.size() < 2) return;
-  for (QWidget* title : titles) title->setMinimumWidth(widest);
+  for (ControlView* title : titles) title->SetAlignedWidth(titles.size() > 1 ? widest : 0);
 }
 
 void PanelView::Refresh() {
@@ -143,7 +153,6 @@ void PanelView::Refresh() {
     const bool inRow = parentPanel != nullptr && parentPanel->Direction() == Flow::Row;
     Widget()->setSizePolicy(QSizePolicy::Preferred, inRow ? QSizePolicy::Preferred : vertical);
   }
-  AlignFirstColumn();
 }
 
 }  // namespace goods

@@ -22,13 +22,14 @@ class PanelView : public ControlView {
   void Refresh() override;
   // Makes the views of what stands in the container. Called again when ContentsDiffer.
   void BuildContents();
+  // Gives the titles that begin its rows one width.
+  void AlignRows();
   bool ContentsDiffer() const { return contents_ != Control().Controls(); }
   const std::vector<TControl*>& Contents() const { return contents_; }
 
  private:
   bool IsRow() const;
   void Arrange();
-  void AlignFirstColumn();
 
   TPanel* panel_;  // null for the form itself
   GroupTitle* title_ = nullptr;

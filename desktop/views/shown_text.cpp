@@ -1,6 +1,6 @@
 #include "desktop/views/shown_text.h"
 
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
 
@@ -10,8 +10,6 @@ namespace {
 constexpr char16_t kIsolateLeftToRight = 0x2066;
 constexpr char16_t kPopIsolate = 0x2069;
 constexpr char16_t kPersianZero = 0x06F0;
-constexpr char16_t kPersianThousands = 0x066C;
-constexpr char16_t kPersianPoint = 0x066B;
 
 bool g_persianDigits = true;
 
@@ -37,7 +35,9 @@ QString ShownDigits(QString text) {
 
 QString ShownNumber(QString text) {
   if (!g_persianDigits) return text;
-  text.replace(u',', QChar(kPersianThousands)).replace(u'.', QChar(kPersianPoint));
+  // The Unicode separators of Persian look like zeros and like each other at the size of a cell; the slash is
+  // what Persian books are printed with.
+  if (text.count(u'.') == 1) text.replace(u'.', u'/');
   return ShownDigits(std::move(text));
 }
 
@@ -56,7 +56,8 @@ QString ShownText(const QString& text) {
       i = stop;
       continue;
     }
-    const QString shown = ShownNumber(text.mid(i, end - i));
+    const bool partOfName = i > 0 && text[i - 1].isLetter() && text[i - 1] < u'\x80';  // such as F2
+    const QString shown = partOfName ? text.mid(i, end - i) : ShownNumber(text.mid(i, end - i));
     const bool minusBehind = end < text.size() && text[end] == u'-' &&
                              (end + 1 == text.size() || !text[end + 1].isLetterOrNumber());
     if (minusBehind) {
@@ -86,13 +87,38 @@ QString ShownCell(std::string_view text, bool isNumber) {
   return IsNumberLike(shown) ? ShownDigits(std::move(shown)) : ShownText(shown);
 }
 
+QStringList WrappedWords(const QString& text, const QFontMetricsF& metrics, double width, int mostLines) {
+  QStringList lines;
+  for (const QString& word : text.split(' ', Qt::SkipEmptyParts)) {
+    const bool fits = !lines.isEmpty() && metrics.horizontalAdvance(lines.back() + ' ' + word) <= width;
+    if (fits || lines.size() == mostLines) {
+      lines.back() += ' ' + word;
+    } else {
+      lines << word;
+    }
+  }
+  return lines;
+}
+
+void DrawLines(QPainter& painter, const QRectF& box, const QStringList& lines, double lineHeight) {
+  painter.setLayoutDirection(Qt::RightToLeft);
+  const QFontMetricsF metrics(painter.font());
+  double top = box.center().y() - lineHeight * static_cast<double>(lines.size()) / 2;
+  for (const QString& line : lines) {
+    const QString shown = metrics.elidedText(line, Qt::ElideRight, box.width());
+    painter.drawText(QRectF(box.left(), top, box.width(), lineHeight), Qt::AlignCenter | Qt::TextDontClip,
+                     shown);
+    top += lineHeight;
+  }
+}
+
 bool DrawCell(QPainter& painter, const QRect& box, const QString& text, TextAlign align, bool rightToLeft) {
   if (text.isEmpty() || box.width() <= 0) return false;
   const bool atRight = (align == TextAlign::Start) == rightToLeft;
   const int horizontal = align == TextAlign::Center ? Qt::AlignHCenter
                          : atRight                  ? Qt::AlignRight
                                                     : Qt::AlignLeft;
-  const int flags = horizontal | Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine;
+  const int flags = horizontal | Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine | Qt::TextDontClip;
   painter.setLayoutDirection(HasRightToLeft(text) ? Qt::RightToLeft : Qt::LeftToRight);
   const QFontMetrics metrics = painter.fontMetrics();
   if (metrics.horizontalAdvance(text) <= box.width()) {

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QPushButton>
+#include <algorithm>
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
@@ -12,8 +13,10 @@ namespace goods {
 namespace {
 
 // Caption, least size and stretch are treated alike by all three.
-void SetSizes(const TControl& control, QWidget& widget) {
-  widget.setMinimumWidth(control.Width() > 0 ? Scaled(control.Width(), widget) : 0);
+void SetSizes(const ControlView& view) {
+  const TControl& control = view.Control();
+  QWidget& widget = *view.Widget();
+  widget.setMinimumWidth(std::max(view.AlignedWidth(), Scaled(control.Width(), widget)));
   widget.setMinimumHeight(control.Height() > 0 ? Scaled(control.Height(), widget) : 0);
 }
 
@@ -53,7 +56,7 @@ void LabelView::Refresh() {
     font.setBold(label_.Emphasis);
     widget_->setFont(font);
   }
-  SetSizes(label_, *widget_);
+  SetSizes(*this);
   widget_->SetShrinkable(label_.Stretch() > 0);
 }
 
@@ -70,7 +73,7 @@ void ButtonView::Refresh() {
   ControlView::Refresh();
   const QString text = ShownText(button_.Caption());
   if (widget_->text() != text) widget_->setText(text);
-  SetSizes(button_, *widget_);
+  SetSizes(*this);
   // "..." beside an edit is a small square.
   if (button_.Width() == 0 && text.size() <= 3) widget_->setFixedWidth(Scaled(kIconButtonWidth, *widget_));
 }
@@ -88,7 +91,7 @@ void CheckBoxView::Refresh() {
   const QString text = ShownText(box_.Caption());
   if (widget_->text() != text) widget_->setText(text);
   if (widget_->isChecked() != box_.Checked()) widget_->setChecked(box_.Checked());
-  if (box_.Width() > 0 || box_.Height() > 0) SetSizes(box_, *widget_);
+  SetSizes(*this);
 }
 
 }  // namespace goods

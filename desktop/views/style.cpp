@@ -1,5 +1,7 @@
 #include "desktop/views/style.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -117,7 +119,23 @@ void DrawArrow(QPainter& painter, const QRectF& box, const QColor& color, int de
   painter.restore();
 }
 
-HostStyle::HostStyle() : QProxyStyle("Fusion") {}
+HostStyle::HostStyle() : QProxyStyle("Fusion") { qApp->installEventFilter(this); }
+
+bool HostStyle::eventFilter(QObject* watched, QEvent* event) {
+  const bool press = event->type() == QEvent::KeyPress;
+  if (press || event->type() == QEvent::KeyRelease || event->type() == QEvent::ApplicationDeactivate) {
+    const bool alt = event->type() != QEvent::ApplicationDeactivate &&
+                     static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt;
+    const bool held = alt ? press : altHeld_ && event->type() != QEvent::ApplicationDeactivate;
+    if (held != altHeld_) {
+      altHeld_ = held;
+      for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->isVisible()) widget->update();
+      }
+    }
+  }
+  return QProxyStyle::eventFilter(watched, event);
+}
 
 void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
@@ -142,6 +160,11 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       return;
     case PE_IndicatorRadioButton:
       DrawTick(*painter, option, true);
+      return;
+    case PE_Frame:
+      painter->setPen(CurrentTheme().border);
+      painter->setBrush(Qt::NoBrush);
+      painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
       return;
     case PE_FrameFocusRect:
       return;  // the focus shows in the control's own border
@@ -224,7 +247,7 @@ int HostStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     case SH_ScrollBar_LeftClickAbsolutePosition:
       return 0;
     case SH_UnderlineShortcut:
-      return 1;
+      return altHeld_ ? 1 : 0;  // an underline tears the joined letters apart, so only on demand
     default:
       return QProxyStyle::styleHint(hint, option, widget, result);
   }
@@ -233,7 +256,7 @@ int HostStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 QSize HostStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                   const QWidget* widget) const {
   QSize full = QProxyStyle::sizeFromContents(type, option, size, widget);
-  const int height = option->fontMetrics.height() + 12;
+  const int height = LineHeight(widget == nullptr ? InterfaceFont() : widget->font()) + 12;
   if (type == CT_LineEdit || type == CT_ComboBox || type == CT_PushButton) full.setHeight(height);
   if (type == CT_PushButton) full.rwidth() = size.width() + 24;
   if (type == CT_ComboBox) full.rwidth() += 6;

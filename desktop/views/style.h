@@ -22,6 +22,11 @@ class HostStyle : public QProxyStyle {
                 QStyleHintReturn* result) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                          const QWidget* widget) const override;
+  // Marks of keyboard accelerators are shown while Alt is held.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool altHeld_ = false;
 };
 
 // The small arrow of combo boxes, folds and sort marks, centred in box. degrees: 0 points down.

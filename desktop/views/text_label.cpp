@@ -12,7 +12,7 @@ namespace goods {
 
 TextLabel::TextLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
-  setAlignment(Qt::AlignLeading | Qt::AlignVCenter);
+  setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
 }
 
 void TextLabel::SetShrinkable(bool shrinkable) {
@@ -39,8 +39,8 @@ void TextLabel::paintEvent(QPaintEvent* event) {
   }
   QPainter painter(this);
   const QString cut = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
-  style()->drawItemText(&painter, contentsRect(), Qt::AlignLeading | Qt::AlignVCenter, palette(), isEnabled(),
-                        cut, foregroundRole());
+  style()->drawItemText(&painter, contentsRect(), Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter,
+                        palette(), isEnabled(), cut, foregroundRole());
 }
 
 void TextLabel::mouseReleaseEvent(QMouseEvent* event) {

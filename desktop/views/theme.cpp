@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QPaintDevice>
 #include <QPalette>
 
@@ -10,7 +11,8 @@
 namespace goods {
 namespace {
 
-constexpr int kFontPoints = 10;
+constexpr double kFontPoints = 10.5;
+constexpr double kLineFactor = 1.45;
 constexpr int kReferenceDpi = 96;
 
 Theme LightTheme() {
@@ -114,9 +116,11 @@ QFont InterfaceFont() {
   }
   QFont font;
   if (!families.isEmpty()) font.setFamilies(families);
-  font.setPointSize(kFontPoints);
+  font.setPointSizeF(kFontPoints);
   return font;
 }
+
+int LineHeight(const QFont& font) { return qRound(QFontInfo(font).pixelSize() * kLineFactor); }
 
 int Scaled(int pixels, const QPaintDevice& device) {
   return qRound(static_cast<double>(pixels) * device.logicalDpiX() / kReferenceDpi);

@@ -42,6 +42,10 @@ void ApplyTheme(QApplication& application, ThemeMode mode = ThemeMode::System);
 // The interface font: the first of Vazirmatn, Noto Sans Arabic and DejaVu Sans that is installed.
 QFont InterfaceFont();
 
+// The height of a line of text as the eye sees it. Arabic fonts claim far more for marks that Persian hardly
+// uses.
+int LineHeight(const QFont& font);
+
 // Measures of the components are pixels at 96 dpi.
 int Scaled(int pixels, const QPaintDevice& device);
 int Unscaled(int pixels, const QPaintDevice& device);

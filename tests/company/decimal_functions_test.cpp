@@ -104,20 +104,15 @@ TEST_F(DecimalFunctions, SumsRunOverWindowsAndGroups) {
       "CREATE TABLE t(i INTEGER, store INTEGER, v); INSERT INTO t VALUES(1, 1, 5), (2, 2, 7), (3, 1, NULL),"
       " (4, 1, 9223372036854775807), (5, 2, -1), (6, 1, 9223372036854775807)");
   Statement rows = db_.Prepare(
-      "SELECT dec_text(dec_sum(v) OVER w), dec_text(dec_sum_within(store, v) OVER w),"
+      "SELECT dec_text(dec_sum(v) OVER w),"
       " dec_text(dec_sum(v) OVER (ORDER BY i ROWS BETWEEN 1 PRECEDING AND CURRENT ROW)) FROM t"
       " WINDOW w AS (ORDER BY i ROWS BETWEEN UNBOUNDED PRECEDING AND CURRENT ROW)");
   std::string seen;
-  while (rows.Step()) {
-    seen +=
-        std::string(rows.Text(0)) + "/" + std::string(rows.Text(1)) + "/" + std::string(rows.Text(2)) + " ";
-  }
-  EXPECT_EQ(
-      seen,
-      "0.000000005/0.000000005/0.000000005 0.000000012/0.000000007/0.000000012 "
-      "0.000000012/0.000000005/0.000000007 9223372036.854775819/9223372036.854775812/9223372036.854775807 "
-      "9223372036.854775818/0.000000006/9223372036.854775806 "
-      "18446744073.709551625/18446744073.709551619/9223372036.854775806 ");
+  while (rows.Step()) seen += std::string(rows.Text(0)) + "/" + std::string(rows.Text(1)) + " ";
+  EXPECT_EQ(seen,
+            "0.000000005/0.000000005 0.000000012/0.000000012 0.000000012/0.000000007 "
+            "9223372036.854775819/9223372036.854775807 9223372036.854775818/9223372036.854775806 "
+            "18446744073.709551625/9223372036.854775806 ");
   EXPECT_EQ(db_.AskText("SELECT dec_text(dec_max(v)) || ' ' || dec_text(dec_min(v)) FROM t"),
             "9223372036.854775807 -0.000000001");
   EXPECT_EQ(db_.AskInteger("SELECT dec_sum(v) IS NULL FROM t WHERE i > 100"), 1);

@@ -194,6 +194,8 @@ TEST_F(MeaningTest, EveryProcedureDeclaresWhatItsBodyReturns) {
     EXPECT_EQ(procedure.writes, procedure.columns.empty()) << procedure.name;
   }
   EXPECT_THROW(ReadProcedure("Broken", "-- parameter @A number\nSELECT 1"), std::logic_error);
+  EXPECT_THROW(ReadProcedure("Broken", "-- column A decimal product B C\nSELECT 1"), std::logic_error);
+  EXPECT_THROW(ReadProcedure("Broken", "-- column A decimal sideways\nSELECT 1"), std::logic_error);
   EXPECT_THROW(ReadProcedure("Broken", "-- parameter A integer\nSELECT 1"), std::logic_error);
   EXPECT_THROW(ReadProcedure("Broken", "-- parameter @A integer default x\nSELECT 1"), std::logic_error);
 }

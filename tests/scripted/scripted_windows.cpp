@@ -65,8 +65,14 @@ void ScriptedWindows::RunModal(TForm& form) {
   }
   if (InstanceNumber(form) > seen_.size()) seen_.emplace_back(form);
   open_.push_back(&form);
-  Pump([&form] { return form.ModalResult() != kModalNone; }, [&form] { form.Close(); });
-  open_.pop_back();
+  struct OpenScope {
+    std::vector<TForm*>& open;
+    ~OpenScope() { open.pop_back(); }
+  };
+  {
+    const OpenScope scope{open_};
+    Pump([&form] { return form.ModalResult() != kModalNone; }, [&form] { form.Close(); });
+  }
   closedLast_ = std::make_unique<WindowWatch>(form);
 }
 

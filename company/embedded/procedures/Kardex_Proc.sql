@@ -9,14 +9,14 @@
 -- column Tedad_Varde decimal
 -- column Tedad_Sadere decimal
 -- column Meghdar2 decimal
--- column Bagh decimal
--- column RemainInAnbar decimal
+-- column Bagh decimal running
+-- column RemainInAnbar decimal running within Anbar
 -- column Gheymat_Varede decimal
 -- column Gheymat_Sadere decimal
 -- column Foroosh decimal
 -- column Miangin decimal
--- column Mab_Bagh decimal
--- column Mab_RemainInAnbar decimal
+-- column Mab_Bagh decimal product Bagh Miangin
+-- column Mab_RemainInAnbar decimal product RemainInAnbar Miangin
 -- column Radif integer
 -- column PerCode integer
 -- column Type integer
@@ -28,14 +28,14 @@ SELECT k.Date,
        max(k.Tedad, 0),
        max(-k.Tedad, 0),
        k.Meghdar2,
-       dec_sum(k.Tedad) OVER card,
-       dec_sum_within(k.Anbar, k.Tedad) OVER card,
+       k.Tedad,
+       k.Tedad,
        CASE WHEN k.Tedad > 0 THEN k.Gheymat ELSE 0 END,
        CASE WHEN k.Tedad < 0 THEN k.Gheymat ELSE 0 END,
        dec_mul(abs(k.Tedad), k.Fi),
        k.Miangin,
-       dec_mul(dec_sum(k.Tedad) OVER card, k.Miangin),
-       dec_mul(dec_sum_within(k.Anbar, k.Tedad) OVER card, k.Miangin),
+       NULL,
+       NULL,
        k.Radif,
        k.Percode,
        k.Type,
@@ -43,5 +43,4 @@ SELECT k.Date,
 FROM Kardex k
 LEFT JOIN Persons p ON p.Code = k.Percode
 WHERE k.Kala = @GoodCode
-WINDOW card AS (ORDER BY k.Date, k.Radif ROWS BETWEEN UNBOUNDED PRECEDING AND CURRENT ROW)
 ORDER BY k.Date, k.Radif

@@ -1,6 +1,7 @@
 // goods-report: writes a report of a company to files, without a screen.
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <iostream>
 
 #include "desktop/cli/report_run.h"
@@ -24,6 +25,7 @@ int main(int argc, char** argv) {
 
   // Fonts and PDF come from the toolkit, which otherwise looks for a display.
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  QLoggingCategory::setFilterRules("*.warning=false");
   QGuiApplication application(argc, argv);
   try {
     return goods::RunReport(run, QGuiApplication::applicationDirPath().toStdString(), std::cerr) ? 0 : 1;

@@ -10,7 +10,7 @@ constexpr int kCriteriaHeight = 110;
 
 void TKardex_FRM::DeclareForm() {
   SetCaption("کاردکس کالا");
-  PreferredWidth = 1200;
+  PreferredWidth = 1360;
   PreferredHeight = 720;
 
   Good_LBL.FocusControl = &Good_SEF.Code_EDT;
@@ -67,22 +67,22 @@ void TKardex_FRM::DeclareColumns() {
   };
   const auto number = [&](const char* field, const char* caption, std::string_view format,
                           int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetAlign(TextAlign::End).SetWidth(width);
+    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
   };
 
-  text("Date", "تاریخ", 88);
-  text("PerName", "نام شخص", 150);
-  text("Comment", "شرح", 190).SetAutoFit(true);
-  text("Anbar", "انبار", 56);
-  number("Tedad_Varde", "مقدار وارده", kQuantityFormat, 92).SetFooter(FooterKind::Sum);
-  number("Tedad_Sadere", "مقدار صادره", kQuantityFormat, 92).SetFooter(FooterKind::Sum);
-  number("Meghdar2", "مقدار 2", kQuantityFormat, 80).SetFooter(FooterKind::Sum);
-  remainder_ = &number("Bagh", "مقدار باقیمانده", kQuantityFormat, 100);
-  number("Gheymat_Varede", "قیمت وارده", kAmountFormat, 110);
-  number("Gheymat_Sadere", "قیمت صادره", kAmountFormat, 110);
-  number("Foroosh", "مبلغ سند", kAmountFormat, 120);
-  number("Miangin", "قیمت میانگین", kAmountFormat, 110);
-  remainderAmount_ = &number("Mab_Bagh", "مبلغ باقیمانده", kAmountFormat, 130);
+  text("Date", "تاریخ", 86);
+  text("PerName", "نام شخص", 130);
+  text("Comment", "شرح", 140).SetAutoFit(true);
+  text("Anbar", "انبار", 50);
+  number("Tedad_Varde", "مقدار وارده", kQuantityFormat, 86).SetFooter(FooterKind::Sum);
+  number("Tedad_Sadere", "مقدار صادره", kQuantityFormat, 86).SetFooter(FooterKind::Sum);
+  number("Meghdar2", "مقدار 2", kQuantityFormat, 76).SetFooter(FooterKind::Sum);
+  remainder_ = &number("Bagh", "مقدار باقیمانده", kQuantityFormat, 98);
+  number("Gheymat_Varede", "قیمت وارده", kAmountFormat, 96);
+  number("Gheymat_Sadere", "قیمت صادره", kAmountFormat, 96);
+  number("Foroosh", "مبلغ سند", kAmountFormat, 112);
+  number("Miangin", "قیمت میانگین", kAmountFormat, 96);
+  remainderAmount_ = &number("Mab_Bagh", "مبلغ باقیمانده", kAmountFormat, 126);
 }
 
 }  // namespace goods

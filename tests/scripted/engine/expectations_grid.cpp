@@ -77,10 +77,11 @@ std::string ColumnPart(const TGridColumn& column, const std::string& part, const
   if (part == "Footer") return FooterName(column.Footer());
   if (part == "Align") return AlignName(column.Align());
   if (part == "Width") return std::to_string(column.Width());
+  if (part == "Visible") return column.Visible() ? "yes" : "no";
   if (part == "Tag") return std::to_string(column.Tag);
   if (part == "Customizable") return column.Customizable() ? "yes" : "no";
   throw CaseError(place.Text() + ": a column has no " + part +
-                  "; it has Caption Field Format Footer Align Width Tag Customizable");
+                  "; it has Caption Field Format Footer Align Width Visible Tag Customizable");
 }
 
 void ExpectColumns(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, const Arguments&) {
@@ -91,6 +92,13 @@ void ExpectColumns(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step,
     for (const std::string& part : table.heading) row.push_back(ColumnPart(*column, part, step.place));
   }
   CompareTable(run, step, "other visible columns", table, got);
+}
+
+// One part of one column, also of a hidden one.
+void ExpectColumn(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, const Arguments& given) {
+  const TGridColumn& column = FindColumn(grid, given.Text(0), true, step.place);
+  run.Compare(step.place, given.Text(0) + ": " + given.Text(1) + " is another", {InQuotes(given.Text(2))},
+              {InQuotes(ColumnPart(column, given.Text(1), step.place))});
 }
 
 void ExpectFooters(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, const Arguments&) {
@@ -188,6 +196,7 @@ void AddQueryChecks(StepTable& table) {
 
 void AddGridExpectations(StepTable& table) {
   AddGridCheck(table, "expect columns", 0, ExpectColumns);
+  AddGridCheck(table, "expect column {text} {part} {text}", 3, ExpectColumn);
   AddGridCheck(table, "expect rows", 0, ExpectRows);
   AddGridCheck(table, "expect footers", 0, ExpectFooters);
   AddGridCheck(table, "expect selection {text}", 1, ExpectSelection);
