@@ -9,6 +9,15 @@
 namespace goods {
 namespace {
 
+// An amount as an edit takes it, ".5" and "5." too; none when it is no number.
+std::optional<Decimal> AmountAsTyped(std::string text) {
+  const std::size_t digits = text.starts_with('-') ? 1 : 0;
+  if (text.substr(digits) == ".") return std::nullopt;
+  if (text.substr(digits).starts_with('.')) text.insert(digits, "0");
+  if (text.ends_with('.')) text.pop_back();
+  return Decimal::Parse(text);
+}
+
 // The value as it stands in a statement or filter; none when it is empty or not of its kind.
 std::optional<std::string> Literal(DataKind kind, std::string_view value) {
   if (kind == DataKind::Text) {
@@ -21,7 +30,7 @@ std::optional<std::string> Literal(DataKind kind, std::string_view value) {
     if (!number) return std::nullopt;
     return std::to_string(*number);
   }
-  const auto amount = plain.empty() ? std::nullopt : Decimal::Parse(plain);
+  const auto amount = AmountAsTyped(plain);
   if (!amount) return std::nullopt;
   return amount->ToString();
 }

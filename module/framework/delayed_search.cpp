@@ -5,12 +5,12 @@ namespace goods {
 void DelayedSearch::Typed(int message) {
   IWindows& windows = window_.Host().Windows();
   lastKey_ = windows.TickCount();
-  cancelled_ = false;
+  pending_ = true;
   windows.PostMessage(window_, message);
 }
 
 // A window that is being closed runs nothing more.
-bool DelayedSearch::Ended() const { return cancelled_ || window_.ModalResult() != kModalNone; }
+bool DelayedSearch::Ended() const { return !pending_ || window_.ModalResult() != kModalNone; }
 
 bool DelayedSearch::Handle(int message, TEdit* edit) {
   if (message < kSearchEditTyped || message > kUpperEditTyped) return false;
@@ -26,6 +26,7 @@ bool DelayedSearch::Handle(int message, TEdit* edit) {
   }
   waiting_ = false;
   if (Ended()) return true;
+  pending_ = false;
   const int caret = edit == nullptr ? 0 : edit->Caret();
   run_();
   if (edit != nullptr) edit->SetCaret(caret);

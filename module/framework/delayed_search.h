@@ -30,8 +30,10 @@ class DelayedSearch {
   // The window's WindowMessage hands its messages on; true when it was one of these. edit may be null; its
   // caret is put back where it was when the report has run.
   bool Handle(int message, TEdit* edit);
+  // Whether typed text still waits for its run.
+  bool Pending() const { return pending_; }
   // Ends the wait without a run; closing the window does so too.
-  void Cancel() { cancelled_ = true; }
+  void Cancel() { pending_ = false; }
 
  private:
   bool Ended() const;
@@ -39,8 +41,8 @@ class DelayedSearch {
   TForm& window_;
   std::function<void()> run_;
   std::uint64_t lastKey_ = 0;
+  bool pending_ = false;
   bool waiting_ = false;
-  bool cancelled_ = false;
 };
 
 }  // namespace goods

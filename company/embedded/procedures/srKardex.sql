@@ -60,8 +60,8 @@ SELECT k.Date,
        dec_mul(max(k.Tedad, 0), k.Gheymat),
        dec_mul(max(-k.Tedad, 0), k.Gheymat)
 FROM Kardex k
-JOIN GoodInf g ON g.Code = k.Kala
-JOIN Stores s ON s.Code = k.Anbar
+LEFT JOIN GoodInf g ON g.Code = k.Kala
+LEFT JOIN Stores s ON s.Code = k.Anbar
 LEFT JOIN Persons p ON p.Code = k.Percode
 WHERE (@Comment IS NULL OR (instr(fold_persian(k.Comment), fold_persian(@Comment)) > 0) = (@NotComment = 0))
   AND (@KalaName IS NULL OR (k.Kala IN (SELECT Code FROM GoodInf WHERE instr(fold_persian(Name), fold_persian(@KalaName)) > 0)) = (@NotKalaName = 0))

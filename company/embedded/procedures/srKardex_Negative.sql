@@ -63,14 +63,11 @@ SELECT k.Date,
        iif(k.Tedad < 0, k.Gheymat, 0),
        dec_mul(max(k.Tedad, 0), k.Gheymat),
        dec_mul(max(-k.Tedad, 0), k.Gheymat)
-FROM (SELECT *, dec_sum_within(Anbar, Tedad) OVER (PARTITION BY Kala ORDER BY Date, Radif
-                  ROWS BETWEEN UNBOUNDED PRECEDING AND CURRENT ROW) AS InStore
-      FROM Kardex) k
-JOIN GoodInf g ON g.Code = k.Kala
-JOIN Stores s ON s.Code = k.Anbar
+FROM negative_stock k
+LEFT JOIN GoodInf g ON g.Code = k.Kala
+LEFT JOIN Stores s ON s.Code = k.Anbar
 LEFT JOIN Persons p ON p.Code = k.Percode
-WHERE k.Tedad < 0 AND dec_cmp(k.InStore, 0) < 0
-  AND (ifnull(@First, '') = '' OR k.Date >= @First)
+WHERE (ifnull(@First, '') = '' OR k.Date >= @First)
   AND (ifnull(@Second, '') = '' OR k.Date <= @Second)
   AND (@Comment IS NULL OR (instr(fold_persian(k.Comment), fold_persian(@Comment)) > 0) = (@NotComment = 0))
   AND (@KalaName IS NULL OR (k.Kala IN (SELECT Code FROM GoodInf WHERE instr(fold_persian(Name), fold_persian(@KalaName)) > 0)) = (@NotKalaName = 0))

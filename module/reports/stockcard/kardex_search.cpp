@@ -96,7 +96,9 @@ void TKardexSearch_FRM::WindowMessage(int code) {
 
 void TKardexSearch_FRM::Report_BTNClick() { RunReport(); }
 
+// A run reads the text as it stands, so what waits for the typing to end has nothing left to do.
 void TKardexSearch_FRM::RunReport() {
+  delayedSearch_.Cancel();
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   QeratSearchManager1.ExecuteFilter_PROC();
 }
@@ -121,6 +123,9 @@ void TKardexSearch_FRM::QeratSearchManager1AfterExecute_PROC() {
 void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
   TADOQuery& query = dataModule_.KardexSearch.Query;
   if (advSearch_ == nullptr) advSearch_ = std::make_unique<TKardexSearch_AdvSearch_FRM>(Host());
+  // The dialog takes the typed text along; a dialog that is left goes back to waiting for its run.
+  const bool typed = delayedSearch_.Pending();
+  delayedSearch_.Cancel();
   advSearchInProgress_ = true;
   query.DisableControls();
   struct InProgress {
@@ -134,7 +139,10 @@ void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
 
   advSearch_->SetUp(QeratSearchManager1.Script, &dataModule_.KardexSearch.Source,
                     QeratSearchManager1.ProcFilter());
-  if (advSearch_->ShowModal() != kModalOk) return;
+  if (advSearch_->ShowModal() != kModalOk) {
+    if (typed) delayedSearch_.Typed(kSearchEditTyped);
+    return;
+  }
   advParameters_ = advSearch_->Parameters();
   advSearchDone_ = true;
   const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);

@@ -18,6 +18,8 @@ void TKardexSearch_AdvSearch_FRM::DeclareForm() {
                                   {"مبلغ وارده", "Gheymat_Varede", DataKind::Amount},
                                   {"مبلغ صادره", "Gheymat_Sadere", DataKind::Amount}});
   SearchRangeDate_FRAME.SetItems({{"تاریخ", "Date", DataKind::Text}});
+  SearchRangeDate_FRAME.ShowTimes();
+  SearchRangeDate_FRAME.TickedByDates = true;
   SearchStore_FRAME.SetItems({{"نام انبار", "AnbarName", DataKind::Text}});
 
   for (TSearchFrame* frame :
