@@ -43,11 +43,9 @@ void Tell(const QString& text) {
   MessageDialog(message, QApplication::activeWindow()).exec();
 }
 
-QPixmap ProgramSign(int size, double devicePixelRatio) {
-  QPixmap pixmap(qRound(size * devicePixelRatio), qRound(size * devicePixelRatio));
-  pixmap.setDevicePixelRatio(devicePixelRatio);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
+namespace {
+
+void PaintProgramSign(QPainter& painter, double size) {
   painter.setRenderHint(QPainter::Antialiasing);
   const Theme& theme = CurrentTheme();
   const double unit = size / 16.0;
@@ -57,12 +55,35 @@ QPixmap ProgramSign(int size, double devicePixelRatio) {
   // A card: its head, and rows that run from the right.
   painter.setBrush(theme.accentText);
   painter.drawRoundedRect(QRectF(3.5 * unit, 3.5 * unit, 9 * unit, 1.8 * unit), unit * 0.6, unit * 0.6);
-  for (const auto& [row, length] : {std::pair{0, 9.0}, {1, 6.5}, {2, 4.0}}) {
-    painter.setOpacity(0.85);
-    painter.drawRoundedRect(
-        QRectF((12.5 - length) * unit, (6.8 + 2.1 * row) * unit, length * unit, 1.1 * unit), unit * 0.5,
-        unit * 0.5);
+  painter.setOpacity(0.85);
+  double top = 6.8;
+  for (const double length : {9.0, 6.5, 4.0}) {
+    painter.drawRoundedRect(QRectF((12.5 - length) * unit, top * unit, length * unit, 1.1 * unit), unit * 0.5,
+                            unit * 0.5);
+    top += 2.1;
   }
+}
+
+class ProgramSignView : public QWidget {
+ public:
+  ProgramSignView(int size, QWidget* parent) : QWidget(parent) { setFixedSize(size, size); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    PaintProgramSign(painter, width());
+  }
+};
+
+}  // namespace
+
+QWidget* ProgramSign(int size, QWidget* parent) { return new ProgramSignView(size, parent); }
+
+QPixmap ProgramIcon(int size) {
+  QPixmap pixmap(size, size);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  PaintProgramSign(painter, size);
   return pixmap;
 }
 

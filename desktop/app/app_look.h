@@ -18,6 +18,7 @@ QLabel* ProblemLabel(QWidget* parent);
 void Tell(const QString& text);
 
 // The sign of the program, for windows and the about box.
-QPixmap ProgramSign(int size, double devicePixelRatio);
+QWidget* ProgramSign(int size, QWidget* parent);
+QPixmap ProgramIcon(int size);
 
 }  // namespace goods

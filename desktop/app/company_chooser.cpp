@@ -22,6 +22,9 @@ constexpr int kPathRole = Qt::UserRole;  // empty: the demo company
 constexpr const char* kFileKinds =
     "پرونده شرکت (*.goods *.db *.sqlite);;همه پرونده‌ها (*)";
 
+// Two lines and some air.
+QSize RowSize(const QWidget& list) { return {0, list.fontMetrics().lineSpacing() * 2 + 14}; }
+
 }  // namespace
 
 CompanyChooser::CompanyChooser(DesktopSettings& settings, DemoMaker demo, QWidget* parent)
@@ -46,6 +49,7 @@ void CompanyChooser::LayOut() {
       "شرکت نمایشی\nداده‌های ساختگی برای آشنایی با گزارش‌ها",
       list_);
   demo->setData(kPathRole, QString());
+  demo->setSizeHint(RowSize(*list_));
   for (const QString& path : settings_.RecentCompanies()) {
     const QFileInfo file(path);
     auto* item = new QListWidgetItem(
@@ -53,6 +57,7 @@ void CompanyChooser::LayOut() {
         list_);
     item->setData(kPathRole, path);
     item->setToolTip(path);
+    item->setSizeHint(RowSize(*list_));
   }
   list_->setCurrentRow(list_->count() > 1 ? 1 : 0);
   connect(list_, &QListWidget::itemActivated, this, &CompanyChooser::OpenCurrent);

@@ -94,8 +94,6 @@ void ShowAboutWindow(QWidget* parent) {
   window.setObjectName("About_FRM");
   window.setWindowTitle("درباره برنامه");
   window.setLayoutDirection(Qt::RightToLeft);
-  auto* sign = new QLabel(&window);
-  sign->setPixmap(ProgramSign(64, window.devicePixelRatioF()));
   auto* texts = new QVBoxLayout;
   texts->addWidget(TitleLabel(kProgramTitle, &window));
   texts->addWidget(MutedLabel("نسخه " + ShownDigits(kVersion), &window));
@@ -106,7 +104,7 @@ void ShowAboutWindow(QWidget* parent) {
                  &window));
   auto* line = new QHBoxLayout;
   line->setSpacing(18);
-  line->addWidget(sign, 0, Qt::AlignTop);
+  line->addWidget(ProgramSign(64, &window), 0, Qt::AlignTop);
   line->addLayout(texts, 1);
   auto* layout = new QVBoxLayout(&window);
   layout->setContentsMargins(24, 22, 24, 16);

@@ -26,7 +26,7 @@ void ApplyLook(const DesktopOptions& options) {
   SetPersianDigits(options.PersianDigits);
   ApplyTheme(*qobject_cast<QApplication*>(QApplication::instance()),
              options.DarkPalette ? ThemeMode::Dark : ThemeMode::Light);
-  QApplication::setWindowIcon(ProgramSign(64, 1));
+  QApplication::setWindowIcon(ProgramIcon(64));
 }
 
 MainWindow::MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& settings,

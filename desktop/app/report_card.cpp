@@ -13,8 +13,8 @@
 namespace goods {
 namespace {
 
-constexpr int kWidth = 330;
-constexpr int kHeight = 104;
+constexpr int kWidth = 350;
+constexpr int kHeight = 96;
 
 }  // namespace
 
@@ -58,7 +58,9 @@ ReportCard::ReportCard(const ReportEntry& entry, const QString& reason, QWidget*
   for (QLabel* label : findChildren<QLabel*>()) label->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-QSize ReportCard::sizeHint() const { return {kWidth, std::max(kHeight, layout()->minimumSize().height())}; }
+QSize ReportCard::sizeHint() const {
+  return {kWidth, std::max(kHeight, layout()->totalHeightForWidth(kWidth))};
+}
 QSize ReportCard::minimumSizeHint() const { return sizeHint(); }
 
 void ReportCard::paintEvent(QPaintEvent* /*event*/) {

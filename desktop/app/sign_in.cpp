@@ -56,9 +56,7 @@ void SignInDialog::LayOut(const QString& company, const QString& hint) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(28, 24, 28, 20);
   layout->setSpacing(8);
-  auto* sign = new QLabel(this);
-  sign->setPixmap(ProgramSign(48, 2));
-  layout->addWidget(sign);
+  layout->addWidget(ProgramSign(48, this));
   layout->addWidget(TitleLabel(kProgramTitle, this));
   auto* companyLabel = MutedLabel(ShownText(company), this);
   companyLabel->setObjectName("Company_LBL");

@@ -29,15 +29,13 @@ QLabel* GroupLabel(const QString& text, QWidget* parent) {
 
 QHBoxLayout* Head(const QString& title, const QString& subtitle, QWidget* parent) {
   constexpr int kSignSize = 56;
-  auto* sign = new QLabel(parent);
-  sign->setPixmap(ProgramSign(kSignSize, 2));
   auto* texts = new QVBoxLayout;
   texts->setSpacing(2);
   texts->addWidget(TitleLabel(title, parent));
   texts->addWidget(MutedLabel(subtitle, parent));
   auto* head = new QHBoxLayout;
   head->setSpacing(16);
-  head->addWidget(sign, 0, Qt::AlignVCenter);
+  head->addWidget(ProgramSign(kSignSize, parent), 0, Qt::AlignVCenter);
   head->addLayout(texts, 1);
   return head;
 }

@@ -19,9 +19,7 @@ QVariant DocumentRows::data(const QModelIndex& index, int role) const {
   const auto column = static_cast<std::size_t>(index.column());
   const bool number = columns_[column].number;
   if (role == Qt::TextAlignmentRole) {
-    // Numbers end at the left edge, where the reading direction ends, so that their digits stand under each
-    // other.
-    return static_cast<int>((number ? Qt::AlignLeft | Qt::AlignAbsolute : Qt::AlignLeading) |
+    return static_cast<int>((number ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeading) |
                             Qt::AlignVCenter);
   }
   if (role != Qt::DisplayRole) return {};

@@ -35,6 +35,7 @@ QLabel* Emphasised(const QString& text, QWidget* parent) {
   font.setWeight(QFont::DemiBold);
   label->setFont(font);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignTop);
   return label;
 }
 

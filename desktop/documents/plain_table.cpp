@@ -35,14 +35,11 @@ void GiveListLook(QAbstractItemView& list) {
   palette.setColor(QPalette::Highlight, theme.accentSoft);
   palette.setColor(QPalette::HighlightedText, theme.text);
   list.setPalette(palette);
-  list.setStyleSheet(
-      QString("QAbstractItemView { border: 1px solid %1; border-radius: 4px; outline: none; }"
-              "QHeaderView::section { background: %2; color: %3; border: none;"
-              " border-bottom: 1px solid %1; padding: 7px 8px; font-weight: 600; }"
-              "QTableView::item { padding: 0 6px; }"
-              "QListView::item { padding: 7px 8px; }"
-              "QAbstractItemView::item:selected { background: %4; color: %3; }")
-          .arg(theme.border.name(), theme.header.name(), theme.text.name(), theme.accentSoft.name()));
+  list.setStyleSheet(QString("QAbstractItemView { border: 1px solid %1; border-radius: 4px; outline: none; }"
+                             "QHeaderView { border: none; background: %2; }"
+                             "QHeaderView::section { background: %2; color: %3; border: none;"
+                             " border-bottom: 1px solid %1; padding: 6px 8px; font-weight: 600; }")
+                         .arg(theme.border.name(), theme.header.name(), theme.text.name()));
 }
 
 void GiveTableLook(QTableView& table) {

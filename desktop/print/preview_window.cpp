@@ -8,7 +8,6 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrintDialog>
-#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -16,6 +15,7 @@
 
 #include "desktop/print/export.h"
 #include "desktop/print/page_painter.h"
+#include "desktop/print/page_view.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 
@@ -34,14 +34,12 @@ void SetUpPaper(QPrinter& printer, const PageLayout& layout) {
 
 }  // namespace
 
-PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent)
-    : QDialog(parent), layout_(layout), printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
+PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent) : QDialog(parent), layout_(layout) {
   setObjectName("PreviewWindow");
   setLayoutDirection(Qt::RightToLeft);
   setWindowTitle(QString::fromUtf8("پیش نمایش: ") + ShownText(layout.Job().title));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   resize(Scaled(1000, *this), Scaled(740, *this));
-  SetUpPaper(*printer_, layout_);
   auto* outer = new QVBoxLayout(this);
   auto* bar = new QHBoxLayout;
   bar->setSpacing(Scaled(6, *this));
@@ -63,17 +61,13 @@ PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent)
   bar->addStretch();
   AddButton(*bar, "بستن Esc", "Close", &PreviewWindow::Leave);
   outer->addLayout(bar);
-  preview_ = new QPrintPreviewWidget(printer_.get(), this);
+  preview_ = new PageView(layout_, this);
   preview_->setAccessibleName("صفحه‌ها");
   outer->addWidget(preview_, 1);
-  connect(preview_, &QPrintPreviewWidget::paintRequested, this,
-          [this](QPrinter* printer) { PaintOn(*printer); });
-  connect(preview_, &QPrintPreviewWidget::previewChanged, this, [this] { UpdatePageNumber(); });
-  preview_->fitToWidth();
+  preview_->OnScrolled = [this] { UpdatePageNumber(); };
+  preview_->setFocus();
   UpdatePageNumber();
 }
-
-PreviewWindow::~PreviewWindow() { delete preview_; }
 
 QPushButton* PreviewWindow::AddButton(QLayout& bar, const QString& text, const char* name,
                                       void (PreviewWindow::*action)()) {
@@ -121,10 +115,10 @@ void PreviewWindow::AskAndSave() {
   if (!path.isEmpty()) SaveAsPdf(path);
 }
 
-int PreviewWindow::CurrentPage() const { return preview_->currentPage(); }
+int PreviewWindow::CurrentPage() const { return preview_->CurrentPage(); }
 
 void PreviewWindow::GoToPage(int page) {
-  preview_->setCurrentPage(std::clamp(page, 1, static_cast<int>(layout_.Pages().size())));
+  preview_->GoToPage(page);
   UpdatePageNumber();
 }
 
@@ -134,10 +128,10 @@ void PreviewWindow::UpdatePageNumber() {
   page_->setText(ShownText(text));
 }
 
-void PreviewWindow::ZoomIn() { preview_->zoomIn(kZoomStep); }
-void PreviewWindow::ZoomOut() { preview_->zoomOut(kZoomStep); }
-void PreviewWindow::FitWidth() { preview_->fitToWidth(); }
-void PreviewWindow::FitPage() { preview_->fitInView(); }
+void PreviewWindow::ZoomIn() { preview_->SetZoom(preview_->Zoom() * kZoomStep); }
+void PreviewWindow::ZoomOut() { preview_->SetZoom(preview_->Zoom() / kZoomStep); }
+void PreviewWindow::FitWidth() { preview_->FitWidth(); }
+void PreviewWindow::FitPage() { preview_->FitPage(); }
 
 void PreviewWindow::keyPressEvent(QKeyEvent* event) {
   const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);

@@ -6,19 +6,19 @@
 #include "desktop/print/page_layout.h"
 
 class QLabel;
-class QLineEdit;
+class QLayout;
 class QPrinter;
-class QPrintPreviewWidget;
 class QPushButton;
 
 namespace goods {
+
+class PageView;
 
 // Esc closes, Ctrl+P prints, Ctrl+S saves as PDF, PageUp and PageDown turn, Ctrl and plus or minus zoom.
 class PreviewWindow : public QDialog {
  public:
   // layout must outlive the window.
   PreviewWindow(const PageLayout& layout, QWidget* parent);
-  ~PreviewWindow() override;
 
   int CurrentPage() const;
   void GoToPage(int page);  // from 1
@@ -32,7 +32,7 @@ class PreviewWindow : public QDialog {
   void Print();
   void AskAndSave();
   void UpdatePageNumber();
-  QPushButton* AddButton(class QLayout& bar, const QString& text, const char* name,
+  QPushButton* AddButton(QLayout& bar, const QString& text, const char* name,
                          void (PreviewWindow::*action)());
   void Next() { GoToPage(CurrentPage() + 1); }
   void Previous() { GoToPage(CurrentPage() - 1); }
@@ -43,8 +43,7 @@ class PreviewWindow : public QDialog {
   void Leave() { reject(); }
 
   const PageLayout& layout_;
-  std::unique_ptr<QPrinter> printer_;
-  QPrintPreviewWidget* preview_;
+  PageView* preview_;
   QLabel* page_;
 };
 

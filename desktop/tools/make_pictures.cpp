@@ -56,8 +56,8 @@ void PictureDialogs(const Pictures& pictures) {
 
 // The good is typed as a user types it; store and dates come as another report would hand them over.
 void PictureStockCards(const Pictures& pictures, DesktopHost& host, const BusyGood& good) {
-  const auto settle = [](QWidget& window) {
-    window.resize(1440, 860);
+  const auto settle = [](QWidget& window, int width = 1440) {
+    window.resize(width, 860);
     Wait(400);
   };
   const auto typedCard = [&](auto&& steps) {
@@ -87,7 +87,10 @@ void PictureStockCards(const Pictures& pictures, DesktopHost& host, const BusyGo
   });
   pictures.module.OpenKardex(good.code, 1, "1403/01/01", "1403/06/31");
   host.Settings().Settings().SecondUnit = true;
-  typedCard([&](QWidget& window) { pictures.Save(window, "stock-card-second-unit"); });
+  typedCard([&](QWidget& window) {
+    settle(window, 1560);
+    pictures.Save(window, "stock-card-second-unit");
+  });
   host.Settings().Settings().SecondUnit = false;
   RethrowFailure();
 }

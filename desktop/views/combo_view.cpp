@@ -49,8 +49,8 @@ ComboView::ComboView(FormView& form, TComboBox& combo, QWidget* parent)
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   // The line edit of a typing box passes its keys and its focus on to the box.
-  box->OnDropped = [this](bool open) {
-    if (combo_.DroppedDown() != open) Act([this, open] { combo_.SetDroppedDown(open); });
+  box->OnDropped = [this, alive = QPointer<ComboView>(this)](bool open) {
+    if (alive && combo_.DroppedDown() != open) Act([this, open] { combo_.SetDroppedDown(open); });
   };
   connect(box, &QComboBox::activated, this,
           [this](int index) { Act([this, index] { combo_.SetItemIndex(index); }); });
@@ -69,12 +69,10 @@ void ComboView::RefreshItems() {
   widget_->setMaxVisibleItems(15);
 }
 
-void ComboView::RefreshText() {
+void ComboView::RefreshText(int caret) {
   QLineEdit* edit = widget_->lineEdit();
-  if (edit == nullptr) return;
   const QString text = ToQt(combo_.Text());
   if (edit->text() == text || edit->text() == ShownText(combo_.Text())) return;
-  const int caret = edit->cursorPosition();
   edit->setText(text);
   edit->setCursorPosition(caret);
 }
@@ -93,9 +91,10 @@ void ComboView::Refresh() {
               [this](const QString& text) { Act([&] { combo_.SetText(FromQt(text)); }); });
     }
   }
+  const int caret = typing ? widget_->lineEdit()->cursorPosition() : 0;
   RefreshItems();
   if (widget_->currentIndex() != combo_.ItemIndex()) widget_->setCurrentIndex(combo_.ItemIndex());
-  RefreshText();
+  if (typing) RefreshText(caret);
   widget_->setMinimumWidth(combo_.Width() > 0 ? Scaled(combo_.Width(), *widget_) : Scaled(90, *widget_));
   const bool open = widget_->view()->isVisible();
   if (combo_.DroppedDown() && !open && widget_->isVisible()) {

@@ -16,7 +16,7 @@ class ComboView : public ControlView {
 
  private:
   void RefreshItems();
-  void RefreshText();
+  void RefreshText(int caret);
 
   TComboBox& combo_;
   QComboBox* widget_;

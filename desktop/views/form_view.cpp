@@ -37,6 +37,7 @@ FormView::FormView(TForm& form, std::vector<GridCommand> gridCommands, QWidget* 
 }
 
 FormView::~FormView() {
+  hide();  // what widgets say as they disappear still finds their views
   built_ = false;
   queued_.clear();
   while (!views_.empty()) views_.pop_back();
@@ -185,6 +186,12 @@ void FormView::keyPressEvent(QKeyEvent* event) {
   // Keys of a focused control came through the filter already and are only passing by.
   const bool already = byFocusWidget_.contains(focusWidget()) && focusWidget()->hasFocus();
   if (already || !HandleKey(*event)) QWidget::keyPressEvent(event);
+}
+
+bool FormView::focusNextPrevChild(bool next) {
+  Run([&] { form_.FocusNext(!next); });
+  SyncFocus();
+  return true;
 }
 
 void FormView::closeEvent(QCloseEvent* event) {

@@ -10,6 +10,9 @@
 namespace goods {
 namespace {
 
+// The colours of drawing events are made for light paper; on a dark one they are toned down.
+constexpr double kDarkenedBrush = 0.6;
+
 QColor Mixed(const QColor& a, const QColor& b, double share) {
   const auto mix = [share](int x, int y) { return qRound(x + (y - x) * share); };
   return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
@@ -82,7 +85,8 @@ void GridPainter::PaintCell(std::size_t row, const GridSpan& span, const QRect& 
   const TCellStyle style = grid_.CellStyle(row, *span.column);
   QColor font = theme.text;
   if (style.Brush) {
-    const QColor given = QColor::fromRgb(*style.Brush);
+    QColor given = QColor::fromRgb(*style.Brush);
+    if (theme.dark && !style.Font) given = Mixed(given, theme.surface, kDarkenedBrush);
     const QColor fill = marked ? Mixed(given, theme.accentSoft, 0.45) : given;
     painter_.fillRect(cell.adjusted(0, style.InsetTop, 0, -style.InsetBottom - 1), fill);
     font = ReadableOn(fill);

@@ -6,6 +6,8 @@
 #include <QToolTip>
 #include <algorithm>
 #include <climits>
+#include <exception>
+#include <utility>
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_menu.h"
@@ -126,8 +128,17 @@ void GridWidget::paintEvent(QPaintEvent* /*event*/) {
   paint_.firstRow = FirstRow();
   paint_.offset = Offset();
   paint_.focused = hasFocus();
-  // A drawing event is the program's code; what it throws is shown, never passed on into the toolkit.
-  view_.Form().Run([&] { GridPainter(painter, grid_, geometry_, paint_, font()).Paint(); });
+  // A drawing event is the program's code. What it throws never passes into the toolkit: it is shown once,
+  // and only after the painting, since a message paints windows itself.
+  try {
+    GridPainter(painter, grid_, geometry_, paint_, font()).Paint();
+  } catch (const std::exception&) {
+    if (std::exchange(drawingFailed_, true)) return;
+    const std::exception_ptr error = std::current_exception();
+    QMetaObject::invokeMethod(
+        this, [this, error] { view_.Form().Run([&] { std::rethrow_exception(error); }); },
+        Qt::QueuedConnection);
+  }
 }
 
 void GridWidget::resizeEvent(QResizeEvent* event) {

@@ -77,6 +77,7 @@ class GridWidget : public QAbstractScrollArea {
   std::optional<std::size_t> anchor_;    // where a selection by Shift begins
   Gesture gesture_ = Gesture::None;
   TGridColumn* dragged_ = nullptr;
+  bool drawingFailed_ = false;
   QPoint pressedAt_;
   int widthAtPress_ = 0;
 };

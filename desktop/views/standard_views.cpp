@@ -27,7 +27,8 @@ constexpr int kIconButtonWidth = 34;
 LabelView::LabelView(FormView& form, TLabel& label, QWidget* parent)
     : ControlView(form, label), label_(label), widget_(new TextLabel(parent)) {
   SetWidget(widget_);
-  widget_->OnClicked = [this] {
+  widget_->OnClicked = [this, alive = QPointer<LabelView>(this)] {
+    if (!alive) return;
     Act([this] {
       label_.Click();
       if (TControl* target = label_.FocusControl; target != nullptr && target->CanFocus()) {

@@ -258,6 +258,7 @@ QSize HostStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
   QSize full = QProxyStyle::sizeFromContents(type, option, size, widget);
   const int height = LineHeight(widget == nullptr ? InterfaceFont() : widget->font()) + 12;
   if (type == CT_LineEdit || type == CT_ComboBox || type == CT_PushButton) full.setHeight(height);
+  if (type == CT_CheckBox || type == CT_RadioButton) full.setHeight(std::max(height - 8, 18));
   if (type == CT_PushButton) full.rwidth() = size.width() + 24;
   if (type == CT_ComboBox) full.rwidth() += 6;
   return full;

@@ -8,7 +8,7 @@ namespace goods {
 namespace {
 
 constexpr int kCardWidth = 360;
-constexpr int kCardHeight = 132;
+constexpr int kCardHeight = 126;
 constexpr int kBarMargin = 28;
 constexpr int kSweepMs = 1400;
 constexpr double kBarShare = 0.3;
@@ -45,7 +45,7 @@ void WaitingPanel::paintEvent(QPaintEvent* /*event*/) {
   painter.setBrush(theme.surface);
   painter.drawRoundedRect(card, 10, 10);
   painter.setLayoutDirection(Qt::RightToLeft);
-  const int line = painter.fontMetrics().height() + 8;
+  const int line = LineHeight(font()) + 6;
   QRectF box(card.left() + 16, card.top() + 14, card.width() - 32, line);
   QFont bold = font();
   bold.setBold(true);
@@ -68,7 +68,7 @@ void WaitingPanel::paintEvent(QPaintEvent* /*event*/) {
   painter.setBrush(theme.accent);
   painter.drawRoundedRect(bar, 2.5, 2.5);
   painter.setPen(theme.mutedText);
-  box.moveTop(groove.bottom() + 6);
+  box.moveTop(groove.bottom() + 8);
   painter.drawText(box, Qt::AlignCenter, QString::fromUtf8("لغو: Esc"));
 }
 

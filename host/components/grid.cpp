@@ -12,8 +12,9 @@ TGridColumn::TGridColumn(TSmartDBGrid_QRT& grid, std::string fieldName, std::str
 
 TGridColumn& TGridColumn::SetFieldName(std::string fieldName) {
   if (fieldName == fieldName_) return *this;
-  fieldName_ = std::move(fieldName);
+  const std::string before = std::exchange(fieldName_, std::move(fieldName));
   grid_.RefreshFooters();
+  grid_.SortFollows(before, fieldName_);
   return *this;
 }
 
@@ -217,6 +218,14 @@ void TSmartDBGrid_QRT::TitleClick(const TGridColumn& column, bool add) {
 void TSmartDBGrid_QRT::SetSortKeys(std::vector<TSortKey> keys) {
   sort_ = std::move(keys);
   Changed();
+  if (OnSortChanged) OnSortChanged();
+}
+
+void TSmartDBGrid_QRT::SortFollows(std::string_view before, const std::string& now) {
+  const auto key = std::find_if(sort_.begin(), sort_.end(),
+                                [before](const TSortKey& each) { return SameText(each.FieldName, before); });
+  if (key == sort_.end()) return;
+  key->FieldName = now;
   if (OnSortChanged) OnSortChanged();
 }
 

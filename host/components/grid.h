@@ -39,7 +39,8 @@ class TGridColumn {
   TGridColumn(TSmartDBGrid_QRT& grid, std::string fieldName, std::string caption);
 
   const std::string& FieldName() const { return fieldName_; }
-  // The same column shows another field from now on, such as a running figure within one store.
+  // The same column shows another field from now on, such as a running figure within one store. A sort by the
+  // column becomes a sort by that field, and fires OnSortChanged.
   TGridColumn& SetFieldName(std::string fieldName);
   // "group|title" puts a group title over the column.
   const std::string& Caption() const { return caption_; }
@@ -153,6 +154,7 @@ class TSmartDBGrid_QRT : public TControl {
  private:
   friend class TGridColumn;
   class Table_;
+  void SortFollows(std::string_view before, const std::string& now);
 
   TDataSource* source_ = nullptr;
   Subscription sourceChanged_;

@@ -8,9 +8,8 @@ TGeneral_Search_Frame::TGeneral_Search_Frame(TComponent* owner, std::string name
     : TSearchFrame(owner, std::move(name), GeneralSearch_CHK, GeneralSearch_CMB, GeneralSearch_Reverst_CHK),
       GeneralSearch_CHK(this, "GeneralSearch_CHK", std::move(caption)) {
   GeneralSearch_EDT.SetAccessibleName(GeneralSearch_CHK.AccessibleName());
-  LayOutStart();
+  LayOut();
   Place(GeneralSearch_EDT, 1);
-  LayOutEnd();
   GeneralSearch_EDT.OnChange = [this] {
     const bool given = !GeneralSearch_EDT.Text().empty();
     if (GeneralSearch_CHK.Checked() != given) {

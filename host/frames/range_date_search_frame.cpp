@@ -18,7 +18,7 @@ std::string DateOrEmpty(const TDateEdit& edit) { return edit.IsValidDate() ? edi
 TRange_Date_Search_Frame::TRange_Date_Search_Frame(TComponent* owner, std::string name, std::string caption)
     : TSearchFrame(owner, std::move(name), RangeDate_CHK, RangeDate_CMB, RangeDate_Reverst_CHK),
       RangeDate_CHK(this, "RangeDate_CHK", std::move(caption)) {
-  LayOutStart();
+  LayOut();
   RangeDate_From_LBL.FocusControl = &RangeDate_From_EDT;
   RangeDate_To_LBL.FocusControl = &RangeDate_To_EDT;
   RangeDate_From_EDT.SetAccessibleName("از تاریخ");
@@ -31,7 +31,6 @@ TRange_Date_Search_Frame::TRange_Date_Search_Frame(TComponent* owner, std::strin
         static_cast<TControl*>(&RangeDate_To_EDT), static_cast<TControl*>(&RangeTime_To_EDT)}) {
     Place(*each);
   }
-  LayOutEnd();
   for (TEdit* edit : {&RangeTime_From_EDT, &RangeTime_To_EDT}) {
     edit->SetWidth(56);
     edit->SetPlaceholder("00:00");

@@ -10,7 +10,7 @@ TRange_Digit_Search_Frame::TRange_Digit_Search_Frame(TComponent* owner, std::str
       RangeDigit_CHK(this, "RangeDigit_CHK", std::move(caption)),
       RangeDigit_From_EDT(this, "RangeDigit_From_EDT", kind),
       RangeDigit_To_EDT(this, "RangeDigit_To_EDT", kind) {
-  LayOutStart();
+  LayOut();
   RangeDigit_From_LBL.FocusControl = &RangeDigit_From_EDT;
   RangeDigit_To_LBL.FocusControl = &RangeDigit_To_EDT;
   RangeDigit_From_EDT.SetAccessibleName("از " + RangeDigit_CHK.AccessibleName());
@@ -19,7 +19,6 @@ TRange_Digit_Search_Frame::TRange_Digit_Search_Frame(TComponent* owner, std::str
   Place(RangeDigit_From_EDT, 1);
   Place(RangeDigit_To_LBL);
   Place(RangeDigit_To_EDT, 1);
-  LayOutEnd();
   for (TEdit* edit : {&RangeDigit_From_EDT, &RangeDigit_To_EDT}) {
     edit->OnChange = [this] {
       const bool given = !RangeDigit_From_EDT.Text().empty() || !RangeDigit_To_EDT.Text().empty();

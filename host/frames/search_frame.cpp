@@ -31,7 +31,7 @@ void TSearchFrame::ControlsChanged() {
   if (Search.DataSetCondition() != condition || Search.ProcParams() != parameters) Search.NotifyChange();
 }
 
-void TSearchFrame::LayOutStart() {
+void TSearchFrame::LayOut() {
   check_.OnClick = [this] {
     if (OnCheckClick) OnCheckClick();
     ControlsChanged();
@@ -41,9 +41,8 @@ void TSearchFrame::LayOutStart() {
   kinds_.SetVisible(false);
   reverse_.SetHint("همه به جز مورد انتخاب شده");
   Place(check_);
+  Place(reverse_);
   Place(kinds_);
 }
-
-void TSearchFrame::LayOutEnd() { Place(reverse_); }
 
 }  // namespace goods

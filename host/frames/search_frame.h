@@ -40,9 +40,8 @@ class TSearchFrame : public TPanel {
   // Copies the controls' state into Search.
   virtual void FillSearch() = 0;
   void ControlsChanged();
-  // Places the shared controls around what the frame itself adds: LayOutStart, then its own, then LayOutEnd.
-  void LayOutStart();
-  void LayOutEnd();
+  // Places and wires the shared controls; what the frame itself adds comes after them.
+  void LayOut();
 
  private:
   TCheckBox& check_;

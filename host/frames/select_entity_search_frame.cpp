@@ -9,9 +9,8 @@ TSelectEntity_Search_Frame::TSelectEntity_Search_Frame(TComponent* owner, std::s
     : TSearchFrame(owner, std::move(name), SelectEntity_CHK, SelectEntity_CMB, SelectEntity_Reverst_CHK),
       SelectEntity_CHK(this, "SelectEntity_CHK", std::move(caption)) {
   TSelect_Entity_Frame1.Code_EDT.SetAccessibleName("کد " + SelectEntity_CHK.AccessibleName());
-  LayOutStart();
+  LayOut();
   Place(TSelect_Entity_Frame1, 1);
-  LayOutEnd();
   TSelect_Entity_Frame1.OnCodeChange = [this] {
     const bool given = CodeAsInt() != 0;
     if (SelectEntity_CHK.Checked() != given) {

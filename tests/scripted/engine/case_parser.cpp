@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/core/text.h"
+#include "tests/scripted/engine/case_rows.h"
 
 namespace goods {
 namespace {
@@ -124,6 +125,7 @@ CaseFile ParseCases(std::string_view text, const std::string& path) {
   for (const Case& one : file.cases) {
     if (!HasExpectation(one)) throw CaseError(one.place.Text() + ": this case expects nothing");
   }
+  file.cases = ExpandRows(file.cases);
   return file;
 }
 

@@ -215,6 +215,25 @@ TEST(CaseRunner, CasesDoNotKnowOfEachOther) {
   EXPECT_EQ(outcome.passed, 1) << outcome.output;
 }
 
+TEST(CaseRunner, RunsACaseForEachRowOfItsTable) {
+  const std::string steps =
+      "  for each\n    | Text | Code |\n    | 12 | 12 |\n    | a7 | 7 |\n    | 5 | 6 |\n"
+      "  call Open_Sample\n  forget statements\n"
+      "  type \"{Text}\" into Code_EDT\n  expect Code_EDT text \"{Code}\"\n";
+  const Outcome outcome = RunText(std::string(kSetup) + "1. Typing {Text} gives {Code}.\n" + steps);
+  EXPECT_EQ(outcome.passed, 2) << outcome.output;
+  EXPECT_EQ(outcome.failed, 1) << outcome.output;
+  EXPECT_TRUE(outcome.Says("FAILED 1. Typing 5 gives 6.")) << outcome.output;
+}
+
+TEST(CaseRunner, RefusesATableOfACaseThatDoesNotFitIt) {
+  const std::string call = "  call Open_Sample\n  expect statements\n    \"Exec Sample\"\n";
+  ExpectFailure(RunSteps("  for each\n    | A |\n" + call), "has no rows");
+  ExpectFailure(RunSteps("  for each\n    | A |\n    | 1 |\n" + call), "nothing in this case uses {A}");
+  ExpectFailure(RunSteps("  for each\n    | A |\n    | 1 |\n  wait {B} ms\n" + call), "{B} is no heading");
+  ExpectFailure(RunSteps(call + "  for each\n    | A |\n    | 1 |\n"), "no step reads like this");
+}
+
 TEST(CaseRunner, ComparesThePrintJob) {
   const std::string print = "  press F9\n  expect print\n    title \"نمونه\"\n    options 5\n";
   ExpectPass(RunInside(print +

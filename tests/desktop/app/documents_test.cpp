@@ -1,0 +1,51 @@
+#include "desktop/documents/desktop_documents.h"
+#include "desktop/documents/document_window.h"
+#include "tests/desktop/app/kit.h"
+
+namespace goods {
+namespace {
+
+using Documents = DesktopTest;
+
+TEST_F(Documents, ADocumentThatIsNotThereIsTold) {
+  DesktopHost& host = HostFor("admin");
+  host.Messages().SetUnattended([](const ShownMessage&) { return true; });
+  host.Documents().Call_SaleInvoice(98765432, 1);
+  ASSERT_EQ(host.Messages().Shown().size(), 1U);
+  EXPECT_EQ(host.Messages().Shown().front().text, "سندی با شماره 98765432 پیدا نشد.");
+  EXPECT_FALSE(host.Documents().IsSellFormShow());
+}
+
+TEST_F(Documents, NoModuleIsMarkedUntilItIsSet) {
+  DesktopHost& host = HostFor("admin");
+  EXPECT_FALSE(host.Documents().LoadedDLLs(DocumentModule::Sale));
+  host.Documents().SetLoadedDLLs(DocumentModule::Sale, true);
+  EXPECT_TRUE(host.Documents().LoadedDLLs(DocumentModule::Sale));
+  EXPECT_FALSE(host.Documents().LoadedDLLs(DocumentModule::Buy));
+  host.Documents().SetLoadedDLLs(DocumentModule::Sale, false);
+  EXPECT_FALSE(host.Documents().LoadedDLLs(DocumentModule::Sale));
+}
+
+TEST_F(Documents, CopyGivesTheCaptionsAndTheRowsWithTabs) {
+  DocumentView view;
+  view.title = "فاکتور";
+  view.columns = {{"کالا", false}, {"مقدار", true}};
+  view.rows = {{"برنج", "12.5"}, {"روغن", "3-"}};
+  DocumentWindow window(view, 7, nullptr);
+  SetPersianDigits(false);
+  const QString copied = window.CopiedText();
+  SetPersianDigits(true);
+  EXPECT_EQ(copied, "کالا\tمقدار\nبرنج\t12.5\nروغن\t3-\n");
+}
+
+TEST_F(Documents, TheHostOpensTheStockCardForAnotherReport) {
+  DesktopHost& host = HostFor("admin");
+  const std::int64_t good = BusiestGood(Company());
+  std::size_t rows = 0;
+  WhileModal([&](QWidget& window) { rows = RowCount(window); });
+  host.Documents().Call_KardexKala(good, 0, "", "");
+  EXPECT_EQ(static_cast<std::int64_t>(rows), Company().ListBusyGoods(1).at(0).movements);
+}
+
+}  // namespace
+}  // namespace goods

@@ -1,0 +1,97 @@
+#include "desktop/app/main_window.h"
+
+#include <QAction>
+#include <QLabel>
+
+#include "desktop/app/report_card.h"
+#include "desktop/app/settings_dialog.h"
+#include "tests/desktop/app/kit.h"
+
+namespace goods {
+namespace {
+
+using Main = DesktopTest;
+
+TEST_F(Main, AUserWithoutRightsSeesEveryReportDisabledWithItsReason) {
+  DesktopHost& host = HostFor("guest");
+  MainWindow window(host, Module(), Settings(), "شرکت", "");
+  window.show();
+  const auto cards = window.findChildren<QPushButton*>();
+  ASSERT_FALSE(cards.empty());
+  for (const QPushButton* card : cards) {
+    EXPECT_FALSE(card->isEnabled());
+    EXPECT_TRUE(card->toolTip().startsWith("شما مجوز"));
+    EXPECT_TRUE(card->toolTip().endsWith("ندارید."));
+  }
+  const auto* action = window.findChild<QAction*>("Open_GoodKardex_ACT");
+  ASSERT_NE(action, nullptr);
+  EXPECT_FALSE(action->isEnabled());
+}
+
+TEST_F(Main, OnlyReportsThatTheLibraryHasAreOffered) {
+  DesktopHost& host = HostFor("admin");
+  MainWindow window(host, Module(), Settings(), "شرکت", "");
+  EXPECT_NE(window.findChild<QPushButton*>("Open_GoodKardex"), nullptr);
+  for (const QPushButton* card : window.findChildren<QPushButton*>()) {
+    EXPECT_TRUE(Module().Has(card->objectName().toUtf8().constData()));
+  }
+}
+
+TEST_F(Main, EnterOnACardOpensItsReport) {
+  DesktopHost& host = HostFor("admin");
+  MainWindow window(host, Module(), Settings(), "شرکت", "");
+  window.show();
+  window.activateWindow();
+  std::string opened;
+  WhileModal([&](QWidget& report) {
+    opened = FormOf(report).Caption();
+    PressKey(report, Qt::Key_Escape);
+  });
+  window.findChild<QPushButton*>("Open_GoodKardex")->setFocus();
+  PressKey(window, Qt::Key_Return);
+  EXPECT_EQ(opened, "کاردکس کالا");
+}
+
+TEST_F(Main, TheStatusBarTellsCompanyUserAndDate) {
+  DesktopHost& host = HostFor("admin");
+  MainWindow window(host, Module(), Settings(), "شرکت آزمون", "");
+  EXPECT_EQ(window.findChild<QLabel*>("StatusCompany_LBL")->text(), "شرکت: شرکت آزمون");
+  EXPECT_EQ(window.findChild<QLabel*>("StatusUser_LBL")->text(),
+            "کاربر: " + ShownText(host.Rights().UserInfo().Name));
+  EXPECT_EQ(window.findChild<QLabel*>("StatusDate_LBL")->text(),
+            "تاریخ: " + ShownText(host.Windows().NowDate()));
+}
+
+TEST_F(Main, ClosingTellsWhatTheUserWantsNext) {
+  DesktopHost& host = HostFor("admin");
+  const auto outcomeOf = [&](const char* action) {
+    MainWindow window(host, Module(), Settings(), "شرکت", "");
+    QAction* wanted = window.findChild<QAction*>(action);
+    QMetaObject::invokeMethod(
+        wanted, [wanted] { wanted->trigger(); }, Qt::QueuedConnection);
+    return window.Run();
+  };
+  EXPECT_EQ(outcomeOf("SignOut_ACT"), MainOutcome::SignOut);
+  EXPECT_EQ(outcomeOf("SwitchCompany_ACT"), MainOutcome::SwitchCompany);
+  EXPECT_EQ(outcomeOf("Quit_ACT"), MainOutcome::Quit);
+}
+
+TEST_F(Main, SettingsAreKeptWhenAcceptedOnly) {
+  const auto tickSecondUnit = [&](Qt::Key last) {
+    SettingsDialog dialog(Settings());
+    WhileModal([last](QWidget& window) {
+      Child(window, "SecondUnit_CHK").setFocus();
+      PressKey(window, Qt::Key_Space);
+      PressKey(window, last);
+    });
+    dialog.exec();
+  };
+  tickSecondUnit(Qt::Key_Escape);
+  EXPECT_FALSE(Settings().Settings().SecondUnit);
+  tickSecondUnit(Qt::Key_Return);
+  EXPECT_TRUE(Settings().Settings().SecondUnit);
+  EXPECT_TRUE(DesktopSettings(folder_.filePath("settings")).Settings().SecondUnit);
+}
+
+}  // namespace
+}  // namespace goods

@@ -1,0 +1,95 @@
+#include <fstream>
+
+#include "desktop/app/services/company_lookups.h"
+#include "host/data/row_store.h"
+#include "tests/desktop/app/kit.h"
+
+namespace goods {
+namespace {
+
+using Services = DesktopTest;
+
+TEST_F(Services, ALibraryThatIsMissingIsNoLibraryOrIsAnotherOneIsTold) {
+  EXPECT_THROW(ModuleLibrary(Path("missing.so")), ModuleError);
+  std::ofstream(Path("text.so")) << "no library";
+  EXPECT_THROW(ModuleLibrary(Path("text.so")), ModuleError);
+  EXPECT_THROW(ModuleLibrary(GOODS_HOST_FILE), ModuleError);
+  EXPECT_THROW(ModuleLibrary::Find("", FromQt(folder_.path())), ModuleError);
+}
+
+TEST_F(Services, TheLibraryIsFoundBesideTheProgramAndInTheLibFolderNextToIt) {
+  QDir(folder_.path()).mkpath("lib");
+  const std::string inLib = Path("lib/libGoods_Transaction_QRT.so");
+  std::ofstream(inLib) << "x";
+  EXPECT_EQ(ModuleLibrary::Find("", FromQt(folder_.filePath("bin"))), inLib);
+  EXPECT_EQ(ModuleLibrary::Find("given.so", FromQt(folder_.filePath("bin"))), "given.so");
+}
+
+TEST_F(Services, ASecondHostIsRefused) {
+  DesktopHost& host = HostFor("admin");
+  EXPECT_THROW(Module().Attach(host), ModuleError);
+}
+
+TEST_F(Services, ALogLineKeepsTheStatementOnOneLine) {
+  {
+    StatementLog log(Path("log"));
+    log.Write("select 1\r\nUNION ALL\tselect 'a\\b'", 1.25, "rows 2");
+  }
+  EXPECT_EQ(Written(Path("log")), "1.250\trows 2\tselect 1\\r\\nUNION ALL\\tselect 'a\\\\b'\n");
+  EXPECT_THROW(StatementLog(Path("no/such/folder/log")), std::runtime_error);
+}
+
+class LostConnection : public IConnection {
+ public:
+  void Open(std::string_view statement, RowStore&, IStatementProgress*) override {
+    throw ConnectionLost("ارتباط قطع شد.", std::string(statement));
+  }
+  void Execute(std::string_view, IStatementProgress*) override {}
+};
+
+TEST_F(Services, AfterALossTheNextStatementConnectsAgain) {
+  int connected = 0;
+  LoggingConnection connection(
+      [&]() -> std::unique_ptr<IConnection> {
+        if (++connected == 1) return std::make_unique<LostConnection>();
+        return Company().OpenConnection();
+      },
+      nullptr);
+  RowStore lost;
+  EXPECT_THROW(connection.Open("SELECT * FROM Stores ORDER BY Code", lost, nullptr), ConnectionLost);
+  RowStore rows;
+  connection.Open("SELECT * FROM Stores ORDER BY Code", rows, nullptr);
+  EXPECT_EQ(rows.Count(), 3U);
+  EXPECT_EQ(connected, 2);
+}
+
+TEST_F(Services, LookUpsGiveTheFieldsInTheOrderAskedFor) {
+  CompanyLookups lookups(Company());
+  const auto good = Company().FindEntity(EntityKind::Good, 1);
+  ASSERT_TRUE(good);
+  EXPECT_EQ(lookups.LookupDBs(EntityType::Good, 1, "Unit;Name"),
+            (std::vector<std::string>{good->unit, good->name}));
+  EXPECT_EQ(lookups.LookupDBs(EntityType::Good, 987654, "Name"), std::nullopt);
+  EXPECT_THROW(lookups.LookupDBs(EntityType::Store, 1, "NoSuchField"), DatabaseError);
+}
+
+TEST_F(Services, SettingsOutOfRangeAndOfTheWrongKindCountAsNotSet) {
+  const QString folder = folder_.filePath("odd");
+  QDir().mkpath(folder);
+  std::ofstream(FromQt(folder + "/goods-desktop.ini"))
+      << "[Settings]\nQuantityDecimals=77\nAmountDecimals=many\nSecondUnit=true\n";
+  DesktopSettings settings(folder);
+  EXPECT_EQ(settings.Settings().QuantityDecimals, 4);
+  EXPECT_EQ(settings.Settings().AmountDecimals, 2);
+  EXPECT_TRUE(settings.Settings().SecondUnit);
+}
+
+TEST_F(Services, TheReportFolderIsMadeAndTheSettingsRecordIsKeptWithAnItem) {
+  EXPECT_TRUE(QDir(ToQt(Settings().GetSettingFilePath())).exists());
+  Settings().Settings().PriceBasis = 3;
+  Settings().SaveSettingItem(531, 27, true, 3, "آخرین قیمت خرید");
+  EXPECT_EQ(DesktopSettings(folder_.filePath("settings")).Settings().PriceBasis, 3);
+}
+
+}  // namespace
+}  // namespace goods

@@ -1,0 +1,242 @@
+// Modal windows, posted messages, waiting, messages.
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include "desktop/windows/message_dialog.h"
+#include "host/core/jalali.h"
+#include "tests/desktop/views/kit.h"
+
+namespace goods::testing {
+namespace {
+
+// Does something once the loop of the window that is opened next runs.
+void Later(const std::function<void()>& action, int ms = 0) { QTimer::singleShot(ms, qApp, action); }
+
+TEST(Windows, AModalWindowRunsUntilItHasAResult) {
+  TestHost host;
+  TCard_FRM form(host);
+  Later([&] {
+    EXPECT_EQ(host.windows.ActiveWindow(), &form);
+    EXPECT_NE(host.windows.ViewOf(form), nullptr);
+    EXPECT_NE(form.ActiveControl(), nullptr);
+    form.SetModalResult(kModalOk);
+  });
+  EXPECT_EQ(form.ShowModal(), kModalOk);
+  EXPECT_EQ(host.windows.ActiveWindow(), nullptr);
+  EXPECT_EQ(host.windows.ViewOf(form), nullptr);
+}
+
+TEST(Windows, TheWindowsOwnCloseButtonClosesTheForm) {
+  TestHost host;
+  TCard_FRM form(host);
+  Later([&] { host.windows.ViewOf(form)->close(); });
+  EXPECT_EQ(form.ShowModal(), kModalCancel);
+}
+
+TEST(Windows, EscClosesThroughTheFormsOwnButton) {
+  TestHost host;
+  TCard_FRM form(host);
+  Later([&] { QTest::keyClick(host.windows.ViewOf(form), Qt::Key_Escape); });
+  EXPECT_EQ(form.ShowModal(), kModalCancel);
+}
+
+TEST(Windows, ModalWindowsNestAndAKeptOneOpensAgain) {
+  TestHost host;
+  TCard_FRM outer(host);
+  TCard_FRM inner(host);
+  int innerResult = 0;
+  for (int round = 0; round < 2; ++round) {
+    Later([&] {
+      Later([&] {
+        EXPECT_EQ(host.windows.ActiveWindow(), &inner);
+        inner.SetModalResult(kModalOk);
+      });
+      innerResult = inner.ShowModal();
+      EXPECT_EQ(host.windows.ActiveWindow(), &outer);
+      outer.Close();
+    });
+    EXPECT_EQ(outer.ShowModal(), kModalCancel);
+    EXPECT_EQ(innerResult, kModalOk);
+  }
+}
+
+TEST(Windows, AnErrorWhileShowingIsToldAndTheWindowIsShownAllTheSame) {
+  TestHost host;
+  host.messages.SetUnattended([](const ShownMessage&) { return true; });
+  TCard_FRM form(host);
+  form.OnShow = [] { throw ConnectionLost("read from server failed", "Exec X"); };
+  Later([&] { form.Close(); });
+  form.ShowModal();
+  ASSERT_EQ(host.messages.Shown().size(), 1U);
+  EXPECT_NE(host.messages.Shown()[0].text.find("ارتباط"), std::string::npos);
+}
+
+TEST(Windows, PostedMessagesArriveLaterAndInOrder) {
+  TestHost host;
+  TCard_FRM form(host);
+  host.windows.PostMessage(form, 9035);
+  host.windows.PostMessage(form, 9036);
+  EXPECT_TRUE(form.messages.empty());
+  host.windows.ProcessMessages([&] { return form.messages.size() == 2; });
+  EXPECT_EQ(form.messages, (std::vector<int>{9035, 9036}));
+}
+
+TEST(Windows, AMessageToAWindowThatIsGoneNeverArrives) {
+  TestHost host;
+  auto form = std::make_unique<TCard_FRM>(host);
+  host.windows.PostMessage(*form, 9035);
+  form.reset();
+  Settle();
+  // Another window at the same address must not get it, either.
+  form = std::make_unique<TCard_FRM>(host);
+  Settle();
+  EXPECT_TRUE(form->messages.empty());
+}
+
+TEST(Windows, ProcessMessagesEndsWhenTimeAloneMakesTheConditionTrue) {
+  TestHost host;
+  const std::uint64_t start = host.windows.TickCount();
+  host.windows.ProcessMessages([&] { return host.windows.TickCount() - start >= 60; });
+  EXPECT_GE(host.windows.TickCount() - start, 60U);
+  EXPECT_LT(host.windows.TickCount() - start, 2000U);
+}
+
+TEST(Windows, QuitEndsEveryLoop) {
+  TestHost host;
+  TCard_FRM form(host);
+  Later([&] {
+    host.windows.Quit();
+    host.windows.ProcessMessages([] { return false; });
+  });
+  EXPECT_EQ(form.ShowModal(), kModalCancel);
+}
+
+TEST(Windows, TodayIsAJalaliDateAndTheLayoutIsRemembered) {
+  TestHost host;
+  EXPECT_TRUE(IsValidJalali(host.windows.NowDate()));
+  host.windows.ActivateKeyboardLayout("00000429");
+  EXPECT_EQ(host.windows.KeyboardLayout(), "00000429");
+}
+
+TEST(Waiting, EscCancelsAStatementAndNothingElseGetsThrough) {
+  TestHost host;
+  TCard_FRM form(host);
+  bool cancelled = false;
+  std::string shown;
+  Later([&] {
+    const WaitingScope waiting(host.waiting, &form, "سیستم در حال تهیه گزارش می باشد.");
+    Later(
+        [&] {
+          shown = host.waiting.ShownText();
+          QTest::keyClick(host.windows.ViewOf(form), Qt::Key_2, Qt::AltModifier);
+          QTest::keyClick(host.windows.ViewOf(form), Qt::Key_Escape);
+        },
+        250);
+    try {
+      form.Fill(4000000, "slow");
+    } catch (const StatementCancelled&) {
+      cancelled = true;
+    }
+    EXPECT_TRUE(host.waiting.PanelVisible());
+  });
+  Later([&] { form.Close(); }, 300);
+  form.ShowModal();
+  EXPECT_TRUE(cancelled);
+  EXPECT_EQ(form.folds, 0);
+  EXPECT_NE(shown.find("سیستم در حال تهیه گزارش"), std::string::npos);
+  EXPECT_NE(shown.find("ردیف خوانده شد"), std::string::npos);
+  EXPECT_FALSE(form.Kardex_QRY.Active());
+  EXPECT_FALSE(host.waiting.PanelVisible());
+}
+
+TEST(Waiting, AQuickStatementShowsNothing) {
+  TestHost host;
+  TCard_FRM form(host);
+  FormView view(form);
+  view.show();
+  bool seen = false;
+  struct Watch : QObject {
+    bool* seen;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+      if (event->type() == QEvent::Show && watched->objectName() == "WaitingPanel") *seen = true;
+      return false;
+    }
+  } watch;
+  watch.seen = &seen;
+  qApp->installEventFilter(&watch);
+  {
+    const WaitingScope waiting(host.waiting, &form, "…");
+    form.Fill(9000);
+  }
+  Settle();
+  EXPECT_FALSE(seen);
+}
+
+TEST(Waiting, PostedMessagesWaitForTheStatementsEnd) {
+  TestHost host;
+  TCard_FRM form(host);
+  std::size_t during = 99;
+  Later([&] {
+    host.windows.PostMessage(form, 9037);
+    Later([&] { during = form.messages.size(); }, 220);
+    form.Fill(400000, "slow");
+    host.windows.ProcessMessages([&] { return !form.messages.empty(); });
+    form.Close();
+  });
+  form.ShowModal();
+  EXPECT_EQ(during, 0U);
+  EXPECT_EQ(form.messages, (std::vector<int>{9037}));
+}
+
+TEST(Messages, TheHostsOwnWordings) {
+  TestHost host;
+  host.messages.SetUnattended([](const ShownMessage& message) { return message.question; });
+  host.messages.ShowSmartMessage(kMessageNotPossibleBecause, "غیرثبتی بودن آن");
+  host.messages.MsgWithoutGardesh("کالا");
+  host.messages.OpenOther("فايل مورد نظر توسط بخش", "بخش مشابه");
+  EXPECT_TRUE(host.messages.Ask("ادامه می‌دهید؟", ""));
+  host.messages.ShowError(StatementCancelled("cancelled", "Exec X"));
+  const auto& shown = host.messages.Shown();
+  ASSERT_EQ(shown.size(), 4U);
+  EXPECT_EQ(shown[0].text, "به دلیل غیرثبتی بودن آن امکان انجام این عملیات وجود ندارد.");
+  EXPECT_EQ(shown[1].text, "«کالا» گردشی ندارد.");
+  EXPECT_EQ(shown[2].text, "فايل مورد نظر توسط بخش «بخش مشابه» باز شده است.");
+}
+
+TEST(Messages, ABoxIsAnsweredByItsPersianButtons) {
+  TestHost host;
+  Later(
+      [] {
+        auto* dialog = dynamic_cast<MessageDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->layoutDirection(), Qt::RightToLeft);
+        QTest::mouseClick(dialog->findChild<QPushButton*>("Reject"), Qt::LeftButton);
+      },
+      30);
+  EXPECT_FALSE(host.messages.Ask("حذف شود؟", "حذف"));
+}
+
+TEST(Messages, ABalloonStandsBesideItsControlAndGoesWithTheNextKey) {
+  TestHost host;
+  TCard_FRM form(host);
+  Later([&] {
+    host.messages.ShowTooltipMessage(form.Search_EDT, "این تاریخ وجود ندارد.");
+    QWidget* edit = host.windows.WidgetOf(form.Search_EDT);
+    const QWidget* balloon = edit->findChild<QWidget*>("Balloon");
+    EXPECT_NE(balloon, nullptr);
+    QTest::keyClick(edit, Qt::Key_A);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(edit->findChild<QWidget*>("Balloon") != nullptr &&
+                 edit->findChild<QWidget*>("Balloon")->isVisible());
+    form.Close();
+  });
+  form.ShowModal();
+}
+
+}  // namespace
+}  // namespace goods::testing
