@@ -52,7 +52,7 @@ int EntityRows::RowOfCode(std::int64_t code) {
                                     [code](const auto& record) { return record.code == code; });
     if (found != records_.end()) return static_cast<int>(found - records_.begin());
     if (!mayHaveMore_) return -1;
-    fetchMore({});
+    ReadMore();
   }
 }
 
@@ -101,6 +101,14 @@ QVariant EntityRows::headerData(int section, Qt::Orientation orientation, int ro
 bool EntityRows::canFetchMore(const QModelIndex& parent) const { return !parent.isValid() && mayHaveMore_; }
 
 void EntityRows::fetchMore(const QModelIndex& /*parent*/) {
+  try {
+    ReadMore();
+  } catch (const CompanyError&) {
+    mayHaveMore_ = false;
+  }
+}
+
+void EntityRows::ReadMore() {
   auto longer = Read(records_.size() * kPageGrowth);
   if (longer.size() <= records_.size()) return;
   beginInsertRows({}, static_cast<int>(records_.size()), static_cast<int>(longer.size()) - 1);

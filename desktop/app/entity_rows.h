@@ -29,10 +29,12 @@ class EntityRows : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
   bool canFetchMore(const QModelIndex& parent) const override;
+  // A company that cannot be read has no more rows.
   void fetchMore(const QModelIndex& parent) override;
 
  private:
   std::vector<EntityRecord> Read(std::size_t limit);
+  void ReadMore();
 
   ICompany& company_;
   EntityKind kind_;

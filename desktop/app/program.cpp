@@ -1,6 +1,7 @@
 #include "desktop/app/program.h"
 
 #include <QApplication>
+#include <QSettings>
 #include <fstream>
 #include <utility>
 
@@ -30,6 +31,10 @@ std::string FirstLine(const std::string& path) {
 DesktopProgram::DesktopProgram(StartOptions options)
     : options_(std::move(options)),
       settings_(FolderOr(options_.settingsFolder, DesktopSettings::DefaultFolder())) {
+  // The places of report windows are kept in the same folder.
+  QSettings::setDefaultFormat(QSettings::IniFormat);
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
+                     FolderOr(options_.settingsFolder, DesktopSettings::DefaultFolder()));
   ApplyLook(settings_.Options());
 }
 

@@ -21,6 +21,7 @@ void WriteText(const PrintJob& job, const std::string& path);
 // UTF-8 with a byte order mark, so that spreadsheets know it; cells quoted where they need to be.
 void WriteCsv(const IReportTable& table, const std::string& path);
 // Numbers as numbers with the grid's formats, texts as texts; the header frozen, the sheet right to left.
+// More rows than a sheet holds (1,048,575) are refused.
 void WriteXlsx(const TSmartDBGrid_QRT& grid, const std::string& path, const std::string& title);
 
 }  // namespace goods

@@ -35,7 +35,7 @@ class Sheet {
     worksheet_right_to_left(sheet_);
     worksheet_freeze_panes(sheet_, 1, 0);
     WriteHeader();
-    const std::size_t rows = std::min(grid_.Table().RowCount(), kMostRows);
+    const std::size_t rows = grid_.Table().RowCount();
     for (std::size_t column = 0; column < columns_.size(); ++column)
       formats_.push_back(FormatOf(*columns_[column]));
     for (std::size_t row = 0; row < rows; ++row) {
@@ -91,6 +91,10 @@ class Sheet {
 }  // namespace
 
 void WriteXlsx(const TSmartDBGrid_QRT& grid, const std::string& path, const std::string& title) {
+  if (grid.Table().RowCount() > kMostRows) {
+    throw ExportError("تعداد ردیف ها بیشتر از گنجایش یک صفحه گسترده (" + std::to_string(kMostRows) +
+                      " ردیف) است. شرایط گزارش را محدودتر کنید یا خروجی CSV بگیرید.");
+  }
   // Written aside and moved into place, so that a failure leaves no half of a file.
   const std::string aside = path + ".part";
   Sheet sheet(grid, aside);

@@ -6,6 +6,7 @@
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  QApplication::setOrganizationName("goods");
   QApplication::setApplicationName("goods-desktop");
 
   goods::StartOptions options;

@@ -1,5 +1,5 @@
-// LoggingConnection: the connection that reports are given. It logs each statement, and connects again after the
-// connection was lost.
+// LoggingConnection: the connection that reports are given. It logs each statement, and connects again after
+// the connection was lost.
 #pragma once
 
 #include <functional>

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QTableView>
 
+#include "company/demo/demo_company.h"
 #include "desktop/app/entity_rows.h"
 #include "tests/desktop/app/kit.h"
 
@@ -69,11 +70,27 @@ TEST_F(Picker, TheCurrentOneIsChosenAtFirst) {
   EXPECT_EQ(picker.Choose(), 41);
 }
 
-TEST_F(Picker, RowsComeByThePageUntilTheCodeIsThere) {
-  EntityRows rows(Company(), EntityKind::Good, nullptr);
+TEST_F(Picker, OfTwentyThousandGoodsTheRowsComeByThePage) {
+  DemoOptions options;
+  options.goods = 20'000;
+  options.movements = 0;
+  MakeDemoCompany(Path("large.goods"), options);
+  const auto large = OpenCompany(Path("large.goods"));
+  EntityRows rows(*large, EntityKind::Good, nullptr);
   rows.Search("");
-  EXPECT_EQ(rows.RowOfCode(60), 59);
-  EXPECT_EQ(rows.RowOfCode(987654), -1);
+  EXPECT_TRUE(rows.IsCut());
+  EXPECT_LT(rows.rowCount(), 1'000);
+  EXPECT_EQ(rows.RowOfCode(15'000), 14'999);
+  EXPECT_EQ(rows.RowOfCode(987'654), -1);
+  EXPECT_EQ(rows.rowCount(), 20'000);
+  EXPECT_FALSE(rows.IsCut());
+
+  EntityPicker picker(*large, EntityKind::Good, 15'000, "15000", nullptr);
+  WhileModal([](QWidget& window) {
+    PressKey(window, Qt::Key_Down);
+    PressKey(window, Qt::Key_Return);
+  });
+  EXPECT_EQ(picker.Choose(), 15'001);
 }
 
 }  // namespace

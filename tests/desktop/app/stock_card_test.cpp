@@ -182,6 +182,11 @@ TEST_F(StockCard, WhatTheUserMayNotOpenIsRefusedWithTheRightsName) {
   EXPECT_EQ(host.Messages().Shown().front().text, "شما مجوز باز کردن گزارش «کاردکس کالا» را ندارید.");
 }
 
+TEST_F(StockCard, TheTablesMenuOffersTheHostsExports) {
+  HostFor("admin");
+  Open([&](QWidget& window) { EXPECT_FALSE(dynamic_cast<FormView&>(window).GridCommands().empty()); });
+}
+
 TEST_F(StockCard, AReportThatIsShownKeepsTheLibrary) {
   HostFor("admin");
   Open([&](QWidget&) { EXPECT_FALSE(Module().Detach()); });
