@@ -88,6 +88,16 @@ std::string TQeratSearch::ProcParams() const {
   return parameters;
 }
 
+std::string TQeratSearch::FarsiText() const {
+  if (ProcParams().empty()) return {};
+  const std::string subject = Title + (Exclude ? " به جز" : "");
+  if (Operator != SearchOperator::Range) return subject + ": " + Value;
+  std::string range;
+  if (Literal(Kind, From)) range += " از: " + From;
+  if (Literal(Kind, To)) range += " تا: " + To;
+  return subject + range;
+}
+
 void TQeratSearch::NotifyChange() {
   Changed();
   if (OnChange) OnChange();
@@ -110,6 +120,14 @@ std::string TQeratSearchManager::ProcFilter() const {
   std::string parameters;
   for (const TQeratSearch* item : items_) parameters = ADDParam(item->ProcParams(), parameters);
   return parameters;
+}
+
+std::vector<std::string> TQeratSearchManager::FarsiTexts() const {
+  std::vector<std::string> texts;
+  for (const TQeratSearch* item : items_) {
+    if (std::string text = item->FarsiText(); !text.empty()) texts.push_back(std::move(text));
+  }
+  return texts;
 }
 
 void TQeratSearchManager::ExecuteFilter_DataSet() {

@@ -103,13 +103,16 @@ void TKardexSearch_FRM::RunReport() {
   QeratSearchManager1.ExecuteFilter_PROC();
 }
 
+bool TKardexSearch_FRM::AdvSearchInUse() const {
+  return ADVSearch_Fram1.ADVSearch_CHK.Checked() && advSearchDone_;
+}
+
 void TKardexSearch_FRM::QeratSearchManager1SearchItems_Changed() {
   if (dataModule_.KardexSearch.Query.Active()) delayedSearch_.Typed(kSearchEditTyped);
 }
 
 void TKardexSearch_FRM::QeratSearchManager1CustomFilter_Proc(std::string& parameters) {
-  if (ADVSearch_Fram1.ADVSearch_CHK.Checked() && advSearchDone_)
-    parameters = ADDParam(advParameters_, parameters);
+  if (AdvSearchInUse()) parameters = ADDParam(advParameters_, parameters);
 }
 
 void TKardexSearch_FRM::QeratSearchManager1AfterExecute_PROC() {
@@ -144,6 +147,7 @@ void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
     return;
   }
   advParameters_ = advSearch_->Parameters();
+  advFarsiFilter_ = advSearch_->FarsiFilter();
   advSearchDone_ = true;
   const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
   ADVSearch_Fram1.ADVSearch_CHK.SetChecked(!Trim(advParameters_).empty());
@@ -152,6 +156,14 @@ void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
 
 void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_CHKClick() {
   if (advSearchDone_ && !advSearchInProgress_ && !Trim(advParameters_).empty()) RunReport();
+}
+
+// The printed page tells what it shows.
+void TKardexSearch_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
+  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
+  std::string filter = TGoodTransactions_DM::FarsiFilterOf(QeratSearchManager1.FarsiTexts());
+  if (AdvSearchInUse() && !advFarsiFilter_.empty()) filter += (filter.empty() ? "" : " ") + advFarsiFilter_;
+  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
 }
 
 void TKardexSearch_FRM::KardexSearch_GRDSortChanged() {

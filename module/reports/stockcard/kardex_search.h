@@ -28,6 +28,7 @@ class TKardexSearch_FRM : public TBaseDock_FRM {
   void FormClose() override;
   void FormKeyDown(TKey& key) override;
   void WindowMessage(int code) override;
+  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
 
   void Report_BTNClick();
   void ADVSearch_Fram1ADVSearch_BTNClick();
@@ -62,12 +63,14 @@ class TKardexSearch_FRM : public TBaseDock_FRM {
   void DeclareForm();
   void DeclareColumns();
   void RunReport();
+  bool AdvSearchInUse() const;
 
   std::unique_ptr<TKardexSearch_AdvSearch_FRM> advSearch_;
   DelayedSearch delayedSearch_;
   bool advSearchInProgress_ = false;
   bool advSearchDone_ = false;
   std::string advParameters_;
+  std::string advFarsiFilter_;
 };
 
 }  // namespace goods

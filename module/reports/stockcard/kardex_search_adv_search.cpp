@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "module/data/good_transactions_dm.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -20,6 +21,11 @@ void TKardexSearch_AdvSearch_FRM::SetUp(std::string script, TDataSource* source,
   QeratSearchManager1.Script = std::move(script);
   QeratSearchManager1.SetDataSource(source);
   QeratSearchManager1.SetEXtraAdvFilter(std::move(generalFilter));
+}
+
+std::string TKardexSearch_AdvSearch_FRM::FarsiFilter() const {
+  if (!FarsiFilter_CHK.Checked()) return {};
+  return TGoodTransactions_DM::FarsiFilterOf(QeratSearchManager1.FarsiTexts());
 }
 
 void TKardexSearch_AdvSearch_FRM::FormShow() {

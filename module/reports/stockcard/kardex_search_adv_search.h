@@ -22,6 +22,8 @@ class TKardexSearch_AdvSearch_FRM : public TBaseSearch_FRM {
   void SetUp(std::string script, TDataSource* source, std::string generalFilter);
   // The parameters of the dialog's own criteria; empty when none is in use.
   std::string Parameters() const { return QeratSearchManager1.ProcFilter(); }
+  // The same criteria in Persian, for the printed list; empty when the user wants none there.
+  std::string FarsiFilter() const;
 
   void FormShow() override;
   void Select_BTNClick() override;
@@ -34,6 +36,7 @@ class TKardexSearch_AdvSearch_FRM : public TBaseSearch_FRM {
   TRange_Cost_Search_Frame SearchRangeCost_FRAME{this, "SearchRangeCost_FRAME", "مبلغ :"};
   TRange_Date_Search_Frame SearchRangeDate_FRAME{this, "SearchRangeDate_FRAME", "تاریخ :"};
   TGeneral_Search_Frame SearchStore_FRAME{this, "SearchStore_FRAME", "نام ا&نبار :"};
+  TCheckBox FarsiFilter_CHK{this, "FarsiFilter_CHK", "چاپ شرایط بالای فهرست"};
   TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
   TButton Select_BTN{this, "Select_BTN", "انتخاب F3"};
   TButton Del_BTN{this, "Del_BTN", "پاک کردن"};

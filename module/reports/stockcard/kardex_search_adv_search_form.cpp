@@ -31,6 +31,8 @@ void TKardexSearch_AdvSearch_FRM::DeclareForm() {
     QeratSearchManager1.AddItem(frame->Search);
     Place(*frame);
   }
+  FarsiFilter_CHK.SetChecked(true);
+  Place(FarsiFilter_CHK);
   for (TButton* button : {&Select_BTN, &Del_BTN, &EXit_BTN}) Buttons_PNL.Place(*button);
   Place(Buttons_PNL);
 }
