@@ -152,8 +152,9 @@ const sqlite3_module& Module() {
 
 }  // namespace
 
-// Without xCreate the table is there under its name alone, and none can be made. Its first use declares it for
-// the life of the handle; that happens here, since a handle that may only read could not declare it later.
+// Without xCreate the table is there under its name alone, and none can be made. Its first use declares it
+// for the life of the handle; that happens here, since a handle that may only read could not declare it
+// later.
 void RegisterNegativeStock(sqlite3* db) {
   sqlite3_create_module_v2(db, "negative_stock", &Module(), nullptr, nullptr);
   sqlite3_stmt* statement = nullptr;
