@@ -45,9 +45,10 @@ class ProgressWatch {
   bool cancelled_ = false;
 };
 
-// Reads all rows into a store that has been defined with the statement's columns. derived: one for each column,
-// or none at all. Throws SqliteError, also for a cell that is not of its column's type, and
+// Reads all rows into a store that has been defined with the statement's columns. derived: one for each
+// column, or none at all. Throws SqliteError, also for a cell that is not of its column's type, and
 // std::overflow_error.
-void ReadRows(Statement& statement, std::span<const DerivedColumn> derived, RowStore& into, ProgressWatch& watch);
+void ReadRows(Statement& statement, std::span<const DerivedColumn> derived, RowStore& into,
+              ProgressWatch& watch);
 
 }  // namespace goods

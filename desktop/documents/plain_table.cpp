@@ -1,6 +1,8 @@
 #include "desktop/documents/plain_table.h"
 
 #include <QHeaderView>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <algorithm>
 
@@ -11,6 +13,7 @@ namespace {
 
 constexpr int kRowPadding = 12;
 constexpr int kCellPadding = 24;
+constexpr int kTextMargin = 10;
 constexpr int kNarrowest = 64;
 constexpr int kWidest = 340;
 constexpr int kMeasuredRows = 200;
@@ -26,6 +29,29 @@ int WidthOf(const QTableView& table, int column) {
   }
   return std::clamp(width + kCellPadding, kNarrowest, kWidest);
 }
+
+// Keeps a cell's text off its neighbours; the background still fills the cell.
+class PaddedCells : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& given, const QModelIndex& index) const override {
+    QStyleOptionViewItem option = given;
+    initStyleOption(&option, index);
+    const QStyle& style = *option.widget->style();
+    style.drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
+    const QRect room = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
+    const QString text = option.fontMetrics.elidedText(option.text, Qt::ElideRight, room.width());
+    painter->save();
+    painter->setFont(option.font);
+    painter->setLayoutDirection(option.direction);
+    const bool selected = (option.state & QStyle::State_Selected) != 0;
+    painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+    const Qt::Alignment alignment = QStyle::visualAlignment(option.direction, option.displayAlignment);
+    painter->drawText(room, static_cast<int>(alignment | Qt::AlignAbsolute) | Qt::TextSingleLine, text);
+    painter->restore();
+  }
+};
 
 }  // namespace
 
@@ -44,6 +70,7 @@ void GiveListLook(QAbstractItemView& list) {
 
 void GiveTableLook(QTableView& table) {
   GiveListLook(table);
+  table.setItemDelegate(new PaddedCells(&table));
   table.setSelectionBehavior(QAbstractItemView::SelectRows);
   table.setAlternatingRowColors(true);
   table.setShowGrid(false);
@@ -53,7 +80,7 @@ void GiveTableLook(QTableView& table) {
   table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + kRowPadding);
   table.horizontalHeader()->setHighlightSections(false);
-  table.horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+  table.horizontalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
 }
 
 void FitColumns(QTableView& table) {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QLoggingCategory>
+#include <QTemporaryDir>
 #include <iostream>
 
 #include "desktop/app/company_chooser.h"
@@ -141,7 +142,8 @@ int main(int argc, char** argv) {
   std::string company;
   std::string module;
   std::string folder;
-  std::string settings = goods::FromQt(QDir::tempPath() + "/goods-pictures-settings");
+  const QTemporaryDir fresh;  // kept layouts of an earlier run would show
+  std::string settings = goods::FromQt(fresh.path());
   CLI::App commandLine("Writes pictures of the desktop's windows.");
   commandLine.add_option("--company", company, "A demo company")->required();
   commandLine.add_option("--module", module, "The report library, instead of the one beside the program");

@@ -48,7 +48,11 @@ void GridGeometry::Update(const TSmartDBGrid_QRT& grid, const QWidget& viewport)
   if (grid.ShowRowNumbers) {
     const std::size_t rows = grid.Table().RowCount();
     const int digits = std::max(2, static_cast<int>(QString::number(rows).size()));
-    numberWidth_ = metrics.horizontalAdvance(ShownDigits(QString(digits, '0'))) + 2 * padding_;
+    int widest = 0;
+    for (char digit = '0'; digit <= '9'; ++digit) {
+      widest = std::max(widest, metrics.horizontalAdvance(ShownDigits(QString(digits, digit))));
+    }
+    numberWidth_ = widest + 2 * padding_;
   }
   PlaceColumns(grid, viewport);
   MeasureHeader(grid, viewport);

@@ -64,8 +64,10 @@ void GroupTitle::paintEvent(QPaintEvent* /*event*/) {
   }
   const bool marked = style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this) != 0;
   const int marks = marked ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
-  style()->drawItemText(&painter, box, Qt::AlignVCenter | Qt::AlignLeading | marks, palette(), isEnabled(),
-                        text(), QPalette::WindowText);
+  // Absolute, since the style and the painter would each turn a leading alignment round.
+  const int side = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(box, Qt::AlignVCenter | side | Qt::AlignAbsolute | Qt::TextSingleLine | marks, text());
 }
 
 }  // namespace goods

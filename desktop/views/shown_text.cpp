@@ -14,6 +14,15 @@ constexpr char16_t kPersianZero = 0x06F0;
 bool g_persianDigits = true;
 
 bool IsAsciiDigit(QChar c) { return c >= u'0' && c <= u'9'; }
+
+bool IsLatinLetter(QChar c) { return c.isLetter() && c < u'\x80'; }
+
+// Whether a number at that place belongs to a Latin name, such as that of the keys F2 and Alt+2.
+bool EndsKeyName(const QString& text, qsizetype at) {
+  if (at > 1 && text[at - 1] == u'+') --at;
+  return at > 0 && IsLatinLetter(text[at - 1]);
+}
+
 bool IsInsideNumber(QChar c) { return IsAsciiDigit(c) || c == u',' || c == u'.'; }
 
 }  // namespace
@@ -56,7 +65,7 @@ QString ShownText(const QString& text) {
       i = stop;
       continue;
     }
-    const bool partOfName = i > 0 && text[i - 1].isLetter() && text[i - 1] < u'\x80';  // such as F2
+    const bool partOfName = EndsKeyName(text, i);
     const QString shown = partOfName ? text.mid(i, end - i) : ShownNumber(text.mid(i, end - i));
     const bool minusBehind = end < text.size() && text[end] == u'-' &&
                              (end + 1 == text.size() || !text[end + 1].isLetterOrNumber());

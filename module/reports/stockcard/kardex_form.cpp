@@ -71,12 +71,12 @@ void TKardex_FRM::DeclareColumns() {
   };
 
   text("Date", "تاریخ", 86);
-  text("PerName", "نام شخص", 130);
-  text("Comment", "شرح", 140).SetAutoFit(true);
+  text("PerName", "نام شخص", 124);
+  text("Comment", "شرح", 130).SetAutoFit(true);
   text("Anbar", "انبار", 50);
   number("Tedad_Varde", "مقدار وارده", kQuantityFormat, 86).SetFooter(FooterKind::Sum);
   number("Tedad_Sadere", "مقدار صادره", kQuantityFormat, 86).SetFooter(FooterKind::Sum);
-  number("Meghdar2", "مقدار 2", kQuantityFormat, 76).SetFooter(FooterKind::Sum);
+  number("Meghdar2", "مقدار 2", kQuantityFormat, 92).SetFooter(FooterKind::Sum);
   remainder_ = &number("Bagh", "مقدار باقیمانده", kQuantityFormat, 98);
   number("Gheymat_Varede", "قیمت وارده", kAmountFormat, 96);
   number("Gheymat_Sadere", "قیمت صادره", kAmountFormat, 96);

@@ -1,9 +1,9 @@
-#include <gtest/gtest.h>
-
 #include <random>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "fake_connection.h"
 #include "host/data/query.h"
