@@ -44,6 +44,15 @@ GOODS_EXPORT void Open_GoodKardex(void);
  * to: Jalali dates "yyyy/mm/dd"; an empty from is no date range. */
 GOODS_EXPORT void Open_Kardex(int32_t good, int32_t store, const goods_char16* from, const goods_char16* to);
 
+/* The search among stock-card rows of all goods. Needs permission 6 on software part 510. */
+GOODS_EXPORT void Open_KardexSearch(void);
+
+/* The rows that drive a good's stock in a store below zero. mode: "1"; with any other text the search of
+ * Open_KardexSearch. first, second: the values of the procedure srKardex_Negative, "0" for not given; a first
+ * one without a second is ignored. Needs permission 6 on software part 510. */
+GOODS_EXPORT void Open_KardexNegativ(const goods_char16* mode, const goods_char16* first,
+                                     const goods_char16* second);
+
 /* Kept for hosts that call it; does nothing. */
 GOODS_EXPORT void Open_StoreExistance(void);
 

@@ -3,21 +3,16 @@
 // read, beside asking the database for them again. The ratios are printed after the runs.
 #include <cstdint>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
+#include "bare_loop.h"
 #include "company/company.h"
 #include "company/demo/demo_company.h"
-#include "company/embedded/decimal_cell.h"
-#include "company/embedded/procedures.h"
-#include "company/embedded/sqlite.h"
 #include "host/data/connection.h"
 #include "host/data/query.h"
 
@@ -27,31 +22,6 @@ namespace {
 constexpr std::int64_t kRows = 1'000'000;
 constexpr char kStatement[] = "Exec Kardex_Proc 1";
 constexpr char kFilter[] = "Anbar = 2 AND Date >= '1401/01/01' AND Date <= '1402/12/29'";
-
-// The best time of each benchmark, in processor seconds, for the ratios.
-std::map<std::string, double>& Best() {
-  static std::map<std::string, double> best;
-  return best;
-}
-
-// Time that the processor spent on this process: other work on the machine does not count.
-double CpuSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
-
-class Watch {
- public:
-  explicit Watch(std::string name) : name_(std::move(name)), start_(CpuSeconds()) {}
-  Watch(const Watch&) = delete;
-  Watch& operator=(const Watch&) = delete;
-  ~Watch() {
-    const double seconds = CpuSeconds() - start_;
-    const auto [place, first] = Best().try_emplace(name_, seconds);
-    if (!first && seconds < place->second) place->second = seconds;
-  }
-
- private:
-  std::string name_;
-  double start_;
-};
 
 // With two goods the first one has every movement.
 const std::string& CompanyPath() {
@@ -68,55 +38,6 @@ const std::string& CompanyPath() {
   return path;
 }
 
-// Plain columns, as a caller without a query would keep them.
-struct PlainRows {
-  std::vector<std::vector<std::int64_t>> integers;
-  std::vector<std::vector<Int128>> decimals;
-  std::vector<std::vector<std::string>> texts;
-  std::size_t valueBytes = 0;  // of the cells themselves: 8 an integer, 8 or 16 a decimal, a text's own bytes
-};
-
-void CopyCells(sqlite3_stmt* statement, const std::vector<ColumnInfo>& columns, PlainRows& rows) {
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    const int index = static_cast<int>(i);
-    switch (columns[i].type) {
-      case ColumnType::Integer:
-        rows.integers[i].push_back(sqlite3_column_int64(statement, index));
-        rows.valueBytes += 8;
-        break;
-      case ColumnType::Decimal: {
-        const Int128 units = ColumnUnits(statement, index);
-        rows.decimals[i].push_back(units);
-        rows.valueBytes += FitsCell64(units) ? 8 : 16;
-        break;
-      }
-      case ColumnType::Text: {
-        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, index));
-        const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, index));
-        rows.texts[i].emplace_back(text == nullptr ? "" : text, length);
-        rows.valueBytes += length;
-        break;
-      }
-    }
-  }
-}
-
-PlainRows ReadBare(Database& db) {
-  ExecStatement exec;
-  exec.procedure = "Kardex_Proc";
-  exec.arguments.push_back({"", NumberValue{"1"}, 0});
-  const ProcedureCall call = MatchProcedure(exec, kStatement);
-  Statement statement = db.Prepare(call.procedure->body);
-  BindParameters(statement, call);
-  PlainRows rows;
-  const std::vector<ColumnInfo>& columns = call.procedure->columns;
-  rows.integers.resize(columns.size());
-  rows.decimals.resize(columns.size());
-  rows.texts.resize(columns.size());
-  while (sqlite3_step(statement.Handle()) == SQLITE_ROW) CopyCells(statement.Handle(), columns, rows);
-  return rows;
-}
-
 std::size_t& ValueBytes() {
   static std::size_t bytes = 0;
   return bytes;
@@ -131,7 +52,7 @@ void BareLoop(benchmark::State& state) {
   Database db(CompanyPath(), SQLITE_OPEN_READONLY);
   for (auto _ : state) {
     const Watch watch("bare");
-    PlainRows rows = ReadBare(db);
+    PlainRows rows = ReadBare(db, kStatement);
     benchmark::DoNotOptimize(rows);
     ValueBytes() = rows.valueBytes;
   }
@@ -168,6 +89,7 @@ void FilterRows(benchmark::State& state) {
 }
 
 void ReportRatios() {
+  if (Best().empty()) return;
   std::printf("reading into the query / bare loop:      %.2f (goal at most 1.5)\n",
               Best()["query"] / Best()["bare"]);
   std::printf("memory of the query / bytes of values:   %.2f (goal at most 2)\n",

@@ -4,6 +4,7 @@
 
 #include "company/embedded/decimal_cell.h"
 #include "company/embedded/decimal_functions.h"
+#include "company/embedded/negative_stock.h"
 #include "company/embedded/text_functions.h"
 
 namespace goods {
@@ -120,6 +121,7 @@ Database::Database(const std::string& path, int flags) {
   sqlite3_busy_timeout(db_, 1000);
   RegisterDecimalFunctions(db_);
   RegisterTextFunctions(db_);
+  RegisterNegativeStock(db_);
 }
 
 Database::Database(Database&& other) noexcept : db_(std::exchange(other.db_, nullptr)) {}

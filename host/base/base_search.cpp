@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/components/edit.h"
+
 namespace goods {
 
 TBaseSearch_FRM::TBaseSearch_FRM(THost& host, std::string name) : TForm(host, std::move(name)) {}
@@ -18,6 +20,8 @@ void TBaseSearch_FRM::FormKeyDown(TKey& key) {
     FocusNext();
   } else if (key.Is(Key::F3)) {
     key.Consume();
+    // The focus stays where it is, so what is typed there counts from now on.
+    if (auto* edit = dynamic_cast<TEdit*>(ActiveControl())) edit->Accept();
     Select_BTNClick();
   } else if (key.Is(Key::Escape)) {
     key.Consume();

@@ -19,7 +19,7 @@ class TBaseSearch_FRM : public TForm {
   virtual void Del_BTNClick();
   void Exit_BTNClick() { Close(); }
 
-  // Enter moves the focus on as Tab does, F3 accepts, Esc closes.
+  // Enter moves the focus on as Tab does, F3 accepts (first the edit that is being typed in), Esc closes.
   void FormKeyDown(TKey& key) override;
 
   TQeratSearchManager QeratSearchManager1{this, "QeratSearchManager1"};

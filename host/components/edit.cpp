@@ -35,6 +35,11 @@ bool IsDateInTheMaking(std::string_view text) {
          std::all_of(text.begin(), text.end(), [](char c) { return (c >= '0' && c <= '9') || c == '/'; });
 }
 
+bool IsTimeInTheMaking(std::string_view text) {
+  return text.size() <= 5 &&
+         std::all_of(text.begin(), text.end(), [](char c) { return (c >= '0' && c <= '9') || c == ':'; });
+}
+
 bool Fits(InputKind kind, std::string_view text) {
   switch (kind) {
     case InputKind::Integer:
@@ -43,11 +48,15 @@ bool Fits(InputKind kind, std::string_view text) {
       return IsAmount(text);
     case InputKind::Date:
       return IsDateInTheMaking(text);
+    case InputKind::Time:
+      return IsTimeInTheMaking(text);
     case InputKind::Text:
       break;
   }
   return text.find_first_of("\r\n") == std::string_view::npos;
 }
+
+std::string TwoDigits(const std::string& part) { return part.size() == 1 ? "0" + part : part; }
 
 // "14010305" and "1401/3/5" as "1401/03/05"; anything else as it stands.
 std::string CompletedDate(const std::string& text) {
@@ -57,8 +66,19 @@ std::string CompletedDate(const std::string& text) {
   const bool complete = parts.size() == 3 && parts[0].size() == 4 && !parts[1].empty() &&
                         parts[1].size() <= 2 && !parts[2].empty() && parts[2].size() <= 2;
   if (!complete) return text;
-  const auto two = [](const std::string& part) { return part.size() == 1 ? "0" + part : part; };
-  return parts[0] + "/" + two(parts[1]) + "/" + two(parts[2]);
+  return parts[0] + "/" + TwoDigits(parts[1]) + "/" + TwoDigits(parts[2]);
+}
+
+// "930" and "9:5" as "09:30" and "09:05"; anything else as it stands.
+std::string CompletedTime(const std::string& text) {
+  if ((text.size() == 3 || text.size() == 4) && AllDigits(text)) {
+    const std::size_t hours = text.size() - 2;
+    return TwoDigits(text.substr(0, hours)) + ":" + text.substr(hours);
+  }
+  const std::vector<std::string> parts = Split(text, ':');
+  const auto oneOrTwo = [](const std::string& part) { return part.size() == 1 || part.size() == 2; };
+  if (parts.size() != 2 || !oneOrTwo(parts[0]) || !oneOrTwo(parts[1])) return text;
+  return TwoDigits(parts[0]) + ":" + TwoDigits(parts[1]);
 }
 
 }  // namespace
@@ -98,6 +118,7 @@ bool TEdit::TypeText(std::string_view text) { return Store(text); }
 
 void TEdit::Accept() {
   if (kind_ == InputKind::Date) Store(CompletedDate(text_));
+  if (kind_ == InputKind::Time) Store(CompletedTime(text_));
   if (text_ == accepted_) return;
   accepted_ = text_;
   if (OnAccept) OnAccept();
@@ -106,6 +127,13 @@ void TEdit::Accept() {
 std::int64_t TEdit::AsInteger() const { return ParseInteger(text_).value_or(0); }
 
 bool TEdit::IsValidDate() const { return IsValidJalali(text_); }
+
+bool TEdit::IsValidTime() const {
+  if (text_.size() != 5 || text_[2] != ':') return false;
+  const auto hours = ParseInteger(text_.substr(0, 2));
+  const auto minutes = ParseInteger(text_.substr(3));
+  return hours && minutes && *hours < 24 && *minutes < 60;
+}
 
 void TEdit::SetCaret(int caret) {
   caret = std::clamp(caret, 0, static_cast<int>(CharCount(text_)));

@@ -13,8 +13,9 @@ namespace goods {
 
 // Text: anything on one line. Integer: an optional "-" and at most 18 digits. Amount: an optional "-", digits
 // with "," as thousands separators, and one "." with at most nine decimals. Date: up to ten digits and "/", a
-// Jalali date while it is being typed. Persian and Arabic digits are taken as 0 to 9 in all kinds but Text.
-enum class InputKind { Text, Integer, Amount, Date };
+// Jalali date while it is being typed. Time: up to five digits and ":", hours and minutes. Persian and Arabic
+// digits are taken as 0 to 9 in all kinds but Text.
+enum class InputKind { Text, Integer, Amount, Date, Time };
 
 class TEdit : public TControl {
  public:
@@ -32,8 +33,8 @@ class TEdit : public TControl {
   bool SetText(std::string_view text);
   // What a view calls at each key: OnChange only; the text is accepted later.
   bool TypeText(std::string_view text);
-  // The end of typing (Enter, or the focus goes): completes a date ("14010305", "1401/3/5"), then OnAccept
-  // when the text is another than the one accepted before.
+  // The end of typing (Enter, or the focus goes): completes a date ("14010305", "1401/3/5") or a time ("930",
+  // "9:5"), then OnAccept when the text is another than the one accepted before.
   void Accept();
   void Clear() { SetText(""); }
 
@@ -41,6 +42,8 @@ class TEdit : public TControl {
   std::int64_t AsInteger() const;
   // Date kind: the text is a date that exists.
   bool IsValidDate() const;
+  // Time kind: the text is a time of the day, "00:00" to "23:59".
+  bool IsValidTime() const;
 
   // Position of the caret in characters from the start of the text.
   int Caret() const { return caret_; }

@@ -9,6 +9,15 @@
 namespace goods {
 namespace {
 
+// An amount as an edit takes it, ".5" and "5." too; none when it is no number.
+std::optional<Decimal> AmountAsTyped(std::string text) {
+  const std::size_t digits = text.starts_with('-') ? 1 : 0;
+  if (text.substr(digits) == ".") return std::nullopt;
+  if (text.substr(digits).starts_with('.')) text.insert(digits, "0");
+  if (text.ends_with('.')) text.pop_back();
+  return Decimal::Parse(text);
+}
+
 // The value as it stands in a statement or filter; none when it is empty or not of its kind.
 std::optional<std::string> Literal(DataKind kind, std::string_view value) {
   if (kind == DataKind::Text) {
@@ -21,9 +30,24 @@ std::optional<std::string> Literal(DataKind kind, std::string_view value) {
     if (!number) return std::nullopt;
     return std::to_string(*number);
   }
-  const auto amount = plain.empty() ? std::nullopt : Decimal::Parse(plain);
+  const auto amount = AmountAsTyped(plain);
   if (!amount) return std::nullopt;
   return amount->ToString();
+}
+
+// Whether a statement head such as "Exec srKardex_Negative '','','7'" has arguments already.
+bool HasArguments(std::string_view script) {
+  script = Trim(script);
+  for (int word = 0; word < 2; ++word) {  // EXEC, and the procedure's name
+    const std::size_t blank = script.find(' ');
+    script = blank == std::string_view::npos ? std::string_view() : Trim(script.substr(blank));
+  }
+  return !script.empty();
+}
+
+std::string WithParameters(const std::string& script, const std::string& parameters) {
+  if (parameters.empty()) return script;
+  return script + (HasArguments(script) ? "," : " ") + parameters;
 }
 
 }  // namespace
@@ -64,6 +88,16 @@ std::string TQeratSearch::ProcParams() const {
   return parameters;
 }
 
+std::string TQeratSearch::FarsiText() const {
+  if (ProcParams().empty()) return {};
+  const std::string subject = Title + (Exclude ? " به جز" : "");
+  if (Operator != SearchOperator::Range) return subject + ": " + Value;
+  std::string range;
+  if (Literal(Kind, From)) range += " از: " + From;
+  if (Literal(Kind, To)) range += " تا: " + To;
+  return subject + range;
+}
+
 void TQeratSearch::NotifyChange() {
   Changed();
   if (OnChange) OnChange();
@@ -88,6 +122,14 @@ std::string TQeratSearchManager::ProcFilter() const {
   return parameters;
 }
 
+std::vector<std::string> TQeratSearchManager::FarsiTexts() const {
+  std::vector<std::string> texts;
+  for (const TQeratSearch* item : items_) {
+    if (std::string text = item->FarsiText(); !text.empty()) texts.push_back(std::move(text));
+  }
+  return texts;
+}
+
 void TQeratSearchManager::ExecuteFilter_DataSet() {
   TADOQuery* query = DataSet();
   if (query == nullptr || !query->Active()) return;
@@ -103,7 +145,7 @@ void TQeratSearchManager::ExecuteFilter_PROC() {
   if (query == nullptr) return;
   std::string parameters = ADDParam(ProcFilter(), extraAdvFilter_);
   if (OnCustomFilter_Proc) OnCustomFilter_Proc(parameters);
-  query->SetSQL(parameters.empty() ? Script : Script + " " + parameters);
+  query->SetSQL(WithParameters(Script, parameters));
   query->Open();
   if (OnAfterExecute) OnAfterExecute();
   if (OnAfterExecute_PROC) OnAfterExecute_PROC();

@@ -26,6 +26,7 @@ class TQeratSearch : public TComponent {
  public:
   TQeratSearch(TComponent* owner, std::string name);
 
+  std::string Title;  // of the field, for the reader
   std::string FieldName;
   DataKind Kind = DataKind::Text;
   SearchOperator Operator = SearchOperator::Equals;
@@ -38,6 +39,9 @@ class TQeratSearch : public TComponent {
   // Empty when the criterion says nothing.
   std::string DataSetCondition() const;
   std::string ProcParams() const;
+  // The criterion in Persian, as it stands above a printed list: "نام کالا: پیچ", "کد کالا به جز از: 3 تا:
+  // 7".
+  std::string FarsiText() const;
 
   // A frame calls it after changing any of the above; fires OnChange.
   void NotifyChange();
@@ -49,8 +53,9 @@ class TQeratSearch : public TComponent {
 // Over the data set: ExecuteFilter_DataSet joins the conditions of the active items, lets the window add to
 // them (OnCustomFilter_DataSet), puts the text on the query, then OnAfterExecute and OnAfterExecute_DataSet.
 // Over a procedure: ExecuteFilter_PROC joins the parameters of the active items behind the extra advanced
-// filter, lets the window add to them (OnCustomFilter_Proc), runs Script + " " + parameters on the query (the
-// script alone when there are none), then OnAfterExecute and OnAfterExecute_PROC.
+// filter, lets the window add to them (OnCustomFilter_Proc), runs the script with them on the query, behind a
+// blank, or behind a comma where the script has arguments of its own, then OnAfterExecute and
+// OnAfterExecute_PROC.
 class TQeratSearchManager : public TComponent {
  public:
   using TComponent::TComponent;
@@ -72,6 +77,8 @@ class TQeratSearchManager : public TComponent {
   // The condition or parameters of the active items alone.
   std::string DataSetFilter() const;
   std::string ProcFilter() const;
+  // The Persian phrases of the active items that say something.
+  std::vector<std::string> FarsiTexts() const;
 
   // Parameters of an advanced criteria dialog, kept until set again.
   void SetEXtraAdvFilter(std::string parameters) { extraAdvFilter_ = std::move(parameters); }

@@ -30,7 +30,7 @@ void FilterLexer::Fail(std::string_view reason) const {
 }
 
 // The next length bytes become the current token.
-void FilterLexer::Become(TokenKind kind, std::string text, std::size_t length) {
+void FilterLexer::Become(FilterTokenKind kind, std::string text, std::size_t length) {
   current_.kind = kind;
   current_.text = std::move(text);
   current_.raw = text_.substr(at_, length);
@@ -38,7 +38,7 @@ void FilterLexer::Become(TokenKind kind, std::string text, std::size_t length) {
 }
 
 // The closing character doubled stands for itself.
-void FilterLexer::TakeQuoted(TokenKind kind, std::size_t opening, char closing) {
+void FilterLexer::TakeQuoted(FilterTokenKind kind, std::size_t opening, char closing) {
   std::string content;
   for (std::size_t i = at_ + opening; i < text_.size(); ++i) {
     if (text_[i] == closing) {
@@ -51,7 +51,7 @@ void FilterLexer::TakeQuoted(TokenKind kind, std::size_t opening, char closing) 
     content.push_back(text_[i]);
   }
   Become(kind, {}, text_.size() - at_);
-  Fail(kind == TokenKind::Field ? "کروشه بسته نشده است" : "گیومه متن بسته نشده است");
+  Fail(kind == FilterTokenKind::Field ? "کروشه بسته نشده است" : "گیومه متن بسته نشده است");
 }
 
 std::size_t FilterLexer::NumberLength() const {
@@ -74,36 +74,36 @@ void FilterLexer::Advance() {
   const std::size_t blanks = at_;
   while (at_ < text_.size() && static_cast<unsigned char>(text_[at_]) <= ' ') ++at_;
   current_.place += CharCount(current_.raw) + (at_ - blanks);
-  if (at_ == text_.size()) return Become(TokenKind::End, {}, 0);
+  if (at_ == text_.size()) return Become(FilterTokenKind::End, {}, 0);
   const char c = text_[at_];
   const char following = at_ + 1 < text_.size() ? text_[at_ + 1] : '\0';
   if (c == '\'') {
-    TakeQuoted(TokenKind::Text, 1, '\'');
+    TakeQuoted(FilterTokenKind::Text, 1, '\'');
   } else if ((c == 'N' || c == 'n') && following == '\'') {
-    TakeQuoted(TokenKind::Text, 2, '\'');
+    TakeQuoted(FilterTokenKind::Text, 2, '\'');
   } else if (c == '[') {
-    TakeQuoted(TokenKind::Field, 1, ']');
+    TakeQuoted(FilterTokenKind::Field, 1, ']');
   } else if (StartsWord(c)) {
     const auto end = std::find_if_not(text_.begin() + static_cast<std::ptrdiff_t>(at_), text_.end(),
                                       [](char each) { return StartsWord(each) || IsDigit(each); });
     const std::size_t length = static_cast<std::size_t>(end - text_.begin()) - at_;
-    Become(TokenKind::Word, std::string(text_.substr(at_, length)), length);
+    Become(FilterTokenKind::Word, std::string(text_.substr(at_, length)), length);
   } else if (const std::size_t length = NumberLength(); length > 0) {
-    Become(TokenKind::Number, std::string(text_.substr(at_, length)), length);
+    Become(FilterTokenKind::Number, std::string(text_.substr(at_, length)), length);
   } else if ((c == '<' && (following == '=' || following == '>')) || (c == '>' && following == '=')) {
-    Become(TokenKind::Symbol, {c, following}, 2);
+    Become(FilterTokenKind::Symbol, {c, following}, 2);
   } else {
-    Become(TokenKind::Symbol, {c}, 1);
+    Become(FilterTokenKind::Symbol, {c}, 1);
     if (std::string_view("=<>(),").find(c) == std::string_view::npos) Fail("این نشانه شناخته نشد");
   }
 }
 
 bool FilterLexer::IsWord(std::string_view word) const {
-  return current_.kind == TokenKind::Word && SameText(current_.text, word);
+  return current_.kind == FilterTokenKind::Word && SameText(current_.text, word);
 }
 
 bool FilterLexer::IsSymbol(std::string_view symbol) const {
-  return current_.kind == TokenKind::Symbol && current_.text == symbol;
+  return current_.kind == FilterTokenKind::Symbol && current_.text == symbol;
 }
 
 bool FilterLexer::TakeWord(std::string_view word) {

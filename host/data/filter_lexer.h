@@ -7,10 +7,10 @@
 
 namespace goods {
 
-enum class TokenKind { End, Word, Field, Number, Text, Symbol };
+enum class FilterTokenKind { End, Word, Field, Number, Text, Symbol };
 
-struct Token {
-  TokenKind kind = TokenKind::End;
+struct FilterToken {
+  FilterTokenKind kind = FilterTokenKind::End;
   // A word or symbol as written, a field without its brackets, a number as written, a text without its
   // quotes.
   std::string text;
@@ -25,7 +25,7 @@ class FilterLexer {
  public:
   // The text must outlive the lexer and its tokens.
   explicit FilterLexer(std::string_view text) : text_(text) { Advance(); }
-  const Token& Current() const { return current_; }
+  const FilterToken& Current() const { return current_; }
   void Advance();
   // The current token is that word, whatever its letter case, or that symbol.
   bool IsWord(std::string_view word) const;
@@ -38,13 +38,13 @@ class FilterLexer {
   [[noreturn]] void Fail(std::string_view reason) const;
 
  private:
-  void Become(TokenKind kind, std::string text, std::size_t length);
-  void TakeQuoted(TokenKind kind, std::size_t opening, char closing);
+  void Become(FilterTokenKind kind, std::string text, std::size_t length);
+  void TakeQuoted(FilterTokenKind kind, std::size_t opening, char closing);
   std::size_t NumberLength() const;
 
   std::string_view text_;
   std::size_t at_ = 0;
-  Token current_;
+  FilterToken current_;
 };
 
 // Throws FilterError with the reason, the place in characters from 1, and the word.

@@ -12,9 +12,9 @@ class FilterParser {
   explicit FilterParser(std::string_view text) : lexer_(text) {}
 
   FilterNode Parse() {
-    if (lexer_.Current().kind == TokenKind::End) return {};
+    if (lexer_.Current().kind == FilterTokenKind::End) return {};
     FilterNode node = Any();
-    if (lexer_.Current().kind != TokenKind::End) lexer_.Fail("پس از شرط جز AND و OR نمی آید");
+    if (lexer_.Current().kind != FilterTokenKind::End) lexer_.Fail("پس از شرط جز AND و OR نمی آید");
     return node;
   }
 
@@ -74,7 +74,7 @@ class FilterParser {
     const bool negated = lexer_.TakeWord("NOT");
     if (lexer_.TakeWord("LIKE")) {
       test.op = negated ? FilterOperator::NotLike : FilterOperator::Like;
-      if (lexer_.Current().kind != TokenKind::Text) lexer_.Fail("پس از LIKE باید متن بیاید");
+      if (lexer_.Current().kind != FilterTokenKind::Text) lexer_.Fail("پس از LIKE باید متن بیاید");
       TakeValue(test);
       return test;
     }
@@ -90,8 +90,8 @@ class FilterParser {
 
   std::string FieldName() {
     static constexpr std::array<std::string_view, 6> kKeywords = {"AND", "OR", "NOT", "LIKE", "IS", "NULL"};
-    const Token token = lexer_.Current();
-    const bool named = token.kind == TokenKind::Word || token.kind == TokenKind::Field;
+    const FilterToken token = lexer_.Current();
+    const bool named = token.kind == FilterTokenKind::Word || token.kind == FilterTokenKind::Field;
     if (!named || token.text.empty()) lexer_.Fail("اینجا باید نام فیلد بیاید");
     for (const std::string_view keyword : kKeywords) {
       if (lexer_.IsWord(keyword)) lexer_.Fail("اینجا باید نام فیلد بیاید");
@@ -124,11 +124,11 @@ class FilterParser {
   }
 
   void TakeValue(FilterTest& test) {
-    const Token& token = lexer_.Current();
-    if (token.kind != TokenKind::Number && token.kind != TokenKind::Text) {
+    const FilterToken& token = lexer_.Current();
+    if (token.kind != FilterTokenKind::Number && token.kind != FilterTokenKind::Text) {
       lexer_.Fail("اینجا باید عدد، متن یا NULL بیاید");
     }
-    test.number = token.kind == TokenKind::Number;
+    test.number = token.kind == FilterTokenKind::Number;
     test.value = token.text;
     test.valuePlace = token.place;
     lexer_.Advance();

@@ -174,10 +174,10 @@ void SortByNumber(const SortColumn& by, std::vector<std::uint32_t>& order) {
 std::vector<SortKey> ParseSort(std::string_view text) {
   FilterLexer lexer(text);
   std::vector<SortKey> keys;
-  if (lexer.Current().kind == TokenKind::End) return keys;
+  if (lexer.Current().kind == FilterTokenKind::End) return keys;
   do {
-    const Token& token = lexer.Current();
-    const bool named = token.kind == TokenKind::Word || token.kind == TokenKind::Field;
+    const FilterToken& token = lexer.Current();
+    const bool named = token.kind == FilterTokenKind::Word || token.kind == FilterTokenKind::Field;
     if (!named || token.text.empty()) lexer.Fail("اینجا باید نام فیلد بیاید");
     SortKey& key = keys.emplace_back();
     key.field = token.text;
@@ -186,7 +186,7 @@ std::vector<SortKey> ParseSort(std::string_view text) {
     key.descending = lexer.TakeWord("DESC");
     if (!key.descending) lexer.TakeWord("ASC");
   } while (lexer.TakeSymbol(","));
-  if (lexer.Current().kind != TokenKind::End) lexer.Fail("پس از فیلد جز ASC، DESC و کاما نمی آید");
+  if (lexer.Current().kind != FilterTokenKind::End) lexer.Fail("پس از فیلد جز ASC، DESC و کاما نمی آید");
   return keys;
 }
 

@@ -9,6 +9,7 @@ namespace goods {
 namespace {
 
 constexpr const char* kNoSuchDate = "این تاریخ در تقویم وجود ندارد.";
+constexpr const char* kNoSuchTime = "ساعت باید از 00:00 تا 23:59 باشد.";
 
 std::string DateOrEmpty(const TDateEdit& edit) { return edit.IsValidDate() ? edit.Text() : std::string(); }
 
@@ -22,20 +23,23 @@ TRange_Date_Search_Frame::TRange_Date_Search_Frame(TComponent* owner, std::strin
   RangeDate_To_LBL.FocusControl = &RangeDate_To_EDT;
   RangeDate_From_EDT.SetAccessibleName("از تاریخ");
   RangeDate_To_EDT.SetAccessibleName("تا تاریخ");
+  RangeTime_From_EDT.SetAccessibleName("از ساعت");
+  RangeTime_To_EDT.SetAccessibleName("تا ساعت");
   for (TControl* each :
        {static_cast<TControl*>(&RangeDate_From_LBL), static_cast<TControl*>(&RangeDate_From_EDT),
-        static_cast<TControl*>(&RangeDate_To_LBL), static_cast<TControl*>(&RangeDate_To_EDT)}) {
+        static_cast<TControl*>(&RangeTime_From_EDT), static_cast<TControl*>(&RangeDate_To_LBL),
+        static_cast<TControl*>(&RangeDate_To_EDT), static_cast<TControl*>(&RangeTime_To_EDT)}) {
     Place(*each);
+  }
+  for (TEdit* edit : {&RangeTime_From_EDT, &RangeTime_To_EDT}) {
+    edit->SetWidth(56);
+    edit->SetPlaceholder("00:00");
+    edit->SetVisible(false);
+    edit->OnAccept = [this, edit] { TimeAccepted(*edit); };
   }
   for (TDateEdit* edit : {&RangeDate_From_EDT, &RangeDate_To_EDT}) {
     edit->SetWidth(100);
-    edit->OnChange = [this, edit] {
-      // A date in the making leaves the criterion as it was, so that the rows do not flicker while it is
-      // typed.
-      if (!edit->IsValidDate() && !edit->Text().empty()) return;
-      edit->SetProblem("");
-      ControlsChanged();
-    };
+    edit->OnChange = [this, edit] { DateChanged(*edit); };
     edit->OnAccept = [this, edit] { DateAccepted(*edit); };
   }
 }
@@ -48,8 +52,10 @@ void TRange_Date_Search_Frame::SetRange(std::string_view from, std::string_view 
 
 void TRange_Date_Search_Frame::Clear() {
   RangeDate_CHK.SetChecked(false);
-  RangeDate_From_EDT.Clear();
-  RangeDate_To_EDT.Clear();
+  for (TEdit* edit : {static_cast<TEdit*>(&RangeDate_From_EDT), static_cast<TEdit*>(&RangeDate_To_EDT),
+                      &RangeTime_From_EDT, &RangeTime_To_EDT}) {
+    edit->Clear();
+  }
   RangeDate_Reverst_CHK.SetChecked(false);
 }
 
@@ -59,12 +65,38 @@ void TRange_Date_Search_Frame::FillSearch() {
   Search.To = DateOrEmpty(RangeDate_To_EDT);
 }
 
+// A date in the making leaves the criterion as it was, so that the rows do not flicker while it is typed.
+void TRange_Date_Search_Frame::DateChanged(TDateEdit& edit) {
+  if (!edit.IsValidDate() && !edit.Text().empty()) return;
+  edit.SetProblem("");
+  const bool given = !RangeDate_From_EDT.Text().empty() || !RangeDate_To_EDT.Text().empty();
+  if (TickedByDates && RangeDate_CHK.Checked() != given) {
+    RangeDate_CHK.SetChecked(given);
+  } else {
+    ControlsChanged();
+  }
+}
+
 void TRange_Date_Search_Frame::DateAccepted(TDateEdit& edit) {
   const bool wrong = !edit.Text().empty() && !edit.IsValidDate();
   edit.SetProblem(wrong ? kNoSuchDate : "");
   ControlsChanged();
-  if (TForm* form = Form(); wrong && form != nullptr)
-    form->Host().Messages().ShowTooltipMessage(edit, kNoSuchDate);
+  if (wrong) TellProblem(edit);
+}
+
+void TRange_Date_Search_Frame::TimeAccepted(TEdit& edit) {
+  const bool wrong = !edit.Text().empty() && !edit.IsValidTime();
+  edit.SetProblem(wrong ? kNoSuchTime : "");
+  if (wrong) TellProblem(edit);
+}
+
+void TRange_Date_Search_Frame::TellProblem(TEdit& edit) {
+  if (TForm* form = Form()) form->Host().Messages().ShowTooltipMessage(edit, edit.Problem());
+}
+
+void TRange_Date_Search_Frame::ShowTimes() {
+  RangeTime_From_EDT.SetVisible(true);
+  RangeTime_To_EDT.SetVisible(true);
 }
 
 }  // namespace goods

@@ -10,6 +10,8 @@ namespace goods {
 
 // An end that is empty is open. A date that does not exist marks its edit, is left out of the criterion, and
 // is told to the user when the edit is accepted; what was typed stays.
+// Decided here: times of the day may be shown beside the dates. Movements carry a date alone, so a time is
+// checked and kept like a date but is no part of the criterion.
 class TRange_Date_Search_Frame : public TSearchFrame {
  public:
   TRange_Date_Search_Frame(TComponent* owner, std::string name, std::string caption);
@@ -20,20 +22,30 @@ class TRange_Date_Search_Frame : public TSearchFrame {
   const std::string& FromDate() const { return Search.From; }
   const std::string& ToDate() const { return Search.To; }
   void Clear() override;
+  // The time edits are hidden until a window asks for them.
+  void ShowTimes();
+  // Whether a date that the user gives ticks the box and two emptied edits untick it, as in the other frames.
+  // Off where the box does more than the criterion.
+  bool TickedByDates = false;
 
   TCheckBox RangeDate_CHK;
   TComboBox RangeDate_CMB{this, "RangeDate_CMB"};
   TLabel RangeDate_From_LBL{this, "RangeDate_From_LBL", "از :"};
   TDateEdit RangeDate_From_EDT{this, "RangeDate_From_EDT"};
+  TEdit RangeTime_From_EDT{this, "RangeTime_From_EDT", InputKind::Time};
   TLabel RangeDate_To_LBL{this, "RangeDate_To_LBL", "تا :"};
   TDateEdit RangeDate_To_EDT{this, "RangeDate_To_EDT"};
+  TEdit RangeTime_To_EDT{this, "RangeTime_To_EDT", InputKind::Time};
   TCheckBox RangeDate_Reverst_CHK{this, "RangeDate_Reverst_CHK", "به جز"};
 
  protected:
   void FillSearch() override;
 
  private:
+  void DateChanged(TDateEdit& edit);
   void DateAccepted(TDateEdit& edit);
+  void TimeAccepted(TEdit& edit);
+  void TellProblem(TEdit& edit);
 };
 
 }  // namespace goods

@@ -22,6 +22,7 @@ void TSearchFrame::ControlsChanged() {
   const std::string parameters = Search.ProcParams();
   const auto chosen = static_cast<std::size_t>(kinds_.ItemIndex() < 0 ? 0 : kinds_.ItemIndex());
   if (chosen < items_.size()) {
+    Search.Title = items_[chosen].Title;
     Search.FieldName = items_[chosen].FieldName;
     Search.Kind = items_[chosen].Kind;
   }

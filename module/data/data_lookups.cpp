@@ -129,4 +129,10 @@ std::string TGoodTransactions_DM::ADDFarsiFilter(std::string_view condition, std
   return Trim(filter).empty() ? inParentheses : std::string(filter) + " " + inParentheses;
 }
 
+std::string TGoodTransactions_DM::FarsiFilterOf(const std::vector<std::string>& conditions) {
+  std::string filter;
+  for (const std::string& condition : conditions) filter = ADDFarsiFilter(condition, filter);
+  return filter;
+}
+
 }  // namespace goods

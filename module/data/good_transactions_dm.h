@@ -104,6 +104,8 @@ class TGoodTransactions_DM : public TComponent {
   // Puts a condition in parentheses behind the filter caption. Nothing joins the two: the condition brings
   // its own word.
   static std::string ADDFarsiFilter(std::string_view condition, std::string_view filter);
+  // The conditions added one after the other.
+  static std::string FarsiFilterOf(const std::vector<std::string>& conditions);
 
   // The good-detail reports (data_detail.cpp). Nothing runs before the window is shown; mode 1 shows the
   // waiting indicator.

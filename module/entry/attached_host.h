@@ -2,7 +2,9 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
+#include "host/core/text.h"
 #include "host/services/host.h"
 #include "module/reports/stockcard/kardex.h"
 
@@ -16,6 +18,14 @@ struct ModuleState {
 };
 
 ModuleState& State();
+
+// Every window of this module is created with it.
+inline constexpr int kFormMode = 1;
+
+// A text argument; null is the empty text.
+inline std::string ArgumentText(const char16_t* text) {
+  return text == nullptr ? std::string() : FromUtf16(text);
+}
 
 // The boundary of every export: without a host nothing happens; what escapes goes to the host's messages.
 template <typename Body>

@@ -1,7 +1,6 @@
 // The exports that open the stock card.
 #include <string>
 
-#include "host/core/text.h"
 #include "include/goods_transaction_qrt.h"
 #include "module/entry/attached_host.h"
 #include "module/framework/texts.h"
@@ -9,7 +8,6 @@
 namespace goods {
 namespace {
 
-constexpr int kFormMode = 1;
 constexpr const char* kAlreadyShown = "امکان نمایش مجدد کاردکس وجود ندارد.";
 
 std::string Parameter(int mode, std::int32_t good, std::int32_t store, const std::string& from,
@@ -17,8 +15,6 @@ std::string Parameter(int mode, std::int32_t good, std::int32_t store, const std
   return std::to_string(mode) + ";" + std::to_string(good) + ";" + std::to_string(store) + ";" + from + ";" +
          to + ";";
 }
-
-std::string Text(const goods_char16* text) { return text == nullptr ? std::string() : FromUtf16(text); }
 
 // Makes the window the first time and hands it the parameter; false, after telling the user, while it is
 // being shown.
@@ -66,8 +62,9 @@ void Open_GoodKardex() {
 }
 
 void Open_Kardex(int32_t good, int32_t store, const goods_char16* from, const goods_char16* to) {
-  goods::RunExport(
-      [&](goods::THost& host) { goods::OpenKardex(host, good, store, goods::Text(from), goods::Text(to)); });
+  goods::RunExport([&](goods::THost& host) {
+    goods::OpenKardex(host, good, store, goods::ArgumentText(from), goods::ArgumentText(to));
+  });
 }
 
 void Open_StoreExistance() {}

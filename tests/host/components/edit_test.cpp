@@ -1,5 +1,7 @@
 #include "host/components/edit.h"
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
 namespace goods {
@@ -82,6 +84,23 @@ TEST(Edit, ADateIsCompletedWhenItIsAccepted) {
   EXPECT_EQ(edit.Text(), "1401/13/01");
   EXPECT_FALSE(edit.IsValidDate());
   EXPECT_FALSE(edit.SetText("1401-03-05"));
+}
+
+TEST(Edit, ATimeIsCompletedWhenItIsAccepted) {
+  TEdit edit(nullptr, "Time_EDT", InputKind::Time);
+  const std::pair<const char*, const char*> times[] = {
+      {"930", "09:30"}, {"9:5", "09:05"}, {"1745", "17:45"}, {"۲۳:۵۹", "23:59"}, {"00:00", "00:00"}};
+  for (const auto& [typed, time] : times) {
+    EXPECT_TRUE(edit.SetText(typed));
+    EXPECT_EQ(edit.Text(), time);
+    EXPECT_TRUE(edit.IsValidTime()) << time;
+  }
+  for (const char* wrong : {"24:00", "12:60", "12", ":", "1:2:3", "::", ""}) {
+    EXPECT_TRUE(edit.SetText(wrong)) << wrong;
+    EXPECT_FALSE(edit.IsValidTime()) << wrong;
+  }
+  EXPECT_FALSE(edit.SetText("12.30"));
+  EXPECT_FALSE(edit.SetText("123456"));
 }
 
 TEST(Edit, AnotherKindOfInputEmptiesATextThatDoesNotFit) {

@@ -1,5 +1,7 @@
 #include "host/components/search_manager.h"
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include "host/services/public_methods.h"
@@ -68,6 +70,39 @@ TEST(Search, ANumberThatIsNoneIsLeftOut) {
   EXPECT_EQ(search.ProcParams(), "@FromVarede=1250.5");
 }
 
+TEST(Search, AnAmountCountsAsItWasTyped) {
+  TQeratSearch search(nullptr, "Search");
+  search.FieldName = "Varede";
+  search.Kind = DataKind::Amount;
+  search.Active = true;
+  const std::pair<const char*, const char*> amounts[] = {{".5", "@Varede=0.5"},
+                                                         {"-.5", "@Varede=-0.5"},
+                                                         {"5.", "@Varede=5"},
+                                                         {"1,250", "@Varede=1250"},
+                                                         {"0", "@Varede=0"},
+                                                         {"-", ""},
+                                                         {".", ""},
+                                                         {"-.", ""},
+                                                         {"", ""}};
+  for (const auto& [typed, parameters] : amounts) {
+    search.Value = typed;
+    EXPECT_EQ(search.ProcParams(), parameters) << typed;
+  }
+}
+
+TEST(Search, ATextCannotLeaveItsQuotes) {
+  TQeratSearch search(nullptr, "Search");
+  search.FieldName = "KalaName";
+  search.Operator = SearchOperator::Contains;
+  search.Active = true;
+  search.Value = "a'; DROP TABLE Kardex; --";
+  EXPECT_EQ(search.ProcParams(), "@KalaName='a''; DROP TABLE Kardex; --'");
+  search.Value = "'";
+  EXPECT_EQ(search.ProcParams(), "@KalaName=''''");
+  search.Value = " ";
+  EXPECT_EQ(search.ProcParams(), "@KalaName=' '");
+}
+
 class SearchManager : public ::testing::Test {
  protected:
   SearchManager() {
@@ -122,6 +157,12 @@ TEST_F(SearchManager, RunsTheScriptAloneWithoutParameters) {
   manager.Script = "Exec Rows";
   manager.ExecuteFilter_PROC();
   EXPECT_EQ(query.SQL(), "Exec Rows");
+}
+
+TEST_F(SearchManager, AScriptWithArgumentsOfItsOwnIsFollowedByAComma) {
+  manager.Script = "Exec Rows '','','7'";
+  manager.ExecuteFilter_PROC();
+  EXPECT_EQ(query.SQL(), "Exec Rows '','','7',@Anbar=2");
 }
 
 TEST_F(SearchManager, TellsTheWindowOfAnItemsChange) {

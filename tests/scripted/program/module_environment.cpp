@@ -7,6 +7,7 @@
 #include "host/core/text.h"
 #include "include/goods_transaction_qrt.h"
 #include "module/reports/stockcard/kardex.h"
+#include "module/reports/stockcard/kardex_search.h"
 
 namespace goods {
 namespace {
@@ -54,6 +55,15 @@ void CallKardex(const std::vector<Word>& words) {
   Open_Kardex(good, store, from.c_str(), to.c_str());
 }
 
+void CallKardexNegativ(const std::vector<Word>& words) {
+  ArgumentReader arguments(words);
+  const std::u16string mode = arguments.Text();
+  const std::u16string first = arguments.Text();
+  const std::u16string second = arguments.Text();
+  arguments.End();
+  Open_KardexNegativ(mode.c_str(), first.c_str(), second.c_str());
+}
+
 template <void (*Export)()>
 void CallPlain(const std::vector<Word>& words) {
   ArgumentReader(words).End();
@@ -74,12 +84,13 @@ CaseEnvironment ModuleEnvironment() {
   };
   environment.detach = [] { return Goods_DetachHost() == 1; };
   environment.exports = {
-      {"Open_GoodKardex", CallPlain<Open_GoodKardex>},
-      {"Open_Kardex", CallKardex},
+      {"Open_GoodKardex", CallPlain<Open_GoodKardex>},         {"Open_Kardex", CallKardex},
+      {"Open_KardexSearch", CallPlain<Open_KardexSearch>},     {"Open_KardexNegativ", CallKardexNegativ},
       {"Open_StoreExistance", CallPlain<Open_StoreExistance>},
   };
   environment.windows = {
       {"TKardex_FRM", Make<TKardex_FRM>},
+      {"TKardexSearch_FRM", Make<TKardexSearch_FRM>},
   };
   return environment;
 }

@@ -1,0 +1,74 @@
+#include "bare_loop.h"
+
+#include <ctime>
+#include <utility>
+#include <variant>
+
+#include <sqlite3.h>
+
+#include "company/embedded/decimal_cell.h"
+#include "company/embedded/procedures.h"
+#include "company/embedded/statement_parser.h"
+
+namespace goods {
+namespace {
+
+double CpuSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+
+void CopyCells(sqlite3_stmt* statement, const std::vector<ColumnInfo>& columns, PlainRows& rows) {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const int index = static_cast<int>(i);
+    switch (columns[i].type) {
+      case ColumnType::Integer:
+        rows.integers[i].push_back(sqlite3_column_int64(statement, index));
+        rows.valueBytes += 8;
+        break;
+      case ColumnType::Decimal: {
+        const Int128 units = ColumnUnits(statement, index);
+        rows.decimals[i].push_back(units);
+        rows.valueBytes += FitsCell64(units) ? 8 : 16;
+        break;
+      }
+      case ColumnType::Text: {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, index));
+        const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, index));
+        rows.texts[i].emplace_back(text == nullptr ? "" : text, length);
+        rows.valueBytes += length;
+        break;
+      }
+    }
+  }
+}
+
+}  // namespace
+
+std::map<std::string, double>& Best() {
+  static std::map<std::string, double> best;
+  return best;
+}
+
+Watch::Watch(std::string name) : name_(std::move(name)), start_(CpuSeconds()) {}
+
+Watch::~Watch() {
+  const double seconds = CpuSeconds() - start_;
+  const auto [place, first] = Best().try_emplace(name_, seconds);
+  if (!first && seconds < place->second) place->second = seconds;
+}
+
+PlainRows ReadBare(Database& db, std::string_view text) {
+  const ParsedStatement parsed = ParseStatement(text);
+  const ProcedureCall call = MatchProcedure(std::get<ExecStatement>(parsed), text);
+  Statement statement = db.Prepare(call.procedure->body);
+  BindParameters(statement, call);
+  PlainRows rows;
+  const std::vector<ColumnInfo>& columns = call.procedure->columns;
+  rows.integers.resize(columns.size());
+  rows.decimals.resize(columns.size());
+  rows.texts.resize(columns.size());
+  for (; sqlite3_step(statement.Handle()) == SQLITE_ROW; ++rows.rows) {
+    CopyCells(statement.Handle(), columns, rows);
+  }
+  return rows;
+}
+
+}  // namespace goods

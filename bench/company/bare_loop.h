@@ -1,0 +1,46 @@
+// The baseline of the company's benchmarks: a procedure's own statement, stepped with SQLite alone, its cells
+// copied into plain vectors.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "company/embedded/sqlite.h"
+#include "host/data/decimal.h"
+
+namespace goods {
+
+// The best time of each benchmark, in processor seconds, for the ratios. Other work on the machine does not
+// count.
+std::map<std::string, double>& Best();
+
+// Times a scope.
+class Watch {
+ public:
+  explicit Watch(std::string name);
+  Watch(const Watch&) = delete;
+  Watch& operator=(const Watch&) = delete;
+  ~Watch();
+
+ private:
+  std::string name_;
+  double start_;
+};
+
+// Plain columns, as a caller without a query would keep them.
+struct PlainRows {
+  std::vector<std::vector<std::int64_t>> integers;
+  std::vector<std::vector<Int128>> decimals;
+  std::vector<std::vector<std::string>> texts;
+  std::size_t rows = 0;
+  std::size_t valueBytes = 0;  // of the cells themselves: 8 an integer, 8 or 16 a decimal, a text's own bytes
+};
+
+// All rows of an EXEC statement whose procedure reads.
+PlainRows ReadBare(Database& db, std::string_view statement);
+
+}  // namespace goods

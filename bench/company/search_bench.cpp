@@ -1,0 +1,117 @@
+// The row search and the negative stock card over 2,000,000 movements. The search: through the connection
+// into a query, beside a bare SQLite loop over the same statement. The negative report: beside one scan of
+// the movements that reads what the report needs to find its rows. The ratios are printed after the runs.
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include "bare_loop.h"
+#include "company/company.h"
+#include "company/demo/demo_company.h"
+#include "host/data/connection.h"
+#include "host/data/query.h"
+
+namespace goods {
+namespace {
+
+constexpr std::int64_t kRows = 2'000'000;
+constexpr char kSearch[] = "Exec srKardex";
+constexpr char kByName[] = "Exec srKardex @KalaName='پیچ'";
+constexpr char kByDate[] = "Exec srKardex @FromDate='1402/01/01',@ToDate='1402/01/31'";
+constexpr char kNegative[] = "Exec srKardex_Negative";
+constexpr char kScan[] = "SELECT Kala, Date, Radif, Anbar, Tedad FROM Kardex ORDER BY Kala, Date, Radif";
+
+const std::string& CompanyPath() {
+  static const std::string path = [] {
+    const std::string file = std::string(GOODS_BENCH_FILES) + "/two-million.company";
+    if (!std::filesystem::exists(file)) {
+      DemoOptions options;
+      options.movements = kRows;
+      MakeDemoCompany(file, options);
+    }
+    return file;
+  }();
+  return path;
+}
+
+std::size_t valueBytes = 0;
+std::size_t queryBytes = 0;
+
+void SearchBareLoop(benchmark::State& state) {
+  Database db(CompanyPath(), SQLITE_OPEN_READONLY);
+  for (auto _ : state) {
+    const Watch watch("bare");
+    const PlainRows rows = ReadBare(db, kSearch);
+    if (rows.rows != static_cast<std::size_t>(kRows)) state.SkipWithError("rows are missing");
+    valueBytes = rows.valueBytes;
+  }
+}
+
+void Open(benchmark::State& state, const char* statement, const std::string& name) {
+  const std::unique_ptr<IConnection> connection = OpenCompany(CompanyPath())->OpenConnection();
+  for (auto _ : state) {
+    TADOQuery query(nullptr, "KardexSearch_QRY", *connection);
+    query.SetSQL(statement);
+    {
+      const Watch watch(name);
+      query.Open();
+    }
+    if (query.IsEmpty()) state.SkipWithError("rows are missing");
+    state.counters["rows"] = static_cast<double>(query.RecordCount());
+    if (statement == kSearch) queryBytes = query.MemoryBytes();
+  }
+}
+
+void SearchQuery(benchmark::State& state) { Open(state, kSearch, "query"); }
+void SearchByName(benchmark::State& state) { Open(state, kByName, "name"); }
+void SearchByDate(benchmark::State& state) { Open(state, kByDate, "date"); }
+void NegativeReport(benchmark::State& state) { Open(state, kNegative, "negative"); }
+
+void ScanOfMovements(benchmark::State& state) {
+  Database db(CompanyPath(), SQLITE_OPEN_READONLY);
+  for (auto _ : state) {
+    const Watch watch("scan");
+    Statement scan = db.Prepare(kScan);
+    std::int64_t sum = 0;
+    while (scan.Step()) {
+      sum += scan.Integer(0) + scan.Integer(2) + scan.Integer(3) + scan.Integer(4) % 7;
+      benchmark::DoNotOptimize(scan.Text(1).data());
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+}
+
+void ReportRatios() {
+  if (Best().empty()) return;
+  std::printf("search into the query / bare loop:      %.2f (goal at most 1.5)\n",
+              Best()["query"] / Best()["bare"]);
+  std::printf("memory of the query / bytes of values:  %.2f (goal at most 2)\n",
+              static_cast<double>(queryBytes) / static_cast<double>(valueBytes));
+  std::printf("negative report / scan of movements:    %.2f (goal at most 3)\n",
+              Best()["negative"] / Best()["scan"]);
+  std::printf("search by a good's name / scan:         %.2f\n", Best()["name"] / Best()["scan"]);
+  std::printf("search by dates / scan:                 %.2f\n", Best()["date"] / Best()["scan"]);
+}
+
+BENCHMARK(SearchBareLoop)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(SearchQuery)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(SearchByName)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(SearchByDate)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(ScanOfMovements)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(NegativeReport)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+}  // namespace
+}  // namespace goods
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  goods::ReportRatios();
+  return 0;
+}

@@ -1,0 +1,52 @@
+#include "host/frames/range_digit_search_frame.h"
+
+#include <utility>
+
+namespace goods {
+
+TRange_Digit_Search_Frame::TRange_Digit_Search_Frame(TComponent* owner, std::string name, std::string caption,
+                                                     InputKind kind)
+    : TSearchFrame(owner, std::move(name), RangeDigit_CHK, RangeDigit_CMB, RangeDigit_Reverst_CHK),
+      RangeDigit_CHK(this, "RangeDigit_CHK", std::move(caption)),
+      RangeDigit_From_EDT(this, "RangeDigit_From_EDT", kind),
+      RangeDigit_To_EDT(this, "RangeDigit_To_EDT", kind) {
+  LayOut();
+  RangeDigit_From_LBL.FocusControl = &RangeDigit_From_EDT;
+  RangeDigit_To_LBL.FocusControl = &RangeDigit_To_EDT;
+  RangeDigit_From_EDT.SetAccessibleName("از " + RangeDigit_CHK.AccessibleName());
+  RangeDigit_To_EDT.SetAccessibleName("تا " + RangeDigit_CHK.AccessibleName());
+  Place(RangeDigit_From_LBL);
+  Place(RangeDigit_From_EDT, 1);
+  Place(RangeDigit_To_LBL);
+  Place(RangeDigit_To_EDT, 1);
+  for (TEdit* edit : {&RangeDigit_From_EDT, &RangeDigit_To_EDT}) {
+    edit->OnChange = [this] {
+      const bool given = !RangeDigit_From_EDT.Text().empty() || !RangeDigit_To_EDT.Text().empty();
+      if (RangeDigit_CHK.Checked() != given) {
+        RangeDigit_CHK.SetChecked(given);
+      } else {
+        ControlsChanged();
+      }
+    };
+  }
+}
+
+void TRange_Digit_Search_Frame::SetRange(std::string_view from, std::string_view to) {
+  RangeDigit_From_EDT.SetText(from);
+  RangeDigit_To_EDT.SetText(to);
+}
+
+void TRange_Digit_Search_Frame::Clear() {
+  SetRange("", "");
+  RangeDigit_CHK.SetChecked(false);
+  RangeDigit_CMB.SetItemIndex(0);
+  RangeDigit_Reverst_CHK.SetChecked(false);
+}
+
+void TRange_Digit_Search_Frame::FillSearch() {
+  Search.Operator = SearchOperator::Range;
+  Search.From = RangeDigit_From_EDT.Text();
+  Search.To = RangeDigit_To_EDT.Text();
+}
+
+}  // namespace goods

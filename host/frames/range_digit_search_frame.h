@@ -1,0 +1,41 @@
+// TRange_Digit_Search_Frame and TRange_Cost_Search_Frame: the criterion "from this number to that one".
+#pragma once
+
+#include <string>
+
+#include "host/components/edit.h"
+#include "host/frames/search_frame.h"
+
+namespace goods {
+
+// Both ends included; an end that is empty is open. A criterion is in use while the box is ticked and an end
+// is given; a number that is typed ticks the box, two emptied edits untick it.
+class TRange_Digit_Search_Frame : public TSearchFrame {
+ public:
+  TRange_Digit_Search_Frame(TComponent* owner, std::string name, std::string caption,
+                            InputKind kind = InputKind::Integer);
+
+  void SetRange(std::string_view from, std::string_view to);
+  void Clear() override;
+
+  TCheckBox RangeDigit_CHK;
+  TComboBox RangeDigit_CMB{this, "RangeDigit_CMB"};
+  TLabel RangeDigit_From_LBL{this, "RangeDigit_From_LBL", "از :"};
+  TEdit RangeDigit_From_EDT;
+  TLabel RangeDigit_To_LBL{this, "RangeDigit_To_LBL", "تا :"};
+  TEdit RangeDigit_To_EDT;
+  TCheckBox RangeDigit_Reverst_CHK{this, "RangeDigit_Reverst_CHK", "به جز"};
+
+ protected:
+  void FillSearch() override;
+};
+
+// The same over amounts and quantities: decimals and thousands separators may be typed, and are sent without
+// separators.
+class TRange_Cost_Search_Frame : public TRange_Digit_Search_Frame {
+ public:
+  TRange_Cost_Search_Frame(TComponent* owner, std::string name, std::string caption)
+      : TRange_Digit_Search_Frame(owner, std::move(name), std::move(caption), InputKind::Amount) {}
+};
+
+}  // namespace goods

@@ -1,0 +1,36 @@
+#include "module/framework/delayed_search.h"
+
+namespace goods {
+
+void DelayedSearch::Typed(int message) {
+  IWindows& windows = window_.Host().Windows();
+  lastKey_ = windows.TickCount();
+  pending_ = true;
+  windows.PostMessage(window_, message);
+}
+
+// A window that is being closed runs nothing more.
+bool DelayedSearch::Ended() const { return !pending_ || window_.ModalResult() != kModalNone; }
+
+bool DelayedSearch::Handle(int message, TEdit* edit) {
+  if (message < kSearchEditTyped || message > kUpperEditTyped) return false;
+  // The handler of an earlier key is waiting further out and runs for this key too.
+  if (waiting_) return true;
+  waiting_ = true;
+  IWindows& windows = window_.Host().Windows();
+  try {
+    windows.ProcessMessages([&] { return Ended() || windows.TickCount() - lastKey_ >= kQuietTime; });
+  } catch (...) {
+    waiting_ = false;
+    throw;
+  }
+  waiting_ = false;
+  if (Ended()) return true;
+  pending_ = false;
+  const int caret = edit == nullptr ? 0 : edit->Caret();
+  run_();
+  if (edit != nullptr) edit->SetCaret(caret);
+  return true;
+}
+
+}  // namespace goods

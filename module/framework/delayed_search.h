@@ -1,0 +1,48 @@
+// Delayed search: typed text runs a report once the user has stopped typing.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "host/components/edit.h"
+#include "host/components/form.h"
+
+namespace goods {
+
+// The private messages that a window posts to itself at a key, by the control that was typed in.
+inline constexpr int kSearchEditTyped = 9035;
+inline constexpr int kValueComboTyped = 9036;
+inline constexpr int kLowerEditTyped = 9037;
+inline constexpr int kUpperEditTyped = 9038;
+
+inline constexpr std::uint64_t kQuietTime = 400;  // milliseconds without a key
+
+// A key posts a message; its handler waits, with the message loop running, until the quiet time has passed
+// since the last key. Keys in the meantime restart the wait, in whichever control: a burst of typing makes
+// one run. Runs may nest through the message loop but never overlap.
+class DelayedSearch {
+ public:
+  // run is called once per burst; both must outlive this object.
+  DelayedSearch(TForm& window, std::function<void()> run) : window_(window), run_(std::move(run)) {}
+
+  // A key in a control of the window.
+  void Typed(int message);
+  // The window's WindowMessage hands its messages on; true when it was one of these. edit may be null; its
+  // caret is put back where it was when the report has run.
+  bool Handle(int message, TEdit* edit);
+  // Whether typed text still waits for its run.
+  bool Pending() const { return pending_; }
+  // Ends the wait without a run; closing the window does so too.
+  void Cancel() { pending_ = false; }
+
+ private:
+  bool Ended() const;
+
+  TForm& window_;
+  std::function<void()> run_;
+  std::uint64_t lastKey_ = 0;
+  bool pending_ = false;
+  bool waiting_ = false;
+};
+
+}  // namespace goods

@@ -1,0 +1,184 @@
+#include "module/reports/stockcard/kardex_search.h"
+
+#include <utility>
+
+#include "host/core/text.h"
+#include "host/services/public_methods.h"
+#include "module/framework/program_change.h"
+#include "module/framework/texts.h"
+
+namespace goods {
+namespace {
+
+constexpr const char* kNegativeMode = "1";
+
+}  // namespace
+
+TKardexSearch_FRM::TKardexSearch_FRM(THost& host, int formMode, Variant customParameter,
+                                     std::string settingsName)
+    : TBaseDock_FRM(host, "KardexSearch_FRM", formMode, std::move(customParameter), std::move(settingsName)),
+      dataModule_(host, this),
+      delayedSearch_(*this, [this] { RunReport(); }) {
+  DeclareForm();
+  Initialise();
+}
+
+TKardexSearch_FRM::TKardexSearch_FRM(THost& host, int formMode, std::string settingsName)
+    : TKardexSearch_FRM(host, formMode, Variant(), std::move(settingsName)) {}
+
+TKardexSearch_FRM::~TKardexSearch_FRM() = default;
+
+void TKardexSearch_FRM::FormCreate() {
+  TBaseDock_FRM::FormCreate();
+  FormOptions_SFO.ComponentSoftwarePart = cspSearchInKardex;
+  PrintOption.SoftwarePart = kPartStockCardSearch;
+  SetCommonControls(KardexSearch_GRD, PrintReportList_BTN, Exit_BTN);
+
+  KardexSearch_GRD.SetDataSource(&dataModule_.KardexSearch.Source);
+  KardexSearch_GRD.OnSortChanged = [this] { KardexSearch_GRDSortChanged(); };
+  KardexSearch_GRD.OnDblClick = [this] { KardexSearch_GRDDblClick(); };
+  OpenKardex_BTN.OnClick = [this] { KardexSearch_GRDDblClick(); };
+  Report_BTN.OnClick = [this] { Report_BTNClick(); };
+  ADVSearch_Fram1.ADVSearch_BTN.OnClick = [this] { ADVSearch_Fram1ADVSearch_BTNClick(); };
+  ADVSearch_Fram1.ADVSearch_CHK.OnClick = [this] { ADVSearch_Fram1ADVSearch_CHKClick(); };
+
+  QeratSearchManager1.SetDataSource(&dataModule_.KardexSearch.Source);
+  QeratSearchManager1.AddItem(SearchComment_Frame.Search);
+  QeratSearchManager1.OnSearchItems_Changed = [this] { QeratSearchManager1SearchItems_Changed(); };
+  QeratSearchManager1.OnCustomFilter_Proc = [this](std::string& text) {
+    QeratSearchManager1CustomFilter_Proc(text);
+  };
+  QeratSearchManager1.OnAfterExecute_PROC = [this] { QeratSearchManager1AfterExecute_PROC(); };
+}
+
+void TKardexSearch_FRM::OnCustomParameter(const CustomParameter& parameter) {
+  SetShortCut(KardexSearch_GRD);
+  if (parameter.Count() > 0 && parameter.Text(0) == kNegativeMode) {
+    const WaitingScope waiting(Host().Waiting(), nullptr, kPreparingReport);
+    dataModule_.KardexSearch_Fill_2(parameter.Text(1), parameter.Text(2));
+    QeratSearchManager1AfterExecute_PROC();
+  } else {
+    dataModule_.KardexSearch_Fill_1();
+  }
+  QeratSearchManager1.Script = dataModule_.KardexSearch.Query.SQL();
+}
+
+void TKardexSearch_FRM::FormShow() {
+  TBaseDock_FRM::FormShow();
+  SetPopMenu(KardexSearch_GRD);
+  SearchComment_Frame.GeneralSearch_EDT.SetFocus();
+}
+
+void TKardexSearch_FRM::FormClose() {
+  delayedSearch_.Cancel();
+  dataModule_.KardexSearch.Query.Close();
+  TBaseDock_FRM::FormClose();
+}
+
+void TKardexSearch_FRM::FormKeyDown(TKey& key) {
+  TBaseDock_FRM::FormKeyDown(key);
+  const auto press = [&key](TButton& button) {
+    key.Consume();
+    button.Click();
+  };
+  if (key.IsCtrl(Key::F2)) {
+    press(Report_BTN);
+  } else if (key.IsCtrl(Key::F10)) {
+    press(ADVSearch_Fram1.ADVSearch_BTN);
+  } else if (key.Is(Key::F2)) {
+    press(OpenKardex_BTN);
+  }
+}
+
+void TKardexSearch_FRM::WindowMessage(int code) {
+  delayedSearch_.Handle(code, &SearchComment_Frame.GeneralSearch_EDT);
+}
+
+void TKardexSearch_FRM::Report_BTNClick() { RunReport(); }
+
+// A run reads the text as it stands, so what waits for the typing to end has nothing left to do.
+void TKardexSearch_FRM::RunReport() {
+  delayedSearch_.Cancel();
+  const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
+  QeratSearchManager1.ExecuteFilter_PROC();
+}
+
+bool TKardexSearch_FRM::AdvSearchInUse() const {
+  return ADVSearch_Fram1.ADVSearch_CHK.Checked() && advSearchDone_;
+}
+
+void TKardexSearch_FRM::QeratSearchManager1SearchItems_Changed() {
+  if (dataModule_.KardexSearch.Query.Active()) delayedSearch_.Typed(kSearchEditTyped);
+}
+
+void TKardexSearch_FRM::QeratSearchManager1CustomFilter_Proc(std::string& parameters) {
+  if (AdvSearchInUse()) parameters = ADDParam(advParameters_, parameters);
+}
+
+void TKardexSearch_FRM::QeratSearchManager1AfterExecute_PROC() {
+  TADOQuery& query = dataModule_.KardexSearch.Query;
+  query.SetSort(GetGridSort(KardexSearch_GRD));
+  KardexSearch_GRD.RefreshFooters();
+  if (!query.IsEmpty()) query.Last();
+}
+
+// The accepted dialog has run the procedure itself; the window only brings itself up to date.
+void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
+  TADOQuery& query = dataModule_.KardexSearch.Query;
+  if (advSearch_ == nullptr) advSearch_ = std::make_unique<TKardexSearch_AdvSearch_FRM>(Host());
+  // The dialog takes the typed text along; a dialog that is left goes back to waiting for its run.
+  const bool typed = delayedSearch_.Pending();
+  delayedSearch_.Cancel();
+  advSearchInProgress_ = true;
+  query.DisableControls();
+  struct InProgress {
+    bool& flag;
+    TADOQuery& query;
+    ~InProgress() {
+      flag = false;
+      query.EnableControls();
+    }
+  } const scope{advSearchInProgress_, query};
+
+  advSearch_->SetUp(QeratSearchManager1.Script, &dataModule_.KardexSearch.Source,
+                    QeratSearchManager1.ProcFilter());
+  if (advSearch_->ShowModal() != kModalOk) {
+    if (typed) delayedSearch_.Typed(kSearchEditTyped);
+    return;
+  }
+  advParameters_ = advSearch_->Parameters();
+  advFarsiFilter_ = advSearch_->FarsiFilter();
+  advSearchDone_ = true;
+  const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
+  ADVSearch_Fram1.ADVSearch_CHK.SetChecked(!Trim(advParameters_).empty());
+  QeratSearchManager1AfterExecute_PROC();
+}
+
+void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_CHKClick() {
+  if (advSearchDone_ && !advSearchInProgress_ && !Trim(advParameters_).empty()) RunReport();
+}
+
+// The printed page tells what it shows.
+void TKardexSearch_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
+  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
+  std::string filter = TGoodTransactions_DM::FarsiFilterOf(QeratSearchManager1.FarsiTexts());
+  if (AdvSearchInUse() && !advFarsiFilter_.empty()) filter += (filter.empty() ? "" : " ") + advFarsiFilter_;
+  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
+}
+
+void TKardexSearch_FRM::KardexSearch_GRDSortChanged() {
+  TADOQuery& query = dataModule_.KardexSearch.Query;
+  if (query.Active()) query.SetSort(GetGridSort(KardexSearch_GRD));
+}
+
+// The found row's good, over all stores and dates, for a user who may open the stock card.
+void TKardexSearch_FRM::KardexSearch_GRDDblClick() {
+  TADOQuery& query = dataModule_.KardexSearch.Query;
+  if (!query.RecNo()) return;
+  IRights& rights = Host().Rights();
+  if (!rights.HavePermission(rights.UserInfo(), kPartStockCard, kPermissionOpenReport, true, true, ""))
+    return;
+  Host().Documents().Call_KardexKala(query.FieldByName("Code").AsInteger(), 0, "", "");
+}
+
+}  // namespace goods

@@ -1,0 +1,53 @@
+#include "module/reports/stockcard/kardex_search_adv_search.h"
+
+#include <utility>
+
+#include "module/data/good_transactions_dm.h"
+#include "module/framework/texts.h"
+
+namespace goods {
+
+TKardexSearch_AdvSearch_FRM::TKardexSearch_AdvSearch_FRM(THost& host)
+    : TBaseSearch_FRM(host, "KardexSearch_AdvSearch_FRM") {
+  DeclareForm();
+  Select_BTN.OnClick = [this] { Select_BTNClick(); };
+  Del_BTN.OnClick = [this] { Del_BTNClick(); };
+  EXit_BTN.OnClick = [this] { Exit_BTNClick(); };
+}
+
+TKardexSearch_AdvSearch_FRM::~TKardexSearch_AdvSearch_FRM() = default;
+
+void TKardexSearch_AdvSearch_FRM::SetUp(std::string script, TDataSource* source, std::string generalFilter) {
+  QeratSearchManager1.Script = std::move(script);
+  QeratSearchManager1.SetDataSource(source);
+  QeratSearchManager1.SetEXtraAdvFilter(std::move(generalFilter));
+}
+
+std::string TKardexSearch_AdvSearch_FRM::FarsiFilter() const {
+  if (!FarsiFilter_CHK.Checked()) return {};
+  return TGoodTransactions_DM::FarsiFilterOf(QeratSearchManager1.FarsiTexts());
+}
+
+void TKardexSearch_AdvSearch_FRM::FormShow() {
+  TBaseSearch_FRM::FormShow();
+  SearchGood_FRAME.GeneralSearch_EDT.SetFocus();
+}
+
+// The dialog closes only once the procedure has run: a statement that fails leaves the criteria on the
+// screen.
+void TKardexSearch_AdvSearch_FRM::Select_BTNClick() {
+  {
+    const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
+    QeratSearchManager1.ExecuteFilter_PROC();
+  }
+  TBaseSearch_FRM::Select_BTNClick();
+}
+
+void TKardexSearch_AdvSearch_FRM::Del_BTNClick() {
+  TBaseSearch_FRM::Del_BTNClick();
+  for (TControl* control : Controls()) {
+    if (auto* frame = dynamic_cast<TSearchFrame*>(control)) frame->Clear();
+  }
+}
+
+}  // namespace goods

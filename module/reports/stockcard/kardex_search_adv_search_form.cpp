@@ -1,0 +1,40 @@
+// The component tree of the row search's criteria dialog.
+#include "module/reports/stockcard/kardex_search_adv_search.h"
+
+namespace goods {
+
+void TKardexSearch_AdvSearch_FRM::DeclareForm() {
+  SetCaption("جستجوی پیشرفته در کاردکس");
+  PreferredWidth = 640;
+  PreferredHeight = 420;
+
+  SearchGood_FRAME.SetItems({{"نام کالا", "KalaName", DataKind::Text}});
+  SearchPerson_FRAME.SetItems({{"نام شخص", "PerName", DataKind::Text}});
+  SearchRangeAmount_FRAME.SetItems(
+      {{"وارده", "Varede", DataKind::Amount}, {"صادره", "Sadere", DataKind::Amount}});
+  SearchRangeCode_FRAME.SetItems({{"کد کالا", "Code", DataKind::Number}});
+  SearchRangeCost_FRAME.SetItems({{"فی وارده", "Mab_Varede", DataKind::Amount},
+                                  {"فی صادره", "Mab_Sadere", DataKind::Amount},
+                                  {"مبلغ وارده", "Gheymat_Varede", DataKind::Amount},
+                                  {"مبلغ صادره", "Gheymat_Sadere", DataKind::Amount}});
+  SearchRangeDate_FRAME.SetItems({{"تاریخ", "Date", DataKind::Text}});
+  SearchRangeDate_FRAME.ShowTimes();
+  SearchRangeDate_FRAME.TickedByDates = true;
+  SearchStore_FRAME.SetItems({{"نام انبار", "AnbarName", DataKind::Text}});
+
+  for (TSearchFrame* frame :
+       {static_cast<TSearchFrame*>(&SearchGood_FRAME), static_cast<TSearchFrame*>(&SearchPerson_FRAME),
+        static_cast<TSearchFrame*>(&SearchRangeAmount_FRAME),
+        static_cast<TSearchFrame*>(&SearchRangeCode_FRAME),
+        static_cast<TSearchFrame*>(&SearchRangeCost_FRAME),
+        static_cast<TSearchFrame*>(&SearchRangeDate_FRAME), static_cast<TSearchFrame*>(&SearchStore_FRAME)}) {
+    QeratSearchManager1.AddItem(frame->Search);
+    Place(*frame);
+  }
+  FarsiFilter_CHK.SetChecked(true);
+  Place(FarsiFilter_CHK);
+  for (TButton* button : {&Select_BTN, &Del_BTN, &EXit_BTN}) Buttons_PNL.Place(*button);
+  Place(Buttons_PNL);
+}
+
+}  // namespace goods
