@@ -24,7 +24,7 @@ struct KeyHelp {
 
 constexpr std::array<KeyHelp, 20> kKeys{{
     {nullptr, "پنجره اصلی"},
-    {"Ctrl+1 … Ctrl+9", "باز کردن گزارش"},
+    {"Ctrl+0 … Ctrl+9", "باز کردن گزارش"},
     {"F1", "همین راهنما"},
     {"F3", "تعویض شرکت"},
     {"F4", "خروج از حساب کاربر"},

@@ -33,7 +33,7 @@ ReportCard::ReportCard(const ReportEntry& entry, const QString& reason, QWidget*
   font.setPointSizeF(font.pointSizeF() * 1.15);
   font.setWeight(QFont::DemiBold);
   title->setFont(font);
-  auto* shortcut = new QLabel(ShownDigits(QString("Ctrl+%1").arg(entry.shortcut)), this);
+  auto* shortcut = new QLabel(QString("Ctrl+%1").arg(entry.shortcut), this);
   shortcut->setForegroundRole(QPalette::PlaceholderText);
   shortcut->setVisible(allowed);
   auto* about = MutedLabel(entry.description, this);

@@ -10,16 +10,24 @@ namespace {
 
 void OpenPlain(ModuleLibrary& module, const ReportEntry& entry) { module.Call(entry.exportName); }
 
+// All dates: the procedure's two values are not given.
+void OpenNegative(ModuleLibrary& module, const ReportEntry& /*entry*/) {
+  module.OpenKardexNegativ("1", "0", "0");
+}
+
 constexpr const char* kStockCards = "کاردکس";
 constexpr const char* kTurnover = "گردش و موجودی";
 constexpr const char* kDetails = "جزئیات کالا";
 
-constexpr std::array<ReportEntry, 9> kReports{{
+constexpr std::array<ReportEntry, 10> kReports{{
     {kStockCards, "کاردکس کالا", "گردش یک کالا به ترتیب تاریخ، با مانده و قیمت میانگین", "Open_GoodKardex",
      kPartStockCard, 1, OpenPlain},
     {kStockCards, "جستجو در کاردکس",
      "یافتن ردیف‌های کاردکس همه کالاها با شرط‌های دلخواه",
      "Open_KardexSearch", kPartStockCardSearch, 2, OpenPlain},
+    {kStockCards, "کاردکس منفی",
+     "ردیف‌هایی که موجودی کالا را در انبار منفی کرده‌اند",
+     "Open_KardexNegativ", kPartStockCardSearch, 0, OpenNegative},
     {kTurnover, "موجودی کالا", "گردش و مانده مقداری کالاها", "Open_GoodAmountAsset", kPartAmountAsset, 3,
      OpenPlain},
     {kTurnover, "موجودی ریالی", "گردش و مانده کالاها با ارزش ریالی", "Open_GoodCashAsset", kPartCashAsset, 4,

@@ -104,6 +104,35 @@ void PictureMain(const Pictures& pictures, DesktopHost& host) {
   pictures.Save(window, "main-window");
 }
 
+// The search that a storekeeper makes: goods by name, in a year, through the criteria dialog.
+void PictureRowSearch(const Pictures& pictures) {
+  const auto settle = [](QWidget& window) {
+    window.resize(1440, 860);
+    Wait(400);
+  };
+  WhileModal([&](QWidget& window) {
+    settle(window);
+    WhileModal([&](QWidget& dialog) {
+      TypeText(dialog, "SearchGood_FRAME.GeneralSearch_EDT", "روغن");
+      TypeText(dialog, "SearchRangeDate_FRAME.RangeDate_From_EDT", "14030101");
+      TypeText(dialog, "SearchRangeDate_FRAME.RangeDate_To_EDT", "14031230");
+      Wait(200);
+      pictures.Save(dialog, "row-search-criteria");
+      PressKey(dialog, Qt::Key_F3);
+    });
+    PressKey(window, Qt::Key_F10, Qt::ControlModifier);
+    Wait(400);
+    pictures.Save(window, "row-search");
+  });
+  pictures.module.Call("Open_KardexSearch");
+  WhileModal([&](QWidget& window) {
+    settle(window);
+    pictures.Save(window, "negative-card");
+  });
+  pictures.module.OpenKardexNegativ("1", "0", "0");
+  RethrowFailure();
+}
+
 void MakePictures(const std::string& file, const std::string& moduleFile, const QString& folder,
                   const QString& settingsFolder) {
   QDir().mkpath(folder);
@@ -121,6 +150,7 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
     if (login == std::string_view("admin")) {
       PictureMain(pictures, host);
       PictureStockCards(pictures, host, company->ListBusyGoods(1).at(0));
+      PictureRowSearch(pictures);
     } else {
       MainWindow window(host, module, settings, ToQt(company->Title()), "");
       window.resize(1200, 760);

@@ -32,6 +32,10 @@ void TForm::SetModalResult(int result) {
   Changed();
 }
 
+void TForm::Close() {
+  if (modalResult_ == kModalNone) SetModalResult(kModalCancel);
+}
+
 void TForm::SetActiveControl(TControl* control) {
   if (control == activeControl_) return;
   TControl* before = std::exchange(activeControl_, control);

@@ -36,7 +36,8 @@ class TForm : public TControl {
   int ModalResult() const { return modalResult_; }
   // Anything but kModalNone closes the window.
   void SetModalResult(int result);
-  void Close() { SetModalResult(kModalCancel); }
+  // Closes it as given up, unless it is closing already.
+  void Close();
 
   // The control with the focus, null when it is elsewhere. Setting fires OnExit and OnEnter.
   TControl* ActiveControl() const { return activeControl_; }

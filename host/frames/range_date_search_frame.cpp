@@ -70,7 +70,7 @@ void TRange_Date_Search_Frame::DateChanged(TDateEdit& edit) {
   if (!edit.IsValidDate() && !edit.Text().empty()) return;
   edit.SetProblem("");
   const bool given = !RangeDate_From_EDT.Text().empty() || !RangeDate_To_EDT.Text().empty();
-  if (TickedByDates && RangeDate_CHK.Checked() != given) {
+  if (RangeDate_CHK.Checked() != given) {
     RangeDate_CHK.SetChecked(given);
   } else {
     ControlsChanged();

@@ -8,10 +8,10 @@
 
 namespace goods {
 
-// An end that is empty is open. A date that does not exist marks its edit, is left out of the criterion, and
-// is told to the user when the edit is accepted; what was typed stays.
-// Decided here: times of the day may be shown beside the dates. Movements carry a date alone, so a time is
-// checked and kept like a date but is no part of the criterion.
+// An end that is empty is open. A date that is given ticks the box, two emptied edits untick it. A date that
+// does not exist marks its edit, is left out of the criterion, and is told to the user when the edit is
+// accepted; what was typed stays. Decided here: times of the day may be shown beside the dates. Movements
+// carry a date alone, so a time is checked and kept like a date but is no part of the criterion.
 class TRange_Date_Search_Frame : public TSearchFrame {
  public:
   TRange_Date_Search_Frame(TComponent* owner, std::string name, std::string caption);
@@ -24,9 +24,6 @@ class TRange_Date_Search_Frame : public TSearchFrame {
   void Clear() override;
   // The time edits are hidden until a window asks for them.
   void ShowTimes();
-  // Whether a date that the user gives ticks the box and two emptied edits untick it, as in the other frames.
-  // Off where the box does more than the criterion.
-  bool TickedByDates = false;
 
   TCheckBox RangeDate_CHK;
   TComboBox RangeDate_CMB{this, "RangeDate_CMB"};

@@ -104,4 +104,10 @@ void ModuleLibrary::OpenKardex(std::int64_t good, std::int64_t store, std::strin
   open(Narrow(good), Narrow(store), ToUtf16(from).c_str(), ToUtf16(to).c_str());
 }
 
+void ModuleLibrary::OpenKardexNegativ(std::string_view mode, std::string_view first,
+                                      std::string_view second) {
+  auto* open = As<decltype(Open_KardexNegativ)>(Require("Open_KardexNegativ"));
+  open(ToUtf16(mode).c_str(), ToUtf16(first).c_str(), ToUtf16(second).c_str());
+}
+
 }  // namespace goods

@@ -49,6 +49,7 @@ class ModuleLibrary {
   // Calls an export without arguments; throws ModuleError when the library has none of that name.
   void Call(const char* exportName);
   void OpenKardex(std::int64_t good, std::int64_t store, std::string_view from, std::string_view to);
+  void OpenKardexNegativ(std::string_view mode, std::string_view first, std::string_view second);
 
  private:
   void* Find(const char* exportName) const;

@@ -19,7 +19,6 @@ void TKardexSearch_AdvSearch_FRM::DeclareForm() {
                                   {"مبلغ صادره", "Gheymat_Sadere", DataKind::Amount}});
   SearchRangeDate_FRAME.SetItems({{"تاریخ", "Date", DataKind::Text}});
   SearchRangeDate_FRAME.ShowTimes();
-  SearchRangeDate_FRAME.TickedByDates = true;
   SearchStore_FRAME.SetItems({{"نام انبار", "AnbarName", DataKind::Text}});
 
   for (TSearchFrame* frame :

@@ -62,8 +62,11 @@ void TypeGood(QWidget& window, std::int64_t code) {
 }
 
 std::size_t RowCount(QWidget& window) {
-  const TADOQuery* query = Component<TSmartDBGrid_QRT>(window, "Kardex_GRD").DataSet();
-  return query == nullptr ? 0 : query->RecordCount();
+  for (const TComponent* component : FormOf(window).Components()) {
+    const auto* grid = dynamic_cast<const TSmartDBGrid_QRT*>(component);
+    if (grid != nullptr && grid->DataSet() != nullptr) return grid->DataSet()->RecordCount();
+  }
+  return 0;
 }
 
 }  // namespace goods

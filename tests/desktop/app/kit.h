@@ -63,6 +63,7 @@ Kind& Component(QWidget& window, const char* path) {
 
 // Types a good's code into the stock card and accepts it.
 void TypeGood(QWidget& window, std::int64_t code);
+// Rows in the report's grid.
 std::size_t RowCount(QWidget& window);
 
 }  // namespace goods

@@ -202,6 +202,9 @@ TEST(BaseSearch, EnterMovesOnF3AcceptsAndEscCloses) {
   EXPECT_TRUE(dialog.KeyDown(ParseKey("F3")));
   EXPECT_EQ(dialog.ModalResult(), kModalOk);
   EXPECT_TRUE(dialog.KeyDown(ParseKey("Esc")));
+  EXPECT_EQ(dialog.ModalResult(), kModalOk) << "a dialog that was accepted cannot be given up any more";
+  dialog.SetModalResult(kModalNone);
+  EXPECT_TRUE(dialog.KeyDown(ParseKey("Esc")));
   EXPECT_EQ(dialog.ModalResult(), kModalCancel);
 }
 
