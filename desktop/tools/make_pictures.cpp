@@ -116,6 +116,7 @@ void PictureRowSearch(const Pictures& pictures) {
       TypeText(dialog, "SearchGood_FRAME.GeneralSearch_EDT", "روغن");
       TypeText(dialog, "SearchRangeDate_FRAME.RangeDate_From_EDT", "14030101");
       TypeText(dialog, "SearchRangeDate_FRAME.RangeDate_To_EDT", "14031230");
+      PressKey(dialog, Qt::Key_Return);
       Wait(200);
       pictures.Save(dialog, "row-search-criteria");
       PressKey(dialog, Qt::Key_F3);

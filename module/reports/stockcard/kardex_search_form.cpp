@@ -5,7 +5,7 @@ namespace goods {
 
 void TKardexSearch_FRM::DeclareForm() {
   SetCaption("جستجو در کاردکس");
-  PreferredWidth = 1200;
+  PreferredWidth = 1360;
   PreferredHeight = 720;
 
   SearchComment_Frame.SetItems({{"شرح", "Comment", DataKind::Text}});
@@ -32,23 +32,23 @@ void TKardexSearch_FRM::DeclareColumns() {
   };
   const auto number = [&](const char* field, const char* caption, std::string_view format,
                           int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetAlign(TextAlign::End).SetWidth(width);
+    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
   };
 
-  text("Radif", "ردیف", 70).SetFooter(FooterKind::Count);
-  text("Date", "تاریخ", 88);
-  text("Code", "کد کالا", 70);
+  text("Radif", "ردیف", 60).SetFooter(FooterKind::Count);
+  text("Date", "تاریخ", 86);
+  text("Code", "کد کالا", 60);
   text("AbbName", "بارکد کالا", 100).SetVisible(false);
-  text("PerName", "نام شخص", 140);
-  text("KalaName", "نام کالا", 170).SetAutoFit(true);
-  text("AnbarName", "انبار", 120);
-  text("Comment", "شرح", 170).SetAutoFit(true);
-  number("Varede", " وارده", kQuantityFormat, 80).SetFooter(FooterKind::Sum);
-  number("Sadere", "صادره", kQuantityFormat, 80).SetFooter(FooterKind::Sum);
-  number("Mab_Varede", "فی وارده", kAmountFormat, 100);
-  number("Mab_Sadere", "فی صادره", kAmountFormat, 100);
-  number("Gheymat_Varede", "مبلغ وارده", kAmountFormat, 120).SetFooter(FooterKind::Sum);
-  number("Gheymat_Sadere", "مبلغ صادره", kAmountFormat, 120).SetFooter(FooterKind::Sum);
+  text("PerName", "نام شخص", 112);
+  text("KalaName", "نام کالا", 150).SetAutoFit(true);
+  text("AnbarName", "انبار", 108);
+  text("Comment", "شرح", 120).SetAutoFit(true);
+  number("Varede", " وارده", kQuantityFormat, 84).SetFooter(FooterKind::Sum);
+  number("Sadere", "صادره", kQuantityFormat, 84).SetFooter(FooterKind::Sum);
+  number("Mab_Varede", "فی وارده", kAmountFormat, 96);
+  number("Mab_Sadere", "فی صادره", kAmountFormat, 96);
+  number("Gheymat_Varede", "مبلغ وارده", kAmountFormat, 134).SetFooter(FooterKind::Sum);
+  number("Gheymat_Sadere", "مبلغ صادره", kAmountFormat, 134).SetFooter(FooterKind::Sum);
 }
 
 }  // namespace goods
