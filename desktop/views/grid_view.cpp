@@ -75,6 +75,11 @@ void GridWidget::Follow() {
   viewport()->update();
 }
 
+bool GridWidget::CurrentInView() const {
+  return shownRow_ && *shownRow_ >= FirstRow() &&
+         *shownRow_ < FirstRow() + static_cast<std::size_t>(geometry_.WholeRows());
+}
+
 void GridWidget::ShowCurrent() {
   if (!shownRow_) return;
   const auto row = static_cast<int>(*shownRow_);
@@ -141,9 +146,12 @@ void GridWidget::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
+// A grid that loses height, as when the criteria unfold, keeps the current row in view.
 void GridWidget::resizeEvent(QResizeEvent* event) {
+  const bool inView = CurrentInView();
   QAbstractScrollArea::resizeEvent(event);
   UpdateScrollBars();
+  if (inView) ShowCurrent();
 }
 
 void GridWidget::scrollContentsBy(int /*dx*/, int /*dy*/) { viewport()->update(); }

@@ -52,6 +52,7 @@ class GridWidget : public QAbstractScrollArea {
 
   int Offset() const;
   void UpdateScrollBars();
+  bool CurrentInView() const;
   void ShowCurrent();
   void MoveBy(qint64 rows, bool extend);
   void GoTo(std::size_t row, bool extend);

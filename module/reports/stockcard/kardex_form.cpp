@@ -4,7 +4,7 @@
 namespace goods {
 namespace {
 
-constexpr int kCriteriaHeight = 110;
+constexpr int kCriteriaHeight = 86;
 
 }  // namespace
 
@@ -82,7 +82,7 @@ void TKardex_FRM::DeclareColumns() {
   number("Gheymat_Sadere", "قیمت صادره", kAmountFormat, 96);
   number("Foroosh", "مبلغ سند", kAmountFormat, 112);
   number("Miangin", "قیمت میانگین", kAmountFormat, 96);
-  remainderAmount_ = &number("Mab_Bagh", "مبلغ باقیمانده", kAmountFormat, 126);
+  remainderAmount_ = &number("Mab_Bagh", "مبلغ باقیمانده", kAmountFormat, 140);
 }
 
 }  // namespace goods

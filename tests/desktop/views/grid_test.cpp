@@ -104,6 +104,21 @@ TEST_F(Grid, TheCurrentRowIsTheQuerysBothWays) {
   EXPECT_EQ(Table().FirstRow(), 0U);
 }
 
+TEST_F(Grid, TheCurrentRowStaysInViewWhenTheGridLosesHeight) {
+  Open(500);
+  QTest::keyClick(Table().viewport(), Qt::Key_End, Qt::ControlModifier);
+  Settle();
+  const auto inView = [&] {
+    return Table().Geometry().RowsArea().contains(Table().CellRect(499, Column("Date")));
+  };
+  ASSERT_TRUE(inView());
+  const int before = Table().Geometry().WholeRows();
+  view.resize(view.width(), view.height() - 150);
+  Settle();
+  ASSERT_LT(Table().Geometry().WholeRows(), before);
+  EXPECT_TRUE(inView());
+}
+
 TEST_F(Grid, ShiftAndCtrlSelectSeveralRows) {
   Open(100);
   ClickCell(1, "Date");
