@@ -177,9 +177,9 @@ std::string TSmartDBGrid_QRT::FooterText(const TGridColumn& column) const {
   const auto known = std::find_if(footers_.begin(), footers_.end(),
                                   [&](const FooterValue& footer) { return footer.column == &column; });
   if (known != footers_.end()) return known->text;
-  const std::string text = column.Footer() == FooterKind::Count
-                               ? std::to_string(query->RecordCount())
-                               : column.FooterFormat().Format(query->Sum(column.FieldName()));
+  std::string text = column.Footer() == FooterKind::Count
+                         ? std::to_string(query->RecordCount())
+                         : column.FooterFormat().Format(query->Sum(column.FieldName()));
   footers_.push_back({&column, text});
   return text;
 }

@@ -205,8 +205,8 @@ TEST_F(Controls, AFoldedPanelShowsItsTitleOnly) {
   EXPECT_TRUE(title->isVisible());
 }
 
-TEST_F(Controls, ManyChangesAreFollowedByOneRefresh) {
-  int layouts = 0;
+TEST_F(Controls, AHundredChangesAreNotPaintedOneByOne) {
+  int paints = 0;
   struct Counter : QObject {
     int* count;
     bool eventFilter(QObject*, QEvent* event) override {
@@ -214,14 +214,15 @@ TEST_F(Controls, ManyChangesAreFollowedByOneRefresh) {
       return false;
     }
   } counter;
-  counter.count = &layouts;
+  counter.count = &paints;
   Settle();
   QWidget& label = Widget<QWidget>(form.InValue_LBL);
   label.installEventFilter(&counter);
   for (int i = 0; i < 100; ++i) form.InValue_LBL.SetCaption(std::to_string(i));
-  EXPECT_EQ(layouts, 0);
+  EXPECT_EQ(paints, 0) << "nothing is painted before the program is done";
   QTest::qWait(50);
-  EXPECT_EQ(layouts, 1);
+  EXPECT_GE(paints, 1);
+  EXPECT_LE(paints, 3) << "once for the text, and as often as the layout follows it";
   EXPECT_EQ(dynamic_cast<QLabel&>(label).text(), ShownText("99"));
 }
 
