@@ -1,9 +1,7 @@
 #include "module/framework/document_opening.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <optional>
-#include <span>
 #include <string_view>
 #include <vector>
 

@@ -1,5 +1,6 @@
 #include "module/reports/stockcard/kardex.h"
 
+#include <initializer_list>
 #include <utility>
 
 #include "module/framework/document_opening.h"
@@ -48,9 +49,7 @@ void TKardex_FRM::FormCreate() {
   Date_RDSF.SetItems({{"تاریخ", "Date", DataKind::Text}});
 
   QeratSearchManager1.SetDataSource(&dataModule_.Kardex.Source);
-  for (TSearchFrame* frame :
-       {static_cast<TSearchFrame*>(&Store_SESF), static_cast<TSearchFrame*>(&Person_SESF),
-        static_cast<TSearchFrame*>(&Date_RDSF)}) {
+  for (TSearchFrame* frame : std::initializer_list<TSearchFrame*>{&Store_SESF, &Person_SESF, &Date_RDSF}) {
     QeratSearchManager1.AddItem(frame->Search);
   }
   QeratSearchManager1.OnSearchItems_Changed = [this] { QeratSearchManager1SearchItems_Changed(); };

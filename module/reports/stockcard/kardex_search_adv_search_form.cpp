@@ -1,4 +1,6 @@
 // The component tree of the row search's criteria dialog.
+#include <initializer_list>
+
 #include "module/reports/stockcard/kardex_search_adv_search.h"
 
 namespace goods {
@@ -21,12 +23,9 @@ void TKardexSearch_AdvSearch_FRM::DeclareForm() {
   SearchRangeDate_FRAME.ShowTimes();
   SearchStore_FRAME.SetItems({{"نام انبار", "AnbarName", DataKind::Text}});
 
-  for (TSearchFrame* frame :
-       {static_cast<TSearchFrame*>(&SearchGood_FRAME), static_cast<TSearchFrame*>(&SearchPerson_FRAME),
-        static_cast<TSearchFrame*>(&SearchRangeAmount_FRAME),
-        static_cast<TSearchFrame*>(&SearchRangeCode_FRAME),
-        static_cast<TSearchFrame*>(&SearchRangeCost_FRAME),
-        static_cast<TSearchFrame*>(&SearchRangeDate_FRAME), static_cast<TSearchFrame*>(&SearchStore_FRAME)}) {
+  for (TSearchFrame* frame : std::initializer_list<TSearchFrame*>{
+           &SearchGood_FRAME, &SearchPerson_FRAME, &SearchRangeAmount_FRAME, &SearchRangeCode_FRAME,
+           &SearchRangeCost_FRAME, &SearchRangeDate_FRAME, &SearchStore_FRAME}) {
     QeratSearchManager1.AddItem(frame->Search);
     Place(*frame);
   }
