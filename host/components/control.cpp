@@ -106,6 +106,7 @@ void TControl::DoExit() {
 }
 
 void TControl::DoKey(TKey& /*key*/) {}
+void TControl::DoContainedKey(TKey& /*key*/) {}
 
 std::string PlainCaption(std::string_view caption) {
   std::string plain;

@@ -73,6 +73,9 @@ class TControl : public TComponent {
   // What a key does in this control itself, after every handler: Enter in an edit accepts, Space clicks a
   // button.
   virtual void DoKey(TKey& key);
+  // What a container does with a key of the control inside it that has the focus, after that control's
+  // OnKeyDown and before the window's own handler: Escape closes an open drop-down.
+  virtual void DoContainedKey(TKey& key);
   // Keys that reach the focused control before its own editing. May consume the key.
   std::function<void(TKey&)> OnKeyDown;
 

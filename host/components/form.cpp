@@ -69,6 +69,9 @@ void TForm::FocusNext(bool backwards) {
 
 bool TForm::KeyDown(TKey key) {
   if (activeControl_ != nullptr && activeControl_->OnKeyDown) activeControl_->OnKeyDown(key);
+  for (TControl* each = activeControl_; each != nullptr && !key.IsConsumed(); each = each->Parent()) {
+    each->DoContainedKey(key);
+  }
   if (!key.IsConsumed()) FormKeyDown(key);
   if (!key.IsConsumed() && activeControl_ != nullptr) activeControl_->DoKey(key);
   return key.IsConsumed();

@@ -47,9 +47,8 @@ class TForm : public TControl {
   // after the last one the first.
   void FocusNext(bool backwards = false);
 
-  // A key, before the focused control sees it: its OnKeyDown, then FormKeyDown, then what
-  // the control itself does with it. True when the key was
-  // consumed.
+  // A key, before the focused control sees it: its OnKeyDown, then what it stands in (DoContainedKey), then
+  // FormKeyDown, then what the control itself does with it. True when the key was consumed.
   bool KeyDown(TKey key);
 
   // A message that was posted to the window with IWindows::PostMessage.

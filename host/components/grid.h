@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "host/components/control.h"
+#include "host/core/color.h"
 #include "host/data/display_format.h"
 #include "host/data/query.h"
 #include "host/services/printing.h"
@@ -20,9 +21,6 @@ namespace goods {
 class TSmartDBGrid_QRT;
 
 enum class FooterKind { None, Sum, Count };
-
-// A colour as 0xRRGGBB.
-using Color = std::uint32_t;
 
 // What a drawing event may change before a cell is drawn. Views draw the rest.
 struct TCellStyle {

@@ -78,13 +78,16 @@ std::string TQeratSearch::ProcParams() const {
       parameters = ADDParam("@" + std::string(prefix) + FieldName + "=" + *literal, parameters);
     }
   };
-  if (Operator == SearchOperator::Range) {
+  const bool range = Operator == SearchOperator::Range;
+  if (range) {
     add("From", From);
     add("To", To);
   } else {
     add("", Value);
   }
-  if (!parameters.empty() && Exclude) parameters = ADDParam("@Not" + FieldName + "=1", parameters);
+  if (!parameters.empty() && Exclude) {
+    parameters = ADDParam((range ? "@NotRange" : "@Not") + FieldName + "=1", parameters);
+  }
   return parameters;
 }
 

@@ -18,10 +18,11 @@ enum class SearchOperator { Equals, Contains, Range };
 // One criterion: a field, how it is compared, and with what. A frame keeps it up to date; a manager reads it.
 //
 // As a filter over rows: (F = 3), (F LIKE '%text%'), (F >= 'a' AND F <= 'b'), each behind NOT when excluding.
-// As procedure parameters, the one rule for every report: @F=value for Equals and Contains, @FromF=value and
-// @ToF=value for Range, then @NotF=1 when excluding. Values are written by the data kind: numbers bare, texts
-// quoted; a value that is not of its kind, and an open bound, is left out. A criterion without any value is
-// as good as unticked.
+// As procedure parameters, the one rule for every report: @F=value for Equals and Contains, then @NotF=1 when
+// excluding; @FromF=value and @ToF=value for Range, then @NotRangeF=1, so that a field may stand in a
+// statement by value and by range at once. Values are written by the data kind: numbers bare, texts quoted; a
+// value that is not of its kind, and an open bound, is left out. A criterion without any value is as good as
+// unticked.
 class TQeratSearch : public TComponent {
  public:
   TQeratSearch(TComponent* owner, std::string name);

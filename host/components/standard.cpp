@@ -28,6 +28,46 @@ void TCheckBox::DoKey(TKey& key) {
   Click();
 }
 
+void TRadioButton::SetChecked(bool checked) {
+  if (checked == checked_) return;
+  checked_ = checked;
+  if (checked && Parent() != nullptr) {
+    for (TControl* other : Parent()->Controls()) {
+      if (auto* radio = dynamic_cast<TRadioButton*>(other); radio != nullptr && radio != this) {
+        radio->SetChecked(false);
+      }
+    }
+  }
+  Changed();
+  if (checked && OnClick) OnClick();
+}
+
+void TRadioButton::Click() {
+  if (Visible() && Enabled()) SetChecked(true);
+}
+
+void TRadioButton::DoKey(TKey& key) {
+  if (key.Is(Key::Space)) {
+    key.Consume();
+    Click();
+    return;
+  }
+  const bool forward = key.Is(Key::Down) || key.Is(Key::Left);
+  if ((!forward && !key.Is(Key::Up) && !key.Is(Key::Right)) || Parent() == nullptr) return;
+  std::vector<TRadioButton*> group;
+  for (TControl* each : Parent()->Controls()) {
+    auto* radio = dynamic_cast<TRadioButton*>(each);
+    if (radio != nullptr && radio->CanFocus()) group.push_back(radio);
+  }
+  const auto here = std::find(group.begin(), group.end(), this);
+  if (here == group.end()) return;
+  key.Consume();
+  const auto at = static_cast<std::size_t>(here - group.begin());
+  TRadioButton& next = *group[(at + (forward ? 1 : group.size() - 1)) % group.size()];
+  next.SetFocus();
+  next.Click();
+}
+
 TPanel::TPanel(TComponent* owner, std::string name, Flow flow, std::string caption)
     : TControl(owner, std::move(name), std::move(caption)), flow_(flow) {}
 

@@ -43,6 +43,22 @@ class TCheckBox : public TControl {
   bool checked_ = false;
 };
 
+// One of several: choosing it unchooses the other radio buttons in the same container.
+class TRadioButton : public TControl {
+ public:
+  using TControl::TControl;
+  bool TakesFocus() const override { return true; }
+  bool Checked() const { return checked_; }
+  // Fires OnClick when it becomes chosen, whoever chooses it. Unchoosing is silent and leaves none chosen.
+  void SetChecked(bool checked);
+  void Click() override;
+  // Space chooses it; the arrow keys choose the neighbour and move the focus there.
+  void DoKey(TKey& key) override;
+
+ private:
+  bool checked_ = false;
+};
+
 // A container. With a caption it is a group with a title; a foldable one can be reduced to that title.
 class TPanel : public TControl {
  public:
@@ -51,6 +67,10 @@ class TPanel : public TControl {
   bool Foldable = false;
   // Draws a frame around what it holds.
   bool Framed = false;
+  // The user may drag the borders between what it holds.
+  bool Splitter = false;
+  // Holds a warning: views give it a colour that is noticed.
+  bool Warning = false;
   bool Folded() const { return folded_; }
   void SetFolded(bool folded);
 

@@ -27,6 +27,11 @@ class TSearchFrame : public TPanel {
   // Replaces the fields that can be chosen; the first is chosen. With one only, no list is shown.
   void SetItems(std::vector<TSearchItem> items);
   const std::vector<TSearchItem>& Items() const { return items_; }
+  // Change the list and keep what is chosen; the first is chosen instead of one that is gone. at is a place
+  // in the list, at its end for a new item.
+  void InsertItem(std::size_t at, TSearchItem item);
+  void RemoveItem(std::size_t at);
+  void RenameItem(std::size_t at, std::string title);
 
   // The frame's check box was ticked or unticked; fired before the criterion changes.
   std::function<void()> OnCheckClick;
@@ -44,10 +49,15 @@ class TSearchFrame : public TPanel {
   void LayOut();
 
  private:
+  std::size_t Chosen() const;
+  // Puts items_ into the list with that one chosen.
+  void ShowItems(std::size_t chosen);
+
   TCheckBox& check_;
   TComboBox& kinds_;
   TCheckBox& reverse_;
   std::vector<TSearchItem> items_;
+  bool showingItems_ = false;
 };
 
 }  // namespace goods

@@ -37,6 +37,10 @@ class IDocuments {
   virtual bool IsGoodAssignmentRecieptFormShow() const = 0;
   virtual bool IsVoucherShow() const = 0;
 
+  // Whether vouchers that the program made by itself wait for being saved; kind "3" are those of stock.
+  // The base has none.
+  virtual bool DontSavedVouchers(std::string_view kind);
+
   // code is the document's number (the row's OperationCode); mode 1 opens it for reading.
   virtual void Call_SaleInvoice(std::int64_t code, int mode) = 0;
   virtual void Call_BuyFactor(std::int64_t code, int mode) = 0;

@@ -7,11 +7,27 @@
 #include <string_view>
 #include <vector>
 
+#include "host/core/color.h"
+
 namespace goods {
 
 class TForm;
 
 enum class EntityType : int { None = 0, Store = 1, Person = 2, Good = 6, GoodGroup = 16 };
+
+// A tag that goods can carry, with its colour as 0xRRGGBB.
+struct TTag {
+  std::string Code;
+  std::string Name;
+  Color Background = kWhite;
+};
+
+// A category; ParentCode is empty at the top of the tree.
+struct TCategory {
+  std::string Code;
+  std::string Name;
+  std::string ParentCode;
+};
 
 class ILookups {
  public:
@@ -26,6 +42,13 @@ class ILookups {
   virtual std::optional<std::int64_t> SelectEntity(TForm* owner, EntityType type, std::int64_t current,
                                                    std::string_view filter) = 0;
   virtual std::string ReturnCategoryName(std::string_view categoryCode) = 0;
+  // All of the company, in the order of their codes. Both throw DatabaseError. The base has none.
+  virtual std::vector<TTag> Tags();
+  virtual std::vector<TCategory> Categories();
+  // Lets the user choose categories in their tree; the chosen codes, none when the user gave up, as with the
+  // base.
+  virtual std::optional<std::vector<std::string>> SelectCategories(TForm* owner,
+                                                                   const std::vector<std::string>& chosen);
 };
 
 }  // namespace goods

@@ -1,4 +1,4 @@
-// The destructors of the service interfaces, here so that their type information lives in one library.
+// What the service interfaces have of their own, here so that their type information lives in one library.
 #include "host/services/host.h"
 
 namespace goods {
@@ -13,5 +13,17 @@ IDocuments::~IDocuments() = default;
 ILookups::~ILookups() = default;
 IWindows::~IWindows() = default;
 THost::~THost() = default;
+
+std::string ISettings::ReadSection(std::string_view /*section*/) const { return {}; }
+void ISettings::WriteSection(std::string_view /*section*/, std::string_view /*text*/) {}
+
+std::vector<TTag> ILookups::Tags() { return {}; }
+std::vector<TCategory> ILookups::Categories() { return {}; }
+std::optional<std::vector<std::string>> ILookups::SelectCategories(
+    TForm* /*owner*/, const std::vector<std::string>& /*chosen*/) {
+  return std::nullopt;
+}
+
+bool IDocuments::DontSavedVouchers(std::string_view /*kind*/) { return false; }
 
 }  // namespace goods

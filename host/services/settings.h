@@ -30,6 +30,10 @@ class ISettings {
   // Keeps one numbered item of a software part: whether it is on, its number and its text.
   virtual void SaveSettingItem(int softwarePart, int item, bool on, std::int64_t number,
                                std::string_view text) = 0;
+  // What a window remembers of its controls: the text of a section, empty when there is none. The base keeps
+  // nothing.
+  virtual std::string ReadSection(std::string_view section) const;
+  virtual void WriteSection(std::string_view section, std::string_view text);
   // The folder of the per-report settings files, without a separator at its end; empty when none is kept.
   virtual std::string GetSettingFilePath() const = 0;
 };
