@@ -54,4 +54,15 @@ inline Int128 ColumnUnits(sqlite3_stmt* statement, int column) {
   }
 }
 
+// The product of two numbers in billionths, as Decimal multiplies, with a short way for those of 64 bits.
+// Throws std::overflow_error.
+inline Int128 MultiplyUnits(Int128 a, Int128 b) {
+  if (!FitsCell64(a) || !FitsCell64(b)) return (Decimal::FromUnits(a) * Decimal::FromUnits(b)).Units();
+  const Int128 product = a * b;
+  constexpr Int128 kHalf = Decimal::kOne / 2;
+  const Int128 away = product < 0 ? product - kHalf : product + kHalf;
+  if (FitsCell64(away)) return static_cast<std::int64_t>(away) / Decimal::kOne;
+  return away / Decimal::kOne;
+}
+
 }  // namespace goods

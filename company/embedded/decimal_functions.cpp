@@ -78,17 +78,6 @@ Int128 Subtract(Int128 a, Int128 b) {
 
 Int128 Negate(Int128 a) { return Subtract(0, a); }
 
-Int128 Multiply(Int128 a, Int128 b) {
-  if (FitsCell64(a) && FitsCell64(b)) {
-    const Int128 product = a * b;
-    constexpr Int128 kHalf = Decimal::kOne / 2;
-    const Int128 away = product < 0 ? product - kHalf : product + kHalf;
-    if (FitsCell64(away)) return static_cast<std::int64_t>(away) / Decimal::kOne;
-    return away / Decimal::kOne;
-  }
-  return (Decimal::FromUnits(a) * Decimal::FromUnits(b)).Units();
-}
-
 Int128 Divide(Int128 a, Int128 b) { return (Decimal::FromUnits(a) / Decimal::FromUnits(b)).Units(); }
 
 template <Int128 (*operation)(Int128, Int128)>
@@ -213,7 +202,7 @@ void Scalar(sqlite3* db, const char* name, int arguments, Function function) {
 void RegisterDecimalFunctions(sqlite3* db) {
   Scalar(db, "dec_add", 2, Binary<Add>);
   Scalar(db, "dec_sub", 2, Binary<Subtract>);
-  Scalar(db, "dec_mul", 2, Binary<Multiply>);
+  Scalar(db, "dec_mul", 2, Binary<MultiplyUnits>);
   Scalar(db, "dec_div", 2, Binary<Divide>);
   Scalar(db, "dec_neg", 1, Unary<Negate>);
   Scalar(db, "dec_abs", 1, Unary<Absolute>);

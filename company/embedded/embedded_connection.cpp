@@ -5,6 +5,7 @@
 #include <utility>
 #include <variant>
 
+#include "company/embedded/native_procedures.h"
 #include "company/embedded/procedures.h"
 #include "company/embedded/row_reader.h"
 #include "company/embedded/select_translator.h"
@@ -69,6 +70,10 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
         if (into != nullptr) into->Define({});
         return;
       }
+      if (call.procedure->native) {
+        RunNative(call, into, progress);
+        return;
+      }
       prepared = reader_.Prepare(call.procedure->body);
       BindParameters(prepared, call);
       columns = call.procedure->columns;
@@ -98,6 +103,18 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
     throw DatabaseError("حاصل از اندازه یک عدد بزرگتر است.", std::string(statement));
   } catch (const Cancelled&) {
     throw StatementCancelled("کار به خواست کاربر متوقف شد.", std::string(statement));
+  }
+}
+
+void EmbeddedConnection::RunNative(const ProcedureCall& call, RowStore* into, IStatementProgress* progress) {
+  const NativeBody body = NativeBodyOf(*call.procedure);
+  ProgressWatch watch(reader_.Handle(), progress);
+  RowStore dropped;
+  try {
+    body(reader_, call, into != nullptr ? *into : dropped, watch);
+  } catch (const SqliteError&) {
+    watch.Rethrow();
+    throw;
   }
 }
 

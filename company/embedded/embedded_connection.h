@@ -26,6 +26,7 @@ class EmbeddedConnection : public IConnection {
  private:
   // into is null when the rows are to be dropped.
   void Dispatch(std::string_view statement, RowStore* into, IStatementProgress* progress);
+  void RunNative(const ProcedureCall& call, RowStore* into, IStatementProgress* progress);
   void Refresh(const ProcedureCall& call, std::string_view statement, IStatementProgress* progress);
 
   std::string path_;

@@ -86,6 +86,8 @@ void ReadDeclaration(Procedure& procedure, std::string_view line) {
     procedure.columns.push_back({name, type});
   } else if (whole == "writes") {
     procedure.writes = true;
+  } else if (whole == "native") {
+    procedure.native = true;
   }
 }
 

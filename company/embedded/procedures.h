@@ -6,6 +6,7 @@
 //   -- column Name decimal running [within Column]   the body gives the cells that are added up
 //   -- column Name decimal product Column Column     the body gives NULL in its place
 //   -- writes                                    changes derived figures; runs in a transaction
+//   -- native                                    there is no body: native_procedures.h has it, in C++
 //
 // A parameter without a default must be given. The body names parameters as they are declared; they are
 // bound, decimals as decimal cells. A procedure that writes may hold several statements and returns no rows;
@@ -37,6 +38,7 @@ struct Procedure {
   std::vector<ColumnInfo> columns;
   std::vector<DerivedColumn> derived;  // one for each column
   bool writes = false;
+  bool native = false;
   std::string body;
 };
 

@@ -1,0 +1,57 @@
+#include "company/embedded/good_movements.h"
+
+#include <optional>
+#include <utility>
+
+#include "host/core/text.h"
+
+namespace goods {
+
+namespace {
+
+constexpr char kGoods[] =
+    "SELECT g.Code, g.Name, g.AbbName, g.Meghdar_Formool, r.Stock"
+    " FROM GoodInf g LEFT JOIN RialiStock r ON r.Kala = g.Code"
+    " WHERE (?1 = '' AND ?3 = '' AND ?4 = '')"
+    " OR ((?1 = '' OR ifnull(g.Code = ?2, 0))"
+    " AND (?3 = '' OR instr(fold_persian(g.Name), fold_persian(?3)) > 0)"
+    " AND (?4 = '' OR instr(fold_persian(g.AbbName), fold_persian(?4)) > 0)) = (?5 = 0)"
+    " ORDER BY g.Code";
+
+}  // namespace
+
+Statement FindGoods(Database& db, const GoodSearch& search) {
+  Statement goods = db.Prepare(kGoods);
+  goods.Bind(1, std::string_view(search.code));
+  if (const std::optional<std::int64_t> code = ParseInteger(AsciiDigits(Trim(search.code)))) {
+    goods.Bind(2, *code);
+  }
+  goods.Bind(3, std::string_view(search.name));
+  goods.Bind(4, std::string_view(search.abbName));
+  goods.Bind(5, std::int64_t{search.reverse ? 1 : 0});
+  return goods;
+}
+
+Period::Period(std::string from, std::string to) : from_(std::move(from)), to_(std::move(to)) {
+  if (from_ == "0000/00/00") from_.clear();
+  if (to_ == "9" || to_ == "9999/99/99") to_.clear();
+}
+
+GoodMovements::GoodMovements(Database& db, std::string_view columns, const Period& period, Span span,
+                             std::int64_t store) {
+  std::string sql = "SELECT " + std::string(columns) + " FROM Kardex WHERE Kala = ?1";
+  const bool before = span == Span::Before;
+  if (before) {
+    sql += " AND Date < ?2";
+  } else {
+    if (!period.OpenFrom()) sql += " AND Date >= ?2";
+    if (!period.OpenTo()) sql += " AND Date <= ?3";
+  }
+  if (store != 0) sql += " AND Anbar = ?4";
+  movements_ = db.Prepare(sql);
+  if (before || !period.OpenFrom()) movements_.Bind(2, std::string_view(period.From()));
+  if (!before && !period.OpenTo()) movements_.Bind(3, std::string_view(period.To()));
+  if (store != 0) movements_.Bind(4, store);
+}
+
+}  // namespace goods

@@ -1,0 +1,65 @@
+// What the reports with one row a good have in common: which goods they list, and a walk through the
+// movements of one good after another. The stock card lies by good and date, so a good's movements of a
+// period are one range of it, and all goods together are one scan.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "company/embedded/sqlite.h"
+
+namespace goods {
+
+// A search for goods. Decided here: code is what a user typed and means the one good of that code; a text
+// that is no whole number means none. name and abbName are parts of the text, as a Persian reader compares.
+// An empty text asks for nothing. reverse turns the whole search round, and does nothing where none is asked.
+struct GoodSearch {
+  std::string code;
+  std::string name;
+  std::string abbName;
+  bool reverse = false;
+};
+
+// The goods found, by code; each with its ratio Meghdar_Formool (0 without a second unit) and its unit price
+// at the basis that was prepared last (0 without one).
+enum GoodColumn : int { kGoodCode = 0, kGoodName, kGoodAbbName, kGoodRatio, kGoodPrice };
+Statement FindGoods(Database& db, const GoodSearch& search);
+
+// Jalali dates, both included. An empty text is an open end; so are '0000/00/00' as the first, and '9' and
+// '9999/99/99' as the last.
+class Period {
+ public:
+  Period(std::string from, std::string to);
+  bool OpenFrom() const { return from_.empty(); }
+  bool OpenTo() const { return to_.empty(); }
+  const std::string& From() const { return from_; }
+  const std::string& To() const { return to_; }
+
+ private:
+  std::string from_;
+  std::string to_;
+};
+
+enum class Span { Within, Before };
+
+// The movements of one good after another, within a period or before it (its last date then does not count).
+class GoodMovements {
+ public:
+  // columns: of Kardex, joined with ","; store 0 stands for every store.
+  GoodMovements(Database& db, std::string_view columns, const Period& period, Span span,
+                std::int64_t store = 0);
+
+  // Calls each(Statement&) for every movement of the good.
+  template <typename Each>
+  void ForGood(std::int64_t good, Each each) {
+    movements_.Reset();
+    movements_.Bind(1, good);
+    while (movements_.Step()) each(movements_);
+  }
+
+ private:
+  Statement movements_;
+};
+
+}  // namespace goods

@@ -1,0 +1,33 @@
+// Procedures whose rows SQL would work out too slowly or cannot shape: those with the line "-- native". Their
+// files declare parameters and columns; the rows come from here.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "company/embedded/procedures.h"
+#include "company/embedded/row_reader.h"
+#include "company/embedded/sqlite.h"
+#include "host/data/row_store.h"
+
+namespace goods {
+
+// Defines the store, fills it and finishes it; watch hears of each row. Throws SqliteError,
+// std::overflow_error and Cancelled.
+using NativeBody = void (*)(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
+
+// Throws std::logic_error for a procedure that has none.
+NativeBody NativeBodyOf(const Procedure& procedure);
+
+// GoodsAsset_Store_SP: the stock of goods in every store side by side.
+void RunStoreAsset(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
+// GoodKardex_Overall_Money and GoodKardex_Overall_Tedad: what came in and went out, by operation.
+void RunOverallMoney(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
+void RunOverallQuantity(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
+
+// The value of a parameter that the procedure declares; null reads as the empty text and as 0.
+std::string TextArgument(const ProcedureCall& call, std::string_view name);
+std::int64_t IntegerArgument(const ProcedureCall& call, std::string_view name);
+
+}  // namespace goods

@@ -1,0 +1,39 @@
+-- What came in and went out in a period, by operation: quantities. One row a good with movements in the
+-- period (or with a stock before it, where that is asked for) that meets the search, by code.
+-- @anbarcode narrows everything to one store and is Anbar in each row; 0 stands for every store. Which movement
+-- type falls into which column, and how the masks hide columns, is told in overall_turnover.cpp. Both directions
+-- are positive; Remained = sarjame_GhableDore + incoming - outgoing.
+-- @FromDate and @ToDate are both included; '' and '0000/00/00', '9999/99/99' are open. sarjame_GhableDore
+-- is the stock before @FromDate with @CalcBeforeDatePeriod 1, else 0.
+-- @KalaCode is the text of a code, @KalaName and @AbbName are parts of a text; @Reverst 1 asks for the goods that
+-- do not meet them (see good_movements.h).
+-- parameter @KalaCode text default ''
+-- parameter @KalaName text default ''
+-- parameter @AbbName text default ''
+-- parameter @anbarcode integer default 0
+-- parameter @FromDate text default '0000/00/00'
+-- parameter @ToDate text default '9999/99/99'
+-- parameter @Reverst integer default 0
+-- parameter @CalcBeforeDatePeriod integer default 0
+-- parameter @script_Sadere_sayer integer default 0
+-- parameter @script_Varede_sayer integer default 0
+-- column KalaCode integer
+-- column AbbName1 text
+-- column kalaname text
+-- column Anbar integer
+-- column sarjame_GhableDore decimal
+-- column YearStart decimal
+-- column Buy decimal
+-- column ReturnSell decimal
+-- column MakeInput decimal
+-- column Resid decimal
+-- column kala_Daramad decimal
+-- column sayer_varade decimal
+-- column Sell decimal
+-- column ReturnBuy decimal
+-- column MakeOutPut decimal
+-- column Havale decimal
+-- column kala_Hazine decimal
+-- column sayer_sadere decimal
+-- column Remained decimal
+-- native

@@ -1,0 +1,40 @@
+-- The stock of goods in every store side by side: one row a good that meets the search, by code. Four figures
+-- each: -1 the quantity; -2 its whole second units and -3 the part left over, as the lists of goods count them
+-- (0 and all of it where the good has no second unit); -Cost the quantity at the unit price that RialiStock_SP
+-- prepared last. S1 to S50 are the first fifty stores by code; there are columns for those that exist.
+-- Decided here: @StoreCodes is joined with ","; a code may repeat. -1 at its head stands for the stock before
+-- the period (B0) and 0 for the other stores (E0); both groups are always there, so neither asks for anything.
+-- A store that is not in the list counts among the others, as do those past the fiftieth, and its own figures
+-- are null. What is no code of a store is passed over.
+-- The figures are those of the movements from @FromDate to @ToDate, both included: all of them with '' and '9',
+-- the stock at a date with '' and the date. @CalcBefore 1 works out B0, the stock before @FromDate (else null),
+-- which no other figure holds: A0 is the sum of the stores listed and the others, B0 and A0 the stock at the end.
+-- Without a period the figures are the remainders that DefineRemainInStore stored.
+-- @GoodCode is the text of a code, @GoodName a part of the name; @Reverse 1 asks for the goods that do not meet
+-- them (see good_movements.h).
+-- parameter @CalcBefore integer default 0
+-- parameter @Reverse integer default 0
+-- parameter @StoreCodes text default '-1,0,'
+-- parameter @ToDate text default '9'
+-- parameter @FromDate text default ''
+-- parameter @GoodCode text default ''
+-- parameter @GoodName text default ''
+-- column GoodCode integer
+-- column GoodName text
+-- column B0-1 decimal
+-- column B0-2 decimal
+-- column B0-3 decimal
+-- column B0-Cost decimal
+-- column S<n>-1 decimal
+-- column S<n>-2 decimal
+-- column S<n>-3 decimal
+-- column S<n>-Cost decimal
+-- column E0-1 decimal
+-- column E0-2 decimal
+-- column E0-3 decimal
+-- column E0-Cost decimal
+-- column A0-1 decimal
+-- column A0-2 decimal
+-- column A0-3 decimal
+-- column A0-Cost decimal
+-- native
