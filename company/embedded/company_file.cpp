@@ -69,6 +69,15 @@ constexpr UpgradeStep kUpgradeSteps[] = {
      "CREATE INDEX Kardex_ByDocument ON Kardex(Type, OperationCode);"
      "CREATE INDEX DetailKardex_ByDocument ON DetailKardex(Type, OperationCode);"
      "ALTER TABLE GoodInf ADD COLUMN ConsumerPrice DECIMAL NOT NULL DEFAULT 0;"},
+    // Version 2 kept of a good in a store the remainder alone.
+    {2,
+     "ALTER TABLE GoodStoreStock ADD COLUMN varede DECIMAL NOT NULL DEFAULT 0;"
+     "ALTER TABLE GoodStoreStock ADD COLUMN sadere DECIMAL NOT NULL DEFAULT 0;"
+     "ALTER TABLE GoodStoreStock ADD COLUMN OperationDate TEXT NOT NULL DEFAULT '';"
+     "DELETE FROM GoodStoreStock;"
+     "INSERT INTO GoodStoreStock(Kala, Anbar, Mogodi, varede, sadere, OperationDate)"
+     " SELECT Kala, Anbar, dec_sum(Tedad), dec_sum(max(Tedad, 0)), dec_sum(max(-Tedad, 0)), max(Date)"
+     " FROM Kardex GROUP BY Kala, Anbar;"},
 };
 
 void Upgrade(Database& db, int version) {

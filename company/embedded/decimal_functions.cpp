@@ -80,6 +80,15 @@ Int128 Negate(Int128 a) { return Subtract(0, a); }
 
 Int128 Divide(Int128 a, Int128 b) { return (Decimal::FromUnits(a) / Decimal::FromUnits(b)).Units(); }
 
+Int128 WholeTimes(Int128 a, Int128 b) {
+  if (b == 0) throw std::domain_error("dec_whole");
+  Int128 units = 0;
+  if (__builtin_mul_overflow(a / b, static_cast<Int128>(Decimal::kOne), &units)) {
+    throw std::overflow_error("dec_whole");
+  }
+  return units;
+}
+
 template <Int128 (*operation)(Int128, Int128)>
 void Binary(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
@@ -204,6 +213,7 @@ void RegisterDecimalFunctions(sqlite3* db) {
   Scalar(db, "dec_sub", 2, Binary<Subtract>);
   Scalar(db, "dec_mul", 2, Binary<MultiplyUnits>);
   Scalar(db, "dec_div", 2, Binary<Divide>);
+  Scalar(db, "dec_whole", 2, Binary<WholeTimes>);
   Scalar(db, "dec_neg", 1, Unary<Negate>);
   Scalar(db, "dec_abs", 1, Unary<Absolute>);
   Scalar(db, "dec_trunc", 1, Unary<Truncate>);

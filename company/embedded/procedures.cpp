@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "company/embedded/criteria.h"
 #include "company/embedded/embedded_sql.h"
 #include "host/core/text.h"
 
@@ -65,7 +66,8 @@ DerivedColumn ReadDerivation(const Procedure& procedure, std::string_view line) 
   return derived;
 }
 
-void ReadDeclaration(Procedure& procedure, std::string_view line) {
+// Conditions of the criteria are added to conditions.
+void ReadDeclaration(Procedure& procedure, std::string_view line, std::vector<std::string>& conditions) {
   const std::string_view whole = line;
   const std::string_view kind = TakeWord(line);
   if (kind == "parameter") {
@@ -84,6 +86,13 @@ void ReadDeclaration(Procedure& procedure, std::string_view line) {
     const ColumnType type = TypeNamed(procedure.name, TakeWord(line));
     procedure.derived.push_back(ReadDerivation(procedure, line));
     procedure.columns.push_back({name, type});
+  } else if (kind == "criterion") {
+    std::optional<Criterion> criterion = ReadCriterion(line);
+    if (!criterion) Broken(procedure.name, whole);
+    for (const std::string& parameter : criterion->parameters) {
+      ReadDeclaration(procedure, parameter, conditions);
+    }
+    conditions.push_back(std::move(criterion->condition));
   } else if (whole == "writes") {
     procedure.writes = true;
   } else if (whole == "native") {
@@ -122,13 +131,15 @@ std::size_t FindParameter(const Procedure& procedure, const Argument& argument, 
 Procedure ReadProcedure(std::string_view name, std::string_view text) {
   Procedure procedure;
   procedure.name = name;
+  std::vector<std::string> conditions;
   for (std::string_view rest = text; !rest.empty();) {
     const std::size_t end = rest.find('\n');
     const std::string_view line = Trim(rest.substr(0, end));
-    if (line.starts_with("--")) ReadDeclaration(procedure, Trim(line.substr(2)));
+    if (line.starts_with("--")) ReadDeclaration(procedure, Trim(line.substr(2)), conditions);
     rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
   }
   procedure.body = text;
+  if (!PutCriteria(procedure.body, conditions) && !conditions.empty()) Broken(name, "{criteria}");
   return procedure;
 }
 

@@ -5,6 +5,7 @@
 //   -- column Name integer|decimal|text          one line a result column, in order
 //   -- column Name decimal running [within Column]   the body gives the cells that are added up
 //   -- column Name decimal product Column Column     the body gives NULL in its place
+//   -- criterion ...                          a search criterion, put into the body (see criteria.h)
 //   -- writes                                    changes derived figures; runs in a transaction
 //   -- native                                    there is no body: native_procedures.h has it, in C++
 //

@@ -5,6 +5,7 @@
 #include "company/embedded/decimal_cell.h"
 #include "company/embedded/decimal_functions.h"
 #include "company/embedded/negative_stock.h"
+#include "company/embedded/stock_figures.h"
 #include "company/embedded/text_functions.h"
 
 namespace goods {
@@ -122,6 +123,7 @@ Database::Database(const std::string& path, int flags) {
   RegisterDecimalFunctions(db_);
   RegisterTextFunctions(db_);
   RegisterNegativeStock(db_);
+  RegisterStockFigures(db_);
 }
 
 Database::Database(Database&& other) noexcept : db_(std::exchange(other.db_, nullptr)) {}

@@ -108,12 +108,19 @@ TEST_F(CompanyFileTest, ANewerCompanyIsRefused) {
 // What the first version of the schema lacked.
 constexpr char kMakeOlder[] =
     "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument;"
-    "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice; PRAGMA user_version = 1";
+    "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
+    "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
+    "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; PRAGMA user_version = 1";
 
 TEST_F(CompanyFileTest, AnOlderCompanyIsBroughtUpToDate) {
+  constexpr char kInStores[] =
+      "select Kala, Anbar, Mogodi, varede, sadere, OperationDate from GoodStoreStock";
+  const auto inStores = Ask(*OpenCompany(file_.Path())->OpenConnection(), kInStores);
   Database(file_.Path(), SQLITE_OPEN_READWRITE).Run(kMakeOlder);
   const std::unique_ptr<ICompany> company = OpenCompany(file_.Path());
   const std::unique_ptr<IConnection> connection = company->OpenConnection();
+  EXPECT_EQ(Ask(*connection, kInStores), inStores);
+  EXPECT_GT(inStores.size(), 50U);
   EXPECT_EQ(Ask(*connection, "select ConsumerPrice from GoodInf where Code = 12")[0][0], "0");
   EXPECT_FALSE(AskRows(*connection, "Exec Kardex_Proc 12").Count() == 0);
   Database db(file_.Path(), SQLITE_OPEN_READONLY);

@@ -228,7 +228,7 @@ SearchCriterion RandomCriterion(int kind, std::mt19937& random, bool exclude) {
     criterion = AmountCriterion(field, random);
   }
   if (!exclude) return criterion;
-  return {criterion.parameters + ",@Not" + name + "=1",
+  return {criterion.parameters + (kind < 4 ? ",@Not" : ",@NotRange") + name + "=1",
           [holds = criterion.holds](const FoundRow& row) { return !holds(row); }};
 }
 

@@ -131,11 +131,21 @@ TEST_F(SearchTest, NoTextGetsOutOfItsQuotes) {
   for (const char* statement :
        {"Exec srKardex; DROP TABLE Kardex", "Exec srKardex @FromCode=1 OR 1=1",
         "Exec srKardex @FromCode='1 OR 1=1'", "Exec srKardex @KalaName=Name", "Exec srKardex @Nobody=1",
-        "Exec srKardex @KalaName='a' 'b'", "Exec srKardex @NotCode='x'",
+        "Exec srKardex @KalaName='a' 'b'", "Exec srKardex @NotRangeCode='x'",
         "Exec srKardex_Negative '','','7',@Second='8'", "Exec srKardex @FromVarede=(SELECT 1)"}) {
     EXPECT_NE(Refusal(*connection_, statement), "") << statement;
   }
   EXPECT_EQ(Ask(*connection_, "Exec srKardex"), all);
+}
+
+TEST_F(SearchTest, AParameterThatIsGivenTwiceIsRefusedByItsName) {
+  Open(34);
+  EXPECT_NE(Refusal(*connection_, "Exec srKardex @FromCode=1,@NotRangeCode=1,@ToCode=3,@notrangecode=1")
+                .find("پارامتر «@NotRangeCode» دو بار آمده است"),
+            std::string::npos);
+  EXPECT_NE(Refusal(*connection_, "Exec srKardex_Negative '','','7',@Second='8'")
+                .find("پارامتر «@Second» دو بار آمده است"),
+            std::string::npos);
 }
 
 TEST_F(SearchTest, NegativeRowsAreTheOutgoingOnesThatLeaveLessThanNothingInTheirStore) {

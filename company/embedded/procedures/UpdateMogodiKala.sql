@@ -6,7 +6,7 @@ DELETE FROM GoodStock WHERE @GoodCode = 0 OR Kala = @GoodCode;
 
 INSERT INTO GoodStock(Kala, varede, sadere, Mogodi, Mogodi2, gheymat_miangin, Jam_Kol, OperationDate)
 SELECT t.Code, t.varede, t.sadere, dec_sub(t.varede, t.sadere),
-       ifnull(dec_trunc(dec_div(dec_sub(t.varede, t.sadere), nullif(t.Meghdar_Formool, 0))), 0),
+       ifnull(dec_whole(dec_sub(t.varede, t.sadere), nullif(t.Meghdar_Formool, 0)), 0),
        t.Miangin, dec_mul(dec_sub(t.varede, t.sadere), t.Miangin), t.LastDate
 FROM (SELECT g.Code, g.Meghdar_Formool,
              ifnull((SELECT dec_sum(max(k.Tedad, 0)) FROM Kardex k WHERE k.Kala = g.Code), 0) AS varede,

@@ -96,7 +96,7 @@ TEST_F(SearchFrames, AnAmountGoesToTheChosenField) {
   EXPECT_EQ(amount.Search.ProcParams(), "@FromSadere=1000,@ToSadere=2500.75");
   EXPECT_EQ(amount.Search.DataSetCondition(), "(Sadere >= 1000 AND Sadere <= 2500.75)");
   amount.RangeDigit_Reverst_CHK.SetChecked(true);
-  EXPECT_EQ(amount.Search.ProcParams(), "@FromSadere=1000,@ToSadere=2500.75,@NotSadere=1");
+  EXPECT_EQ(amount.Search.ProcParams(), "@FromSadere=1000,@ToSadere=2500.75,@NotRangeSadere=1");
 }
 
 TEST_F(SearchFrames, TimesAreHiddenUntilAskedForAndNeverPartOfTheCriterion) {

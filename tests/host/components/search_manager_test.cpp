@@ -47,6 +47,27 @@ TEST(Search, ARangeLeavesAnOpenEndOut) {
   EXPECT_EQ(search.ProcParams(), "@FromDate='1401/01/01',@ToDate='1401/12/29'");
   search.From = "";
   EXPECT_EQ(search.DataSetCondition(), "(Date <= '1401/12/29')");
+  search.Exclude = true;
+  EXPECT_EQ(search.DataSetCondition(), "NOT (Date <= '1401/12/29')");
+  EXPECT_EQ(search.ProcParams(), "@ToDate='1401/12/29',@NotRangeDate=1");
+}
+
+TEST(Search, AFieldByValueAndByRangeIsExcludedByParametersOfTwoNames) {
+  TQeratSearch value(nullptr, "Value");
+  TQeratSearch range(nullptr, "Range");
+  for (TQeratSearch* search : {&value, &range}) {
+    search->FieldName = "Code";
+    search->Kind = DataKind::Number;
+    search->Active = search->Exclude = true;
+  }
+  value.Value = "5";
+  range.Operator = SearchOperator::Range;
+  range.From = "1";
+  range.To = "9";
+  TQeratSearchManager manager(nullptr, "Manager");
+  manager.AddItem(value);
+  manager.AddItem(range);
+  EXPECT_EQ(manager.ProcFilter(), "@Code=5,@NotCode=1,@FromCode=1,@ToCode=9,@NotRangeCode=1");
 }
 
 TEST(Search, ATextCannotBreakOutOfItsQuotes) {
