@@ -4,8 +4,10 @@
 #include <utility>
 #include <variant>
 
+#include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
+#include "company/embedded/conditional_lines.h"
 #include "company/embedded/decimal_cell.h"
 #include "company/embedded/procedures.h"
 #include "company/embedded/statement_parser.h"
@@ -40,6 +42,17 @@ void CopyCells(sqlite3_stmt* statement, const std::vector<ColumnInfo>& columns, 
   }
 }
 
+PlainRows ReadStatement(Statement& statement, const std::vector<ColumnInfo>& columns) {
+  PlainRows rows;
+  rows.integers.resize(columns.size());
+  rows.decimals.resize(columns.size());
+  rows.texts.resize(columns.size());
+  for (; sqlite3_step(statement.Handle()) == SQLITE_ROW; ++rows.rows) {
+    CopyCells(statement.Handle(), columns, rows);
+  }
+  return rows;
+}
+
 }  // namespace
 
 std::map<std::string, double>& Best() {
@@ -58,17 +71,25 @@ Watch::~Watch() {
 PlainRows ReadBare(Database& db, std::string_view text) {
   const ParsedStatement parsed = ParseStatement(text);
   const ProcedureCall call = MatchProcedure(std::get<ExecStatement>(parsed), text);
-  Statement statement = db.Prepare(call.procedure->body);
+  Statement statement = db.Prepare(BodyOf(call));
   BindParameters(statement, call);
-  PlainRows rows;
-  const std::vector<ColumnInfo>& columns = call.procedure->columns;
-  rows.integers.resize(columns.size());
-  rows.decimals.resize(columns.size());
-  rows.texts.resize(columns.size());
-  for (; sqlite3_step(statement.Handle()) == SQLITE_ROW; ++rows.rows) {
-    CopyCells(statement.Handle(), columns, rows);
+  return ReadStatement(statement, call.procedure->columns);
+}
+
+PlainRows ReadSelect(Database& db, std::string_view select, const std::vector<ColumnInfo>& columns) {
+  Statement statement = db.Prepare(select);
+  return ReadStatement(statement, columns);
+}
+
+void ScanMovements(Database& db) {
+  Statement scan =
+      db.Prepare("SELECT Kala, Date, Radif, Anbar, Tedad FROM Kardex ORDER BY Kala, Date, Radif");
+  std::int64_t sum = 0;
+  while (scan.Step()) {
+    sum += scan.Integer(0) + scan.Integer(2) + scan.Integer(3) + scan.Integer(4) % 7;
+    benchmark::DoNotOptimize(scan.Text(1).data());
   }
-  return rows;
+  benchmark::DoNotOptimize(sum);
 }
 
 }  // namespace goods

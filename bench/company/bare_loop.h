@@ -11,6 +11,7 @@
 
 #include "company/embedded/sqlite.h"
 #include "host/data/decimal.h"
+#include "host/data/row_store.h"
 
 namespace goods {
 
@@ -42,5 +43,10 @@ struct PlainRows {
 
 // All rows of an EXEC statement whose procedure reads.
 PlainRows ReadBare(Database& db, std::string_view statement);
+// All rows of a SELECT with those columns.
+PlainRows ReadSelect(Database& db, std::string_view select, const std::vector<ColumnInfo>& columns);
+
+// One scan of the movements: good, date, row number, store and quantity of each.
+void ScanMovements(Database& db);
 
 }  // namespace goods
