@@ -1,10 +1,10 @@
--- What came in and went out in a period, by operation: quantities. One row a good with movements in the
--- period (or with a stock before it, where that is asked for) that meets the search, by code.
+-- What came in and went out in a period, by operation: quantities. One row a good that meets
+-- the search and has movements in the period or, where it is asked for, a stock before it; by code.
 -- @anbarcode narrows everything to one store and is Anbar in each row; 0 stands for every store. Which movement
 -- type falls into which column, and how the masks hide columns, is told in overall_turnover.cpp. Both directions
 -- are positive; Remained = sarjame_GhableDore + incoming - outgoing.
--- @FromDate and @ToDate are both included; '' and '0000/00/00', '9999/99/99' are open. sarjame_GhableDore
--- is the stock before @FromDate with @CalcBeforeDatePeriod 1, else 0.
+-- @FromDate and @ToDate are both included; an empty date, '0000/00/00' and '9999/99/99' are open.
+-- sarjame_GhableDore is the stock before @FromDate with @CalcBeforeDatePeriod 1, else 0.
 -- @KalaCode is the text of a code, @KalaName and @AbbName are parts of a text; @Reverst 1 asks for the goods that
 -- do not meet them (see good_movements.h).
 -- parameter @KalaCode text default ''
