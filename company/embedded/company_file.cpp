@@ -78,6 +78,8 @@ constexpr UpgradeStep kUpgradeSteps[] = {
      "INSERT INTO GoodStoreStock(Kala, Anbar, Mogodi, varede, sadere, OperationDate)"
      " SELECT Kala, Anbar, dec_sum(Tedad), dec_sum(max(Tedad, 0)), dec_sum(max(-Tedad, 0)), max(Date)"
      " FROM Kardex GROUP BY Kala, Anbar;"},
+    // Version 3 looked for a combination's movements through all of its good's.
+    {3, "CREATE INDEX DetailKardex_ByValue ON DetailKardex(DetailValueID, Anbar, Type, Amount1);"},
 };
 
 void Upgrade(Database& db, int version) {

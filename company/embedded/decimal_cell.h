@@ -54,6 +54,16 @@ inline Int128 ColumnUnits(sqlite3_stmt* statement, int column) {
   }
 }
 
+// The billionths as the result of a function, in the cell form.
+inline void ReturnUnits(sqlite3_context* context, Int128 units) {
+  if (FitsCell64(units)) {
+    sqlite3_result_int64(context, static_cast<std::int64_t>(units));
+  } else {
+    const WideCell cell = ToWideCell(units);
+    sqlite3_result_blob(context, cell.data(), static_cast<int>(cell.size()), SQLITE_TRANSIENT);
+  }
+}
+
 // The product of two numbers in billionths, as Decimal multiplies, with a short way for those of 64 bits.
 // Throws std::overflow_error.
 inline Int128 MultiplyUnits(Int128 a, Int128 b) {

@@ -37,15 +37,6 @@ bool AnyNull(int count, sqlite3_value** values) {
   return false;
 }
 
-void Return(sqlite3_context* context, Int128 units) {
-  if (FitsCell64(units)) {
-    sqlite3_result_int64(context, static_cast<std::int64_t>(units));
-  } else {
-    const WideCell cell = ToWideCell(units);
-    sqlite3_result_blob(context, cell.data(), static_cast<int>(cell.size()), SQLITE_TRANSIENT);
-  }
-}
-
 // Nothing may be thrown through SQLite.
 template <typename Body>
 void Guarded(sqlite3_context* context, Body body) {
@@ -92,13 +83,13 @@ Int128 WholeTimes(Int128 a, Int128 b) {
 template <Int128 (*operation)(Int128, Int128)>
 void Binary(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] { Return(context, operation(Units(values[0]), Units(values[1]))); });
+  Guarded(context, [&] { ReturnUnits(context, operation(Units(values[0]), Units(values[1]))); });
 }
 
 template <Int128 (*operation)(Int128)>
 void Unary(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] { Return(context, operation(Units(values[0]))); });
+  Guarded(context, [&] { ReturnUnits(context, operation(Units(values[0]))); });
 }
 
 Int128 Absolute(Int128 a) { return a < 0 ? Negate(a) : a; }
@@ -117,7 +108,7 @@ void OfWhole(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
   Guarded(context, [&] {
     if (sqlite3_value_type(values[0]) != SQLITE_INTEGER) throw BadCell();
-    Return(context, static_cast<Int128>(sqlite3_value_int64(values[0])) * Decimal::kOne);
+    ReturnUnits(context, static_cast<Int128>(sqlite3_value_int64(values[0])) * Decimal::kOne);
   });
 }
 
@@ -136,7 +127,7 @@ void FromText(sqlite3_context* context, int count, sqlite3_value** values) {
     const auto length = static_cast<std::size_t>(sqlite3_value_bytes(values[0]));
     const std::optional<Decimal> number = Decimal::Parse(std::string_view(text, length));
     if (!number) throw BadCell();
-    Return(context, number->Units());
+    ReturnUnits(context, number->Units());
   });
 }
 
@@ -187,7 +178,7 @@ void SumInverse(sqlite3_context* context, int count, sqlite3_value** values) {
 
 void RunningValue(sqlite3_context* context) {
   const Running* state = State(context, false);
-  if (state != nullptr && state->rows > 0) Return(context, state->Get());
+  if (state != nullptr && state->rows > 0) ReturnUnits(context, state->Get());
 }
 
 template <bool greatest>

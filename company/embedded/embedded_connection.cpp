@@ -5,6 +5,7 @@
 #include <utility>
 #include <variant>
 
+#include "company/embedded/conditional_lines.h"
 #include "company/embedded/native_procedures.h"
 #include "company/embedded/procedures.h"
 #include "company/embedded/row_reader.h"
@@ -74,7 +75,7 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
         RunNative(call, into, progress);
         return;
       }
-      prepared = reader_.Prepare(call.procedure->body);
+      prepared = reader_.Prepare(BodyOf(call));
       BindParameters(prepared, call);
       columns = call.procedure->columns;
       derived = call.procedure->derived;

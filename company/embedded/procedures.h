@@ -11,7 +11,8 @@
 //
 // A parameter without a default must be given. The body names parameters as they are declared; they are
 // bound, decimals as decimal cells. A procedure that writes may hold several statements and returns no rows;
-// another one holds a single SELECT.
+// another one holds a single SELECT, and may have lines that stand in some calls only (see
+// conditional_lines.h).
 #pragma once
 
 #include <functional>

@@ -4,6 +4,8 @@
 
 #include "company/embedded/decimal_cell.h"
 #include "company/embedded/decimal_functions.h"
+#include "company/embedded/detail_functions.h"
+#include "company/embedded/detail_mismatch.h"
 #include "company/embedded/negative_stock.h"
 #include "company/embedded/stock_figures.h"
 #include "company/embedded/text_functions.h"
@@ -122,7 +124,9 @@ Database::Database(const std::string& path, int flags) {
   sqlite3_busy_timeout(db_, 1000);
   RegisterDecimalFunctions(db_);
   RegisterTextFunctions(db_);
+  RegisterDetailFunctions(db_);
   RegisterNegativeStock(db_);
+  RegisterDetailMismatch(db_);
   RegisterStockFigures(db_);
 }
 

@@ -59,7 +59,7 @@ class Statement {
   sqlite3_stmt* statement_ = nullptr;
 };
 
-// A database handle with the decimal and Persian text functions and negative_stock registered.
+// A database handle with the functions and the table-valued functions of this folder registered.
 class Database {
  public:
   Database() = default;

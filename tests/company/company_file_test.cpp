@@ -107,7 +107,7 @@ TEST_F(CompanyFileTest, ANewerCompanyIsRefused) {
 
 // What the first version of the schema lacked.
 constexpr char kMakeOlder[] =
-    "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument;"
+    "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument; DROP INDEX DetailKardex_ByValue;"
     "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
     "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
     "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; PRAGMA user_version = 1";

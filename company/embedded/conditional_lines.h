@@ -1,0 +1,20 @@
+// Lines of a procedure's body that stand only in some calls, so that a criterion that is not given costs
+// nothing and one that is given can be met through an index:
+//
+//   ... -- when @Name [or @Other = 3]...                  stands when one of these holds
+//   ... -- unless @Name [or ...]                          stands when none holds
+//   ... -- when @Name [or ...] unless @Other [or ...]     stands when both do
+//
+// "@Name" holds when the parameter is not null, "@Name = 3" when it is that whole number.
+#pragma once
+
+#include <string>
+
+#include "company/embedded/procedures.h"
+
+namespace goods {
+
+// The body as it is run for the call. Throws std::logic_error when a condition is wrong.
+std::string BodyOf(const ProcedureCall& call);
+
+}  // namespace goods
