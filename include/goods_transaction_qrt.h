@@ -53,6 +53,14 @@ GOODS_EXPORT void Open_KardexSearch(void);
 GOODS_EXPORT void Open_KardexNegativ(const goods_char16* mode, const goods_char16* first,
                                      const goods_char16* second);
 
+/* The goods with their turnover and stock: softwarePart 501 in quantity, 502 in money; another part asks for the
+ * right and then does nothing. Needs permission 6 on that software part. */
+GOODS_EXPORT void Open_GarKala(int32_t softwarePart);
+
+/* Open_GarKala with 501, and with 502, after asking for the same permission themselves. */
+GOODS_EXPORT void Open_GoodAmountAsset(void);
+GOODS_EXPORT void Open_GoodCashAsset(void);
+
 /* Kept for hosts that call it; does nothing. */
 GOODS_EXPORT void Open_StoreExistance(void);
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/components/edit.h"
+#include "host/components/token_editor.h"
 
 namespace goods {
 
@@ -16,6 +17,9 @@ void TBaseSearch_FRM::Del_BTNClick() {}
 
 void TBaseSearch_FRM::FormKeyDown(TKey& key) {
   if (key.Is(Key::Enter)) {
+    // A name that is being typed among tokens is theirs to take.
+    auto* tokens = dynamic_cast<TTokenEditor*>(ActiveControl());
+    if (tokens != nullptr && !tokens->Text().empty()) return;
     key.Consume();
     FocusNext();
   } else if (key.Is(Key::F3)) {

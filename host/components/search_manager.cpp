@@ -47,7 +47,8 @@ bool HasArguments(std::string_view script) {
 
 std::string WithParameters(const std::string& script, const std::string& parameters) {
   if (parameters.empty()) return script;
-  return script + (HasArguments(script) ? "," : " ") + parameters;
+  if (HasArguments(script)) return script + "," + parameters;
+  return script + (script.ends_with(' ') ? "" : " ") + parameters;
 }
 
 }  // namespace

@@ -31,6 +31,8 @@ class TButton : public TControl {
 class TCheckBox : public TControl {
  public:
   using TControl::TControl;
+  // A caption that is not shown still gives the accelerator; a label beside the box says what it is for.
+  bool CaptionShown = true;
   bool TakesFocus() const override { return true; }
   bool Checked() const { return checked_; }
   // Fires OnClick when the state changes, whoever changes it.

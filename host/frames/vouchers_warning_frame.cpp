@@ -11,7 +11,10 @@ TDontSavedVouchers_Frame::TDontSavedVouchers_Frame(TComponent* owner, std::strin
   Warning = true;
   SetVisible(false);
   Refresh_BTN.OnClick = [this] {
-    if (TForm* form = Form()) CheckRefresh(form->Host().Documents());
+    TForm* form = Form();
+    if (form == nullptr) return;
+    CheckRefresh(form->Host().Documents());
+    if (!Visible() && OnChecked) OnChecked();
   };
   Place(Warning_LBL, 1);
   Place(Refresh_BTN);

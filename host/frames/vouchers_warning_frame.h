@@ -1,6 +1,7 @@
 // TDontSavedVouchers_Frame: the warning that vouchers made by the program wait for being saved.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "host/components/standard.h"
@@ -16,6 +17,8 @@ class TDontSavedVouchers_Frame : public TPanel {
 
   // Asks the host, and shows or hides the warning.
   void CheckRefresh(IDocuments& documents);
+  // The user asked again, and the vouchers have been saved meanwhile.
+  std::function<void()> OnChecked;
 
   TLabel Warning_LBL{this, "Warning_LBL",
                      "سندهای خودکار ثبت نشده وجود دارد؛ مبالغ این گزارش پس از ثبت آنها کامل می شود."};

@@ -1,6 +1,7 @@
 // The statements of turnover, stock and prices.
 #include "module/data/good_transactions_dm.h"
 #include "module/data/lookup.h"
+#include "module/data/price_history.h"
 
 namespace goods {
 namespace {
@@ -27,19 +28,9 @@ std::string AnyMovement(std::string_view good) {
   return "Select top 1 Code From Kardex Where Kala=" + std::string(good);
 }
 
-struct PriceHistoryKind {
-  int code;
-  std::string_view name;
-};
-
-constexpr PriceHistoryKind kPriceHistory[] = {
-    {1, "بيشترين قيمت خريد "}, {2, "کمترين قيمت خريد"},  {3, "آخرین قيمت خريد"},
-    {11, "بيشترين قيمت فروش"}, {12, "کمترين قيمت فروش"}, {13, "آخرین قيمت فروش"},
-};
-
 std::string PriceHistoryStatement() {
   std::string statement;
-  for (const auto& kind : kPriceHistory) {
+  for (const PriceHistoryKind& kind : PriceHistoryKinds()) {
     if (!statement.empty()) statement += "UNION ALL ";
     statement +=
         "select " + std::to_string(kind.code) + " AS Code, '" + std::string(kind.name) + "' As Name\r\n";
@@ -116,10 +107,14 @@ TADOQuery& TGoodTransactions_DM::CostLevelGet(CostLevelList list) {
   return CostLevel.Query;
 }
 
+void TGoodTransactions_DM::RialHistory_Fill() {
+  RialHistory.Query.SetSQL(PriceHistoryStatement());
+  RialHistory.Query.Open();
+}
+
 void TGoodTransactions_DM::RialHistory_Fill(TComboBox& combo) {
+  RialHistory_Fill();
   TADOQuery& query = RialHistory.Query;
-  query.SetSQL(PriceHistoryStatement());
-  query.Open();
   std::vector<TComboItem> items;
   for (std::size_t position = 0; position < query.RecordCount(); ++position) {
     query.MoveTo(position);

@@ -81,7 +81,8 @@ class TGoodTransactions_DM : public TComponent {
   void CallDefineRemainInStore(std::int64_t first, std::int64_t second);
   // Opens CostLevel and returns it.
   TADOQuery& CostLevelGet(CostLevelList list);
-  // Opens RialHistory and fills the combo from it.
+  // Opens RialHistory; the second form fills the combo from it.
+  void RialHistory_Fill();
   void RialHistory_Fill(TComboBox& combo);
 
   // Lookups (data_lookups.cpp)

@@ -7,14 +7,17 @@
 #include "host/core/text.h"
 #include "host/services/host.h"
 #include "module/reports/stockcard/kardex.h"
+#include "module/reports/turnover/good_transaction.h"
 
 namespace goods {
 
 struct ModuleState {
   THost* host = nullptr;
-  int callsInside = 0;                      // exports that have not returned yet
-  std::unique_ptr<TKardex_FRM> goodKardex;  // Open_GoodKardex
-  std::unique_ptr<TKardex_FRM> kardex;      // Open_Kardex
+  int callsInside = 0;                                // exports that have not returned yet
+  std::unique_ptr<TKardex_FRM> goodKardex;            // Open_GoodKardex
+  std::unique_ptr<TKardex_FRM> kardex;                // Open_Kardex
+  std::unique_ptr<TGoodTransaction_FRM> amountAsset;  // Open_GarKala(501)
+  std::unique_ptr<TGoodTransaction_FRM> cashAsset;    // Open_GarKala(502)
 };
 
 ModuleState& State();
@@ -25,6 +28,27 @@ inline constexpr int kFormMode = 1;
 // A text argument; null is the empty text.
 inline std::string ArgumentText(const char16_t* text) {
   return text == nullptr ? std::string() : FromUtf16(text);
+}
+
+// Whether the user may open the report of that software part.
+inline bool MayOpenReport(THost& host, int softwarePart) {
+  IRights& rights = host.Rights();
+  return rights.HavePermission(rights.UserInfo(), softwarePart, kPermissionOpenReport, true, true, "");
+}
+
+// Makes a kept window the first time and hands it the parameter; false, after telling the user, while it is
+// being shown.
+template <typename Window>
+bool PrepareKeptWindow(THost& host, std::unique_ptr<Window>& window, const std::string& parameter,
+                       std::string_view alreadyShown) {
+  if (window == nullptr) {
+    window = std::make_unique<Window>(host, kFormMode, Variant(parameter), "");
+  } else if (window->Showing()) {
+    host.Messages().ShowSmartMessage(alreadyShown, "", MessageIcon::Information);
+    return false;
+  }
+  window->SetCustomParameter(Variant(parameter), "");
+  return true;
 }
 
 // The boundary of every export: without a host nothing happens; what escapes goes to the host's messages.

@@ -8,18 +8,13 @@
 namespace goods {
 namespace {
 
-bool MayOpen(THost& host) {
-  IRights& rights = host.Rights();
-  return rights.HavePermission(rights.UserInfo(), kPartStockCardSearch, kPermissionOpenReport, true, true,
-                               "");
-}
-
 void OpenKardexSearch(THost& host) {
-  if (MayOpen(host)) TKardexSearch_FRM(host, kFormMode, "").ShowModal();
+  if (MayOpenReport(host, kPartStockCardSearch)) TKardexSearch_FRM(host, kFormMode, "").ShowModal();
 }
 
 void OpenKardexNegativ(THost& host, const std::string& parameter) {
-  if (MayOpen(host)) TKardexSearch_FRM(host, kFormMode, Variant(parameter), "").ShowModal();
+  if (MayOpenReport(host, kPartStockCardSearch))
+    TKardexSearch_FRM(host, kFormMode, Variant(parameter), "").ShowModal();
 }
 
 }  // namespace

@@ -16,25 +16,10 @@ std::string Parameter(int mode, std::int32_t good, std::int32_t store, const std
          to + ";";
 }
 
-// Makes the window the first time and hands it the parameter; false, after telling the user, while it is
-// being shown.
-bool PrepareKeptWindow(THost& host, std::unique_ptr<TKardex_FRM>& window, const std::string& parameter) {
-  if (window == nullptr) {
-    window = std::make_unique<TKardex_FRM>(host, kFormMode, Variant(parameter), "");
-  } else if (window->Showing()) {
-    host.Messages().ShowSmartMessage(kAlreadyShown, "", MessageIcon::Information);
-    return false;
-  }
-  window->SetCustomParameter(Variant(parameter), "");
-  return true;
-}
-
 void OpenGoodKardex(THost& host) {
-  IRights& rights = host.Rights();
-  if (!rights.HavePermission(rights.UserInfo(), kPartStockCard, kPermissionOpenReport, true, true, ""))
-    return;
+  if (!MayOpenReport(host, kPartStockCard)) return;
   auto& window = State().goodKardex;
-  if (PrepareKeptWindow(host, window, Parameter(1, 0, 0, "", ""))) window->ShowModal();
+  if (PrepareKeptWindow(host, window, Parameter(1, 0, 0, "", ""), kAlreadyShown)) window->ShowModal();
 }
 
 void OpenKardex(THost& host, std::int32_t good, std::int32_t store, const std::string& from,
@@ -43,7 +28,7 @@ void OpenKardex(THost& host, std::int32_t good, std::int32_t store, const std::s
   auto& window = State().kardex;
   try {
     // While the window is shown already the indicator stays up on purpose.
-    if (!PrepareKeptWindow(host, window, Parameter(0, good, store, from, to))) return;
+    if (!PrepareKeptWindow(host, window, Parameter(0, good, store, from, to), kAlreadyShown)) return;
   } catch (...) {
     host.Waiting().HideWaitting(nullptr, 0);
     throw;

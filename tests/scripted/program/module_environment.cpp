@@ -8,6 +8,7 @@
 #include "include/goods_transaction_qrt.h"
 #include "module/reports/stockcard/kardex.h"
 #include "module/reports/stockcard/kardex_search.h"
+#include "module/reports/turnover/good_transaction.h"
 
 namespace goods {
 namespace {
@@ -64,6 +65,13 @@ void CallKardexNegativ(const std::vector<Word>& words) {
   Open_KardexNegativ(mode.c_str(), first.c_str(), second.c_str());
 }
 
+void CallGarKala(const std::vector<Word>& words) {
+  ArgumentReader arguments(words);
+  const std::int32_t softwarePart = arguments.Integer();
+  arguments.End();
+  Open_GarKala(softwarePart);
+}
+
 template <void (*Export)()>
 void CallPlain(const std::vector<Word>& words) {
   ArgumentReader(words).End();
@@ -71,8 +79,8 @@ void CallPlain(const std::vector<Word>& words) {
 }
 
 template <typename Window>
-std::unique_ptr<TForm> Make(THost& host, Variant parameter) {
-  return std::make_unique<Window>(host, 1, std::move(parameter), "");
+std::unique_ptr<TForm> Make(THost& host, int formMode, Variant parameter) {
+  return std::make_unique<Window>(host, formMode, std::move(parameter), "");
 }
 
 }  // namespace
@@ -84,13 +92,19 @@ CaseEnvironment ModuleEnvironment() {
   };
   environment.detach = [] { return Goods_DetachHost() == 1; };
   environment.exports = {
-      {"Open_GoodKardex", CallPlain<Open_GoodKardex>},         {"Open_Kardex", CallKardex},
-      {"Open_KardexSearch", CallPlain<Open_KardexSearch>},     {"Open_KardexNegativ", CallKardexNegativ},
+      {"Open_GoodKardex", CallPlain<Open_GoodKardex>},
+      {"Open_Kardex", CallKardex},
+      {"Open_KardexSearch", CallPlain<Open_KardexSearch>},
+      {"Open_KardexNegativ", CallKardexNegativ},
       {"Open_StoreExistance", CallPlain<Open_StoreExistance>},
+      {"Open_GarKala", CallGarKala},
+      {"Open_GoodAmountAsset", CallPlain<Open_GoodAmountAsset>},
+      {"Open_GoodCashAsset", CallPlain<Open_GoodCashAsset>},
   };
   environment.windows = {
       {"TKardex_FRM", Make<TKardex_FRM>},
       {"TKardexSearch_FRM", Make<TKardexSearch_FRM>},
+      {"TGoodTransaction_FRM", Make<TGoodTransaction_FRM>},
   };
   return environment;
 }

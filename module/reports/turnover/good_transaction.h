@@ -1,0 +1,146 @@
+// TGoodTransaction_FRM: the goods with their turnover and stock, in quantity and in money.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/base/base_dock.h"
+#include "host/components/search_manager.h"
+#include "host/components/tabs.h"
+#include "host/frames/adv_search_frame.h"
+#include "host/frames/general_search_frame.h"
+#include "host/frames/tags_frame.h"
+#include "host/frames/vouchers_warning_frame.h"
+#include "module/data/good_transactions_dm.h"
+#include "module/framework/delayed_search.h"
+#include "module/reports/pricing/price_basis_panel.h"
+#include "module/reports/stockcard/kardex.h"
+#include "module/reports/turnover/good_transaction_search.h"
+
+namespace goods {
+
+// The window stands among others, or lets the user choose a good: it closes with kModalOk on the chosen row.
+inline constexpr int kFormModeChoose = 5;
+
+// Custom parameter: 0 the report kind, 501 quantities or 502 quantities with money, which is also the
+// software part whose rights are asked for. The list is read once while the window is being shown, and again
+// at each change of group, tab or criteria.
+class TGoodTransaction_FRM : public TBaseDock_FRM {
+ public:
+  TGoodTransaction_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
+  ~TGoodTransaction_FRM() override;
+
+  int ReportKind() const { return reportKind_; }
+  // Whether the user holds the amount right (5021 of 502); asked for the money variant while it is shown.
+  bool AmountRights() const { return amountRights_; }
+  // The good of the current row; 0 without one.
+  std::int64_t CurrentGood() const;
+
+  // The two refresh flags: whether a refresh shows the waiting indicator, and whether the list refreshes
+  // itself when the host's vouchers have been saved.
+  void SetIsShowWaitting(bool show) { showWaitting_ = show; }
+  void SetAutomaticRefresh(bool allowed) { automaticRefresh_ = allowed; }
+  void RefreshList();
+  // What hangs under the list grid that is shown.
+  TADOQuery& ListDataSet() { return dataModule_.GoodTransaction.Query; }
+
+  void FormCreate() override;
+  void FormShow() override;
+  void FormClose() override;
+  void FormKeyDown(TKey& key) override;
+  void WindowMessage(int code) override;
+  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
+
+  void QeratSearchManager1CustomFilter_Proc(std::string& parameters);
+  void QeratSearchManager1AfterExecute_PROC();
+  void ADVSearch_Fram1ADVSearch_BTNClick();
+  void ADVSearch_Fram1ADVSearch_CHKClick();
+  void Kala_TBCChange();
+  void GoodGroup_DBGRowChange();
+  void SearchGroup_EDTChange();
+  void Stock_CHKClick();
+  void PriceBasisChosen();
+  void Tags_btnClick();
+  void GoodTransactionRowChange();
+  void GoodTransactin_List_GRDDrawColumnCell(std::size_t position, const TGridColumn& column,
+                                             TCellStyle& style) const;
+  void Gar_BTNClick();
+  void DetailList_BTNClick();
+  void Select_BTNClick();
+
+ private:
+  TGoodTransactions_DM dataModule_;
+
+ public:
+  TPanel Criteria_PNL{this, "Criteria_PNL", Flow::Row};
+  TGeneral_Search_Frame GeneralSearch_FRAME{this, "GeneralSearch_FRAME", "&جستجو :"};
+  TADVSearch_Fram ADVSearch_Fram1{this, "ADVSearch_Fram1"};
+  TButton Tags_btn{this, "Tags_btn", "&برچسب ها"};
+  TPriceBasisPanel pnlReport_PNL;
+  TDontSavedVouchers_Frame DontSavedVouchers_FRAME{this, "DontSavedVouchers_FRAME", "3"};
+  TPanel Body_PNL{this, "Body_PNL", Flow::Row};
+  TPanel Groups_PNL{this, "Groups_PNL"};
+  TEdit SearchGroup_EDT{this, "SearchGroup_EDT"};
+  TSmartDBGrid_QRT GoodGroup_DBG{this, "GoodGroup_DBG"};
+  TPanel List_PNL{this, "List_PNL"};
+  TTabControl Kala_TBC{this, "Kala_TBC"};
+  TSmartDBGrid_QRT GoodTransactin_List_GRD{this, "GoodTransactin_List_GRD"};
+  TSmartDBGrid_QRT GoodTransactinDetail_List_GRD{this, "GoodTransactinDetail_List_GRD"};
+  TPanel Tags_pnl{this, "Tags_pnl"};
+  TTags TTags1;
+  TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
+  TButton Gar_BTN{this, "Gar_BTN", "گردش کالا F2"};
+  TButton PrintList_BTN{this, "PrintList_BTN", "پیش نمایش ليست F9"};
+  TButton DetailList_BTN{this, "DetailList_BTN", "جزئیات موجود Ctrl+F2"};
+  TButton Select_BTN{this, "Select_BTN", "انتخاب Enter"};
+  TButton EXit_BTN{this, "EXit_BTN", "خروج Esc"};
+  TQeratSearchManager QeratSearchManager1{this, "QeratSearchManager1"};
+
+ protected:
+  void OnCustomParameter(const CustomParameter& parameter) override;
+
+ private:
+  // What the list keeps of the dialog after each showing.
+  struct KeptCriteria {
+    bool storeInUse = false;
+    std::int64_t store = 0;
+    bool dateInUse = false;
+    std::string from;
+    std::string to;
+    std::string parameters;
+  };
+
+  void DeclareForm();
+  void DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndPart);
+
+  bool IsMoney() const { return reportKind_ == kPartCashAsset; }
+  bool HaveRight(int softwarePart, int permission, bool showMessage) const;
+  TSmartDBGrid_QRT& ShownGrid();
+  std::vector<TSmartDBGrid_QRT*> BothGrids();
+  void Open();
+  void ApplyColumnSet();
+  void ApplyFooterRights();
+  void ApplySecondUnitItem(bool secondUnit);
+  void ShowPriceColumns();
+  void NamePriceColumns();
+  void PrepareDialog();
+  void KeepCriteria();
+  bool AdvSearchOn() const { return ADVSearch_Fram1.ADVSearch_CHK.Checked(); }
+  void RunList();
+  void ShowTags(const std::string& field, const std::string& codes);
+  void ShowStockCard(std::int64_t good);
+
+  int reportKind_ = kPartAmountAsset;
+  bool formShowing_ = false;  // during FormShow and FormClose: changes of the controls run nothing
+  bool showWaitting_ = false;
+  bool automaticRefresh_ = true;
+  bool amountRights_ = false;
+  bool stockValues_ = false;  // permission 24 of part 502
+  KeptCriteria kept_;
+  std::unique_ptr<TGoodTransactionSearch_FRM> search_;
+  std::unique_ptr<TKardex_FRM> kardex_;
+  DelayedSearch delayedSearch_;
+};
+
+}  // namespace goods

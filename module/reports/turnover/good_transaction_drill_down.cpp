@@ -1,0 +1,134 @@
+// What the turnover list opens: its criteria dialog, the tags of its rows, the stock card, the good's
+// details.
+#include "module/framework/program_change.h"
+#include "module/framework/texts.h"
+#include "module/reports/turnover/good_transaction.h"
+
+namespace goods {
+namespace {
+
+constexpr std::string_view kPersianLayout = "00000429";
+constexpr std::string_view kNoTags = ",,";
+
+}  // namespace
+
+// Created with the window's first reading, so that a preselected list counts from the start.
+void TGoodTransaction_FRM::PrepareDialog() {
+  if (search_ == nullptr) {
+    search_ = std::make_unique<TGoodTransactionSearch_FRM>(Host(), dataModule_, reportKind_);
+    const bool mayChoose = search_->HaveSelectedListPermission();
+    ADVSearch_Fram1.ADVSearch_CHK.SetEnabled(mayChoose);
+    ADVSearch_Fram1.ADVSearch_LBL.SetEnabled(mayChoose);
+    search_->SetUp(QeratSearchManager1.Script, &dataModule_.GoodTransaction.Source);
+  }
+  if (pnlReport_PNL.InUse()) search_->NamePriceRange("في (" + pnlReport_PNL.Report_CMB.Text() + ")");
+}
+
+void TGoodTransaction_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
+  PrepareDialog();
+  search_->SetGeneralFilter(QeratSearchManager1.ProcFilter());
+  const bool accepted = !formShowing_ && search_->ShowModal() == kModalOk;
+  KeepCriteria();
+  if (!accepted) return;
+  TCheckBox& box = ADVSearch_Fram1.ADVSearch_CHK;
+  {
+    const ProgramChange change(box);
+    box.SetChecked(search_->HaveAdvFilter() || !box.Enabled());
+  }
+  ADVSearch_Fram1ADVSearch_CHKClick();
+}
+
+void TGoodTransaction_FRM::ADVSearch_Fram1ADVSearch_CHKClick() {
+  if (ADVSearch_Fram1.ADVSearch_CHK.Tag == 0) RunList();
+}
+
+void TGoodTransaction_FRM::KeepCriteria() {
+  const TSelectEntity_Search_Frame& store = search_->Store_Frame;
+  const TPeriodPanel& period = search_->Period_PNL;
+  kept_.storeInUse = store.SelectEntity_CHK.Checked();
+  kept_.store = store.CodeAsInt();
+  kept_.dateInUse = period.InUse();
+  kept_.from = period.Date1_EDT.Text();
+  kept_.to = period.Date2_EDT.Text();
+  kept_.parameters = search_->FilterText();
+}
+
+void TGoodTransaction_FRM::Tags_btnClick() {
+  const TADOQuery& list = ListDataSet();
+  if (list.IsEmpty()) return;
+  Tags_pnl.SetVisible(!Tags_pnl.Visible());
+  if (!Tags_pnl.Visible()) return;
+  TTags1.OpenTags(Host().Lookups());
+  std::string codes;
+  const auto code = list.FindField("Code");
+  const std::set<std::size_t>& selection = ShownGrid().Selection();
+  if (selection.size() > 1 && code) {
+    TTags1.Tags_EDT.Clear();
+    for (const std::size_t position : selection) {
+      codes += (codes.empty() ? "" : ",") + list.Cell(position, *code).AsText();
+    }
+  } else {
+    TTags1.Tags_EDT.SetCodes(TagCodesOf(list.FieldByName("Tags").AsText()));
+  }
+  ShowTags(TTags1.KeyField, codes.empty() ? "-1" : codes);
+  TTags1.Tags_EDT.SetReadOnly(true);
+}
+
+void TGoodTransaction_FRM::ShowTags(const std::string& field, const std::string& codes) {
+  TADOQuery& tags = TTags1.Tags_QRY;
+  tags.SetSQL("select " + TTags1.KeyField + ",tags from " + TTags1.TableName + " where " + field + " in(" +
+              codes + ")");
+  tags.Open();
+  TTags1.LoadTags();
+  TTags1.Rearrange();
+}
+
+void TGoodTransaction_FRM::GoodTransactionRowChange() {
+  if (formShowing_ || !Tags_pnl.Visible() || !ListDataSet().RecNo()) return;
+  ShowTags("code", std::to_string(CurrentGood()));
+}
+
+void TGoodTransaction_FRM::Gar_BTNClick() {
+  if (!ListDataSet().RecNo()) return;
+  if (!HaveRight(reportKind_, kPermissionStockCardFromList, true)) return;
+  if (!HaveRight(kPartStockCard, kPermissionOpenReport, true)) return;
+  const std::int64_t good = CurrentGood();
+  if (!dataModule_.ExistGoodTransaction(std::to_string(good))) {
+    Host().Messages().MsgWithoutGardesh("کالا");
+    return;
+  }
+  Host().Rights().SetUserEvent(reportKind_, kPermissionStockCardFromList, good);
+  ShowStockCard(good);
+}
+
+// The stock card starts with the store and the period that the list is limited to.
+void TGoodTransaction_FRM::ShowStockCard(std::int64_t good) {
+  const std::int64_t store = AdvSearchOn() && kept_.storeInUse ? kept_.store : 0;
+  const bool dates = AdvSearchOn() && kept_.dateInUse;
+  const std::string parameter = "0;" + std::to_string(good) + ";" + std::to_string(store) + ";" +
+                                (dates ? kept_.from : "") + ";" + (dates ? kept_.to : "") + ";";
+  {
+    const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
+    if (kardex_ == nullptr) kardex_ = std::make_unique<TKardex_FRM>(Host(), 1, Variant(parameter), "");
+    kardex_->SetCustomParameter(Variant(parameter), "");
+  }
+  kardex_->ShowModal();
+  Host().Windows().ActivateKeyboardLayout(kPersianLayout);
+}
+
+void TGoodTransaction_FRM::DetailList_BTNClick() {
+  if (!ListDataSet().RecNo() || search_ == nullptr) return;
+  if (!HaveRight(kPartGoodDetail, kPermissionOpenReport, true)) return;
+  const TPeriodPanel& period = search_->Period_PNL;
+  const bool on = AdvSearchOn();
+  const bool storeGiven = on && search_->Store_Frame.InUse() && search_->Store_Frame.CodeAsInt() > 0;
+  const std::string tags = search_->TTags_search_FRM1.Tags();
+  const std::vector<std::string> categories = search_->TCategorySearchFrame1.Values();
+  const bool categoryGiven = on && !categories.empty();
+  Host().Documents().Call_GoodDetailTransactions(
+      CurrentGood(), storeGiven, storeGiven ? search_->Store_Frame.CodeAsInt() : 0, period.InUse(),
+      period.Date1_EDT.Text(), period.Date2_EDT.Text(), on && tags != kNoTags, tags, categoryGiven,
+      categoryGiven ? categories.back() : std::string());
+}
+
+}  // namespace goods

@@ -1,0 +1,107 @@
+// The turnover list's component tree.
+#include "module/reports/turnover/good_transaction.h"
+
+namespace goods {
+namespace {
+
+constexpr int kGroupsWidth = 210;
+constexpr int kTagWidth = 26;
+
+}  // namespace
+
+void TGoodTransaction_FRM::DeclareForm() {
+  PreferredWidth = 1360;
+  PreferredHeight = 760;
+  Maximised = true;
+
+  GeneralSearch_FRAME.SetItems({{"کد کالا", "Code", DataKind::Number},
+                                {"نام کالا", "name", DataKind::Text},
+                                {"وارده", "Varede", DataKind::Amount},
+                                {"صادره", "Sadere", DataKind::Amount},
+                                {"موجودی", "Mogodi", DataKind::Amount},
+                                {"واحد1", "UnitName1", DataKind::Text},
+                                {"بارکد 1", "Abbname", DataKind::Text}});
+  GeneralSearch_FRAME.GeneralSearch_CMB.SetItemIndex(1);
+  Tags_btn.SetHint("برچسب های کالای جاری");
+  Criteria_PNL.Place(GeneralSearch_FRAME, 1);
+  Criteria_PNL.Place(ADVSearch_Fram1);
+  Criteria_PNL.Place(Tags_btn);
+
+  SearchGroup_EDT.SetPlaceholder("جستجو ... (Ctrl + F11)");
+  SearchGroup_EDT.SetAccessibleName("جستجوی گروه کالا");
+  GoodGroup_DBG.SetAccessibleName("گروه های کالا");
+  GoodGroup_DBG.ShowFooter = false;
+  GoodGroup_DBG.MultiSelect = false;
+  GoodGroup_DBG.AddColumn("Name", "نام گروه").SetAutoFit(true);
+  Groups_PNL.SetWidth(kGroupsWidth);
+  Groups_PNL.Place(SearchGroup_EDT);
+  Groups_PNL.Place(GoodGroup_DBG, 1);
+
+  Kala_TBC.SetAccessibleName("نوع کالاها");
+  Kala_TBC.SetTabs({" کالاهای موجود ", " کالاهای کسری ", " کالاهای بدون گردش ", " کالاهای موجودی صفر ",
+                    " کالاهای زیر سقف ", " کلیه کالا ها "});
+  Kala_TBC.SetTabIndex(5);
+  Tags_pnl.Framed = true;
+  Tags_pnl.SetVisible(false);
+  Tags_pnl.Place(TTags1);
+  DeclareColumns(GoodTransactin_List_GRD, false);
+  DeclareColumns(GoodTransactinDetail_List_GRD, true);
+  GoodTransactinDetail_List_GRD.SetVisible(false);
+  List_PNL.Place(Kala_TBC);
+  List_PNL.Place(GoodTransactin_List_GRD, 1);
+  List_PNL.Place(GoodTransactinDetail_List_GRD, 1);
+  List_PNL.Place(Tags_pnl);
+
+  Body_PNL.Splitter = true;
+  Body_PNL.Place(Groups_PNL);
+  Body_PNL.Place(List_PNL, 1);
+  for (TButton* button : {&Select_BTN, &Gar_BTN, &DetailList_BTN, &PrintList_BTN, &EXit_BTN}) {
+    Buttons_PNL.Place(*button);
+  }
+
+  Place(Criteria_PNL);
+  Place(pnlReport_PNL);
+  Place(DontSavedVouchers_FRAME);
+  Place(Body_PNL, 1);
+  Place(Buttons_PNL);
+}
+
+// The list with whole and part quantities shows the same columns in another order, and the part between.
+void TGoodTransaction_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndPart) {
+  grid.SetAccessibleName("فهرست کالاها");
+  const auto text = [&](const char* field, const char* caption, int width) -> TGridColumn& {
+    return grid.AddColumn(field, caption).SetWidth(width);
+  };
+  const auto number = [&](const char* field, const char* caption, std::string_view format,
+                          int width) -> TGridColumn& {
+    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
+  };
+
+  text("Code", "کد", 70);
+  text("AbbName", wholeAndPart ? "بارکد " : "بارکد", 110).SetVisible(wholeAndPart);
+  text("Name", "نام کالا", 220).SetAutoFit(true);
+  text("OperationDate", "تاریخ آخرین عملیات", 120);
+  number("gheymat_miangin", "فی (قیمت میانگین)", kAmountFormat, 128);
+  number("Stock", "فی", kAmountFormat, 170);
+  number("varede", "وارده", kQuantityFormat, 110).SetFooter(FooterKind::Sum);
+  number("sadere", "صادره", kQuantityFormat, 110).SetFooter(FooterKind::Sum);
+  const auto secondUnit = [&] {
+    number("Mogodi2", wholeAndPart ? "موجودی کل" : "موجودی 2", kQuantityFormat, 104)
+        .SetFooter(FooterKind::Sum);
+    text("UnitName2", wholeAndPart ? "واحد کل" : "واحد 2", 80);
+  };
+  if (wholeAndPart) {
+    secondUnit();
+    number("Joz", "مقدار جزء", kQuantityFormat, 96).SetFooter(FooterKind::Sum);
+  }
+  number("Mogodi", "موجودی 1", kQuantityFormat, 110).SetFooter(FooterKind::Sum);
+  text("UnitName1", wholeAndPart ? "واحد جزء" : "واحد 1", 80);
+  if (!wholeAndPart) secondUnit();
+  number("Jam_Kol", "مبلغ کل", kAmountFormat, 150);
+  number("SumStock", "مبلغ کل", kAmountFormat, 150);
+  text("t1", "", kTagWidth);
+  text("t2", "", kTagWidth);
+  text("t3", "", kTagWidth).SetCustomizable(false);
+}
+
+}  // namespace goods
