@@ -1,5 +1,7 @@
 #include "module/framework/delayed_search.h"
 
+#include <utility>
+
 namespace goods {
 
 void DelayedSearch::Typed(int message) {
@@ -19,7 +21,8 @@ bool DelayedSearch::Handle(int message, TEdit* edit) {
   waiting_ = true;
   IWindows& windows = window_.Host().Windows();
   try {
-    windows.ProcessMessages([&] { return Ended() || windows.TickCount() - lastKey_ >= kQuietTime; });
+    windows.ProcessMessages(
+        [&] { return Ended() || hurried_ || windows.TickCount() - lastKey_ >= kQuietTime; });
   } catch (...) {
     waiting_ = false;
     throw;
@@ -27,9 +30,11 @@ bool DelayedSearch::Handle(int message, TEdit* edit) {
   waiting_ = false;
   if (Ended()) return true;
   pending_ = false;
+  const bool hurried = std::exchange(hurried_, false);
   const int caret = edit == nullptr ? 0 : edit->Caret();
   run_();
   if (edit != nullptr) edit->SetCaret(caret);
+  if (hurried && OnHurried) OnHurried();
   return true;
 }
 

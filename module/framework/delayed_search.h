@@ -32,8 +32,11 @@ class DelayedSearch {
   bool Handle(int message, TEdit* edit);
   // Whether typed text still waits for its run.
   bool Pending() const { return pending_; }
+  // Ends the wait with a run at once; OnHurried is called when it has been made.
+  void Hurry() { hurried_ = pending_; }
+  std::function<void()> OnHurried;
   // Ends the wait without a run; closing the window does so too.
-  void Cancel() { pending_ = false; }
+  void Cancel() { pending_ = hurried_ = false; }
 
  private:
   bool Ended() const;
@@ -42,6 +45,7 @@ class DelayedSearch {
   std::function<void()> run_;
   std::uint64_t lastKey_ = 0;
   bool pending_ = false;
+  bool hurried_ = false;
   bool waiting_ = false;
 };
 

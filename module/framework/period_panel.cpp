@@ -60,6 +60,23 @@ void TPeriodPanel::Clear() {
   Date2_EDT.Clear();
 }
 
+void TPeriodPanel::CaptionOnLabel(std::string caption) {
+  SelectEntity_Reverst_LBL.SetCaption(std::move(caption));
+  SelectEntity_Reverst_LBL.FocusControl = &AvalDore_CHK;
+  SelectEntity_Reverst_LBL.SetVisible(true);
+  AvalDore_CHK.SetCaption("");
+  AvalDore_CHK.CaptionShown = false;
+  AvalDore_CHK.SetAccessibleName(SelectEntity_Reverst_LBL.AccessibleName());
+}
+
+std::string TPeriodPanel::FarsiText() const {
+  if (!InUse()) return {};
+  std::string text;
+  if (const auto from = FromDate()) text = "از تاریخ " + *from;
+  if (const auto to = ToDate()) text += (text.empty() ? "تا تاریخ " : " تا تاریخ ") + *to;
+  return text;
+}
+
 void TPeriodPanel::Date_CHKClick() {
   const bool inUse = Date_CHK.Checked();
   Date1_EDT.SetEnabled(inUse);

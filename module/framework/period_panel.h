@@ -26,6 +26,10 @@ class TPeriodPanel : public TPanel {
   // Ticked, and the period in use.
   bool CountsBefore() const { return AvalDore_CHK.Enabled() && AvalDore_CHK.Checked(); }
   void Clear();
+  // AvalDore_CHK says nothing itself; a label beside it carries the caption and clicks the box.
+  void CaptionOnLabel(std::string caption);
+  // The given dates in Persian, as they stand above a printed list; empty while the period is not in use.
+  std::string FarsiText() const;
 
   // After the panel's own handling of the boxes, and when the from-date loses the focus.
   std::function<void()> OnDateClick;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "module/framework/document_opening.h"
+#include "module/framework/good_header_panel.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -112,10 +113,7 @@ void TKardex_FRM::ApplyParameter() {
 
 void TKardex_FRM::ApplySettings() {
   const TSettings& settings = Host().Settings().Settings();
-  Unit_Cap_LBL.SetCaption(settings.SecondUnitIsLarger ? "واحد جزء :" : "واحد :");
-  Unit2_Cap_LBL.SetCaption(settings.SecondUnitIsLarger ? "واحد کل :" : "واحد 2 :");
-  Unit2_Cap_LBL.SetVisible(settings.SecondUnit);
-  Unit2_LBL.SetVisible(settings.SecondUnit);
+  ApplyUnitCaptions(settings, Unit_Cap_LBL, Unit2_Cap_LBL, Unit2_LBL);
   Kardex_GRD.FindColumn("Meghdar2")->SetVisible(settings.SecondUnit).SetCustomizable(settings.SecondUnit);
 }
 

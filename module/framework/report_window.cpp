@@ -1,0 +1,36 @@
+#include "module/framework/report_window.h"
+
+#include "host/components/edit.h"
+#include "host/core/text.h"
+
+namespace goods {
+namespace {
+
+constexpr std::string_view kPrintWarning =
+    " بدلیل تعدد ستون داده ها، این امکان وجود دارد که اطلاعات در هنگام چاپ، فضای کافی در اختیار نداشته باشند، لذا پیشنهاد می شود ستون هایی از داده را که به آن ها نیاز نمی باشد،  از حالت انتخاب خارج کنید.";
+
+}  // namespace
+
+void AcceptTyping(TForm& window) {
+  if (auto* edit = dynamic_cast<TEdit*>(window.ActiveControl())) edit->Accept();
+}
+
+void Press(TKey& key, TButton& button) {
+  key.Consume();
+  button.Click();
+}
+
+std::string GeneralSearchParam(const TGeneral_Search_Frame& search,
+                               std::span<const std::string_view> parameters) {
+  const std::string& value = search.GeneralSearch_EDT.Text();
+  const int item = search.GeneralSearch_CMB.ItemIndex();
+  const bool named = item >= 0 && static_cast<std::size_t>(item) < parameters.size();
+  if (value.empty() || !search.GeneralSearch_CHK.Checked() || !named) return {};
+  return std::string(parameters[static_cast<std::size_t>(item)]) + "=" + QuotedStr(value);
+}
+
+void ShowPrintWarning(THost& host, const TControl& button, int width) {
+  host.Messages().ShowTooltipMessage(button, kPrintWarning, width);
+}
+
+}  // namespace goods

@@ -1,0 +1,29 @@
+// Small things that report windows do alike.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "host/components/form.h"
+#include "host/components/standard.h"
+#include "host/frames/general_search_frame.h"
+
+namespace goods {
+
+// What is being typed in the window counts from now on, as if the focus had left the edit.
+void AcceptTyping(TForm& window);
+
+// The key clicks the button and goes no further.
+void Press(TKey& key, TButton& button);
+
+// "@Name='value'" of the general search, by the chosen item: parameters has a name for each item. Empty
+// without a value, and while the search's box is unticked.
+std::string GeneralSearchParam(const TGeneral_Search_Frame& search,
+                               std::span<const std::string_view> parameters);
+
+// Tells beside the button that many columns may not find room on a printed page. width is in pixels at
+// 96 dpi, 0 for the host's own.
+void ShowPrintWarning(THost& host, const TControl& button, int width);
+
+}  // namespace goods

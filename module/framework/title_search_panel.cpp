@@ -1,0 +1,66 @@
+#include "module/framework/title_search_panel.h"
+
+#include <utility>
+
+namespace goods {
+
+TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, DelayedSearch& typing,
+                                     TSmartDBGrid_QRT& grid)
+    : TPanel(window, std::move(name), Flow::Row),
+      GoodDetailSearch_LBL(window, "GoodDetailSearch_LBL", "F10  جستجو بر اساس :"),
+      GoodDetailSearch_CMB(window, "GoodDetailSearch_CMB"),
+      GoodDetailSearch_EDT(window, "GoodDetailSearch_EDT") {
+  GoodDetailSearch_LBL.FocusControl = &GoodDetailSearch_CMB;
+  GoodDetailSearch_CMB.SetAccessibleName("جستجو بر اساس");
+  GoodDetailSearch_EDT.SetAccessibleName("متن جستجو");
+  GoodDetailSearch_CMB.OnChange = [this] {
+    ApplyItem();
+    if (OnItemChange) OnItemChange();
+  };
+  GoodDetailSearch_EDT.OnChange = [this, &typing] {
+    if (!busy_) typing.Typed(kSearchEditTyped);
+  };
+  GoodDetailSearch_EDT.OnKeyDown = [&typing, &grid](TKey& key) {
+    if (key.Is(Key::Up) || key.Is(Key::Down)) {
+      key.Consume();
+      grid.SetFocus();
+    } else if (key.Is(Key::Enter) && typing.Pending()) {
+      key.Consume();
+      typing.Hurry();
+    }
+  };
+  Place(GoodDetailSearch_LBL);
+  Place(GoodDetailSearch_CMB);
+  Place(GoodDetailSearch_EDT, 1);
+}
+
+void TTitleSearchPanel::SetItems(std::vector<TitleSearchItem> items, int chosen) {
+  items_ = std::move(items);
+  std::vector<TComboItem> entries;
+  for (const TitleSearchItem& item : items_) entries.push_back({item.text, item.object, ""});
+  const auto onChange = std::exchange(GoodDetailSearch_CMB.OnChange, nullptr);
+  GoodDetailSearch_CMB.SetItems(std::move(entries));
+  GoodDetailSearch_CMB.SetItemIndex(chosen);
+  GoodDetailSearch_CMB.OnChange = onChange;
+  ApplyItem();
+}
+
+void TTitleSearchPanel::Preset(int item, const std::string& text) {
+  const auto onChange = std::exchange(GoodDetailSearch_CMB.OnChange, nullptr);
+  GoodDetailSearch_CMB.SetItemIndex(item);
+  GoodDetailSearch_CMB.OnChange = onChange;
+  ApplyItem();
+  busy_ = true;
+  GoodDetailSearch_EDT.SetText(text);
+  busy_ = false;
+}
+
+void TTitleSearchPanel::ApplyItem() {
+  busy_ = true;
+  GoodDetailSearch_EDT.SetVisible(true);
+  GoodDetailSearch_EDT.SetKind(Item().kind);
+  GoodDetailSearch_EDT.Clear();
+  busy_ = false;
+}
+
+}  // namespace goods
