@@ -73,11 +73,19 @@ Int128 Divide(Int128 a, Int128 b) { return (Decimal::FromUnits(a) / Decimal::Fro
 
 Int128 WholeTimes(Int128 a, Int128 b) {
   if (b == 0) throw std::domain_error("dec_whole");
+  if (FitsCell64(a) && FitsCell64(b) && b != -1) {
+    return static_cast<Int128>(static_cast<std::int64_t>(a) / static_cast<std::int64_t>(b)) * Decimal::kOne;
+  }
   Int128 units = 0;
   if (__builtin_mul_overflow(a / b, static_cast<Int128>(Decimal::kOne), &units)) {
     throw std::overflow_error("dec_whole");
   }
   return units;
+}
+
+Int128 RestOf(Int128 a, Int128 b) {
+  if (b == 0) throw std::domain_error("dec_rest");
+  return b == -1 ? 0 : a % b;
 }
 
 template <Int128 (*operation)(Int128, Int128)>
@@ -205,6 +213,7 @@ void RegisterDecimalFunctions(sqlite3* db) {
   Scalar(db, "dec_mul", 2, Binary<MultiplyUnits>);
   Scalar(db, "dec_div", 2, Binary<Divide>);
   Scalar(db, "dec_whole", 2, Binary<WholeTimes>);
+  Scalar(db, "dec_rest", 2, Binary<RestOf>);
   Scalar(db, "dec_neg", 1, Unary<Negate>);
   Scalar(db, "dec_abs", 1, Unary<Absolute>);
   Scalar(db, "dec_trunc", 1, Unary<Truncate>);

@@ -4,7 +4,9 @@
 //
 // - dec_add(a, b), dec_sub(a, b), dec_neg(a), dec_abs(a): exact
 // - dec_mul(a, b), dec_div(a, b): rounded once to nine decimals, half away from zero; by 0 is an error
-// - dec_whole(a, b): how many whole b are in a, exactly, towards zero; of 0 it is an error
+// - dec_whole(a, b), dec_rest(a, b): how many whole b are in a, towards zero, and what they leave, exact; by
+// 0
+//   is an error
 // - dec_cmp(a, b): -1, 0 or 1
 // - dec_of(i): the decimal of a whole number
 // - dec_trunc(a): without its decimals, towards zero

@@ -27,8 +27,8 @@ constexpr char kStoredInStores[] =
 constexpr char kMoved[] =
     "SELECT Tedad, Anbar, Date, Miangin FROM Kardex WHERE Kala = ?1 AND Date >= ?2 AND Date <= ?3"
     " ORDER BY Date DESC, Radif DESC";
-constexpr char kBefore[] =
-    "SELECT Miangin FROM Kardex WHERE Kala = ?1 AND Date < ?2 ORDER BY Date DESC, Radif DESC LIMIT 1";
+constexpr char kLastUpTo[] =
+    "SELECT Miangin FROM Kardex WHERE Kala = ?1 AND Date <= ?2 ORDER BY Date DESC, Radif DESC LIMIT 1";
 constexpr std::string_view kAfterEveryDate = "~";
 
 struct Figures {
@@ -55,7 +55,7 @@ struct Cursor : sqlite3_vtab_cursor {
   Statement stored;
   Statement storedInStores;
   Statement moved;
-  Statement before;
+  Statement lastUpTo;
   std::int64_t good = 0;
   Figures figures;
   bool atEnd = true;
@@ -122,6 +122,7 @@ void ReadStoredInStores(Cursor& cursor, const StoreChoice& stores) {
 }
 
 void AddUpMovements(Cursor& cursor, std::string_view from, std::string_view to, const StoreChoice& stores) {
+  if (to.empty()) to = kAfterEveryDate;
   Figures& figures = cursor.figures;
   Int128 incoming = 0;
   Int128 outgoing = 0;
@@ -129,7 +130,7 @@ void AddUpMovements(Cursor& cursor, std::string_view from, std::string_view to, 
   {
     Asked row(cursor, cursor.moved, kMoved);
     row->Bind(2, from);
-    row->Bind(3, to.empty() ? kAfterEveryDate : to);
+    row->Bind(3, to);
     while (row->Step()) {
       if (!averageKnown) figures.average = row->Number(3);
       averageKnown = true;
@@ -143,8 +144,8 @@ void AddUpMovements(Cursor& cursor, std::string_view from, std::string_view to, 
   figures.sadere = Decimal::FromUnits(-outgoing);
   figures.stock = Decimal::FromUnits(incoming + outgoing);
   if (averageKnown || from.empty()) return;
-  Asked row(cursor, cursor.before, kBefore);
-  row->Bind(2, from);
+  Asked row(cursor, cursor.lastUpTo, kLastUpTo);
+  row->Bind(2, to);
   if (row->Step()) figures.average = row->Number(0);
 }
 

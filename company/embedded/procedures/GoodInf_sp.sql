@@ -102,8 +102,7 @@ SELECT g.GrpCode,
        u2.Name,
        dec_mul(f.Mogodi, f.gheymat_miangin),
        g.Position,
-       ifnull(dec_sub(f.Mogodi, dec_mul(dec_whole(f.Mogodi, nullif(g.Meghdar_Formool, 0)), g.Meghdar_Formool)),
-              f.Mogodi),
+       ifnull(dec_rest(f.Mogodi, nullif(g.Meghdar_Formool, 0)), f.Mogodi),
        g.MinAva,
        f.Mogodi,
        dec_sub(f.Mogodi, g.MinAva),
@@ -111,14 +110,21 @@ SELECT g.GrpCode,
        ifnull(r.Stock, 0),
        g.category_code,
        g.Tags,
-       (SELECT c.ColorText FROM TagS t JOIN colors c ON c.code = t.color_code WHERE t.Code = code_at(g.Tags, 1)),
-       (SELECT c.ColorText FROM TagS t JOIN colors c ON c.code = t.color_code WHERE t.Code = code_at(g.Tags, 2)),
-       (SELECT c.ColorText FROM TagS t JOIN colors c ON c.code = t.color_code WHERE t.Code = code_at(g.Tags, 3))
+       c1.ColorText,
+       c2.ColorText,
+       c3.ColorText
 FROM GoodInf g
-CROSS JOIN stock_figures(g.Code, @EffectiveDate1, @EffectiveDate2, @StoreCode, @NotStoreCode) f
+CROSS JOIN GoodStock f ON f.Kala = g.Code  -- unless @EffectiveDate1 or @EffectiveDate2 or @StoreCode
+CROSS JOIN stock_figures(g.Code, @EffectiveDate1, @EffectiveDate2, @StoreCode, @NotStoreCode) f  -- when @EffectiveDate1 or @EffectiveDate2 or @StoreCode
 LEFT JOIN Units u ON u.Code = g.Unit
 LEFT JOIN Units u2 ON u2.Code = g.Unit2
 LEFT JOIN RialiStock r ON r.Kala = g.Code
+LEFT JOIN TagS t1 ON t1.Code = code_at(g.Tags, 1)
+LEFT JOIN colors c1 ON c1.code = t1.color_code
+LEFT JOIN TagS t2 ON t2.Code = code_at(g.Tags, 2)
+LEFT JOIN colors c2 ON c2.code = t2.color_code
+LEFT JOIN TagS t3 ON t3.Code = code_at(g.Tags, 3)
+LEFT JOIN colors c3 ON c3.code = t3.color_code
 WHERE (ifnull(@GrpCode, 0) = 0 OR g.GrpCode = @GrpCode)
   AND (@Inlist IS NOT 1 OR ifnull(@SelectedCode, 0) = 0 OR
        (g.Code IN (SELECT l.Kala FROM SelectedListGoods l WHERE l.ListCode = @SelectedCode)) = (@invertList IS NOT 1))
