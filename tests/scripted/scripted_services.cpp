@@ -1,5 +1,7 @@
 #include "tests/scripted/scripted_services.h"
 
+#include <algorithm>
+
 #include "host/components/form.h"
 #include "host/core/text.h"
 
@@ -7,6 +9,18 @@ namespace goods {
 namespace {
 
 std::string WindowName(const TForm* form) { return form == nullptr ? "active" : form->Name(); }
+
+// Puts it in the place of the one with its code, else at the end.
+template <typename Coded>
+void PutByCode(std::vector<Coded>& all, Coded one) {
+  const auto same =
+      std::find_if(all.begin(), all.end(), [&](const Coded& each) { return each.Code == one.Code; });
+  if (same == all.end()) {
+    all.push_back(std::move(one));
+  } else {
+    *same = std::move(one);
+  }
+}
 
 }  // namespace
 
@@ -85,6 +99,30 @@ void ScriptedSettings::SaveSettingItem(int softwarePart, int item, bool on, std:
   log_.Add(CallKind::Setting, CallText("SaveSettingItem", softwarePart, item, on, number, text));
 }
 
+std::string ScriptedSettings::ReadSection(std::string_view section) const {
+  return FindSection(section).value_or("");
+}
+
+void ScriptedSettings::WriteSection(std::string_view section, std::string_view text) {
+  log_.Add(CallKind::Setting, CallText("WriteSection", section, text));
+  GiveSection(section, std::string(text));
+}
+
+void ScriptedSettings::GiveSection(std::string_view section, std::string text) {
+  sections_[LowerAscii(section)] = std::move(text);
+}
+
+std::optional<std::string> ScriptedSettings::FindSection(std::string_view section) const {
+  const auto found = sections_.find(LowerAscii(section));
+  return found == sections_.end() ? std::nullopt : std::optional(found->second);
+}
+
+// A question like a look-up, not a document that opens.
+bool ScriptedDocuments::DontSavedVouchers(std::string_view kind) {
+  log_.Add(CallKind::Lookup, CallText("DontSavedVouchers", kind));
+  return UnsavedVouchers.contains(kind);
+}
+
 void ScriptedPrinting::Preview(const PrintJob& job) {
   log_.Add(CallKind::Print, CallText("Preview", job.title));
   PrintedReport report{job.title, job.lines, job.parameters, job.options, {}, {}, {}, false};
@@ -105,6 +143,17 @@ void ScriptedPrinting::Preview(const PrintJob& job) {
   if (WhileOpen) WhileOpen();
 }
 
+void ScriptedLookups::GiveTag(TTag tag) { PutByCode(tags_, std::move(tag)); }
+void ScriptedLookups::GiveCategory(TCategory category) { PutByCode(categories_, std::move(category)); }
+
+void ScriptedLookups::FailIfTold(const std::string& call) {
+  log_.Add(CallKind::Lookup, call);
+  if (failure_) {
+    const std::string message = *std::exchange(failure_, std::nullopt);
+    throw DatabaseError(message, call);
+  }
+}
+
 void ScriptedLookups::Give(EntityType type, std::int64_t code, Entity entity) {
   entities_[{type, code}] = std::move(entity);
 }
@@ -113,11 +162,7 @@ std::optional<std::vector<std::string>> ScriptedLookups::LookupDBs(EntityType ty
                                                                    std::string_view fields) {
   const std::string call =
       "LookupDBs(" + EntityName(type) + ", " + std::to_string(code) + ", " + InQuotes(fields) + ")";
-  log_.Add(CallKind::Lookup, call);
-  if (failure_) {
-    const std::string message = *std::exchange(failure_, std::nullopt);
-    throw DatabaseError(message, call);
-  }
+  FailIfTold(call);
   std::optional<Entity> entity;
   if (const auto given = entities_.find({type, code}); given != entities_.end()) {
     entity = given->second;
@@ -149,8 +194,34 @@ std::optional<std::int64_t> ScriptedLookups::SelectEntity(TForm* owner, EntityTy
 
 std::string ScriptedLookups::ReturnCategoryName(std::string_view categoryCode) {
   log_.Add(CallKind::Lookup, CallText("ReturnCategoryName", categoryCode));
-  const auto category = categories_.find(categoryCode);
-  return category == categories_.end() ? std::string() : category->second;
+  for (const TCategory& category : categories_) {
+    if (category.Code == categoryCode) return category.Name;
+  }
+  return {};
+}
+
+std::vector<TTag> ScriptedLookups::Tags() {
+  FailIfTold("Tags()");
+  return tags_;
+}
+
+std::vector<TCategory> ScriptedLookups::Categories() {
+  FailIfTold("Categories()");
+  return categories_;
+}
+
+std::optional<std::vector<std::string>> ScriptedLookups::SelectCategories(
+    TForm* owner, const std::vector<std::string>& chosen) {
+  std::string codes;
+  for (const std::string& code : chosen) codes += (codes.empty() ? "" : ",") + code;
+  log_.Add(CallKind::Lookup, "SelectCategories(" + WindowName(owner) + ", " + InQuotes(codes) + ")");
+  if (treePicks_.empty()) {
+    log_.AddMisuse("the category tree opens, and nothing says what is chosen in it");
+    return std::nullopt;
+  }
+  auto pick = std::move(treePicks_.front());
+  treePicks_.pop_front();
+  return pick;
 }
 
 std::string EntityName(EntityType type) {

@@ -76,12 +76,19 @@ class ScriptedSettings : public ISettings {
   TSettings& Settings() override { return settings_; }
   void SaveSettingItem(int softwarePart, int item, bool on, std::int64_t number,
                        std::string_view text) override;
+  std::string ReadSection(std::string_view section) const override;
+  void WriteSection(std::string_view section, std::string_view text) override;
   std::string GetSettingFilePath() const override { return Folder; }
   std::string Folder;
+  // By name, without regard to letter case.
+  void GiveSection(std::string_view section, std::string text);
+  // None when it was neither given nor written.
+  std::optional<std::string> FindSection(std::string_view section) const;
 
  private:
   CallLog& log_;
   TSettings settings_;
+  std::map<std::string, std::string> sections_;
 };
 
 // A print job as it was when it was previewed.
@@ -114,6 +121,8 @@ class ScriptedDocuments : public IDocuments {
   std::set<DocumentModule> Loaded;
   // The names of the flags that are set, such as "IsSellFormShow".
   std::set<std::string, std::less<>> Flags;
+  // The kinds of vouchers that wait for being saved, such as "3".
+  std::set<std::string, std::less<>> UnsavedVouchers;
   // Called while the document's window is open; what it throws comes out of the call.
   std::function<void()> WhileOpen;
 
@@ -128,6 +137,7 @@ class ScriptedDocuments : public IDocuments {
     return Flags.contains("IsGoodAssignmentRecieptFormShow");
   }
   bool IsVoucherShow() const override { return Flags.contains("IsVoucherShow"); }
+  bool DontSavedVouchers(std::string_view kind) override;
 
   void Call_SaleInvoice(std::int64_t code, int mode) override { Opened("Call_SaleInvoice", code, mode); }
   void Call_BuyFactor(std::int64_t code, int mode) override { Opened("Call_BuyFactor", code, mode); }
@@ -179,12 +189,18 @@ class ScriptedLookups : public ILookups {
 
   explicit ScriptedLookups(CallLog& log) : log_(log) {}
   void Give(EntityType type, std::int64_t code, Entity entity);
-  void GiveCategory(std::string code, std::string name) { categories_[std::move(code)] = std::move(name); }
+  // Tags and categories come in the order in which they were given; one of the same code is replaced.
+  void GiveTag(TTag tag);
+  void GiveCategory(TCategory category);
   void FailNext(std::string message) { failure_ = std::move(message); }
   // What the next picker answers: a code, or none when the user gives up.
   void AnswerPicker(std::optional<std::int64_t> code) { picks_.push_back(code); }
-  // Something was said about a next look-up or picker, and it never came.
-  bool StillWaits() const { return failure_.has_value() || !picks_.empty(); }
+  // The same for the next category tree.
+  void AnswerCategoryTree(std::optional<std::vector<std::string>> codes) {
+    treePicks_.push_back(std::move(codes));
+  }
+  // Something was said about a next look-up, picker or tree, and it never came.
+  bool StillWaits() const { return failure_.has_value() || !picks_.empty() || !treePicks_.empty(); }
   // Asked for an entity that was not given; none: there is no such entity.
   std::function<std::optional<Entity>(EntityType type, std::int64_t code)> Otherwise;
 
@@ -193,13 +209,21 @@ class ScriptedLookups : public ILookups {
   std::optional<std::int64_t> SelectEntity(TForm* owner, EntityType type, std::int64_t current,
                                            std::string_view filter) override;
   std::string ReturnCategoryName(std::string_view categoryCode) override;
+  std::vector<TTag> Tags() override;
+  std::vector<TCategory> Categories() override;
+  std::optional<std::vector<std::string>> SelectCategories(TForm* owner,
+                                                           const std::vector<std::string>& chosen) override;
 
  private:
+  void FailIfTold(const std::string& call);
+
   CallLog& log_;
   std::map<std::pair<EntityType, std::int64_t>, Entity> entities_;
-  std::map<std::string, std::string, std::less<>> categories_;
+  std::vector<TTag> tags_;
+  std::vector<TCategory> categories_;
   std::optional<std::string> failure_;
   std::deque<std::optional<std::int64_t>> picks_;
+  std::deque<std::optional<std::vector<std::string>>> treePicks_;
 };
 
 // "Good", "Store" and so on; "EntityType 7" for a number without a name.

@@ -8,6 +8,7 @@
 #include <stdlib.h>
 
 #include "tests/scripted/engine/step_table.h"
+#include "tests/scripted/engine/table_text.h"
 #include "tests/scripted/engine/text_diff.h"
 
 namespace goods {
@@ -104,6 +105,15 @@ void CaseRun::Compare(const Place& place, const std::string& what, const std::ve
   std::string diff = DiffLines(expected, got);
   diff.pop_back();
   Fail(place, what + " (- expected, + got)\n" + diff);
+}
+
+void CaseRun::CompareTable(const Place& place, const std::string& what, const Table& expected,
+                           const std::vector<std::vector<std::string>>& got) {
+  std::vector<std::string> expectedLines{RowAsWritten(expected.heading)};
+  std::vector<std::string> gotLines = expectedLines;
+  for (const auto& row : expected.rows) expectedLines.push_back(RowAsWritten(row));
+  for (const auto& row : got) gotLines.push_back(RowAsWritten(row));
+  Compare(place, what, expectedLines, gotLines);
 }
 
 TForm& CaseRun::Window(const Place& place) {

@@ -23,8 +23,9 @@ struct CaseEnvironment {
   // By name: an exported function, given the words behind its name. Throws std::invalid_argument when they do
   // not fit.
   std::map<std::string, std::function<void(const std::vector<Word>&)>, std::less<>> exports;
-  // By class name: makes a window, form mode 1, with the custom parameter.
-  std::map<std::string, std::function<std::unique_ptr<TForm>(THost&, Variant)>, std::less<>> windows;
+  // By class name: makes a window with the form mode and the custom parameter.
+  using MakeWindow = std::function<std::unique_ptr<TForm>(THost& host, int formMode, Variant parameter)>;
+  std::map<std::string, MakeWindow, std::less<>> windows;
   // Makes the host answer from a company instead of from the script; called before the first step.
   std::function<void(ScriptedHost&)> prepareHost;
 };
@@ -47,6 +48,10 @@ class CaseRun {
   // Fails with a diff when the two are not the same.
   void Compare(const Place& place, const std::string& what, const std::vector<std::string>& expected,
                const std::vector<std::string>& got);
+
+  // The same for a table; got has the cells under the expected heading.
+  void CompareTable(const Place& place, const std::string& what, const Table& expected,
+                    const std::vector<std::vector<std::string>>& got);
 
   // The window in front; throws CaseError when no window is open.
   TForm& Window(const Place& place);

@@ -4,8 +4,11 @@
 #include <map>
 
 #include "host/base/base_dock.h"
+#include "host/components/drop_down.h"
 #include "host/components/edit.h"
 #include "host/components/standard.h"
+#include "host/components/tabs.h"
+#include "host/components/token_editor.h"
 #include "host/frames/select_entity_frame.h"
 #include "host/frames/select_entity_search_frame.h"
 
@@ -39,6 +42,17 @@ bool EnabledWithParents(const TControl& control) {
     if (!each->Enabled()) return false;
   }
   return true;
+}
+
+// What keeps a control from being seen that is visible itself.
+const char* WhyNotShown(const TControl& control) {
+  for (const TControl* each = control.Parent(); each != nullptr; each = each->Parent()) {
+    const auto* panel = dynamic_cast<const TPanel*>(each);
+    const auto* combo = dynamic_cast<const TDropDownCombo*>(each);
+    if (panel != nullptr && panel->Folded()) return " is in a folded panel";
+    if (combo != nullptr && !combo->DroppedDown()) return " is in a closed drop-down";
+  }
+  return " is on a page that is not shown";
 }
 
 // Reads a property of the components of one class.
@@ -98,7 +112,7 @@ void CheckReachable(const TControl& control, const Place& place) {
   const char* why = control.Form() == nullptr      ? " stands in no window"
                     : !VisibleWithParents(control) ? " is not visible"
                     : !EnabledWithParents(control) ? " is disabled"
-                                                   : " is in a folded panel";
+                                                   : WhyNotShown(control);
   throw CaseError(place.Text() + ": a user cannot reach " + control.Name() + ": it" + why);
 }
 
@@ -137,14 +151,55 @@ std::size_t RowPosition(const TADOQuery& query, std::int64_t number, const Place
                   std::to_string(count));
 }
 
+std::optional<std::vector<SeenTab>> TabsOf(const TComponent& component) {
+  std::vector<SeenTab> tabs;
+  if (const auto* strip = dynamic_cast<const TTabControl*>(&component)) {
+    for (const std::string& caption : strip->Tabs()) {
+      const int index = static_cast<int>(tabs.size());
+      tabs.push_back({index, PlainCaption(caption), index == strip->TabIndex(), true});
+    }
+  } else if (const auto* pages = dynamic_cast<const TPageControl*>(&component)) {
+    int index = 0;
+    for (const TTabSheet* page : pages->Pages()) {
+      if (page->Visible()) {
+        tabs.push_back({index, PlainCaption(page->Caption()), page == pages->ActivePage(), page->Enabled()});
+      }
+      ++index;
+    }
+  } else {
+    return std::nullopt;
+  }
+  return tabs;
+}
+
+namespace {
+
+// The caption of the chosen tab, empty when no tab is chosen.
+std::optional<std::string> ChosenTab(const TComponent& component) {
+  const auto tabs = TabsOf(component);
+  if (!tabs) return std::nullopt;
+  for (const SeenTab& tab : *tabs) {
+    if (tab.chosen) return tab.caption;
+  }
+  return std::string();
+}
+
+}  // namespace
+
 std::optional<std::string> TextProperty(const TComponent& component, std::string_view property) {
   static const Readers<std::string> readers{
       {"text", Text<TEdit>([](const TEdit& edit) { return edit.Text(); })},
       {"text", Text<TComboBox>([](const TComboBox& combo) { return combo.Text(); })},
+      {"text", Text<TDropDownCombo>([](const TDropDownCombo& combo) { return combo.Text(); })},
+      {"text", Text<TTokenEditor>([](const TTokenEditor& editor) { return editor.Text(); })},
+      {"tokens", Text<TTokenEditor>([](const TTokenEditor& editor) { return editor.CodesText(); })},
+      {"tab", ChosenTab},
       {"caption", Text<TControl>([](const TControl& control) { return control.Caption(); })},
       {"hint", Text<TControl>([](const TControl& control) { return control.Hint(); })},
       {"problem", Text<TEdit>([](const TEdit& edit) { return edit.Problem(); })},
+      {"problem", Text<TTokenEditor>([](const TTokenEditor& editor) { return editor.Problem(); })},
       {"placeholder", Text<TEdit>([](const TEdit& edit) { return edit.Placeholder(); })},
+      {"placeholder", Text<TTokenEditor>([](const TTokenEditor& editor) { return editor.Placeholder(); })},
       {"name", Text<TControl>([](const TControl& control) { return control.AccessibleName(); })},
       {"empty-text", Text<TSmartDBGrid_QRT>([](const TSmartDBGrid_QRT& grid) { return grid.EmptyText(); })},
   };
@@ -156,6 +211,8 @@ std::optional<std::int64_t> NumberProperty(const TComponent& component, std::str
       {"height", Number<TControl>([](const TControl& control) { return control.Height(); })},
       {"width", Number<TControl>([](const TControl& control) { return control.Width(); })},
       {"tag", Number<TComponent>([](const TComponent& each) { return each.Tag; })},
+      {"tab", Number<TTabControl>([](const TTabControl& strip) { return strip.TabIndex(); })},
+      {"tab", Number<TPageControl>([](const TPageControl& pages) { return pages.ActivePageIndex(); })},
       {"item", Number<TComboBox>([](const TComboBox& combo) { return combo.ItemIndex(); })},
       {"code", Number<TComboBox>([](const TComboBox& combo) { return combo.ItemObject(); })},
       {"code",
@@ -171,8 +228,11 @@ std::optional<bool> StateProperty(const TComponent& component, std::string_view 
   static const Readers<bool> readers{
       {"checked", State<TCheckBox>([](const TCheckBox& box) { return box.Checked(); })},
       {"unchecked", State<TCheckBox>([](const TCheckBox& box) { return !box.Checked(); })},
+      {"checked", State<TRadioButton>([](const TRadioButton& radio) { return radio.Checked(); })},
+      {"unchecked", State<TRadioButton>([](const TRadioButton& radio) { return !radio.Checked(); })},
       {"visible", State<TControl>([](const TControl& each) { return VisibleWithParents(each); })},
       {"hidden", State<TControl>([](const TControl& each) { return !VisibleWithParents(each); })},
+      {"reachable", State<TControl>([](const TControl& each) { return each.CanFocus(); })},
       {"enabled", State<TControl>([](const TControl& each) { return EnabledWithParents(each); })},
       {"disabled", State<TControl>([](const TControl& each) { return !EnabledWithParents(each); })},
       {"folded", State<TPanel>([](const TPanel& panel) { return panel.Folded(); })},
@@ -180,7 +240,10 @@ std::optional<bool> StateProperty(const TComponent& component, std::string_view 
       {"focused", State<TControl>([](const TControl& each) { return each.Focused(); })},
       {"unfocused", State<TControl>([](const TControl& each) { return !each.Focused(); })},
       {"dropped", State<TComboBox>([](const TComboBox& combo) { return combo.DroppedDown(); })},
+      {"dropped", State<TDropDownCombo>([](const TDropDownCombo& combo) { return combo.DroppedDown(); })},
       {"sound", State<TEdit>([](const TEdit& edit) { return edit.Problem().empty(); })},
+      {"sound", State<TTokenEditor>([](const TTokenEditor& editor) { return editor.Problem().empty(); })},
+      {"read-only", State<TTokenEditor>([](const TTokenEditor& editor) { return editor.ReadOnly(); })},
       {"row-numbers",
        State<TSmartDBGrid_QRT>([](const TSmartDBGrid_QRT& grid) { return grid.ShowRowNumbers; })},
       {"footer-row", State<TSmartDBGrid_QRT>([](const TSmartDBGrid_QRT& grid) { return grid.ShowFooter; })},

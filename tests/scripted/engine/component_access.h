@@ -25,8 +25,28 @@ Kind& FindKind(TForm& form, std::string_view path, const Place& place, std::stri
   return *found;
 }
 
-// A control that a user can reach now: placed, visible, enabled, in no folded panel; else throws CaseError.
+// A control that a user can reach now: placed, visible, enabled, in no folded panel, on the page that is
+// shown, in no closed drop-down; else throws CaseError.
 void CheckReachable(const TControl& control, const Place& place);
+
+// A control of the window in front that a user can reach; throws CaseError.
+template <typename Kind>
+Kind& Reach(CaseRun& run, const Step& step, const std::string& name, const char* kind) {
+  Kind& control = FindKind<Kind>(run.Window(step.place), name, step.place, kind);
+  CheckReachable(control, step.place);
+  return control;
+}
+
+// A tab that is seen. Pages without a tab keep their index.
+struct SeenTab {
+  int index = 0;
+  std::string caption;  // without the accelerator's mark
+  bool chosen = false;
+  bool enabled = true;
+};
+
+// Of a tab control or a page control; none when it is neither.
+std::optional<std::vector<SeenTab>> TabsOf(const TComponent& component);
 
 // The grid of that name; without a name the window's only one. Throws CaseError.
 TSmartDBGrid_QRT& FindGrid(TForm& form, std::string_view name, const Place& place);

@@ -57,12 +57,16 @@ void ExpectWaitingShown(CaseRun& run, const Step& step, const Arguments& given) 
   }
 }
 
+std::vector<std::string> QuotedLines(std::string_view text) {
+  std::vector<std::string> lines = Split(text, '\n');
+  if (lines.back().empty()) lines.pop_back();
+  return InQuotesEach(std::move(lines));
+}
+
 std::vector<std::string> FileLines(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return {"(no such file)"};
-  std::vector<std::string> lines = Split(std::string(std::istreambuf_iterator<char>(file), {}), '\n');
-  if (lines.back().empty()) lines.pop_back();
-  return InQuotesEach(std::move(lines));
+  return QuotedLines(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
 void AddKindExpectations(StepTable& table) {
@@ -103,6 +107,11 @@ void AddCallExpectations(StepTable& table) {
     run.Compare(step.place, "unexpected calls", {}, run.Host().Log.TakeAll());
   });
   table.Add("forget calls", [](CaseRun& run, const Step&, const Arguments&) { run.Host().Log.TakeAll(); });
+  table.Add("expect section {text}", [](CaseRun& run, const Step& step, const Arguments& given) {
+    const auto text = run.Host().Settings().FindSection(given.Text(0));
+    run.Compare(step.place, "the section holds something else", InQuotesEach(ReadTexts(step)),
+                text ? QuotedLines(*text) : std::vector<std::string>{"(no such section)"});
+  });
   table.Add("expect settings file {text}", [](CaseRun& run, const Step& step, const Arguments& given) {
     run.Compare(step.place, "the settings file holds something else", InQuotesEach(ReadTexts(step)),
                 FileLines(std::filesystem::path(run.SettingsFolder()) / given.Text(0)));

@@ -1,5 +1,4 @@
 // Expectations about windows and the properties of their components.
-#include "host/components/standard.h"
 #include "tests/scripted/engine/case_run.h"
 #include "tests/scripted/engine/component_access.h"
 #include "tests/scripted/engine/step_table.h"
@@ -63,30 +62,6 @@ void ExpectNotState(CaseRun& run, const Step& step, const Arguments& given) {
   if (*got) run.Fail(step.place, given.Text(0) + " is " + given.Text(1));
 }
 
-void ExpectItems(CaseRun& run, const Step& step, const Arguments& given) {
-  const auto& combo =
-      FindKind<TComboBox>(run.WindowToLookAt(step.place), given.Text(0), step.place, "combo box");
-  const Table table = ReadTable(step.block, step.place);
-  std::vector<std::string> expected;
-  std::vector<std::string> got;
-  for (const auto& row : table.rows) {
-    std::string& line = expected.emplace_back();
-    for (const auto& cell : row) line += InQuotes(cell.value_or("")) + " ";
-  }
-  for (const TComboItem& item : combo.Items()) {
-    std::string& line = got.emplace_back();
-    for (const std::string& heading : table.heading) {
-      if (heading != "Text" && heading != "Object" && heading != "Value")
-        NoProperty(step, "an item", heading);
-      line += InQuotes(heading == "Text"     ? item.Text
-                       : heading == "Object" ? std::to_string(item.Object)
-                                             : item.HiddenValue) +
-              " ";
-    }
-  }
-  run.Compare(step.place, given.Text(0) + " has other items", expected, got);
-}
-
 void AddWindowExpectations(StepTable& table) {
   table.Add("expect window {name}", [](CaseRun& run, const Step& step, const Arguments& given) {
     const TForm* window = run.Host().Windows().ActiveWindow();
@@ -105,6 +80,12 @@ void AddWindowExpectations(StepTable& table) {
     const auto number = run.Host().Windows().InstanceNumber(run.Window(step.place));
     CompareOne(run, step, "the window's number", std::to_string(given.Number(0)), std::to_string(number));
   });
+  table.Add("expect window result {n}", [](CaseRun& run, const Step& step, const Arguments& given) {
+    const TForm* closed = run.Host().Windows().ClosedLast();
+    if (closed == nullptr) throw CaseError(step.place.Text() + ": no closed window is kept");
+    CompareOne(run, step, "the result of the window that was closed last", std::to_string(given.Number(0)),
+               std::to_string(closed->ModalResult()));
+  });
   table.Add("expect {n} open windows", [](CaseRun& run, const Step& step, const Arguments& given) {
     CompareOne(run, step, "the number of open windows", std::to_string(given.Number(0)),
                std::to_string(run.Host().Windows().OpenWindows().size()));
@@ -120,7 +101,6 @@ void AddControlExpectations(StepTable& table) {
         static_cast<int>(ReadNumber(run, step, given.Text(0), given.Text(1)));
   });
   table.Add("expect {component} {property} remembered {sign} {n}", ExpectRemembered);
-  table.Add("expect items of {combo}", ExpectItems);
   table.Add("expect {component} not {state}", ExpectNotState);
   table.Add("expect {component} {property} {text}", ExpectText);
   table.Add("expect {component} {property} {n}", ExpectNumber);

@@ -1,6 +1,4 @@
 // Expectations about what a grid shows. Rows are numbered from 1.
-#include <array>
-#include <cstdio>
 #include <functional>
 
 #include "host/core/text.h"
@@ -22,15 +20,6 @@ void AddGridCheck(StepTable& table, const std::string& pattern, std::size_t coun
                                                                         const Arguments& given) {
     check(run, FindGrid(run.WindowToLookAt(step.place), given.TextOrNone(count), step.place), step, given);
   });
-}
-
-void CompareTable(CaseRun& run, const Step& step, const std::string& what, const Table& expected,
-                  const std::vector<std::vector<std::string>>& got) {
-  std::vector<std::string> expectedLines{RowAsWritten(expected.heading)};
-  std::vector<std::string> gotLines = expectedLines;
-  for (const auto& row : expected.rows) expectedLines.push_back(RowAsWritten(row));
-  for (const auto& row : got) gotLines.push_back(RowAsWritten(row));
-  run.Compare(step.place, what, expectedLines, gotLines);
 }
 
 // What a heading asks of each row: a visible column's shown text, or the value of any field.
@@ -59,7 +48,7 @@ void ExpectRows(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, co
     std::vector<std::string>& row = got.emplace_back();
     for (const CellReader& read : readers) row.push_back(read(position));
   }
-  CompareTable(run, step, "other rows", table, got);
+  run.CompareTable(step.place, "other rows", table, got);
 }
 
 std::string AlignName(TextAlign align) {
@@ -84,14 +73,17 @@ std::string ColumnPart(const TGridColumn& column, const std::string& part, const
                   "; it has Caption Field Format Footer Align Width Visible Tag Customizable");
 }
 
-void ExpectColumns(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, const Arguments&) {
+// Compares those of the grid's columns that are asked for, in display order.
+void ExpectColumns(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, const std::string& which,
+                   bool (*isAsked)(const TGridColumn& column)) {
   const Table table = ReadTable(step.block, step.place);
   std::vector<std::vector<std::string>> got;
-  for (const TGridColumn* column : grid.VisibleColumns()) {
+  for (const auto& column : grid.Columns()) {
+    if (!isAsked(*column)) continue;
     std::vector<std::string>& row = got.emplace_back();
     for (const std::string& part : table.heading) row.push_back(ColumnPart(*column, part, step.place));
   }
-  CompareTable(run, step, "other visible columns", table, got);
+  run.CompareTable(step.place, "other " + which + " columns", table, got);
 }
 
 // One part of one column, also of a hidden one.
@@ -107,14 +99,7 @@ void ExpectFooters(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step,
   for (const std::string& heading : table.heading) {
     got.push_back(grid.FooterText(FindColumn(grid, heading, false, step.place)));
   }
-  CompareTable(run, step, "other footers", table, {got});
-}
-
-std::string ColorText(const std::optional<Color>& color) {
-  if (!color) return {};
-  std::array<char, 9> text{};
-  std::snprintf(text.data(), text.size(), "%06X", *color);
-  return text.data();
+  run.CompareTable(step.place, "other footers", table, {got});
 }
 
 std::string StyleText(const TCellStyle& style, const std::string& aspect) {
@@ -135,7 +120,7 @@ void ExpectStyles(CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, 
           StyleText(grid.CellStyle(position, FindColumn(grid, heading, false, step.place)), aspect));
     }
   }
-  CompareTable(run, step, "other " + aspect, table, got);
+  run.CompareTable(step.place, "other " + aspect, table, got);
 }
 
 void CompareNumber(CaseRun& run, const Step& step, const std::string& what, std::int64_t expected,
@@ -195,7 +180,16 @@ void AddQueryChecks(StepTable& table) {
 }  // namespace
 
 void AddGridExpectations(StepTable& table) {
-  AddGridCheck(table, "expect columns", 0, ExpectColumns);
+  AddGridCheck(table, "expect columns", 0,
+               [](CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, const Arguments&) {
+                 ExpectColumns(run, grid, step, "visible",
+                               [](const TGridColumn& column) { return column.Visible(); });
+               });
+  AddGridCheck(table, "expect customizable columns", 0,
+               [](CaseRun& run, const TSmartDBGrid_QRT& grid, const Step& step, const Arguments&) {
+                 ExpectColumns(run, grid, step, "customizable",
+                               [](const TGridColumn& column) { return column.Customizable(); });
+               });
   AddGridCheck(table, "expect column {text} {part} {text}", 3, ExpectColumn);
   AddGridCheck(table, "expect rows", 0, ExpectRows);
   AddGridCheck(table, "expect footers", 0, ExpectFooters);

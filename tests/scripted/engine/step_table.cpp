@@ -69,10 +69,12 @@ const StepTable& AllSteps() {
     AddHostSteps(all);
     AddWindowSteps(all);
     AddControlSteps(all);
+    AddPanelSteps(all);
     AddGridSteps(all);
     AddCallExpectations(all);
     AddGridExpectations(all);
     AddPrintExpectations(all);
+    AddListExpectations(all);
     AddControlExpectations(all);  // last: its patterns begin with the name of a component
     return all;
   }();

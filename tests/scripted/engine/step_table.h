@@ -56,10 +56,12 @@ const StepTable& AllSteps();
 void AddHostSteps(StepTable& table);
 void AddWindowSteps(StepTable& table);
 void AddControlSteps(StepTable& table);
+void AddPanelSteps(StepTable& table);
 void AddGridSteps(StepTable& table);
 void AddCallExpectations(StepTable& table);
 void AddGridExpectations(StepTable& table);
 void AddPrintExpectations(StepTable& table);
+void AddListExpectations(StepTable& table);
 void AddControlExpectations(StepTable& table);
 
 }  // namespace goods

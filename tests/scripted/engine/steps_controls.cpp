@@ -1,6 +1,7 @@
 // Steps on single controls: what a user does with mouse and keyboard.
 #include "host/components/edit.h"
 #include "host/components/standard.h"
+#include "host/components/token_editor.h"
 #include "host/core/text.h"
 #include "host/frames/select_entity_search_frame.h"
 #include "tests/scripted/engine/case_run.h"
@@ -11,13 +12,6 @@ namespace goods {
 namespace {
 
 constexpr std::int64_t kTypingPause = 50;  // milliseconds between two keys
-
-template <typename Kind>
-Kind& Reach(CaseRun& run, const Step& step, const std::string& name, const char* kind) {
-  Kind& control = FindKind<Kind>(run.Window(step.place), name, step.place, kind);
-  CheckReachable(control, step.place);
-  return control;
-}
 
 void Click(CaseRun& run, TControl& control) {
   run.UserAction([&] {
@@ -40,6 +34,16 @@ void SetText(CaseRun& run, const Step& step, const std::string& name, const std:
   if (auto* combo = dynamic_cast<TComboBox*>(&FindComponentOrFail(window, name, step.place))) {
     CheckReachable(*combo, step.place);
     run.UserAction([&] { combo->SetText(text); });
+    return;
+  }
+  if (auto* tokens = dynamic_cast<TTokenEditor*>(&FindComponentOrFail(window, name, step.place))) {
+    CheckReachable(*tokens, step.place);
+    bool taken = false;
+    run.UserAction([&] {
+      tokens->TypeText(text);
+      taken = tokens->AcceptText();
+    });
+    if (!taken) throw CaseError(step.place.Text() + ": " + name + " does not take " + InQuotes(text));
     return;
   }
   auto& edit = Reach<TEdit>(run, step, name, "edit");
@@ -100,6 +104,8 @@ void TypeCharacter(CaseRun& run, TControl& control, const std::string& character
       edit->TypeText((first ? "" : edit->Text()) + character);
     } else if (auto* combo = dynamic_cast<TComboBox*>(&control)) {
       combo->SetText((first ? "" : combo->Text()) + character);
+    } else if (auto* tokens = dynamic_cast<TTokenEditor*>(&control)) {
+      tokens->TypeText((first ? "" : tokens->Text()) + character);
     }
   });
 }
@@ -107,7 +113,9 @@ void TypeCharacter(CaseRun& run, TControl& control, const std::string& character
 void Type(CaseRun& run, const Step& step, const std::string& name, const std::string& text,
           std::int64_t pause, bool more) {
   auto& control = Reach<TControl>(run, step, name, "control");
-  if (dynamic_cast<TEdit*>(&control) == nullptr && dynamic_cast<TComboBox*>(&control) == nullptr) {
+  const auto* tokens = dynamic_cast<TTokenEditor*>(&control);
+  if (dynamic_cast<TEdit*>(&control) == nullptr && dynamic_cast<TComboBox*>(&control) == nullptr &&
+      (tokens == nullptr || tokens->ReadOnly())) {
     throw CaseError(step.place.Text() + ": nothing can be typed into " + name);
   }
   run.UserAction([&] { control.SetFocus(); });

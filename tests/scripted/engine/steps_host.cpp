@@ -103,12 +103,40 @@ void GiveEntities(CaseRun& run, const Step& step, EntityType type) {
   }
 }
 
-void GiveCategories(CaseRun& run, const Step& step) {
+// The rows of a table of things with a Code and a Name, as texts by heading; other headings are a mistake.
+std::vector<std::map<std::string, std::string>> ReadCoded(const Step& step, const std::string& third) {
   const Table table = ReadTable(step.block, step.place);
-  for (const auto& row : table.rows) {
-    if (row.size() != 2) throw CaseError(step.place.Text() + ": a category has a code and a name");
-    run.Host().Lookups().GiveCategory(row[0].value_or(""), row[1].value_or(""));
+  for (const std::string& heading : table.heading) {
+    if (heading != "Code" && heading != "Name" && heading != third) {
+      throw CaseError(step.place.Text() + ": " + heading + " is none of Code Name " + third);
+    }
   }
+  std::vector<std::map<std::string, std::string>> rows;
+  for (const auto& row : table.rows) {
+    auto& texts = rows.emplace_back();
+    for (std::size_t i = 0; i < row.size(); ++i) texts[table.heading[i]] = row[i].value_or("");
+    if (texts["Code"].empty()) throw CaseError(step.place.Text() + ": a row has no Code");
+  }
+  return rows;
+}
+
+void GiveTags(CaseRun& run, const Step& step) {
+  for (auto& row : ReadCoded(step, "Colour")) {
+    const std::string& text = row["Colour"];
+    const auto color = text.empty() ? std::optional(kWhite) : ParseColor("#" + text);
+    if (!color) throw CaseError(step.place.Text() + ": a colour is written as RRGGBB, not " + text);
+    run.Host().Lookups().GiveTag({row["Code"], row["Name"], *color});
+  }
+}
+
+void GiveCategories(CaseRun& run, const Step& step) {
+  for (auto& row : ReadCoded(step, "Parent")) {
+    run.Host().Lookups().GiveCategory({row["Code"], row["Name"], row["Parent"]});
+  }
+}
+
+std::vector<std::string> CodesOf(const std::string& text) {
+  return text.empty() ? std::vector<std::string>() : Split(text, ',');
 }
 
 void AddRightSteps(StepTable& table) {
@@ -134,6 +162,11 @@ void AddSettingSteps(StepTable& table) {
     std::ofstream file(std::filesystem::path(run.SettingsFolder()) / given.Text(0), std::ios::binary);
     for (const std::string& line : ReadTexts(step)) file << line << "\n";
   });
+  table.Add("given section {text}", [](CaseRun& run, const Step& step, const Arguments& given) {
+    std::string text;
+    for (const std::string& line : ReadTexts(step)) text += line + "\n";
+    run.Host().Settings().GiveSection(given.Text(0), std::move(text));
+  });
   table.Add("given settings folder",
             [](CaseRun& run, const Step&, const Arguments&) { run.SettingsFolder(); });
   table.Add("today {text}", [](CaseRun& run, const Step&, const Arguments& given) {
@@ -155,6 +188,12 @@ void AddDocumentSteps(StepTable& table) {
   table.Add("flag {name} off", [](CaseRun& run, const Step& step, const Arguments& given) {
     CheckFlag(given.Text(0), step.place);
     run.Host().Documents().Flags.erase(given.Text(0));
+  });
+  table.Add("vouchers {text} unsaved", [](CaseRun& run, const Step&, const Arguments& given) {
+    run.Host().Documents().UnsavedVouchers.insert(given.Text(0));
+  });
+  table.Add("vouchers {text} saved", [](CaseRun& run, const Step&, const Arguments& given) {
+    run.Host().Documents().UnsavedVouchers.erase(given.Text(0));
   });
   table.Add("next document stays open",
             [](CaseRun& run, const Step&, const Arguments&) { run.HoldNextDocument(); });
@@ -207,6 +246,7 @@ void AddLookupSteps(StepTable& table) {
       GiveEntities(run, step, entity);
     });
   }
+  table.Add("given tags", [](CaseRun& run, const Step& step, const Arguments&) { GiveTags(run, step); });
   table.Add("given categories",
             [](CaseRun& run, const Step& step, const Arguments&) { GiveCategories(run, step); });
   table.Add("next lookup fails {text}", [](CaseRun& run, const Step&, const Arguments& given) {
@@ -217,6 +257,12 @@ void AddLookupSteps(StepTable& table) {
   });
   table.Add("next picker gives up", [](CaseRun& run, const Step&, const Arguments&) {
     run.Host().Lookups().AnswerPicker(std::nullopt);
+  });
+  table.Add("next category tree chooses {text}", [](CaseRun& run, const Step&, const Arguments& given) {
+    run.Host().Lookups().AnswerCategoryTree(CodesOf(given.Text(0)));
+  });
+  table.Add("next category tree gives up", [](CaseRun& run, const Step&, const Arguments&) {
+    run.Host().Lookups().AnswerCategoryTree(std::nullopt);
   });
 }
 

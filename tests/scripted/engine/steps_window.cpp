@@ -10,6 +10,8 @@
 namespace goods {
 namespace {
 
+constexpr std::int64_t kUsualMode = 1;
+
 template <typename Values>
 const auto& NamedOrFail(const Values& values, const std::string& name, const std::string& what,
                         const Place& place) {
@@ -28,12 +30,13 @@ void CallExport(CaseRun& run, const Step& step, const Arguments& given) {
 }
 
 // Shows a window of its own, as an export that keeps none does.
-void OpenWindow(CaseRun& run, const Step& step, const std::string& name, Variant parameter) {
+void OpenWindow(CaseRun& run, const Step& step, const std::string& name, std::int64_t formMode,
+                Variant parameter) {
   const auto& make = NamedOrFail(run.Environment().windows, name, "window", step.place);
   ScriptedHost& host = run.Host();
   run.UserAction([&] {
     const std::size_t before = host.Connection().SentCount();
-    const std::unique_ptr<TForm> window = make(host, std::move(parameter));
+    const std::unique_ptr<TForm> window = make(host, static_cast<int>(formMode), std::move(parameter));
     if (host.Connection().SentCount() != before) {
       host.Log.AddMisuse("a statement is sent before " + window->Name() + " is shown");
     }
@@ -46,7 +49,7 @@ void Press(CaseRun& run, const Step& step, const std::string& name) {
   if (key.IsConsumed()) throw CaseError(step.place.Text() + ": there is no key " + name);
   TForm& window = run.Window(step.place);
   run.UserAction([&] {
-    if (!window.KeyDown(key) && key.key == Key::Tab) window.FocusNext(key.shift);
+    if (!window.KeyDown(key) && key.key == Key::Tab && !key.ctrl && !key.alt) window.FocusNext(key.shift);
   });
 }
 
@@ -60,13 +63,22 @@ void Focus(CaseRun& run, const Step& step, const std::string& name) {
 void AddOpeningSteps(StepTable& table) {
   table.Add("call {name} {...}", CallExport);
   table.Add("open {class} {text}", [](CaseRun& run, const Step& step, const Arguments& given) {
-    OpenWindow(run, step, given.Text(0), given.Text(1));
+    OpenWindow(run, step, given.Text(0), kUsualMode, given.Text(1));
   });
   table.Add("open {class} {n}", [](CaseRun& run, const Step& step, const Arguments& given) {
-    OpenWindow(run, step, given.Text(0), given.Number(1));
+    OpenWindow(run, step, given.Text(0), kUsualMode, given.Number(1));
   });
   table.Add("open {class}", [](CaseRun& run, const Step& step, const Arguments& given) {
-    OpenWindow(run, step, given.Text(0), Variant());
+    OpenWindow(run, step, given.Text(0), kUsualMode, Variant());
+  });
+  table.Add("open {class} mode {n}", [](CaseRun& run, const Step& step, const Arguments& given) {
+    OpenWindow(run, step, given.Text(0), given.Number(1), Variant());
+  });
+  table.Add("open {class} mode {n} with {text}", [](CaseRun& run, const Step& step, const Arguments& given) {
+    OpenWindow(run, step, given.Text(0), given.Number(1), given.Text(2));
+  });
+  table.Add("open {class} mode {n} with {n}", [](CaseRun& run, const Step& step, const Arguments& given) {
+    OpenWindow(run, step, given.Text(0), given.Number(1), given.Number(2));
   });
   table.Add("hand over parameter {text}", [](CaseRun& run, const Step& step, const Arguments& given) {
     auto* window = dynamic_cast<TBaseDock_FRM*>(&run.Window(step.place));
@@ -76,6 +88,12 @@ void AddOpeningSteps(StepTable& table) {
   table.Add("close window", [](CaseRun& run, const Step& step, const Arguments&) {
     TForm& window = run.Window(step.place);
     run.UserAction([&] { window.Close(); });
+  });
+  table.Add("close window with result {n}", [](CaseRun& run, const Step& step, const Arguments& given) {
+    TForm& window = run.Window(step.place);
+    const auto result = static_cast<int>(given.Number(0));
+    if (result == kModalNone) throw CaseError(step.place.Text() + ": the result 0 closes no window");
+    run.UserAction([&] { window.SetModalResult(result); });
   });
   table.Add("resize window", [](CaseRun& run, const Step& step, const Arguments&) {
     TForm& window = run.Window(step.place);

@@ -1,5 +1,8 @@
 #include "tests/scripted/engine/table_text.h"
 
+#include <array>
+#include <cstdio>
+
 #include "tests/scripted/call_log.h"
 
 namespace goods {
@@ -20,6 +23,13 @@ std::string RowAsWritten(const Table::Row& row) {
   std::vector<std::string> cells;
   for (const auto& cell : row) cells.push_back(cell.value_or(""));
   return RowAsWritten(cells);
+}
+
+std::string ColorText(const std::optional<Color>& color) {
+  if (!color) return {};
+  std::array<char, 9> text{};
+  std::snprintf(text.data(), text.size(), "%06X", *color);
+  return text.data();
 }
 
 }  // namespace goods

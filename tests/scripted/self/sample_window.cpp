@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "tests/scripted/self/pages_window.h"
+
 namespace goods {
 namespace {
 
@@ -87,11 +89,16 @@ CaseEnvironment SampleEnvironment() {
     if (!words.empty()) throw std::invalid_argument("too many arguments");
     TSample_FRM(*attached, 1, Variant(), "").ShowModal();
   };
-  environment.windows["TSample_FRM"] = [](THost& host, Variant parameter) -> std::unique_ptr<TForm> {
-    return std::make_unique<TSample_FRM>(host, 1, std::move(parameter), "");
+  environment.windows["TSample_FRM"] = [](THost& host, int mode,
+                                          Variant parameter) -> std::unique_ptr<TForm> {
+    return std::make_unique<TSample_FRM>(host, mode, std::move(parameter), "");
   };
-  environment.windows["TEarly_FRM"] = [](THost& host, Variant parameter) -> std::unique_ptr<TForm> {
+  environment.windows["TEarly_FRM"] = [](THost& host, int /*mode*/,
+                                         Variant parameter) -> std::unique_ptr<TForm> {
     return std::make_unique<TEarly_FRM>(host, std::move(parameter));
+  };
+  environment.windows["TPages_FRM"] = [](THost& host, int mode, Variant parameter) -> std::unique_ptr<TForm> {
+    return std::make_unique<TPages_FRM>(host, mode, std::move(parameter), "");
   };
   return environment;
 }

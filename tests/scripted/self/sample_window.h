@@ -46,8 +46,8 @@ class TSample_FRM : public TBaseDock_FRM {
   bool waiting_ = false;
 };
 
-// Windows TSample_FRM and TEarly_FRM (which sends a statement before it is shown); export Open_Sample, no
-// arguments.
+// Windows TSample_FRM, TPages_FRM and TEarly_FRM (which sends a statement before it is shown); export
+// Open_Sample, no arguments.
 CaseEnvironment SampleEnvironment();
 
 }  // namespace goods
