@@ -77,7 +77,7 @@ Int128 WholeTimes(Int128 a, Int128 b) {
     return static_cast<Int128>(static_cast<std::int64_t>(a) / static_cast<std::int64_t>(b)) * Decimal::kOne;
   }
   Int128 units = 0;
-  if (__builtin_mul_overflow(a / b, static_cast<Int128>(Decimal::kOne), &units)) {
+  if (__builtin_mul_overflow(b == -1 ? Negate(a) : a / b, static_cast<Int128>(Decimal::kOne), &units)) {
     throw std::overflow_error("dec_whole");
   }
   return units;

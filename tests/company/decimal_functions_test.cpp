@@ -52,6 +52,27 @@ std::optional<Decimal> Expected(Body body) {
   }
 }
 
+TEST_F(DecimalFunctions, WholeTimesAndTheirRestMakeTheNumberAgain) {
+  int known = 0;
+  for (int i = 0; i < 4000; ++i) {
+    const Decimal a = AnyNumber();
+    const Decimal b = AnyNumber();
+    SCOPED_TRACE(a.ToString() + " by " + b.ToString());
+    const std::optional<Decimal> whole = Call("dec_whole", a, b);
+    const std::optional<Decimal> rest = Call("dec_rest", a, b);
+    ASSERT_EQ(rest.has_value(), !b.IsZero());
+    if (!rest) continue;
+    ASSERT_LT(rest->Abs(), b.Abs());
+    ASSERT_TRUE(rest->IsZero() || rest->IsNegative() == a.IsNegative());
+    if (!whole) continue;
+    ++known;
+    ASSERT_EQ(*whole, whole->Rounded(0));
+    ASSERT_EQ(whole->Units() / Decimal::kOne * b.Units() + rest->Units(), a.Units());
+  }
+  EXPECT_GT(known, 2000);
+  EXPECT_EQ(Call("dec_whole", Decimal::FromUnits(2'999'999'999), Decimal(3)), Decimal());
+}
+
 TEST_F(DecimalFunctions, ArithmeticAgreesWithTheHostsDecimal) {
   for (int i = 0; i < 4000; ++i) {
     const Decimal a = AnyNumber();
