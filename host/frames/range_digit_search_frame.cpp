@@ -9,7 +9,8 @@ TRange_Digit_Search_Frame::TRange_Digit_Search_Frame(TComponent* owner, std::str
     : TSearchFrame(owner, std::move(name), RangeDigit_CHK, RangeDigit_CMB, RangeDigit_Reverst_CHK),
       RangeDigit_CHK(this, "RangeDigit_CHK", std::move(caption)),
       RangeDigit_From_EDT(this, "RangeDigit_From_EDT", kind),
-      RangeDigit_To_EDT(this, "RangeDigit_To_EDT", kind) {
+      RangeDigit_To_EDT(this, "RangeDigit_To_EDT", kind),
+      kind_(kind) {
   LayOut();
   RangeDigit_From_LBL.FocusControl = &RangeDigit_From_EDT;
   RangeDigit_To_LBL.FocusControl = &RangeDigit_To_EDT;
@@ -43,7 +44,11 @@ void TRange_Digit_Search_Frame::Clear() {
   RangeDigit_Reverst_CHK.SetChecked(false);
 }
 
+// A quantity among codes takes decimals.
 void TRange_Digit_Search_Frame::FillSearch() {
+  const InputKind kind = Search.Kind == DataKind::Amount ? InputKind::Amount : kind_;
+  RangeDigit_From_EDT.SetKind(kind);
+  RangeDigit_To_EDT.SetKind(kind);
   Search.Operator = SearchOperator::Range;
   Search.From = RangeDigit_From_EDT.Text();
   Search.To = RangeDigit_To_EDT.Text();

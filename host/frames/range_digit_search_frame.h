@@ -9,7 +9,8 @@
 namespace goods {
 
 // Both ends included; an end that is empty is open. A criterion is in use while the box is ticked and an end
-// is given; a number that is typed ticks the box, two emptied edits untick it.
+// is given; a number that is typed ticks the box, two emptied edits untick it. A field whose kind is Amount
+// takes decimals and thousands separators.
 class TRange_Digit_Search_Frame : public TSearchFrame {
  public:
   TRange_Digit_Search_Frame(TComponent* owner, std::string name, std::string caption,
@@ -28,6 +29,9 @@ class TRange_Digit_Search_Frame : public TSearchFrame {
 
  protected:
   void FillSearch() override;
+
+ private:
+  InputKind kind_;
 };
 
 // The same over amounts and quantities: decimals and thousands separators may be typed, and are sent without

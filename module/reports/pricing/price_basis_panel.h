@@ -45,6 +45,9 @@ class TPriceBasisPanel : public TPanel {
   // A basis is in use: the box is ticked and something was chosen.
   bool InUse() const { return Stock_CHK.Checked() && basis_ != kPriceBasisNone; }
 
+  // A basis is in use and the drop-down says which; a level that is gone has no name.
+  bool Named() const { return InUse() && Report_CMB.Text() != style_.unchosenText; }
+
   // Sets all three to -1, fills the lists, and takes over what the settings keep. The box is ticked, or
   // unticked, by the program.
   void Restore();

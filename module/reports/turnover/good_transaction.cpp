@@ -21,7 +21,7 @@ constexpr PriceBasisStyle kPriceBasisStyle{
     .historyTab = " سابقه ریالی ",
     .unchosenText = "--انتخاب کنيد--",
     .restoredPrefix = "",
-    .note = "(در صورت عدم فعال بودن ، موجودی ریالی بر اساس میانگین موزون متحرک محاسبه می شود )",
+    .note = "(در صورت عدم فعال بودن ، موجودی ریالی بر اساس میانگین موزون متحرک محاسبه می شود)",
 };
 
 }  // namespace
@@ -126,11 +126,14 @@ void TGoodTransaction_FRM::FormShow() {
   } const scope(*this);
 
   TBaseDock_FRM::FormShow();
-  SetCaption(IsMoney() ? " موجودي ريالي " : " موجودی کالاها ");
+  SetCaption(IsMoney() ? " موجودي ريالي " : " موجودي کالاها ");
   for (TSmartDBGrid_QRT* grid : BothGrids()) {
     SetShortCut(*grid);
     SetPopMenu(*grid);
   }
+  // Told first: whatever fails below, the list can still be read by the next tab or group.
+  dataModule_.GoodAsset_GetAll(false, false, 0);
+  QeratSearchManager1.Script = ListDataSet().SQL();
   ApplyColumnSet();
   Open();
   ShownGrid().SetFocus();
@@ -141,8 +144,6 @@ void TGoodTransaction_FRM::FormShow() {
 void TGoodTransaction_FRM::Open() {
   const auto read = [this] {
     dataModule_.GoodAsset_GetGroup();
-    dataModule_.GoodAsset_GetAll(false, false, 0);
-    QeratSearchManager1.Script = ListDataSet().SQL();
     ADVSearch_Fram1ADVSearch_BTNClick();
     {
       const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
@@ -219,7 +220,7 @@ void TGoodTransaction_FRM::RunList() {
 
 void TGoodTransaction_FRM::RefreshList() {
   const auto refresh = [this] {
-    if (!formShowing_ && ListDataSet().Active()) ResetDataset(ListDataSet());
+    if (!formShowing_ && Showing()) ResetDataset(ListDataSet());
     for (TSmartDBGrid_QRT* grid : BothGrids()) grid->RefreshFooters();
   };
   if (!showWaitting_) return refresh();

@@ -55,9 +55,9 @@ bool TGoodTransactionSearch_FRM::ShowsAmounts() const { return reportKind_ != kP
 
 void TGoodTransactionSearch_FRM::AddItems() {
   const TSettings& settings = Host().Settings().Settings();
-  Code_Frame.SetItems({{"کد", "Code", DataKind::Number}, {"موجودی1", "Mogodi", DataKind::Number}});
+  Code_Frame.SetItems({{"کد", "Code", DataKind::Number}, {"موجودی1", "Mogodi", DataKind::Amount}});
   if (settings.SecondUnit && !(ShowsAmounts() && settings.WholeAndPart)) {
-    Code_Frame.InsertItem(2, {"موجودي 2", "Mogodi2", DataKind::Number});
+    Code_Frame.InsertItem(2, {"موجودي 2", "Mogodi2", DataKind::Amount});
   }
   CostRangeSearch_FRAME.SetItems(
       {{"فی", "gheymat_miangin", DataKind::Amount}, {"مبلغ کل", "Jam_Kol", DataKind::Amount}});
