@@ -26,6 +26,8 @@ namespace goods {
 namespace {
 
 constexpr std::int64_t kGoods = 20'000;
+constexpr int kShortRuns = 15;
+constexpr int kLongRuns = 5;
 
 struct Run {
   const char* name;
@@ -146,12 +148,18 @@ void ReportRatios() {
 
 void Register() {
   for (const std::int64_t size : Sizes()) {
-    const auto add = [size](const char* name, auto function) {
-      benchmark::RegisterBenchmark(name, function)->Arg(size)->Unit(benchmark::kMillisecond)->Iterations(5);
+    const auto add = [size](const char* name, auto function, int iterations) {
+      benchmark::RegisterBenchmark(name, function)
+          ->Arg(size)
+          ->Unit(benchmark::kMillisecond)
+          ->Iterations(iterations);
     };
-    add("bare", BareLoop);
-    add("scan", ScanOfMovements);
-    for (const Run& run : kRuns) add(run.name, [&run](benchmark::State& state) { OpenList(state, run); });
+    add("bare", BareLoop, kShortRuns);
+    add("scan", ScanOfMovements, kLongRuns);
+    for (const Run& run : kRuns) {
+      const auto open = [&run](benchmark::State& state) { OpenList(state, run); };
+      add(run.name, open, run.period ? kLongRuns : kShortRuns);
+    }
   }
 }
 

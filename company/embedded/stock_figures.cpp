@@ -21,8 +21,10 @@ constexpr int kArguments = 5;
 
 constexpr char kStored[] =
     "SELECT varede, sadere, Mogodi, gheymat_miangin, OperationDate FROM GoodStock WHERE Kala = ?1";
-constexpr char kStoredInStores[] =
-    "SELECT varede, sadere, Mogodi, Anbar, OperationDate FROM GoodStoreStock WHERE Kala = ?1";
+constexpr char kStoredInStore[] =
+    "SELECT varede, sadere, Mogodi, OperationDate FROM GoodStoreStock WHERE Kala = ?1 AND Anbar = ?2";
+constexpr char kStoredInOthers[] =
+    "SELECT varede, sadere, Mogodi, OperationDate FROM GoodStoreStock WHERE Kala = ?1 AND Anbar <> ?2";
 // The last movement first: it has the average and the date.
 constexpr char kMoved[] =
     "SELECT Tedad, Anbar, Date, Miangin FROM Kardex WHERE Kala = ?1 AND Date >= ?2 AND Date <= ?3"
@@ -53,7 +55,8 @@ struct Table : sqlite3_vtab {
 
 struct Cursor : sqlite3_vtab_cursor {
   Statement stored;
-  Statement storedInStores;
+  Statement storedInStore;
+  Statement storedInOthers;
   Statement moved;
   Statement lastUpTo;
   std::int64_t good = 0;
@@ -110,13 +113,14 @@ void ReadStoredInStores(Cursor& cursor, const StoreChoice& stores) {
   ReadStored(cursor);
   Figures& figures = cursor.figures;
   figures = {{}, {}, {}, figures.average, {}};
-  Asked row(cursor, cursor.storedInStores, kStoredInStores);
+  Asked row = stores.others ? Asked(cursor, cursor.storedInOthers, kStoredInOthers)
+                            : Asked(cursor, cursor.storedInStore, kStoredInStore);
+  row->Bind(2, stores.store);
   while (row->Step()) {
-    if (!stores.Holds(row->Integer(3))) continue;
     figures.varede += row->Number(kVarede);
     figures.sadere += row->Number(kSadere);
     figures.stock += row->Number(kMogodi);
-    const std::string_view date = row->Text(kOperationDate);
+    const std::string_view date = row->Text(3);
     if (figures.operationDate < date) figures.operationDate = date;
   }
 }
