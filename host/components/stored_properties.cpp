@@ -32,7 +32,9 @@ TStoredProperties::TStoredProperties(TComponent* owner, std::string name, std::s
 
 void TStoredProperties::Keep(TCheckBox& box) {
   properties_.push_back({PathOf(box) + ".Checked", [&box] { return std::string(box.Checked() ? "1" : "0"); },
-                         [&box](const std::string& value) { box.SetChecked(value == "1"); }});
+                         [&box](const std::string& value) {
+                           if (value == "0" || value == "1") box.SetChecked(value == "1");
+                         }});
 }
 
 void TStoredProperties::Keep(TComboBox& combo) {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/components/form.h"
+
 namespace goods {
 
 void TTabControl::SetTabs(std::vector<std::string> captions) {
@@ -46,6 +48,10 @@ TTabSheet* TPageControl::ActivePage() const {
 
 void TPageControl::SetActivePageIndex(int index) {
   if (index == active_ || index < 0 || index >= static_cast<int>(Pages().size())) return;
+  const TForm* form = Form();
+  const TControl* inside = form == nullptr ? nullptr : form->ActiveControl();
+  while (inside != nullptr && inside != ActivePage()) inside = inside->Parent();
+  if (inside != nullptr) SetFocus();
   active_ = index;
   Changed();
   if (OnChange) OnChange();

@@ -51,7 +51,8 @@ class TPageControl : public TControl {
   // Null while it has no page.
   TTabSheet* ActivePage() const;
   int ActivePageIndex() const { return active_; }
-  // Fires OnChange when the page changes, whoever changes it. No such page: nothing.
+  // Fires OnChange when the page changes, whoever changes it. No such page: nothing. A focus inside the page
+  // that is turned away goes to the tabs.
   void SetActivePageIndex(int index);
   std::function<void()> OnChange;
 

@@ -28,13 +28,13 @@ std::string TTokenEditor::CodesText() const {
 }
 
 void TTokenEditor::SetCodes(const std::vector<std::string>& codes) {
-  if (codes == Codes()) return;
+  const std::vector<std::string> before = Codes();
   tokens_.clear();
   for (const std::string& code : codes) {
     const TToken* choice = FindChoice(code);
     if (!Holds(code)) tokens_.push_back(choice == nullptr ? TToken{code, code, {}} : *choice);
   }
-  TokensChanged();
+  if (Codes() != before) TokensChanged();
 }
 
 bool TTokenEditor::Add(std::string_view code) {
@@ -78,6 +78,7 @@ bool TTokenEditor::AcceptText() {
     return false;
   }
   text_.clear();
+  problem_.clear();
   return Add(matches.front().Code);
 }
 
