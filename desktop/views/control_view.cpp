@@ -29,7 +29,7 @@ void ControlView::SetAlignedWidth(int width) {
 void ControlView::Refresh() {
   if (widget_ == nullptr) return;
   if (&control_ != &form_.Form()) {
-    if (widget_->isHidden() == control_.Visible()) widget_->setVisible(control_.Visible());
+    if (const bool shown = IsShown(); widget_->isHidden() == shown) widget_->setVisible(shown);
     // A window's own enabling is the windowing system's affair.
     if (widget_->isEnabledTo(widget_->parentWidget()) != control_.Enabled())
       widget_->setEnabled(control_.Enabled());
@@ -47,6 +47,11 @@ QString ComponentPath(const TControl& control) {
     path = ToQt(owner->Name()) + '.' + path;
   }
   return path;
+}
+
+bool StandsIn(const TControl* control, const TControl& container) {
+  while (control != nullptr && control != &container) control = control->Parent();
+  return control != nullptr;
 }
 
 }  // namespace goods

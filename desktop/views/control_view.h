@@ -24,6 +24,8 @@ class ControlView : public QObject {
   QWidget* Widget() const { return widget_; }
   // The widget that gets the keyboard; null where none does.
   virtual QWidget* FocusWidget() const { return nullptr; }
+  // Whether the widget is to be seen, as far as its container is.
+  virtual bool IsShown() const { return control_.Visible(); }
   // Brings the widget up to date with the component. Cheap when nothing has changed.
   virtual void Refresh();
   // The least width that lines it up with its neighbours; 0 for none.
@@ -51,5 +53,7 @@ class ControlView : public QObject {
 // The component's name behind those of the frames that it stands in, such as "Store_SESF.SelectEntity_CHK":
 // what FindComponent of the window takes.
 QString ComponentPath(const TControl& control);
+// Whether it is that container or somewhere inside it; null is nowhere.
+bool StandsIn(const TControl* control, const TControl& container);
 
 }  // namespace goods

@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/views/container_view.h"
 #include "desktop/views/key_mapping.h"
-#include "desktop/views/panel_view.h"
 #include "desktop/views/registry.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
@@ -60,7 +60,7 @@ ControlView* FormView::Build(TControl& control, QWidget* parent) {
     byFocusWidget_.insert(focus, view);
     focus->installEventFilter(this);
   }
-  if (auto* container = dynamic_cast<PanelView*>(view)) container->BuildContents();
+  if (auto* container = dynamic_cast<ContainerView*>(view)) container->BuildContents();
   if (built_) {
     view->Connected();
     view->Refresh();
@@ -71,7 +71,7 @@ ControlView* FormView::Build(TControl& control, QWidget* parent) {
 void FormView::Drop(const TControl* control) {
   ControlView* view = byControl_.take(control);
   if (view == nullptr) return;
-  if (auto* container = dynamic_cast<PanelView*>(view)) {
+  if (auto* container = dynamic_cast<ContainerView*>(view)) {
     for (const TControl* inner : container->Contents()) Drop(inner);
   }
   delete view->Widget();
@@ -97,11 +97,11 @@ void FormView::Flush() {
   setUpdatesEnabled(false);
   // Containers first: what no longer stands in them is not there to be refreshed.
   const std::vector<ControlView*> before(queued_);
-  std::vector<PanelView*> containers;
+  std::vector<ContainerView*> containers;
   for (const auto& view : views_) {
-    if (auto* container = dynamic_cast<PanelView*>(view.get())) containers.push_back(container);
+    if (auto* container = dynamic_cast<ContainerView*>(view.get())) containers.push_back(container);
   }
-  for (PanelView* container : containers) {
+  for (ContainerView* container : containers) {
     const bool there = std::any_of(views_.begin(), views_.end(),
                                    [container](const auto& view) { return view.get() == container; });
     if (there && container->ContentsDiffer()) container->BuildContents();
@@ -117,9 +117,14 @@ void FormView::Flush() {
   SyncFocus();
 }
 
+void FormView::ReleaseFocusIn(const QWidget& hiding) {
+  if (QWidget* focus = focusWidget(); focus != nullptr && (focus == &hiding || hiding.isAncestorOf(focus)))
+    focus->clearFocus();
+}
+
 void FormView::AlignRows() {
   for (const auto& view : views_) {
-    if (auto* container = dynamic_cast<PanelView*>(view.get())) container->AlignRows();
+    if (auto* container = dynamic_cast<ContainerView*>(view.get())) container->AlignRows();
   }
 }
 

@@ -14,6 +14,7 @@
 
 namespace goods {
 
+class ContainerView;
 class TSmartDBGrid_QRT;
 
 // A further entry of a grid's menu, such as export or print.
@@ -52,6 +53,9 @@ class FormView : public QWidget {
   // Builds the view of a control, inside parent, and of all that stands in it.
   ControlView* Build(TControl& control, QWidget* parent);
   void Drop(const TControl* control);
+  // Takes the keyboard away from what is about to disappear, so that it goes where the form's active control
+  // is rather than to whatever comes next.
+  void ReleaseFocusIn(const QWidget& hiding);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

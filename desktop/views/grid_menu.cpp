@@ -1,18 +1,12 @@
 #include "desktop/views/grid_menu.h"
 
-#include <QCheckBox>
 #include <QClipboard>
-#include <QDialog>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QMenu>
-#include <QPushButton>
-#include <QScrollArea>
-#include <QVBoxLayout>
 
+#include "desktop/views/column_chooser.h"
 #include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
-#include "desktop/views/theme.h"
 
 namespace goods {
 namespace {
@@ -47,45 +41,6 @@ QString CopiedText(const TSmartDBGrid_QRT& grid) {
 void CopyRows(const TSmartDBGrid_QRT& grid) {
   const QString text = CopiedText(grid);
   if (!text.isEmpty()) QGuiApplication::clipboard()->setText(text);
-}
-
-QDialog* ShowColumnChooser(FormView& form, TSmartDBGrid_QRT& grid) {
-  auto* dialog = new QDialog(&form);
-  dialog->setAttribute(Qt::WA_DeleteOnClose);
-  dialog->setObjectName("ColumnChooser");
-  dialog->setWindowTitle("انتخاب ستون‌ها");
-  auto* layout = new QVBoxLayout(dialog);
-  auto* lead = new QLabel("ستون‌هایی که در جدول دیده می‌شوند:", dialog);
-  layout->addWidget(lead);
-  auto* area = new QScrollArea(dialog);
-  auto* list = new QWidget(area);
-  auto* boxes = new QVBoxLayout(list);
-  boxes->setSpacing(Scaled(4, *dialog));
-  for (const auto& column : grid.Columns()) {
-    if (!column->Customizable()) continue;
-    auto* box = new QCheckBox(ShownText(column->Caption()).replace('|', QString::fromUtf8(" / ")), list);
-    box->setObjectName(ToQt(column->FieldName()));
-    box->setChecked(column->Visible());
-    TGridColumn* shown = column.get();
-    QObject::connect(box, &QCheckBox::clicked, dialog, [&form, &grid, shown, box](bool on) {
-      if (!on && grid.VisibleColumns().size() <= 1) {
-        box->setChecked(true);
-        return;
-      }
-      form.Run([&] { shown->SetVisible(on); });
-    });
-    boxes->addWidget(box);
-  }
-  boxes->addStretch();
-  area->setWidget(list);
-  area->setWidgetResizable(true);
-  layout->addWidget(area);
-  auto* close = new QPushButton("بستن", dialog);
-  QObject::connect(close, &QPushButton::clicked, dialog, &QDialog::close);
-  layout->addWidget(close, 0, Qt::AlignLeading);
-  dialog->resize(Scaled(300, *dialog), Scaled(420, *dialog));
-  dialog->open();
-  return dialog;
 }
 
 void GridMenu(FormView& form, TSmartDBGrid_QRT& grid, const QPoint& at) {

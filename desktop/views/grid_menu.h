@@ -6,19 +6,12 @@
 
 #include "host/components/grid.h"
 
-class QDialog;
-class QWidget;
-
 namespace goods {
 
 class FormView;
 
 // Shows the menu and runs what is chosen.
 void GridMenu(FormView& form, TSmartDBGrid_QRT& grid, const QPoint& at);
-
-// A dialog with a check box for each column that may be hidden; the last visible column stays. It works while
-// it is open, and deletes itself when it is closed.
-QDialog* ShowColumnChooser(FormView& form, TSmartDBGrid_QRT& grid);
 
 // The selected rows, or the current one where none is selected, with a line of titles, separated by tabs.
 QString CopiedText(const TSmartDBGrid_QRT& grid);

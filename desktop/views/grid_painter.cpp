@@ -13,11 +13,6 @@ namespace {
 // The colours of drawing events are made for light paper; on a dark one they are toned down.
 constexpr double kDarkenedBrush = 0.6;
 
-QColor Mixed(const QColor& a, const QColor& b, double share) {
-  const auto mix = [share](int x, int y) { return qRound(x + (y - x) * share); };
-  return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
-}
-
 }  // namespace
 
 GridPainter::GridPainter(QPainter& painter, const TSmartDBGrid_QRT& grid, const GridGeometry& geometry,
@@ -30,12 +25,28 @@ GridPainter::GridPainter(QPainter& painter, const TSmartDBGrid_QRT& grid, const 
       bold_(font),
       columns_(geometry.ColumnsArea()) {
   bold_.setBold(true);
+  for (std::size_t i = 0; i < geometry.Spans().size(); ++i) {
+    if (geometry.InView(geometry.Spans()[i], state.offset)) inView_.push_back(i);
+  }
+}
+
+template <typename PaintColumn>
+void GridPainter::InParts(const QRect& band, PaintColumn&& paint) {
+  painter_.save();
+  for (const bool fixed : {false, true}) {
+    painter_.setClipRect(band.intersected(fixed ? geometry_.FixedArea() : geometry_.ScrolledArea()));
+    for (const std::size_t i : inView_) {
+      if (geometry_.Spans()[i].fixed == fixed) paint(i);
+    }
+  }
+  painter_.restore();
 }
 
 void GridPainter::Paint() {
   PaintRows();
   PaintHeader();
   if (grid_.ShowFooter) PaintFooter();
+  PaintFixedEdge();
   if (state_.insertionX) {
     painter_.fillRect(*state_.insertionX - 1, 0, 3, geometry_.HeaderHeight(), CurrentTheme().accent);
   }
@@ -68,13 +79,10 @@ void GridPainter::PaintRow(std::size_t row, int top) {
                       : row % 2 == 1 ? theme.band
                                      : theme.surface;
   painter_.fillRect(line, back);
-  painter_.save();
-  painter_.setClipRect(columns_.intersected(geometry_.RowsArea()));
-  for (const GridSpan& span : geometry_.Spans()) {
-    const QRect cell = geometry_.ColumnRect(span, state_.offset, top, height);
-    if (InView(cell)) PaintCell(row, span, cell, current || selected);
-  }
-  painter_.restore();
+  InParts(geometry_.RowsArea(), [&](std::size_t i) {
+    const GridSpan& span = geometry_.Spans()[i];
+    PaintCell(row, span, geometry_.ColumnRect(span, state_.offset, top, height), current || selected);
+  });
   painter_.setPen(theme.gridLine);
   painter_.drawLine(0, top + height - 1, line.right(), top + height - 1);
   if (geometry_.NumberWidth() > 0) PaintRowNumber(row, top, current);
@@ -86,9 +94,13 @@ void GridPainter::PaintCell(std::size_t row, const GridSpan& span, const QRect& 
   QColor font = theme.text;
   if (style.Brush) {
     QColor given = QColor::fromRgb(*style.Brush);
-    if (theme.dark && !style.Font) given = Mixed(given, theme.surface, kDarkenedBrush);
-    const QColor fill = marked ? Mixed(given, theme.accentSoft, 0.45) : given;
-    painter_.fillRect(cell.adjusted(0, style.InsetTop, 0, -style.InsetBottom - 1), fill);
+    // A band across a cell shows the colour itself, such as that of a tag.
+    const bool band = style.InsetTop > 0 || style.InsetBottom > 0;
+    if (theme.dark && !style.Font && !band) given = Mixed(given, theme.surface, kDarkenedBrush);
+    const QColor fill = marked && !band ? Mixed(given, theme.accentSoft, 0.45) : given;
+    painter_.fillRect(
+        cell.adjusted(0, geometry_.Pixels(style.InsetTop), 0, -geometry_.Pixels(style.InsetBottom) - 1),
+        fill);
     font = ReadableOn(fill);
   }
   if (style.Font) font = QColor::fromRgb(*style.Font);
@@ -121,15 +133,13 @@ void GridPainter::PaintEmpty() {
 }
 
 void GridPainter::PaintHeader() {
+  if (geometry_.HeaderHeight() == 0) return;
   const Theme& theme = CurrentTheme();
   const QRect header(0, 0, columns_.width() + geometry_.NumberWidth(), geometry_.HeaderHeight());
   painter_.fillRect(header, theme.header);
   painter_.setFont(GridGeometry::HeaderFont(font_));
-  painter_.save();
-  painter_.setClipRect(columns_.intersected(header));
   if (geometry_.GroupHeight() > 0) PaintGroups();
-  for (std::size_t i = 0; i < geometry_.Spans().size(); ++i) PaintTitle(i, geometry_.Spans()[i]);
-  painter_.restore();
+  InParts(header, [this](std::size_t i) { PaintTitle(i); });
   if (geometry_.NumberWidth() > 0) {
     painter_.setPen(theme.mutedText);
     QRect box = geometry_.NumbersArea();
@@ -142,33 +152,45 @@ void GridPainter::PaintHeader() {
 
 void GridPainter::PaintGroups() {
   const Theme& theme = CurrentTheme();
-  const auto& spans = geometry_.Spans();
-  for (std::size_t from = 0; from < spans.size();) {
-    const QString group = GroupOf(*spans[from].column);
-    std::size_t to = from + 1;
-    while (to < spans.size() && !group.isEmpty() && GroupOf(*spans[to].column) == group) ++to;
-    if (!group.isEmpty()) {
-      QRect box = geometry_.ColumnRect(spans[from], state_.offset, 0, geometry_.GroupHeight());
-      for (std::size_t i = from + 1; i < to; ++i)
-        box = box.united(geometry_.ColumnRect(spans[i], state_.offset, 0, geometry_.GroupHeight()));
-      painter_.setPen(theme.mutedText);
-      // In the visible part of a wide group.
-      DrawCell(painter_, box.intersected(columns_), group, TextAlign::Center, geometry_.RightToLeft());
-      painter_.setPen(theme.border);
-      painter_.drawLine(box.left() + 4, box.bottom(), box.right() - 4, box.bottom());
-      const int edge = geometry_.RightToLeft() ? box.left() : box.right();
-      painter_.drawLine(edge, box.top(), edge, box.bottom());
-    }
-    from = to;
+  painter_.save();
+  for (const GridGroup& group : geometry_.Groups()) {
+    const QRect area = geometry_.AreaOf(geometry_.Spans()[group.first]);
+    const QRect box = geometry_.GroupRect(group, state_.offset);
+    if (box.right() < area.left() || box.left() > area.right()) continue;
+    painter_.setClipRect(area);
+    painter_.setPen(theme.mutedText);
+    // In the visible part of a wide group.
+    const int padding = geometry_.Padding();
+    DrawCell(painter_, box.intersected(area).adjusted(padding, 0, -padding, 0), group.title,
+             TextAlign::Center, geometry_.RightToLeft());
+    painter_.setPen(theme.border);
+    painter_.drawLine(box.left() + 4, box.bottom(), box.right() - 4, box.bottom());
+    const int edge = geometry_.RightToLeft() ? box.left() : box.right();
+    painter_.drawLine(edge, box.top(), edge, box.bottom());
   }
+  painter_.restore();
 }
 
-void GridPainter::PaintTitle(std::size_t index, const GridSpan& span) {
+// Where columns disappear under the fixed ones.
+void GridPainter::PaintFixedEdge() {
+  const QRect fixed = geometry_.FixedArea();
+  if (fixed.width() == 0 || state_.offset == 0) return;
+  constexpr int kShade = 7;
+  const bool rightToLeft = geometry_.RightToLeft();
+  const int edge = rightToLeft ? fixed.left() : fixed.right();
+  QLinearGradient shade(edge, 0, rightToLeft ? edge - kShade : edge + kShade, 0);
+  shade.setColorAt(0, QColor(0, 0, 0, CurrentTheme().dark ? 110 : 46));
+  shade.setColorAt(1, QColor(0, 0, 0, 0));
+  painter_.fillRect(QRect(rightToLeft ? edge - kShade : edge + 1, 0, kShade, fixed.height()), shade);
+  painter_.fillRect(edge, 0, 1, fixed.height(), CurrentTheme().border);
+}
+
+void GridPainter::PaintTitle(std::size_t index) {
   const Theme& theme = CurrentTheme();
+  const GridSpan& span = geometry_.Spans()[index];
   const bool grouped = !GroupOf(*span.column).isEmpty();
   const int top = grouped ? geometry_.GroupHeight() : 0;
   const QRect cell = geometry_.ColumnRect(span, state_.offset, top, geometry_.HeaderHeight() - top - 1);
-  if (!InView(cell)) return;
   if (state_.hoveredTitle == index) painter_.fillRect(cell, theme.buttonHover);
   QRect box = cell.adjusted(geometry_.Padding() / 2, 1, -geometry_.Padding() / 2, -1);
   PaintSortMark(*span.column, box);
@@ -210,12 +232,10 @@ void GridPainter::PaintFooter() {
   const int top = geometry_.RowsArea().bottom() + 1;
   const QRect footer(0, top, columns_.width() + geometry_.NumberWidth(), geometry_.FooterHeight());
   painter_.fillRect(footer, theme.header);
-  painter_.save();
-  painter_.setClipRect(columns_.intersected(footer));
   painter_.setFont(bold_);
-  for (const GridSpan& span : geometry_.Spans()) {
+  InParts(footer, [&](std::size_t i) {
+    const GridSpan& span = geometry_.Spans()[i];
     const QRect cell = geometry_.ColumnRect(span, state_.offset, top, footer.height());
-    if (!InView(cell)) continue;
     painter_.setPen(theme.text);
     const int padding = geometry_.Padding();
     DrawCell(painter_, cell.adjusted(padding, 1, -padding, 0),
@@ -223,8 +243,7 @@ void GridPainter::PaintFooter() {
     painter_.setPen(theme.border);
     const int edge = geometry_.RightToLeft() ? cell.left() : cell.right();
     painter_.drawLine(edge, cell.top(), edge, cell.bottom());
-  }
-  painter_.restore();
+  });
   painter_.setPen(theme.border);
   painter_.drawLine(0, top, footer.right(), top);
 }

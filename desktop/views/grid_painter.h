@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 #include "desktop/views/grid_geometry.h"
 
@@ -32,14 +33,15 @@ class GridPainter {
   void PaintRowNumber(std::size_t row, int top, bool current);
   void PaintHeader();
   void PaintGroups();
-  void PaintTitle(std::size_t index, const GridSpan& span);
+  // Calls paint for the columns in view, those that are scrolled first, each kind inside its own part of the
+  // band.
+  template <typename PaintColumn>
+  void InParts(const QRect& band, PaintColumn&& paint);
+  void PaintFixedEdge();
+  void PaintTitle(std::size_t index);
   void PaintSortMark(const TGridColumn& column, QRect& box);
   void PaintFooter();
   void PaintEmpty();
-  bool InView(const QRect& rect) const {
-    return rect.right() >= columns_.left() && rect.left() <= columns_.right();
-  }
-
   QPainter& painter_;
   const TSmartDBGrid_QRT& grid_;
   const GridGeometry& geometry_;
@@ -47,6 +49,7 @@ class GridPainter {
   QFont font_;
   QFont bold_;
   QRect columns_;
+  std::vector<std::size_t> inView_;  // places of the columns that can be seen
 };
 
 }  // namespace goods

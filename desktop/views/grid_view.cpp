@@ -47,6 +47,13 @@ GridWidget::GridWidget(GridControlView& view, TSmartDBGrid_QRT& grid, QWidget* p
   horizontalScrollBar()->setSingleStep(Scaled(30, *this));
 }
 
+QSize GridWidget::sizeHint() const {
+  constexpr int kNaturalWidth = 480;
+  constexpr int kNaturalHeight = 260;
+  return {Scaled(grid_.Width() > 0 ? grid_.Width() : kNaturalWidth, *this),
+          Scaled(grid_.Height() > 0 ? grid_.Height() : kNaturalHeight, *this)};
+}
+
 int GridWidget::Offset() const { return horizontalScrollBar()->value(); }
 
 std::size_t GridWidget::FirstRow() const { return static_cast<std::size_t>(verticalScrollBar()->value()); }
@@ -95,8 +102,10 @@ void GridWidget::ShowCurrent() {
 void GridWidget::DescribeCurrent() {
   QString description;
   if (shownRow_) {
+    // What is in view, as to the eye: a table may have hundreds of columns.
     for (const GridSpan& span : geometry_.Spans())
-      description += TitleOf(*span.column) + ": " + ToQt(grid_.CellText(*shownRow_, *span.column)) + "، ";
+      if (geometry_.InView(span, Offset()))
+        description += TitleOf(*span.column) + ": " + ToQt(grid_.CellText(*shownRow_, *span.column)) + "، ";
   }
   setAccessibleDescription(description);
 }
@@ -280,7 +289,7 @@ void GridWidget::mouseReleaseEvent(QMouseEvent* event) {
 void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint point = event->pos();
   if (InHeader(point)) {
-    const auto edge = geometry_.EdgeAt(point.x(), Offset());
+    const auto edge = EdgeUnder(point);
     if (edge) return FitColumn(*geometry_.Spans()[*edge].column);
     return HeaderPressed(point);
   }

@@ -4,6 +4,7 @@
 #include <QAbstractScrollArea>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "desktop/views/control_view.h"
 #include "desktop/views/grid_geometry.h"
@@ -29,7 +30,8 @@ class GridWidget : public QAbstractScrollArea {
   QRect CellRect(std::size_t row, const TGridColumn& column) const;
   QRect TitleRect(const TGridColumn& column) const;
   std::optional<std::size_t> RowAt(const QPoint& point) const;
-  QSize sizeHint() const override { return {480, 260}; }
+  QRect GroupRect(const GridGroup& group) const { return geometry_.GroupRect(group, Offset()); }
+  QSize sizeHint() const override;
 
  protected:
   bool viewportEvent(QEvent* event) override;
@@ -69,6 +71,10 @@ class GridWidget : public QAbstractScrollArea {
   void HeaderHovered(const QPoint& point);
   void FitColumn(TGridColumn& column);
   std::size_t DropPlace(const QPoint& point) const;
+  // The edge that the mouse can take hold of there: in the line of the groups that of a group's last column.
+  std::optional<std::size_t> EdgeUnder(const QPoint& point) const;
+  void ScrollWhileDragging(const QPoint& point);
+  void MoveDragged(std::size_t place);
 
   GridControlView& view_;
   TSmartDBGrid_QRT& grid_;
@@ -77,7 +83,8 @@ class GridWidget : public QAbstractScrollArea {
   std::optional<std::size_t> shownRow_;  // the current row when it was last scrolled to
   std::optional<std::size_t> anchor_;    // where a selection by Shift begins
   Gesture gesture_ = Gesture::None;
-  TGridColumn* dragged_ = nullptr;
+  std::vector<TGridColumn*> dragged_;  // more than one where a group is moved
+  bool pressedGroup_ = false;
   bool drawingFailed_ = false;
   QPoint pressedAt_;
   int widthAtPress_ = 0;

@@ -2,13 +2,16 @@
 
 #include <QBoxLayout>
 #include <QPainter>
+#include <QSplitter>
 #include <algorithm>
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/group_title.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "host/components/drop_down.h"
 #include "host/components/grid.h"
+#include "host/components/tabs.h"
 
 namespace goods {
 namespace {
@@ -17,27 +20,62 @@ constexpr int kSpacing = 8;
 constexpr int kRowSpacing = 6;
 constexpr int kPairSpacing = 18;
 constexpr int kFramePadding = 10;
+constexpr int kSplitterWidth = 9;
+constexpr int kSignSize = 18;
+constexpr int kSignRoom = 40;
 
-// A container's widget; paints the frame of a framed one.
+enum class PanelLook { Plain, Framed, Warning };
+
+// A container's widget; paints the frame of a framed one, and the sign of a warning.
 class PanelWidget : public QWidget {
  public:
-  PanelWidget(QWidget* parent, bool framed) : QWidget(parent), framed_(framed) {}
+  PanelWidget(QWidget* parent, PanelLook look) : QWidget(parent), look_(look) {}
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
-    if (!framed_) return;
+    if (look_ == PanelLook::Plain) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(CurrentTheme().border);
-    painter.setBrush(CurrentTheme().surface);
+    const Theme& theme = CurrentTheme();
+    const bool warning = look_ == PanelLook::Warning;
+    painter.setPen(warning ? theme.warning : theme.border);
+    painter.setBrush(warning ? theme.warningSoft : theme.surface);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 7, 7);
+    if (warning) PaintSign(painter);
   }
 
  private:
-  bool framed_;
+  // A triangle with a mark of exclamation, where reading starts.
+  void PaintSign(QPainter& painter) const {
+    const double side = Scaled(kSignSize, *this);
+    const double room = Scaled(kSignRoom, *this);
+    const double middle = layoutDirection() == Qt::RightToLeft ? width() - room / 2 : room / 2;
+    painter.translate(middle, height() / 2.0);
+    painter.scale(side / 2, side / 2);
+    painter.setPen(QPen(CurrentTheme().warning, 0.24, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(CurrentTheme().warning);
+    painter.drawPolygon(QPolygonF({QPointF(0, -0.8), QPointF(0.9, 0.75), QPointF(-0.9, 0.75)}));
+    painter.setPen(QPen(CurrentTheme().warningSoft, 0.24, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(0, -0.3), QPointF(0, 0.2));
+    painter.drawPoint(QPointF(0, 0.55));
+  }
+
+  PanelLook look_;
 };
 
-bool IsGrid(const TControl& control) { return dynamic_cast<const TSmartDBGrid_QRT*>(&control) != nullptr; }
+PanelLook LookOf(const TPanel& panel, bool titled) {
+  if (panel.Warning) return PanelLook::Warning;
+  // What hangs open has the frame of the drop-down.
+  const bool hangs = dynamic_cast<const TDropDownCombo*>(panel.Parent()) != nullptr;
+  return (panel.Framed || titled) && !hangs ? PanelLook::Framed : PanelLook::Plain;
+}
+
+// A table takes the room that is left over, unless it was given its size in that direction.
+int StretchOf(const TControl& control, bool row) {
+  const bool grid = dynamic_cast<const TSmartDBGrid_QRT*>(&control) != nullptr;
+  const int given = row ? control.Width() : control.Height();
+  return control.Stretch() == 0 && grid && given == 0 ? 1 : control.Stretch();
+}
 
 // A row that begins with a title or a box, so that rows below each other can be aligned.
 const TControl* RowTitle(const TControl& control) {
@@ -60,13 +98,17 @@ bool BeginsPair(const TControl* before, const TControl& control) {
 }  // namespace
 
 PanelView::PanelView(FormView& form, TControl& control, QWidget* parent)
-    : ControlView(form, control), panel_(dynamic_cast<TPanel*>(&control)) {
-  const bool framed = panel_ != nullptr && (panel_->Framed || !panel_->Caption().empty() || panel_->Foldable);
-  auto* widget = new PanelWidget(parent, framed);
+    : ContainerView(form, control), panel_(dynamic_cast<TPanel*>(&control)) {
+  const PanelLook look = panel_ == nullptr ? PanelLook::Plain : LookOf(*panel_, Titled());
+  const bool framed = look != PanelLook::Plain;
+  auto* widget = new PanelWidget(parent, look);
   SetWidget(widget);
   auto* outer = new QVBoxLayout(widget);
   const int padding = framed ? Scaled(kFramePadding, *widget) : 0;
-  outer->setContentsMargins(padding, framed ? padding / 2 : 0, padding, framed ? padding / 2 : 0);
+  const int start = look == PanelLook::Warning ? Scaled(kSignRoom, *widget) : padding;
+  const bool rightToLeft = widget->layoutDirection() == Qt::RightToLeft;
+  outer->setContentsMargins(rightToLeft ? padding : start, padding / 2, rightToLeft ? start : padding,
+                            padding / 2);
   outer->setSpacing(Scaled(4, *widget));
   title_ = new GroupTitle(widget);
   title_->hide();
@@ -76,43 +118,62 @@ PanelView::PanelView(FormView& form, TControl& control, QWidget* parent)
   outer->addWidget(title_);
   body_ = new QWidget(widget);
   outer->addWidget(body_, 1);
-  layout_ = new QBoxLayout(IsRow() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, body_);
+  const bool splits = panel_ != nullptr && panel_->Splitter;
+  layout_ = new QBoxLayout(IsRow() && !splits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, body_);
   const int edge = framed ? Scaled(3, *widget) : 0;
   layout_->setContentsMargins(0, edge, 0, edge);
   layout_->setSpacing(Scaled(IsRow() ? kRowSpacing : kSpacing, *widget));
+  if (splits) {
+    splitter_ = new QSplitter(IsRow() ? Qt::Horizontal : Qt::Vertical, body_);
+    splitter_->setObjectName(widget->objectName() + "_Splitter");
+    splitter_->setChildrenCollapsible(false);
+    splitter_->setHandleWidth(Scaled(kSplitterWidth, *widget));
+  }
   widget->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
 }
 
 bool PanelView::IsRow() const { return panel_ != nullptr && panel_->Direction() == Flow::Row; }
 
-void PanelView::BuildContents() {
-  for (const TControl* old : contents_) {
-    const auto& now = Control().Controls();
-    if (std::find(now.begin(), now.end(), old) == now.end()) Form().Drop(old);
+bool PanelView::IsPage() const { return dynamic_cast<const TTabSheet*>(panel_) != nullptr; }
+
+bool PanelView::Titled() const {
+  return panel_ != nullptr && !IsPage() && (!panel_->Caption().empty() || panel_->Foldable);
+}
+
+bool PanelView::IsShown() const {
+  const auto* pages = IsPage() ? dynamic_cast<const TPageControl*>(panel_->Parent()) : nullptr;
+  return ContainerView::IsShown() && (pages == nullptr || pages->ActivePage() == panel_);
+}
+
+void PanelView::ArrangeSplitter() {
+  layout_->addWidget(splitter_, 1);
+  int place = 0;
+  for (TControl* each : Contents()) {
+    QWidget* widget = Form().WidgetOf(*each);
+    if (widget == nullptr) continue;
+    splitter_->insertWidget(place, widget);
+    splitter_->setStretchFactor(place, StretchOf(*each, IsRow()));
+    ++place;
   }
-  contents_ = Control().Controls();
-  for (TControl* each : contents_) {
-    if (Form().ViewOf(*each) == nullptr) Form().Build(*each, body_);
-  }
-  Arrange();
 }
 
 void PanelView::Arrange() {
   while (QLayoutItem* item = layout_->takeAt(0)) delete item;
+  if (splitter_ != nullptr) return ArrangeSplitter();
   bool anyStretch = false;
   const TControl* before = nullptr;
-  for (const TControl* each : contents_) {
+  for (const TControl* each : Contents()) {
     QWidget* widget = Form().WidgetOf(*each);
     if (widget == nullptr) continue;
     widget->setParent(body_);
     if (IsRow() && BeginsPair(before, *each)) layout_->addSpacing(Scaled(kPairSpacing, *body_));
     before = each;
-    const int stretch = each->Stretch() == 0 && IsGrid(*each) ? 1 : each->Stretch();
+    const int stretch = StretchOf(*each, IsRow());
     anyStretch = anyStretch || stretch > 0;
     layout_->addWidget(widget, stretch);
   }
   // What stretches takes all the room; without such the controls stand together at the start.
-  const bool fills = std::any_of(contents_.begin(), contents_.end(),
+  const bool fills = std::any_of(Contents().begin(), Contents().end(),
                                  [](const TControl* each) { return !each->Controls().empty(); });
   if (IsRow() ? !anyStretch : !anyStretch && (!fills || panel_ == nullptr)) {
     layout_->addItem(IsRow() ? new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum)
@@ -124,7 +185,7 @@ void PanelView::AlignRows() {
   if (IsRow()) return;
   int widest = 0;
   std::vector<ControlView*> titles;
-  for (const TControl* each : contents_) {
+  for (const TControl* each : Contents()) {
     const TControl* title = RowTitle(*each);
     ControlView* view =
         title == nullptr || !title->Visible() || !each->Visible() ? nullptr : Form().ViewOf(*title);
@@ -135,24 +196,27 @@ void PanelView::AlignRows() {
   for (ControlView* title : titles) title->SetAlignedWidth(titles.size() > 1 ? widest : 0);
 }
 
+void PanelView::RefreshSizes() {
+  if (panel_->Width() > 0) Widget()->setMinimumWidth(Scaled(panel_->Width(), *Widget()));
+  const bool folded = panel_->Folded();
+  Widget()->setMinimumHeight(!folded && panel_->Height() > 0 ? Scaled(panel_->Height(), *Widget()) : 0);
+  const auto* parent = dynamic_cast<const TPanel*>(panel_->Parent());
+  const bool inRow = parent != nullptr && (parent->Direction() == Flow::Row || parent->Splitter);
+  const bool natural = (panel_->Stretch() == 0 && !IsPage()) || folded;
+  Widget()->setSizePolicy(QSizePolicy::Preferred,
+                          natural && !inRow ? QSizePolicy::Maximum : QSizePolicy::Preferred);
+}
+
 void PanelView::Refresh() {
-  ControlView::Refresh();
-  if (panel_ != nullptr) {
-    const bool titled = !panel_->Caption().empty() || panel_->Foldable;
-    title_->Show(ShownText(panel_->Caption()), panel_->Foldable, panel_->Folded());
-    title_->setObjectName(Widget()->objectName() + "_Title");
-    title_->setAccessibleName(ToQt(panel_->AccessibleName()));
-    if (title_->isHidden() == titled) title_->setVisible(titled);
-    if (body_->isHidden() != panel_->Folded()) body_->setVisible(!panel_->Folded());
-    if (panel_->Width() > 0) Widget()->setMinimumWidth(Scaled(panel_->Width(), *Widget()));
-    const bool folded = panel_->Folded();
-    Widget()->setMinimumHeight(!folded && panel_->Height() > 0 ? Scaled(panel_->Height(), *Widget()) : 0);
-    const auto vertical = panel_->Stretch() == 0 || folded ? QSizePolicy::Maximum : QSizePolicy::Preferred;
-    const TControl* parent = panel_->Parent();
-    const auto* parentPanel = dynamic_cast<const TPanel*>(parent);
-    const bool inRow = parentPanel != nullptr && parentPanel->Direction() == Flow::Row;
-    Widget()->setSizePolicy(QSizePolicy::Preferred, inRow ? QSizePolicy::Preferred : vertical);
-  }
+  ContainerView::Refresh();
+  if (panel_ == nullptr) return;
+  const bool titled = Titled();
+  if (titled) title_->Show(ShownText(panel_->Caption()), panel_->Foldable, panel_->Folded());
+  title_->setObjectName(Widget()->objectName() + "_Title");
+  title_->setAccessibleName(ToQt(panel_->AccessibleName()));
+  if (title_->isHidden() == titled) title_->setVisible(titled);
+  if (body_->isHidden() != panel_->Folded()) body_->setVisible(!panel_->Folded());
+  RefreshSizes();
 }
 
 }  // namespace goods

@@ -1,41 +1,43 @@
 // Views of containers: the form itself, panels, groups, frames.
 #pragma once
 
-#include <QFrame>
-#include <vector>
-
-#include "desktop/views/control_view.h"
+#include "desktop/views/container_view.h"
 #include "host/components/standard.h"
 
 class QBoxLayout;
-class QLabel;
+class QSplitter;
 
 namespace goods {
 
 // The clickable title of a group, with an arrow where the group can be folded.
 class GroupTitle;
 
-class PanelView : public ControlView {
+class PanelView : public ContainerView {
  public:
   PanelView(FormView& form, TControl& control, QWidget* parent);
 
+  // A page is seen while it is its page control's active one.
+  bool IsShown() const override;
   void Refresh() override;
-  // Makes the views of what stands in the container. Called again when ContentsDiffer.
-  void BuildContents();
-  // Gives the titles that begin its rows one width.
-  void AlignRows();
-  bool ContentsDiffer() const { return contents_ != Control().Controls(); }
-  const std::vector<TControl*>& Contents() const { return contents_; }
+  void AlignRows() override;
+
+ protected:
+  QWidget* ContentsParent() const override { return body_; }
+  void Arrange() override;
 
  private:
   bool IsRow() const;
-  void Arrange();
+  // Its caption is a tab rather than a title.
+  bool IsPage() const;
+  bool Titled() const;
+  void ArrangeSplitter();
+  void RefreshSizes();
 
   TPanel* panel_;  // null for the form itself
   GroupTitle* title_ = nullptr;
   QWidget* body_ = nullptr;
   QBoxLayout* layout_ = nullptr;
-  std::vector<TControl*> contents_;
+  QSplitter* splitter_ = nullptr;  // null where nothing can be dragged
 };
 
 }  // namespace goods

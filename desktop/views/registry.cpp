@@ -2,10 +2,13 @@
 
 #include "desktop/views/combo_view.h"
 #include "desktop/views/date_edit_view.h"
+#include "desktop/views/drop_down_view.h"
 #include "desktop/views/edit_view.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/panel_view.h"
 #include "desktop/views/standard_views.h"
+#include "desktop/views/tab_views.h"
+#include "desktop/views/token_editor_view.h"
 #include "host/components/form.h"
 
 namespace goods {
@@ -23,10 +26,15 @@ ViewRegistry HostKinds() {
   AddKind<TLabel, LabelView>(registry);
   AddKind<TButton, ButtonView>(registry);
   AddKind<TCheckBox, CheckBoxView>(registry);
+  AddKind<TRadioButton, RadioButtonView>(registry);
   AddKind<TComboBox, ComboView>(registry);
   AddKind<TEdit, EditView>(registry);
   AddKind<TDateEdit, DateEditView>(registry);
   AddKind<TSmartDBGrid_QRT, GridControlView>(registry);
+  AddKind<TTabControl, TabControlView>(registry);
+  AddKind<TPageControl, PageControlView>(registry);
+  AddKind<TDropDownCombo, DropDownView>(registry);
+  AddKind<TTokenEditor, TokenEditorView>(registry);
   AddKind<TPanel, PanelView>(registry);
   AddKind<TForm, PanelView>(registry);
   return registry;

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <algorithm>
 
 #include "desktop/views/form_view.h"
@@ -12,7 +13,7 @@
 namespace goods {
 namespace {
 
-// Caption, least size and stretch are treated alike by all three.
+// Caption, least size and stretch are treated alike by all of them.
 void SetSizes(const ControlView& view) {
   const TControl& control = view.Control();
   QWidget& widget = *view.Widget();
@@ -92,6 +93,23 @@ void CheckBoxView::Refresh() {
   const QString text = ShownText(box_.Caption());
   if (widget_->text() != text) widget_->setText(text);
   if (widget_->isChecked() != box_.Checked()) widget_->setChecked(box_.Checked());
+  SetSizes(*this);
+}
+
+RadioButtonView::RadioButtonView(FormView& form, TRadioButton& radio, QWidget* parent)
+    : ControlView(form, radio), radio_(radio), widget_(new QRadioButton(parent)) {
+  SetWidget(widget_);
+  widget_->setAutoExclusive(false);  // which ones belong together is the component's affair
+  connect(widget_, &QRadioButton::clicked, this, [this] { Act([this] { radio_.Click(); }); });
+}
+
+QWidget* RadioButtonView::FocusWidget() const { return widget_; }
+
+void RadioButtonView::Refresh() {
+  ControlView::Refresh();
+  const QString text = ShownText(radio_.Caption());
+  if (widget_->text() != text) widget_->setText(text);
+  if (widget_->isChecked() != radio_.Checked()) widget_->setChecked(radio_.Checked());
   SetSizes(*this);
 }
 

@@ -1,4 +1,4 @@
-// Views of labels, buttons and check boxes.
+// Views of labels, buttons, check boxes and radio buttons.
 #pragma once
 
 #include "desktop/views/control_view.h"
@@ -6,6 +6,7 @@
 
 class QCheckBox;
 class QPushButton;
+class QRadioButton;
 
 namespace goods {
 
@@ -42,6 +43,17 @@ class CheckBoxView : public ControlView {
  private:
   TCheckBox& box_;
   QCheckBox* widget_;
+};
+
+class RadioButtonView : public ControlView {
+ public:
+  RadioButtonView(FormView& form, TRadioButton& radio, QWidget* parent);
+  QWidget* FocusWidget() const override;
+  void Refresh() override;
+
+ private:
+  TRadioButton& radio_;
+  QRadioButton* widget_;
 };
 
 }  // namespace goods

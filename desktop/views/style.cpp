@@ -104,6 +104,26 @@ void DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QRect
   painter.restore();
 }
 
+// A row of dots to take hold of, along the border.
+void DrawSplitter(QPainter& painter, const QStyleOption* option) {
+  constexpr int kDots = 5;
+  constexpr double kDistance = 7;
+  const Theme& theme = CurrentTheme();
+  const QRectF box(option->rect);
+  const bool upright = box.height() > box.width();
+  const bool hover = Has(option, QStyle::State_MouseOver) || Has(option, QStyle::State_Sunken);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(hover ? theme.accent : theme.mutedText);
+  if (!hover) painter.setOpacity(0.6);
+  for (int dot = 0; dot < kDots; ++dot) {
+    const double away = (dot - (kDots - 1) / 2.0) * kDistance;
+    painter.drawEllipse(box.center() + (upright ? QPointF(0, away) : QPointF(away, 0)), 1.6, 1.6);
+  }
+  painter.restore();
+}
+
 }  // namespace
 
 void DrawArrow(QPainter& painter, const QRectF& box, const QColor& color, int degrees) {
@@ -170,6 +190,15 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       return;  // the focus shows in the control's own border
     default:
       QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+void HostStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+  if (element == CE_Splitter) {
+    DrawSplitter(*painter, option);
+  } else {
+    QProxyStyle::drawControl(element, option, painter, widget);
   }
 }
 

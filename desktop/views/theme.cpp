@@ -5,6 +5,8 @@
 #include <QFontInfo>
 #include <QPaintDevice>
 #include <QPalette>
+#include <algorithm>
+#include <cmath>
 
 #include "desktop/views/style.h"
 
@@ -34,6 +36,7 @@ Theme LightTheme() {
   theme.problem = QColor(0xC62F3B);
   theme.problemSoft = QColor(0xFDECEE);
   theme.warning = QColor(0xB7791F);
+  theme.warningSoft = QColor(0xFDF3DC);
   return theme;
 }
 
@@ -57,6 +60,7 @@ Theme DarkTheme() {
   theme.problem = QColor(0xF27781);
   theme.problemSoft = QColor(0x46282E);
   theme.warning = QColor(0xE0B252);
+  theme.warningSoft = QColor(0x423619);
   return theme;
 }
 
@@ -130,9 +134,27 @@ int Unscaled(int pixels, const QPaintDevice& device) {
   return qRound(static_cast<double>(pixels) * kReferenceDpi / device.logicalDpiX());
 }
 
+double Contrast(const QColor& a, const QColor& b) {
+  const auto luminance = [](const QColor& color) {
+    const auto linear = [](double part) {
+      return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+  };
+  const double first = luminance(a) + 0.05;
+  const double second = luminance(b) + 0.05;
+  return std::max(first, second) / std::min(first, second);
+}
+
 QColor ReadableOn(const QColor& background) {
-  constexpr int kMiddle = 140;
-  return qGray(background.rgb()) > kMiddle ? QColor(0x1C2530) : QColor(0xF4F7FA);
+  const QColor dark(0x10171F);
+  const QColor light(0xFFFFFF);
+  return Contrast(background, dark) >= Contrast(background, light) ? dark : light;
+}
+
+QColor Mixed(const QColor& a, const QColor& b, double share) {
+  const auto mix = [share](int x, int y) { return qRound(x + (y - x) * share); };
+  return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
 }  // namespace goods

@@ -30,6 +30,7 @@ struct Theme {
   QColor problem;
   QColor problemSoft;
   QColor warning;
+  QColor warningSoft;
 };
 
 // The theme in use; the light one before ApplyTheme.
@@ -50,7 +51,12 @@ int LineHeight(const QFont& font);
 int Scaled(int pixels, const QPaintDevice& device);
 int Unscaled(int pixels, const QPaintDevice& device);
 
-// The font colour that can be read on a cell colour.
+// The font colour that can be read on a cell colour: of the dark and the light one the one with more
+// contrast.
 QColor ReadableOn(const QColor& background);
+// How much lighter the lighter of two colours is, 1 to 21, as the accessibility guidelines count it.
+double Contrast(const QColor& a, const QColor& b);
+// A colour that far, 0 to 1, on the way from a to b.
+QColor Mixed(const QColor& a, const QColor& b, double share);
 
 }  // namespace goods

@@ -1,14 +1,16 @@
 // The table: what is painted, sorted, chosen, selected and copied.
-#include <QCheckBox>
 #include <QClipboard>
 #include <QDialog>
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStandardItem>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include "desktop/views/check_tree.h"
+#include "desktop/views/column_chooser.h"
 #include "desktop/views/grid_menu.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
@@ -178,15 +180,22 @@ TEST_F(Grid, TheColumnChooserOffersWhatMayBeHiddenAndKeepsOneColumn) {
   for (const auto& column : form.Kardex_GRD.Columns())
     column->SetVisible(column->FieldName() == "Bagh" || column->FieldName() == "Anbar");
   QDialog* chooser = ShowColumnChooser(view, form.Kardex_GRD);
-  EXPECT_EQ(chooser->findChild<QCheckBox*>("Date"), nullptr);
-  auto* stock = chooser->findChild<QCheckBox*>("Bagh");
-  auto* store = chooser->findChild<QCheckBox*>("Anbar");
-  ASSERT_NE(stock, nullptr);
-  stock->click();
+  auto* tree = chooser->findChild<CheckTree*>();
+  ASSERT_NE(tree, nullptr);
+  const auto box = [&](const char* field) -> QStandardItem* {
+    const auto& columns = form.Kardex_GRD.Columns();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (columns[i]->FieldName() == field) return tree->Item(QString::number(i));
+    }
+    return nullptr;
+  };
+  EXPECT_EQ(box("Date"), nullptr);
+  ASSERT_NE(box("Bagh"), nullptr);
+  box("Bagh")->setCheckState(Qt::Unchecked);
   EXPECT_FALSE(Column("Bagh").Visible());
-  store->click();
+  box("Anbar")->setCheckState(Qt::Unchecked);
   EXPECT_TRUE(Column("Anbar").Visible());
-  EXPECT_TRUE(store->isChecked());
+  EXPECT_EQ(box("Anbar")->checkState(), Qt::Checked);
   chooser->close();
 }
 

@@ -7,7 +7,7 @@
 
 #include "desktop/print/export.h"
 #include "desktop/views/date_edit_view.h"
-#include "desktop/views/grid_menu.h"
+#include "desktop/views/column_chooser.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
