@@ -5,9 +5,12 @@
 #include <cstdint>
 #include <exception>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "company/embedded/decimal_cell.h"
 #include "host/core/text.h"
@@ -96,10 +99,45 @@ bool DateBetween(sqlite3_value** values) {
   return from && to && *from <= *value && *value <= *to;
 }
 
-bool TextBetween(sqlite3_value** values) {
-  const std::string value = PersianSortKey(Trim(TextOf(values[1])));
-  const auto end = [&](int index) { return PersianSortKey(Trim(TextOf(values[index]))); };
-  return (IsNull(values[2]) || end(2) <= value) && (IsNull(values[3]) || value <= end(3));
+// The ends of a range of texts. They are the same for every row of a statement, which keeps them.
+struct TextEnds {
+  std::optional<std::string> equal;  // both ends, folded, when they are one text
+  std::optional<std::string> from;   // sort keys
+  std::optional<std::string> to;
+};
+
+TextEnds ReadTextEnds(sqlite3_value* from, sqlite3_value* to) {
+  TextEnds ends;
+  if (!IsNull(from) && !IsNull(to)) {
+    std::string folded = FoldPersian(Trim(TextOf(from)));
+    if (folded == FoldPersian(Trim(TextOf(to)))) ends.equal = std::move(folded);
+  }
+  if (!IsNull(from)) ends.from = PersianSortKey(Trim(TextOf(from)));
+  if (!IsNull(to)) ends.to = PersianSortKey(Trim(TextOf(to)));
+  return ends;
+}
+
+bool TextBetween(const TextEnds& ends, std::string_view value) {
+  if (ends.equal) {
+    std::string folded;
+    FoldPersianInto(Trim(value), folded);
+    return folded == *ends.equal;
+  }
+  const std::string key = PersianSortKey(Trim(value));
+  return (!ends.from || *ends.from <= key) && (!ends.to || key <= *ends.to);
+}
+
+bool TextBetween(sqlite3_context* context, sqlite3_value** values) {
+  constexpr int kKeptWith = 3;
+  const std::string_view value = TextOf(values[1]);
+  if (const auto* kept = static_cast<const TextEnds*>(sqlite3_get_auxdata(context, kKeptWith))) {
+    return TextBetween(*kept, value);
+  }
+  auto ends = std::make_unique<TextEnds>(ReadTextEnds(values[2], values[3]));
+  const bool between = TextBetween(*ends, value);
+  sqlite3_set_auxdata(context, kKeptWith, ends.release(),
+                      [](void* kept) { delete static_cast<TextEnds*>(kept); });
+  return between;
 }
 
 void DetailBetween(sqlite3_context* context, int, sqlite3_value** values) {
@@ -109,7 +147,7 @@ void DetailBetween(sqlite3_context* context, int, sqlite3_value** values) {
       const int type = sqlite3_value_int(values[0]);
       between = type == 3 || type == 4 ? NumberBetween(values)
                 : type == 5            ? DateBetween(values)
-                                       : TextBetween(values);
+                                       : TextBetween(context, values);
     }
     sqlite3_result_int(context, between ? 1 : 0);
   });

@@ -6,7 +6,8 @@
 //   the detail's DetailType: 3 and 4 compare as numbers, 5 as dates (year, month and day; no calendar is
 //   asked), any other as texts, as a Persian reader orders them, blanks at both ends aside. An end that is
 //   null is open; so is an end of a date without any digit, as an empty date edit gives it. 0 when the value
-//   is null, or when the value or an end is not of the type.
+//   is null, or when the value or an end is not of the type. The ends must be the same for every row of a
+//   statement.
 // - dec_try(text): the number that a text holds, its digits in either script; null when it holds none.
 #pragma once
 

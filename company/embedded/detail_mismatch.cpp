@@ -97,7 +97,7 @@ class AssetRows : public ComputedRows {
 // The stock card or the details of one good, row by row in the order of date and row number.
 class Movements {
  public:
-  enum Column : int { kDate, kRadif, kStore, kType, kOperationCode, kOperationRow, kQuantity };
+  enum Column : int { kRadif, kStore, kQuantity, kDate, kType, kOperationCode, kOperationRow };
 
   Movements(sqlite3* db, std::string_view sql) : rows_(db, sql) {}
   void Start(std::int64_t good) {
@@ -105,31 +105,36 @@ class Movements {
     rows_.Bind(1, good);
     Next();
   }
-  void Next() { there_ = rows_.Step(); }
-  bool There() const { return there_; }
-  const Statement& Row() const { return rows_; }
-  // Negative: before the key; 0: at it.
-  int Compare(std::string_view date, std::int64_t radif) const {
-    const int byDate = rows_.Text(kDate).compare(date);
-    if (byDate != 0) return byDate;
-    const std::int64_t own = rows_.Integer(kRadif);
-    return own < radif ? -1 : own > radif ? 1 : 0;
+  void Next() {
+    there_ = rows_.Step();
+    if (there_) radif_ = rows_.Integer(kRadif);
   }
+  bool There() const { return there_; }
+  // The number alone names a row of the stock card.
+  bool At(std::int64_t radif) const { return there_ && radif_ == radif; }
+  std::int64_t Radif() const { return radif_; }
+  const Statement& Row() const { return rows_; }
 
  private:
   Statement rows_;
+  std::int64_t radif_ = 0;
   bool there_ = false;
 };
+
+bool ComesBefore(const Movements& a, const Movements& b) {
+  const int byDate = a.Row().Text(Movements::kDate).compare(b.Row().Text(Movements::kDate));
+  return byDate != 0 ? byDate < 0 : a.Radif() < b.Radif();
+}
 
 class OperationRows : public ComputedRows {
  public:
   OperationRows(sqlite3* db, std::optional<std::int64_t> good)
       : goods_(db, good),
         card_(db,
-              "SELECT Date, Radif, Anbar, Type, OperationCode, OperationRow, Tedad FROM Kardex"
+              "SELECT Radif, Anbar, Tedad, Date, Type, OperationCode, OperationRow FROM Kardex"
               " WHERE Kala = ?1 ORDER BY Date, Radif"),
         details_(db,
-                 "SELECT Date, Radif, Anbar, Type, OperationCode, OperationRow, Amount1 FROM DetailKardex"
+                 "SELECT Radif, Anbar, Amount1, Date, Type, OperationCode, OperationRow FROM DetailKardex"
                  " WHERE Kala = ?1 ORDER BY Date, Radif") {}
 
   bool Next() override {
@@ -188,30 +193,43 @@ class OperationRows : public ComputedRows {
   };
   static constexpr std::size_t kBeforeFirst = std::numeric_limits<std::size_t>::max();
 
-  // The next row number of either side, with all that is told of it, by store.
+  // The next row number of either side. Entries are made only where something disagrees: nearly every row
+  // agrees, and costs no more than its quantities.
   void ReadOne() {
     const bool cardIsNext =
-        card_.There() && (!details_.There() || details_.Compare(card_.Row().Text(Movements::kDate),
-                                                                card_.Row().Integer(Movements::kRadif)) >= 0);
-    const Statement& next = (cardIsNext ? card_ : details_).Row();
-    date_ = next.Text(Movements::kDate);
-    radif_ = next.Integer(Movements::kRadif);
-    Add(card_, &Entry::operation);
-    Add(details_, &Entry::details);
+        card_.There() && (!details_.There() || details_.At(card_.Radif()) || ComesBefore(card_, details_));
+    radif_ = (cardIsNext ? card_ : details_).Radif();
+    const std::int64_t store = cardIsNext ? card_.Row().Integer(Movements::kStore) : 0;
+    Decimal details;
+    for (; details_.At(radif_); details_.Next()) {
+      const Decimal quantity = Quantity(details_.Row(), Movements::kQuantity);
+      const std::int64_t own = details_.Row().Integer(Movements::kStore);
+      if (cardIsNext && own == store) {
+        details += quantity;
+      } else {
+        EntryAt(own, details_.Row()).details += quantity;
+      }
+    }
+    if (!cardIsNext) return;
+    const Decimal operation = Quantity(card_.Row(), Movements::kQuantity);
+    if (operation != details) {
+      Entry& entry = EntryAt(store, card_.Row());
+      entry.operation = operation;
+      entry.details = details;
+    }
+    card_.Next();
   }
 
-  void Add(Movements& movements, Decimal Entry::*sum) {
-    for (; movements.There() && movements.Compare(date_, radif_) == 0; movements.Next()) {
-      const Statement& row = movements.Row();
-      const std::size_t before = entries_.size();
-      Entry& entry = EntryOf(entries_, row.Integer(Movements::kStore), last_);
-      if (entries_.size() > before) {
-        entry.type = row.Integer(Movements::kType);
-        entry.operationCode = row.Integer(Movements::kOperationCode);
-        entry.operationRow = row.Integer(Movements::kOperationRow);
-      }
-      entry.*sum += Quantity(row, Movements::kQuantity);
+  Entry& EntryAt(std::int64_t store, const Statement& row) {
+    const std::size_t before = entries_.size();
+    Entry& entry = EntryOf(entries_, store, last_);
+    if (entries_.size() > before) {
+      date_ = row.Text(Movements::kDate);
+      entry.type = row.Integer(Movements::kType);
+      entry.operationCode = row.Integer(Movements::kOperationCode);
+      entry.operationRow = row.Integer(Movements::kOperationRow);
     }
+    return entry;
   }
 
   Goods goods_;
