@@ -61,6 +61,13 @@ GOODS_EXPORT void Open_GarKala(int32_t softwarePart);
 GOODS_EXPORT void Open_GoodAmountAsset(void);
 GOODS_EXPORT void Open_GoodCashAsset(void);
 
+/* What came in and went out of each good, by operation, in money and in quantity. Needs permission 6 on
+ * software part 528. */
+GOODS_EXPORT void Open_GoodTrans_Overall(void);
+
+/* The stock of each good in every store, side by side. Needs permission 6 on software part 531. */
+GOODS_EXPORT void Open_GoodsAsset_Store(void);
+
 /* Kept for hosts that call it; does nothing. */
 GOODS_EXPORT void Open_StoreExistance(void);
 

@@ -74,8 +74,11 @@ void TBaseDock_FRM::BasePrintList_Click() {
   PrintDBGridEh.Grid = printedGrid_;
   PrintDBGridEh.Title = Caption();
   PrintDBGridEh.Options = kPrintOptions;
+  if (!PreparePrint()) return;
   PrintDBGridEh.Preview(Host().Printing());
 }
+
+bool TBaseDock_FRM::PreparePrint() { return true; }
 
 void TBaseDock_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& /*lines*/) {}
 

@@ -49,6 +49,9 @@ class TBaseDock_FRM : public TForm {
   // Prints or previews the list: asks for the print right, points the print component at the grid, with the
   // window's caption as title and options 5. Without the right nothing happens.
   void BasePrintList_Click();
+  // The right is there and the list is about to be printed: the moment to fill PrintDBGridEh. False prints
+  // nothing.
+  virtual bool PreparePrint();
   // Adds the lines above the printed grid; the base has none.
   virtual void PrintDBGridEhBeforePrint(std::vector<std::string>& lines);
 

@@ -7,6 +7,21 @@
 
 namespace goods {
 
+namespace {
+
+// A field as a sort text names it: one with other characters than those of a word stands in brackets.
+std::string SortField(const std::string& name) {
+  const auto odd = [](char c) {
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    return !letter && c != '_' && static_cast<unsigned char>(c) < 0x80;
+  };
+  const bool digitFirst = !name.empty() && name.front() >= '0' && name.front() <= '9';
+  if (!digitFirst && std::none_of(name.begin(), name.end(), odd)) return name;
+  return "[" + ReplaceAll(name, "]", "]]") + "]";
+}
+
+}  // namespace
+
 TGridColumn::TGridColumn(TSmartDBGrid_QRT& grid, std::string fieldName, std::string caption)
     : grid_(grid), fieldName_(std::move(fieldName)), caption_(std::move(caption)) {}
 
@@ -233,7 +248,7 @@ std::string TSmartDBGrid_QRT::GetSort() const {
   std::string text;
   for (const TSortKey& key : sort_) {
     if (!text.empty()) text += ",";
-    text += key.FieldName + (key.Descending ? " DESC" : " ASC");
+    text += SortField(key.FieldName) + (key.Descending ? " DESC" : " ASC");
   }
   return text;
 }

@@ -65,6 +65,23 @@ TEST_F(Grid, ATitleClickSortsTurnsRoundAndLiftsTheSort) {
   EXPECT_EQ(changes, 6);
 }
 
+TEST_F(Grid, AFieldWithOddCharactersStandsInBracketsInTheSortText) {
+  host.Connection().Answer("stores", {{{"S1-1", ColumnType::Decimal}, {"2]", ColumnType::Decimal}},
+                                      {{"2", "5"}, {"-1", "7"}, {"2", "1"}}});
+  query.SetSQL("stores");
+  query.Open();
+  TGridColumn& store = grid.AddColumn("S1-1", "انبار|مقدار").SetFooter(FooterKind::Sum);
+  TGridColumn& other = grid.AddColumn("2]", "انبار دو");
+  grid.TitleClick(store);
+  grid.TitleClick(other, true);
+  EXPECT_EQ(grid.GetSort(), "[S1-1] ASC,[2]]] ASC");
+  query.SetSort(grid.GetSort());
+  EXPECT_EQ(grid.CellText(0, store), "-1");
+  EXPECT_EQ(grid.CellText(1, other), "1");
+  EXPECT_EQ(grid.CellText(2, other), "5");
+  EXPECT_EQ(grid.FooterText(store), "3");
+}
+
 TEST_F(Grid, ItsTableHoldsTheVisibleColumnsOnly) {
   query.Open();
   grid.FindColumn("Name")->SetVisible(false);

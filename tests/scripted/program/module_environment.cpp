@@ -6,8 +6,10 @@
 
 #include "host/core/text.h"
 #include "include/goods_transaction_qrt.h"
+#include "module/reports/asset/goods_asset_store.h"
 #include "module/reports/stockcard/kardex.h"
 #include "module/reports/stockcard/kardex_search.h"
+#include "module/reports/turnover/good_trans_overall.h"
 #include "module/reports/turnover/good_transaction.h"
 
 namespace goods {
@@ -100,11 +102,15 @@ CaseEnvironment ModuleEnvironment() {
       {"Open_GarKala", CallGarKala},
       {"Open_GoodAmountAsset", CallPlain<Open_GoodAmountAsset>},
       {"Open_GoodCashAsset", CallPlain<Open_GoodCashAsset>},
+      {"Open_GoodTrans_Overall", CallPlain<Open_GoodTrans_Overall>},
+      {"Open_GoodsAsset_Store", CallPlain<Open_GoodsAsset_Store>},
   };
   environment.windows = {
       {"TKardex_FRM", Make<TKardex_FRM>},
       {"TKardexSearch_FRM", Make<TKardexSearch_FRM>},
       {"TGoodTransaction_FRM", Make<TGoodTransaction_FRM>},
+      {"TGoodTrans_Overall_FRM", Make<TGoodTrans_Overall_FRM>},
+      {"TGoodsAsset_Store_FRM", Make<TGoodsAsset_Store_FRM>},
   };
   return environment;
 }
