@@ -166,6 +166,7 @@ void TPriceBasisPanel::Restore() {
   basis_ = kPriceBasisNone;
   buyOrSell_ = -1;
   levelCode_ = -1;
+  Report_CMB.SetDroppedDown(false);  // it may have hung open when the window was closed
   data_.RialHistory_Fill();
   data_.CostLevelGet(style_.levels);
   const TSettings& settings = host_.Settings().Settings();

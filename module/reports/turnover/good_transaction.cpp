@@ -215,7 +215,20 @@ void TGoodTransaction_FRM::RunList() {
   delayedSearch_.Cancel();
   if (formShowing_ || !Showing()) return;
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
-  QeratSearchManager1.ExecuteFilter_PROC();
+  ReadList();
+}
+
+// The reading makes the first row current and then the last: whoever watches the rows is told once, of the
+// last. No scope guard, because the watchers may throw.
+void TGoodTransaction_FRM::ReadList() {
+  ListDataSet().DisableControls();
+  try {
+    QeratSearchManager1.ExecuteFilter_PROC();
+  } catch (...) {
+    ListDataSet().EnableControls();
+    throw;
+  }
+  ListDataSet().EnableControls();
 }
 
 void TGoodTransaction_FRM::RefreshList() {

@@ -128,6 +128,7 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   void KeepCriteria();
   bool AdvSearchOn() const { return ADVSearch_Fram1.ADVSearch_CHK.Checked(); }
   void RunList();
+  void ReadList();
   void ShowTags(const std::string& field, const std::string& codes);
   void ShowStockCard(std::int64_t good);
 
