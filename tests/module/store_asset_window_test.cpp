@@ -1,0 +1,81 @@
+// The stock per store: what cases cannot set, such as a width that the user has dragged.
+#include "module/reports/asset/goods_asset_store.h"
+#include "tests/module/data_module_fixture.h"
+
+namespace goods {
+namespace {
+
+class StoreAssetWindow : public DataModuleTest {
+ protected:
+  void SetUp() override {
+    Give("select 1 AS Code%", "Code Name", {{"1", "بيشترين قيمت خريد "}});
+    Give("select * from costlevel%", "Code Name", {{"4", "عمده"}});
+    Give("SELECT * FROM Stores ORDER BY Code", "Code Name", {{"7", "مرکزی"}});
+    Give("exec GoodsAsset_Store_SP %", "GoodCode GoodName S1-1 S1-Cost A0-1 A0-Cost",
+         {{"12", "پیچ", "5", "50", "5", "50"}});
+    window.ShowModal();
+  }
+  TGridColumn& Name() { return *window.GoodsAsset_Store_GRD.FindColumn("GoodName"); }
+
+  TGoodsAsset_Store_FRM window{host, 1, Variant(std::string("0")), ""};
+};
+
+TEST_F(StoreAssetWindow, TheNameColumnTakesTheRoomThatIsLeftOver) {
+  EXPECT_TRUE(Name().AutoFit());
+  EXPECT_EQ(Name().Width(), 200);
+}
+
+TEST_F(StoreAssetWindow, ANameColumnDraggedBelow200GetsAWidthOfItsOwn) {
+  const std::function<void()> causes[] = {
+      [this] { window.FormResize(); },
+      [this] { window.Search_BTNClick(); },
+      [this] { window.Period_PNL.AvalDore_CHK.SetChecked(!window.Period_PNL.AvalDore_CHK.Checked()); },
+  };
+  for (const auto& cause : causes) {
+    Name().SetAutoFit(false).SetWidth(120);
+    cause();
+    EXPECT_EQ(Name().Width(), 200);
+    EXPECT_FALSE(Name().AutoFit());
+  }
+}
+
+TEST_F(StoreAssetWindow, AWiderNameColumnFitsAgain) {
+  Name().SetAutoFit(false).SetWidth(320);
+  window.FormResize();
+  EXPECT_EQ(Name().Width(), 320);
+  EXPECT_TRUE(Name().AutoFit());
+}
+
+TEST_F(StoreAssetWindow, ShowingItAgainReadsTheStoresOnceAndKeepsTheColumns) {
+  const std::size_t columns = window.GoodsAsset_Store_GRD.Columns().size();
+  Sent();
+  window.ShowModal();
+  EXPECT_EQ(window.GoodsAsset_Store_GRD.Columns().size(), columns);
+  for (const std::string& statement : Sent()) EXPECT_EQ(statement.find("Stores"), std::string::npos);
+}
+
+TEST_F(StoreAssetWindow, ThePrintButtonIsReadyOnShowOnlyAfterAReport) {
+  EXPECT_FALSE(window.PrintList_BTN.Enabled());
+  window.Search_BTNClick();
+  window.ShowModal();
+  EXPECT_TRUE(window.PrintList_BTN.Enabled());
+}
+
+TEST_F(StoreAssetWindow, AStoreColumnTakesFormatFooterAndFittingFromTheTotal) {
+  const auto& grid = window.GoodsAsset_Store_GRD;
+  const TGridColumn& amount = *grid.FindColumn("S1-Cost");
+  const TGridColumn& total = *grid.FindColumn("A0-Cost");
+  EXPECT_EQ(amount.DisplayFormatText(), total.DisplayFormatText());
+  EXPECT_EQ(amount.Footer(), total.Footer());
+  EXPECT_EQ(amount.AutoFit(), total.AutoFit());
+  EXPECT_EQ(amount.FooterFormat().Format(*Decimal::Parse("-1234.5")),
+            total.FooterFormat().Format(*Decimal::Parse("-1234.5")));
+}
+
+TEST_F(StoreAssetWindow, EachWindowHasItsOwnRows) {
+  TGoodsAsset_Store_FRM other(host, 1, Variant(std::string("0")), "");
+  EXPECT_NE(window.GoodsAsset_Store_GRD.DataSet(), other.GoodsAsset_Store_GRD.DataSet());
+}
+
+}  // namespace
+}  // namespace goods
