@@ -84,7 +84,8 @@ void TGoodTransaction_FRM::ShowTags(const std::string& field, const std::string&
 }
 
 void TGoodTransaction_FRM::GoodTransactionRowChange() {
-  if (formShowing_ || !Tags_pnl.Visible() || !ListDataSet().RecNo()) return;
+  if (formShowing_ || !Tags_pnl.Visible()) return;
+  if (!ListDataSet().RecNo()) return TTags1.Tags_EDT.Clear();
   ShowTags("code", std::to_string(CurrentGood()));
 }
 
