@@ -32,6 +32,11 @@ struct ComputedTable {
   std::unique_ptr<ComputedRows> (*open)(sqlite3* db, std::optional<std::int64_t> good);
 };
 
+template <typename Rows>
+std::unique_ptr<ComputedRows> OpenComputed(sqlite3* db, std::optional<std::int64_t> good) {
+  return std::make_unique<Rows>(db, good);
+}
+
 // The table is there under its name alone, for reading. It must outlive the handle.
 void RegisterComputedTable(sqlite3* db, const ComputedTable& table);
 

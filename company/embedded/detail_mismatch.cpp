@@ -242,21 +242,16 @@ class OperationRows : public ComputedRows {
   std::size_t last_ = 0;
 };
 
-template <typename Rows>
-std::unique_ptr<ComputedRows> OpenAs(sqlite3* db, std::optional<std::int64_t> good) {
-  return std::make_unique<Rows>(db, good);
-}
-
 }  // namespace
 
 void RegisterDetailMismatch(sqlite3* db) {
   static constexpr ComputedTable kAsset = {
-      "detail_asset", "CREATE TABLE x(Kala, Anbar, KardexAsset, DetailAsset)", 2, OpenAs<AssetRows>};
+      "detail_asset", "CREATE TABLE x(Kala, Anbar, KardexAsset, DetailAsset)", 2, OpenComputed<AssetRows>};
   static constexpr ComputedTable kOperation = {
       "detail_operation_mismatch",
       "CREATE TABLE x(Kala, Date, Radif, Anbar, Type, OperationCode, OperationRow, OperationAmount,"
       " DetailAmount)",
-      3, OpenAs<OperationRows>};
+      3, OpenComputed<OperationRows>};
   RegisterComputedTable(db, kAsset);
   RegisterComputedTable(db, kOperation);
 }
