@@ -68,6 +68,10 @@ GOODS_EXPORT void Open_GoodTrans_Overall(void);
 /* The stock of each good in every store, side by side. Needs permission 6 on software part 531. */
 GOODS_EXPORT void Open_GoodsAsset_Store(void);
 
+/* The goods whose stock on the stock card differs from the stock of their details. Needs permission 6 on
+ * software part 513. Called from inside its own window, it only tells the user so. */
+GOODS_EXPORT void Open_DetailKardexAsset_Dismatch(void);
+
 /* Kept for hosts that call it; does nothing. */
 GOODS_EXPORT void Open_StoreExistance(void);
 

@@ -7,6 +7,8 @@
 namespace goods {
 namespace {
 
+constexpr std::int64_t kWidest = 10'000;  // pixels; more is no width
+
 // A value stands on one line of the section.
 std::string OneLine(std::string_view value) {
   return ReplaceAll(ReplaceAll(ReplaceAll(value, "\\", "\\\\"), "\r", "\\r"), "\n", "\\n");
@@ -56,6 +58,16 @@ void TStoredProperties::Keep(TEdit& edit) {
 void TStoredProperties::Keep(TSmartDBGrid_QRT& grid) {
   properties_.push_back({PathOf(grid) + ".Layout", [&grid] { return grid.SaveLayout(); },
                          [&grid](const std::string& value) { grid.LoadLayout(value); }});
+}
+
+void TStoredProperties::KeepWidth(TControl& control) {
+  properties_.push_back({PathOf(control) + ".Width", [&control] { return std::to_string(control.Width()); },
+                         [&control](const std::string& value) {
+                           const auto width = ParseInteger(value);
+                           if (width && *width > 0 && *width <= kWidest) {
+                             control.SetWidth(static_cast<int>(*width));
+                           }
+                         }});
 }
 
 void TStoredProperties::Load(const ISettings& settings) {

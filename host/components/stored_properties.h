@@ -24,6 +24,7 @@ class TStoredProperties : public TComponent {
   void Keep(TComboBox& combo);        // the chosen item's index
   void Keep(TEdit& edit);             // the text
   void Keep(TSmartDBGrid_QRT& grid);  // order, visibility and widths of the columns
+  void KeepWidth(TControl& control);
 
   // Loading fires the controls' events, in the order in which they were named here.
   void Load(const ISettings& settings);

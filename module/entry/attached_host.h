@@ -6,6 +6,7 @@
 
 #include "host/core/text.h"
 #include "host/services/host.h"
+#include "module/reports/mismatch/good_detail_kardex_dismatch.h"
 #include "module/reports/stockcard/kardex.h"
 #include "module/reports/turnover/good_transaction.h"
 
@@ -18,6 +19,8 @@ struct ModuleState {
   std::unique_ptr<TKardex_FRM> kardex;                // Open_Kardex
   std::unique_ptr<TGoodTransaction_FRM> amountAsset;  // Open_GarKala(501)
   std::unique_ptr<TGoodTransaction_FRM> cashAsset;    // Open_GarKala(502)
+  // Empty whenever no call is inside their modal show.
+  std::unique_ptr<TGoodDetailKardexDismatch_FRM> detailKardexDismatch;  // Open_DetailKardexAsset_Dismatch
 };
 
 ModuleState& State();
@@ -49,6 +52,24 @@ bool PrepareKeptWindow(THost& host, std::unique_ptr<Window>& window, const std::
   }
   window->SetCustomParameter(Variant(parameter), "");
   return true;
+}
+
+// Makes a guarded window and shows it; it is freed, and the variable empty, when it has been closed or an
+// error comes out of it. Tells the user, and does nothing else, while it is being shown.
+template <typename Window, typename Make>
+void ShowGuardedWindow(THost& host, std::unique_ptr<Window>& window, std::string_view alreadyShown,
+                       Make&& make) {
+  if (window != nullptr && window->Showing()) {
+    host.Messages().ShowSmartMessage(alreadyShown, "", MessageIcon::Information);
+    return;
+  }
+  struct Freed {
+    std::unique_ptr<Window>& window;
+    ~Freed() { window.reset(); }
+  } const scope{window};
+  if (window == nullptr) window = make();
+  window->FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
+  window->ShowModal();
 }
 
 // The boundary of every export: without a host nothing happens; what escapes goes to the host's messages.

@@ -5,7 +5,7 @@
 namespace goods {
 
 TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, DelayedSearch& typing,
-                                     TSmartDBGrid_QRT& grid)
+                                     TSmartDBGrid_QRT& grid, int message)
     : TPanel(window, std::move(name), Flow::Row),
       GoodDetailSearch_LBL(window, "GoodDetailSearch_LBL", "F10  جستجو بر اساس :"),
       GoodDetailSearch_CMB(window, "GoodDetailSearch_CMB"),
@@ -17,8 +17,8 @@ TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, Delay
     ApplyItem();
     if (OnItemChange) OnItemChange();
   };
-  GoodDetailSearch_EDT.OnChange = [this, &typing] {
-    if (!busy_) typing.Typed(kSearchEditTyped);
+  GoodDetailSearch_EDT.OnChange = [this, &typing, message] {
+    if (!busy_) typing.Typed(message);
   };
   GoodDetailSearch_EDT.OnKeyDown = [&typing, &grid](TKey& key) {
     if (key.Is(Key::Up) || key.Is(Key::Down)) {

@@ -25,8 +25,9 @@ struct TitleSearchItem {
 // to the window.
 class TTitleSearchPanel : public TPanel {
  public:
-  // typing hears of keys in the edit; it and grid must outlive the panel.
-  TTitleSearchPanel(TComponent* window, std::string name, DelayedSearch& typing, TSmartDBGrid_QRT& grid);
+  // typing hears of keys in the edit, by that message; it and grid must outlive the panel.
+  TTitleSearchPanel(TComponent* window, std::string name, DelayedSearch& typing, TSmartDBGrid_QRT& grid,
+                    int message = kSearchEditTyped);
 
   // The item at chosen becomes the chosen one, silently; the edit is emptied.
   void SetItems(std::vector<TitleSearchItem> items, int chosen);

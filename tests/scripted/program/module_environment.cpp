@@ -7,6 +7,8 @@
 #include "host/core/text.h"
 #include "include/goods_transaction_qrt.h"
 #include "module/reports/asset/goods_asset_store.h"
+#include "module/reports/mismatch/good_detail_kardex_dismatch.h"
+#include "module/reports/mismatch/good_detail_operation_dismatch.h"
 #include "module/reports/stockcard/kardex.h"
 #include "module/reports/stockcard/kardex_search.h"
 #include "module/reports/turnover/good_trans_overall.h"
@@ -98,6 +100,7 @@ CaseEnvironment ModuleEnvironment() {
       {"Open_Kardex", CallKardex},
       {"Open_KardexSearch", CallPlain<Open_KardexSearch>},
       {"Open_KardexNegativ", CallKardexNegativ},
+      {"Open_DetailKardexAsset_Dismatch", CallPlain<Open_DetailKardexAsset_Dismatch>},
       {"Open_StoreExistance", CallPlain<Open_StoreExistance>},
       {"Open_GarKala", CallGarKala},
       {"Open_GoodAmountAsset", CallPlain<Open_GoodAmountAsset>},
@@ -108,6 +111,8 @@ CaseEnvironment ModuleEnvironment() {
   environment.windows = {
       {"TKardex_FRM", Make<TKardex_FRM>},
       {"TKardexSearch_FRM", Make<TKardexSearch_FRM>},
+      {"TGoodDetailKardexDismatch_FRM", Make<TGoodDetailKardexDismatch_FRM>},
+      {"TGoodDetailOperationDismatch_FRM", Make<TGoodDetailOperationDismatch_FRM>},
       {"TGoodTransaction_FRM", Make<TGoodTransaction_FRM>},
       {"TGoodTrans_Overall_FRM", Make<TGoodTrans_Overall_FRM>},
       {"TGoodsAsset_Store_FRM", Make<TGoodsAsset_Store_FRM>},

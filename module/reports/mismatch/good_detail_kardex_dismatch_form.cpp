@@ -1,0 +1,94 @@
+// The stock-card mismatch's component tree.
+#include <initializer_list>
+
+#include "module/reports/mismatch/good_detail_kardex_dismatch.h"
+
+namespace goods {
+namespace {
+
+constexpr int kGoodNameItem = 1;
+constexpr int kAmountWidth = 110;
+constexpr int kDetailHeight = 84;
+
+}  // namespace
+
+void TGoodDetailKardexDismatch_FRM::DeclareForm() {
+  SetCaption("گزارش مغایرت جزئیات کالا");
+  PreferredWidth = 1240;
+  PreferredHeight = 720;
+  Maximised = true;
+
+  Search_PNL.SetItems({{"  کد کالا", InputKind::Integer},
+                       {"  نام کالا", InputKind::Text},
+                       {"  کد انبار", InputKind::Integer},
+                       {"  انبار", InputKind::Text}},
+                      kGoodNameItem);
+
+  StoresTotals_LBL.FocusControl = &StoresTotals_RDB;
+  StoresSeparations_LBL.FocusControl = &StoresSeparations_RDB;
+  StoresTotals_RDB.SetAccessibleName(PlainCaption(StoresTotals_LBL.Caption()));
+  StoresSeparations_RDB.SetAccessibleName(PlainCaption(StoresSeparations_LBL.Caption()));
+  for (TControl* each : std::initializer_list<TControl*>{&StoresTotals_RDB, &StoresTotals_LBL,
+                                                         &StoresSeparations_RDB, &StoresSeparations_LBL}) {
+    Stores_PNL.Place(*each);
+  }
+  StoresTotals_RDB.SetChecked(true);
+
+  GoodDetailSearchAmount_LBL.FocusControl = &GoodDetailSearchAmount_CMB;
+  GoodDetailSearchAmount_CMB.SetAccessibleName("فیلتر از نوع");
+  GoodDetailSearchAmount_CMB.SetItems({{"  انتخاب کنید ...", 0, ""}, {"  برآیند اختلاف موجودی", 0, ""}});
+  FromAmount_LBL.FocusControl = &FromAmount_EDT;
+  ToAmount_LBL.FocusControl = &ToAmount_EDT;
+  FromAmount_EDT.SetAccessibleName("از برآیند اختلاف موجودی");
+  ToAmount_EDT.SetAccessibleName("تا برآیند اختلاف موجودی");
+  for (TEdit* edit : {&FromAmount_EDT, &ToAmount_EDT}) {
+    edit->SetWidth(kAmountWidth);
+    edit->SetText("0");
+  }
+  for (TControl* each :
+       std::initializer_list<TControl*>{&GoodDetailSearchAmount_LBL, &GoodDetailSearchAmount_CMB,
+                                        &FromAmount_LBL, &FromAmount_EDT, &ToAmount_LBL, &ToAmount_EDT}) {
+    Amount_PNL.Place(*each);
+  }
+  Criteria_PNL.Place(Search_PNL, 1);
+  Criteria_PNL.Place(Amount_PNL);
+  Criteria_PNL.Place(Stores_PNL);
+
+  DeclareColumns();
+  TListDetail_FRAME1.Framed = true;
+  TListDetail_FRAME1.SetHeight(kDetailHeight);
+  TListDetail_FRAME1.DetailFields_QRT1.SetFields(
+      {{"GoodCode", "کد کالا", ""},
+       {"GoodTitle", "نام کالا", ""},
+       {"StoreTitle", "انبار", ""},
+       {"KardexAsset", "موجودی کاردکس", std::string(kQuantityFormat)},
+       {"DetailAsset", "موجودی جزئیات", std::string(kQuantityFormat)},
+       {"DiffAsset", "اختلاف موجودی", std::string(kQuantityFormat)}});
+  List_PNL.Place(Criteria_PNL);
+  List_PNL.Place(GoodDetailKardexDismatch_GRD, 1);
+  List_PNL.Place(TListDetail_FRAME1);
+  Body_PNL.Splitter = true;
+  Body_PNL.Place(Groups_PNL);
+  Body_PNL.Place(List_PNL, 1);
+
+  for (TButton* button : {&OpenInfo_BTN, &PrintList_BTN, &Exit_BTN}) Buttons_PNL.Place(*button);
+  Buttons_PNL.Place(TListDetail_FRAME1.View_LBL);
+  Buttons_PNL.Place(TListDetail_FRAME1.View_CMB);
+  Place(Body_PNL, 1);
+  Place(Buttons_PNL);
+}
+
+void TGoodDetailKardexDismatch_FRM::DeclareColumns() {
+  TSmartDBGrid_QRT& grid = GoodDetailKardexDismatch_GRD;
+  grid.SetAccessibleName("کالاهای مغایر");
+  grid.AddColumn("StoreCode", "کد انبار").SetWidth(70).SetVisible(false);
+  grid.AddColumn("StoreTitle", "انبار").SetWidth(160);
+  grid.AddColumn("GoodCode", "کد کالا").SetWidth(90);
+  grid.AddColumn("GoodTitle", "نام کالا").SetWidth(260).SetAutoFit(true);
+  grid.AddColumn("DiffAsset", "برآیند اختلاف موجودی")
+      .SetDisplayFormat(kQuantityFormat)
+      .SetWidth(160)
+      .SetFooter(FooterKind::Sum);
+}
+
+}  // namespace goods

@@ -1,0 +1,39 @@
+// TGoodDetailOperationDismatchSearch_FRM: the criteria dialog of the operation mismatch.
+#pragma once
+
+#include "host/base/base_search.h"
+#include "host/frames/range_date_search_frame.h"
+#include "host/frames/range_digit_search_frame.h"
+#include "module/reports/mismatch/criteria_text.h"
+
+namespace goods {
+
+// Belongs to its window, which reads the criteria after each showing and runs them itself.
+class TGoodDetailOperationDismatchSearch_FRM : public TBaseSearch_FRM {
+ public:
+  explicit TGoodDetailOperationDismatchSearch_FRM(THost& host);
+  ~TGoodDetailOperationDismatchSearch_FRM() override;
+
+  // Adds the criteria whose boxes are ticked. A range of codes or rows with the text "0" in an edit is left
+  // out, a range of quantities with "0" in its upper edit; any other text is sent as it stands, quantities
+  // without thousands separators.
+  void AddCriteria(CriteriaText& criteria) const;
+
+  void FormShow() override;
+  void Del_BTNClick() override;
+
+  TRange_Date_Search_Frame Date_Frame{this, "Date_Frame", "&تاریخ :"};
+  TRange_Digit_Search_Frame OperationCode_FRAME{this, "OperationCode_FRAME", "&کد عملیات :"};
+  TRange_Digit_Search_Frame OperationRow_FRAME{this, "OperationRow_FRAME", "&ردیف عملیات :"};
+  TRange_Digit_Search_Frame OperationAmount_FRAME{this, "OperationAmount_FRAME",
+                                                  "&مقدار :", InputKind::Amount};
+  TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
+  TButton Select_BTN{this, "Select_BTN", "انتخاب F3"};
+  TButton Del_BTN{this, "Del_BTN", "پاک کردن"};
+  TButton EXit_BTN{this, "EXit_BTN", "خروج Esc"};
+
+ private:
+  void DeclareForm();
+};
+
+}  // namespace goods
