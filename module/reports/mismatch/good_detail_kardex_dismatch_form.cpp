@@ -51,7 +51,6 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
     Amount_PNL.Place(*each);
   }
   Criteria_PNL.Place(Search_PNL, 1);
-  Criteria_PNL.Place(Amount_PNL);
   Criteria_PNL.Place(Stores_PNL);
 
   DeclareColumns();
@@ -65,6 +64,7 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
        {"DetailAsset", "موجودی جزئیات", std::string(kQuantityFormat)},
        {"DiffAsset", "اختلاف موجودی", std::string(kQuantityFormat)}});
   List_PNL.Place(Criteria_PNL);
+  List_PNL.Place(Amount_PNL);
   List_PNL.Place(GoodDetailKardexDismatch_GRD, 1);
   List_PNL.Place(TListDetail_FRAME1);
   Body_PNL.Splitter = true;
