@@ -76,6 +76,20 @@ struct DocumentView {
   std::vector<std::pair<std::string, std::string>> totals;
 };
 
+// background is a colour text of company data ("$00BBGGRR", "#RRGGBB"), empty for none.
+struct TagRecord {
+  std::int64_t code = 0;
+  std::string name;
+  std::string background;
+};
+
+// parent is 0 at the top of the tree.
+struct CategoryRecord {
+  std::int64_t code = 0;
+  std::string name;
+  std::int64_t parent = 0;
+};
+
 struct BusyGood {
   std::int64_t code = 0;
   std::string name;
@@ -108,6 +122,9 @@ class ICompany {
                                                          std::string_view key, std::string_view fields) = 0;
   // Empty for an unknown code.
   virtual std::string CategoryName(std::int64_t code) = 0;
+  // All of them, by code.
+  virtual std::vector<TagRecord> Tags() = 0;
+  virtual std::vector<CategoryRecord> Categories() = 0;
 
   // None when there is no such document. The code of a GoodRecord is the good's own.
   virtual std::optional<DocumentView> Document(DocumentKind kind, std::int64_t code) = 0;

@@ -111,6 +111,30 @@ class EmbeddedCompany : public ICompany {
     return category ? category->name : std::string();
   }
 
+  std::vector<TagRecord> Tags() override {
+    return Guarded([&] {
+      Statement tags = db_.Prepare(
+          "SELECT t.Code, t.Name, coalesce(c.ColorText, '') FROM TagS t "
+          "LEFT JOIN colors c ON c.code = t.color_code ORDER BY t.Code");
+      std::vector<TagRecord> found;
+      while (tags.Step()) {
+        found.push_back({tags.Integer(0), std::string(tags.Text(1)), std::string(tags.Text(2))});
+      }
+      return found;
+    });
+  }
+
+  std::vector<CategoryRecord> Categories() override {
+    return Guarded([&] {
+      Statement categories = db_.Prepare("SELECT Code, Name, ParentCode FROM Categories ORDER BY Code");
+      std::vector<CategoryRecord> found;
+      while (categories.Step()) {
+        found.push_back({categories.Integer(0), std::string(categories.Text(1)), categories.Integer(2)});
+      }
+      return found;
+    });
+  }
+
   std::optional<DocumentView> Document(DocumentKind kind, std::int64_t code) override {
     return Guarded([&] { return ReadDocument(db_, kind, code); });
   }

@@ -6,8 +6,17 @@ namespace goods {
 namespace {
 
 ReportOpeners OpenersOf(ModuleLibrary& module) {
-  return {.stockCard = [&module](std::int64_t good, std::int64_t store, std::string_view from,
-                                 std::string_view to) { module.OpenKardex(good, store, from, to); }};
+  ReportOpeners openers{
+      .stockCard = [&module](std::int64_t good, std::int64_t store, std::string_view from,
+                             std::string_view to) { module.OpenKardex(good, store, from, to); }};
+  if (module.Has(kGoodDetailTransactionsExport)) {
+    openers.detailTransactions = [&module](const DetailTransactionsCall& call) {
+      module.OpenGoodDetailTransactions(call.good, call.storeGiven, call.store, call.datesGiven, call.from,
+                                        call.to, call.tagsGiven, call.tags, call.categoryGiven,
+                                        call.category);
+    };
+  }
+  return openers;
 }
 
 LoggingConnection::Connect ConnectTo(ICompany& company, DesktopHost::ConnectionWrapper wrap) {

@@ -1,5 +1,6 @@
 #include "desktop/app/desktop_lookups.h"
 
+#include "desktop/app/category_picker.h"
 #include "desktop/app/entity_picker.h"
 #include "desktop/views/shown_text.h"
 #include "host/data/connection.h"
@@ -15,6 +16,12 @@ std::optional<std::int64_t> DesktopLookups::SelectEntity(TForm* /*owner*/, Entit
   } catch (const CompanyError& error) {
     throw DatabaseError(error.what(), "");
   }
+}
+
+std::optional<std::vector<std::string>> DesktopLookups::SelectCategories(
+    TForm* /*owner*/, const std::vector<std::string>& chosen) {
+  CategoryPicker picker(Categories(), chosen, parent_());
+  return picker.Choose();
 }
 
 }  // namespace goods

@@ -17,6 +17,8 @@ class DesktopLookups : public CompanyLookups {
       : CompanyLookups(company), parent_(std::move(parent)) {}
   std::optional<std::int64_t> SelectEntity(TForm* owner, EntityType type, std::int64_t current,
                                            std::string_view filter) override;
+  std::optional<std::vector<std::string>> SelectCategories(TForm* owner,
+                                                           const std::vector<std::string>& chosen) override;
 
  private:
   std::function<QWidget*()> parent_;

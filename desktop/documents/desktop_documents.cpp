@@ -19,6 +19,14 @@ void DesktopDocuments::SetLoadedDLLs(DocumentModule module, bool loaded) {
   }
 }
 
+void DesktopDocuments::SetDontSavedVouchers(std::string_view kind, bool waiting) {
+  if (waiting) {
+    waitingVouchers_.emplace(kind);
+  } else {
+    waitingVouchers_.erase(std::string(kind));
+  }
+}
+
 void DesktopDocuments::Show(DocumentKind kind, std::int64_t code, DocumentModule module) {
   // Cleared also when showing throws.
   struct ShownScope {
@@ -94,11 +102,15 @@ void DesktopDocuments::Call_KardexKala(std::int64_t good, std::int64_t store, st
   reports_.stockCard(good, store, from, to);
 }
 
-void DesktopDocuments::Call_GoodDetailTransactions(std::int64_t /*good*/, bool /*storeGiven*/,
-                                                   std::int64_t /*store*/, bool /*datesGiven*/,
-                                                   std::string_view /*from*/, std::string_view /*to*/,
-                                                   bool /*tagsGiven*/, std::string_view /*tags*/,
-                                                   bool /*categoryGiven*/, std::string_view /*category*/) {
+void DesktopDocuments::Call_GoodDetailTransactions(std::int64_t good, bool storeGiven, std::int64_t store,
+                                                   bool datesGiven, std::string_view from,
+                                                   std::string_view to, bool tagsGiven, std::string_view tags,
+                                                   bool categoryGiven, std::string_view category) {
+  if (reports_.detailTransactions) {
+    reports_.detailTransactions(
+        {good, storeGiven, store, datesGiven, from, to, tagsGiven, tags, categoryGiven, category});
+    return;
+  }
   messages_.ShowSmartMessage(
       "گزارش گردش جزئیات کالا در کتابخانه گزارش‌ها نیست.", "",
       MessageIcon::Information);

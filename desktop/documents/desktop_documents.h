@@ -3,6 +3,8 @@
 
 #include <functional>
 #include <set>
+#include <string>
+#include <string_view>
 
 #include "company/company.h"
 #include "host/services/documents.h"
@@ -12,10 +14,26 @@ class QWidget;
 
 namespace goods {
 
+// What Call_GoodDetailTransactions was asked for.
+struct DetailTransactionsCall {
+  std::int64_t good = 0;
+  bool storeGiven = false;
+  std::int64_t store = 0;
+  bool datesGiven = false;
+  std::string_view from;
+  std::string_view to;
+  bool tagsGiven = false;
+  std::string_view tags;
+  bool categoryGiven = false;
+  std::string_view category;
+};
+
 // The reports that the host opens on behalf of another report.
 struct ReportOpeners {
   std::function<void(std::int64_t good, std::int64_t store, std::string_view from, std::string_view to)>
       stockCard;
+  // Null where the library has no such report.
+  std::function<void(const DetailTransactionsCall& call)> detailTransactions = {};
 };
 
 class DesktopDocuments : public IDocuments {
@@ -26,6 +44,11 @@ class DesktopDocuments : public IDocuments {
 
   // Whether another part of the program works with the module. Nothing here does by itself.
   void SetLoadedDLLs(DocumentModule module, bool loaded);
+
+  // Whether vouchers of that kind wait for being saved. This host makes none by itself: none wait unless it
+  // is said here.
+  void SetDontSavedVouchers(std::string_view kind, bool waiting);
+  bool DontSavedVouchers(std::string_view kind) override { return waitingVouchers_.contains(kind); }
 
   bool LoadedDLLs(DocumentModule module) const override { return loaded_.contains(module); }
   bool IsSellFormShow() const override { return Shows(DocumentModule::Sale); }
@@ -70,6 +93,7 @@ class DesktopDocuments : public IDocuments {
   std::function<QWidget*()> parent_;
   std::set<DocumentModule> loaded_;
   std::multiset<DocumentModule> shown_;
+  std::set<std::string, std::less<>> waitingVouchers_;
 };
 
 }  // namespace goods

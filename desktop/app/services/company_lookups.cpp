@@ -1,5 +1,7 @@
 #include "desktop/app/services/company_lookups.h"
 
+#include <utility>
+
 #include "host/core/text.h"
 #include "host/data/connection.h"
 
@@ -48,6 +50,32 @@ std::string CompanyLookups::ReturnCategoryName(std::string_view categoryCode) {
   if (!code) return {};
   try {
     return company_.CategoryName(*code);
+  } catch (const CompanyError& error) {
+    throw DatabaseError(error.what(), "");
+  }
+}
+
+std::vector<TTag> CompanyLookups::Tags() {
+  try {
+    std::vector<TTag> tags;
+    for (TagRecord& tag : company_.Tags()) {
+      tags.push_back(
+          {std::to_string(tag.code), std::move(tag.name), ParseColor(tag.background).value_or(kWhite)});
+    }
+    return tags;
+  } catch (const CompanyError& error) {
+    throw DatabaseError(error.what(), "");
+  }
+}
+
+std::vector<TCategory> CompanyLookups::Categories() {
+  try {
+    std::vector<TCategory> categories;
+    for (CategoryRecord& category : company_.Categories()) {
+      const std::string parent = category.parent == 0 ? "" : std::to_string(category.parent);
+      categories.push_back({std::to_string(category.code), std::move(category.name), parent});
+    }
+    return categories;
   } catch (const CompanyError& error) {
     throw DatabaseError(error.what(), "");
   }

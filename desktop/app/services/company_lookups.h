@@ -17,6 +17,9 @@ class CompanyLookups : public ILookups {
   std::optional<std::int64_t> SelectEntity(TForm* owner, EntityType type, std::int64_t current,
                                            std::string_view filter) override;
   std::string ReturnCategoryName(std::string_view categoryCode) override;
+  // A tag without a colour that can be read is white.
+  std::vector<TTag> Tags() override;
+  std::vector<TCategory> Categories() override;
 
  protected:
   ICompany& Company() { return company_; }

@@ -37,6 +37,12 @@ constexpr std::array<Number, 5> kNumbers{{
     {"PriceLevelCode", &TSettings::PriceLevelCode, -100, 1'000'000'000},
 }};
 
+// A separator in a section's name would make a group of it.
+QString SectionKey(std::string_view section) {
+  QString name = QString::fromUtf8(section.data(), static_cast<qsizetype>(section.size()));
+  return "Sections/" + name.replace('/', '_').replace('\\', '_');
+}
+
 QString MadeFolder(const QString& folder) {
   QDir().mkpath(folder);
   return folder;
@@ -85,6 +91,15 @@ void DesktopSettings::SaveSettingItem(int softwarePart, int item, bool on, std::
   store_.endGroup();
   // A report writes the settings record before it saves an item; both are kept together.
   Save();
+}
+
+std::string DesktopSettings::ReadSection(std::string_view section) const {
+  return store_.value(SectionKey(section)).toString().toStdString();
+}
+
+void DesktopSettings::WriteSection(std::string_view section, std::string_view text) {
+  store_.setValue(SectionKey(section), QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+  store_.sync();
 }
 
 std::string DesktopSettings::GetSettingFilePath() const {

@@ -33,6 +33,8 @@ class DesktopSettings : public ISettings {
 
   void SaveSettingItem(int softwarePart, int item, bool on, std::int64_t number,
                        std::string_view text) override;
+  std::string ReadSection(std::string_view section) const override;
+  void WriteSection(std::string_view section, std::string_view text) override;
   // The folder is made where it is missing.
   std::string GetSettingFilePath() const override;
 

@@ -104,6 +104,19 @@ void ModuleLibrary::OpenKardex(std::int64_t good, std::int64_t store, std::strin
   open(Narrow(good), Narrow(store), ToUtf16(from).c_str(), ToUtf16(to).c_str());
 }
 
+void ModuleLibrary::OpenGoodDetailTransactions(std::int64_t good, bool storeGiven, std::int64_t store,
+                                               bool datesGiven, std::string_view from, std::string_view to,
+                                               bool tagsGiven, std::string_view tags, bool categoryGiven,
+                                               std::string_view category) {
+  // A truth value is a byte, and any but 0 is true.
+  using Export = void(std::int32_t, std::uint8_t, std::int32_t, std::uint8_t, const char16_t*,
+                      const char16_t*, std::uint8_t, const char16_t*, std::uint8_t, const char16_t*);
+  auto* open = As<Export>(Require(kGoodDetailTransactionsExport));
+  open(Narrow(good), storeGiven ? 1 : 0, Narrow(store), datesGiven ? 1 : 0, ToUtf16(from).c_str(),
+       ToUtf16(to).c_str(), tagsGiven ? 1 : 0, ToUtf16(tags).c_str(), categoryGiven ? 1 : 0,
+       ToUtf16(category).c_str());
+}
+
 void ModuleLibrary::OpenKardexNegativ(std::string_view mode, std::string_view first,
                                       std::string_view second) {
   auto* open = As<decltype(Open_KardexNegativ)>(Require("Open_KardexNegativ"));

@@ -18,6 +18,8 @@ class ModuleError : public std::runtime_error {
   ~ModuleError() override;
 };
 
+inline constexpr const char* kGoodDetailTransactionsExport = "Open_GoodDetailTransactions";
+
 class ModuleLibrary {
  public:
   // Loads the library at path. Throws ModuleError when it is missing, cannot be loaded, or is not this
@@ -49,6 +51,10 @@ class ModuleLibrary {
   // Calls an export without arguments; throws ModuleError when the library has none of that name.
   void Call(const char* exportName);
   void OpenKardex(std::int64_t good, std::int64_t store, std::string_view from, std::string_view to);
+  // The report of kGoodDetailTransactionsExport; throws ModuleError where the library has none.
+  void OpenGoodDetailTransactions(std::int64_t good, bool storeGiven, std::int64_t store, bool datesGiven,
+                                  std::string_view from, std::string_view to, bool tagsGiven,
+                                  std::string_view tags, bool categoryGiven, std::string_view category);
   void OpenKardexNegativ(std::string_view mode, std::string_view first, std::string_view second);
 
  private:

@@ -47,5 +47,39 @@ TEST_F(Documents, TheHostOpensTheStockCardForAnotherReport) {
   EXPECT_EQ(static_cast<std::int64_t>(rows), Company().ListBusyGoods(1).at(0).movements);
 }
 
+TEST_F(Documents, NoVouchersWaitUntilItIsSaid) {
+  DesktopHost& host = HostFor("admin");
+  EXPECT_FALSE(host.Documents().DontSavedVouchers("3"));
+  host.Documents().SetDontSavedVouchers("3", true);
+  EXPECT_TRUE(host.Documents().DontSavedVouchers("3"));
+  EXPECT_FALSE(host.Documents().DontSavedVouchers("1"));
+  host.Documents().SetDontSavedVouchers("3", false);
+  EXPECT_FALSE(host.Documents().DontSavedVouchers("3"));
+}
+
+TEST_F(Documents, GoodDetailsAreOpenedWhereTheLibraryHasTheReportAndToldAboutElsewhere) {
+  DesktopHost& host = HostFor("admin");
+  host.Messages().SetUnattended([](const ShownMessage&) { return true; });
+  std::vector<DetailTransactionsCall> calls;
+  const ReportOpeners with{.stockCard = {},
+                           .detailTransactions = [&](const auto& call) { calls.push_back(call); }};
+  DesktopDocuments able(Company(), host.Messages(), with, [] { return nullptr; });
+  able.Call_GoodDetailTransactions(7, true, 2, false, "1403/01/01", "1403/12/30", true, ",3,", false, "5");
+  ASSERT_EQ(calls.size(), 1U);
+  EXPECT_EQ(calls[0].good, 7);
+  EXPECT_TRUE(calls[0].storeGiven);
+  EXPECT_EQ(calls[0].store, 2);
+  EXPECT_FALSE(calls[0].datesGiven);
+  EXPECT_EQ(calls[0].to, "1403/12/30");
+  EXPECT_TRUE(calls[0].tagsGiven);
+  EXPECT_EQ(calls[0].tags, ",3,");
+  EXPECT_FALSE(calls[0].categoryGiven);
+  EXPECT_EQ(calls[0].category, "5");
+  EXPECT_TRUE(host.Messages().Shown().empty());
+  DesktopDocuments without(Company(), host.Messages(), {}, [] { return nullptr; });
+  without.Call_GoodDetailTransactions(7, false, 0, false, "", "", false, "", false, "");
+  EXPECT_EQ(host.Messages().Shown().size(), 1U);
+}
+
 }  // namespace
 }  // namespace goods

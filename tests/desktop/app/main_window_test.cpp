@@ -4,6 +4,7 @@
 #include <QLabel>
 
 #include "desktop/app/report_card.h"
+#include "desktop/app/report_catalog.h"
 #include "desktop/app/settings_dialog.h"
 #include "tests/desktop/app/kit.h"
 
@@ -35,6 +36,21 @@ TEST_F(Main, OnlyReportsThatTheLibraryHasAreOffered) {
   for (const QPushButton* card : window.findChildren<QPushButton*>()) {
     EXPECT_TRUE(Module().Has(card->objectName().toUtf8().constData()));
   }
+}
+
+TEST_F(Main, TheGoodsListsStandFirstOfWhatTheLibraryHas) {
+  std::vector<std::string> exports;
+  for (const ReportEntry& entry : ReportCatalog()) exports.emplace_back(entry.exportName);
+  ASSERT_GT(exports.size(), 2U);
+  EXPECT_EQ(exports[0], "Open_GoodAmountAsset");
+  EXPECT_EQ(exports[1], "Open_GoodCashAsset");
+  DesktopHost& host = HostFor("admin");
+  std::erase_if(exports, [&](const std::string& name) { return !Module().Has(name.c_str()); });
+  MainWindow window(host, Module(), Settings(), "شرکت", "");
+  std::vector<std::string> cards;
+  for (const QPushButton* card : window.findChildren<QPushButton*>())
+    cards.push_back(FromQt(card->objectName()));
+  EXPECT_EQ(cards, exports);
 }
 
 TEST_F(Main, EnterOnACardOpensItsReport) {

@@ -1,6 +1,8 @@
 #include <fstream>
+#include <set>
 
 #include "desktop/app/services/company_lookups.h"
+#include "host/core/color.h"
 #include "host/data/row_store.h"
 #include "tests/desktop/app/kit.h"
 
@@ -89,6 +91,41 @@ TEST_F(Services, TheReportFolderIsMadeAndTheSettingsRecordIsKeptWithAnItem) {
   Settings().Settings().PriceBasis = 3;
   Settings().SaveSettingItem(531, 27, true, 3, "آخرین قیمت خرید");
   EXPECT_EQ(DesktopSettings(folder_.filePath("settings")).Settings().PriceBasis, 3);
+}
+
+TEST_F(Services, TagsCarryTheirColoursAndCategoriesTheirParents) {
+  CompanyLookups lookups(Company());
+  const std::vector<TagRecord> tags = Company().Tags();
+  ASSERT_FALSE(tags.empty());
+  const std::vector<TTag> given = lookups.Tags();
+  ASSERT_EQ(given.size(), tags.size());
+  for (std::size_t i = 0; i < tags.size(); ++i) {
+    EXPECT_EQ(given[i].Code, std::to_string(tags[i].code));
+    EXPECT_EQ(given[i].Name, tags[i].name);
+    EXPECT_EQ(given[i].Background, ParseColor(tags[i].background));
+  }
+  std::set<std::string> codes;
+  std::size_t below = 0;
+  for (const TCategory& category : lookups.Categories()) {
+    EXPECT_EQ(category.Name, lookups.ReturnCategoryName(category.Code));
+    codes.insert(category.Code);
+    if (category.ParentCode.empty()) continue;
+    ++below;
+    EXPECT_TRUE(codes.contains(category.ParentCode));
+  }
+  EXPECT_GT(codes.size(), 1U);
+  EXPECT_GT(below, 0U);
+  EXPECT_EQ(lookups.SelectCategories(nullptr, {"1"}), std::nullopt);
+}
+
+TEST_F(Services, SectionsOfWindowsAreKeptInTheSettingsFile) {
+  const std::string text = "Stock_CHK.Checked=1\nNote=\"الف\" ; / \\ =\n";
+  EXPECT_EQ(Settings().ReadSection("TGoodTransaction_FRM/501"), "");
+  Settings().WriteSection("TGoodTransaction_FRM/501", text);
+  Settings().WriteSection("Another", "x=1");
+  const DesktopSettings again(folder_.filePath("settings"));
+  EXPECT_EQ(again.ReadSection("TGoodTransaction_FRM/501"), text);
+  EXPECT_EQ(again.ReadSection("Another"), "x=1");
 }
 
 }  // namespace
