@@ -116,7 +116,8 @@ class ICompany {
                                                    std::size_t limit) = 0;
 
   // The fields (joined with ";") of the first row of a table whose key field has the given value, as texts;
-  // none when there is no such row. Of GoodInf, Unit and Unit2 are the names of the units. A table or field
+  // none when there is no such row. Of GoodInf, Unit and Unit2 are the names of the units, and
+  // D1Title to D5Title the titles of the good's details, empty where it keeps none. A table or field
   // that is not there throws.
   virtual std::optional<std::vector<std::string>> Lookup(std::string_view table, std::string_view keyField,
                                                          std::string_view key, std::string_view fields) = 0;

@@ -53,8 +53,8 @@ GOODS_EXPORT void Open_KardexSearch(void);
 GOODS_EXPORT void Open_KardexNegativ(const goods_char16* mode, const goods_char16* first,
                                      const goods_char16* second);
 
-/* The goods with their turnover and stock: softwarePart 501 in quantity, 502 in money; another part asks for the
- * right and then does nothing. Needs permission 6 on that software part. */
+/* The goods with their turnover and stock: softwarePart 501 in quantity, 502 in money; another part asks for
+ * the right and then does nothing. Needs permission 6 on that software part. */
 GOODS_EXPORT void Open_GarKala(int32_t softwarePart);
 
 /* Open_GarKala with 501, and with 502, after asking for the same permission themselves. */
@@ -67,6 +67,23 @@ GOODS_EXPORT void Open_GoodTrans_Overall(void);
 
 /* The stock of each good in every store, side by side. Needs permission 6 on software part 531. */
 GOODS_EXPORT void Open_GoodsAsset_Store(void);
+
+/* The stock of goods at each combination of their detail values, the criteria chosen by the user. Needs
+ * permission 6 on software part 513. Called from inside its own window, it only tells the user so. */
+GOODS_EXPORT void Open_DetailTransactions(void);
+
+/* The same with criteria given; asks no permission. good: its code, 0 for none. A flag other than 0 says that
+ * the values behind it are given: a store's code; Jalali dates "yyyy/mm/dd"; tag codes between commas
+ * (",3,7,"); a category's code. */
+GOODS_EXPORT void Open_GoodDetailTransactions(int32_t good, uint8_t storeGiven, int32_t store,
+                                              uint8_t datesGiven, const goods_char16* from,
+                                              const goods_char16* to, uint8_t tagsGiven,
+                                              const goods_char16* tags, uint8_t categoryGiven,
+                                              const goods_char16* category);
+
+/* The search among the detail movements of all goods. Needs permission 6 on software part 513. Called from
+ * inside its own window, it only tells the user so. */
+GOODS_EXPORT void Open_SearchInDetailTransactions(void);
 
 /* The goods whose stock on the stock card differs from the stock of their details. Needs permission 6 on
  * software part 513. Called from inside its own window, it only tells the user so. */

@@ -161,6 +161,19 @@ class EmbeddedCompany : public ICompany {
     }
   }
 
+  // 1 to 5 for the titles of a good's details (D1Title to D5Title), else 0.
+  static int DetailTitlePosition(std::string_view table, std::string_view field) {
+    const bool title = table == "GoodInf" && field.size() == 7 && SameText(field.substr(0, 1), "D") &&
+                       SameText(field.substr(2), "Title") && field[1] >= '1' && field[1] <= '5';
+    return title ? field[1] - '0' : 0;
+  }
+
+  static std::string DetailTitleCell(int position) {
+    return "ifnull((SELECT d.Title FROM GoodDetails gd JOIN DetailTypes d ON d.ID = gd.DetailID "
+           "WHERE gd.Kala = t.Code AND gd.Position = " +
+           std::to_string(position) + "), '')";
+  }
+
   std::optional<std::vector<std::string>> LookupRow(std::string_view table, std::string_view keyField,
                                                     std::string_view key, std::string_view fields) {
     const CatalogTable* found = catalog_.Find(table);
@@ -173,6 +186,10 @@ class EmbeddedCompany : public ICompany {
     std::string sql;
     for (const std::string& field : Split(fields, ';')) {
       if (field.empty()) continue;
+      if (const int position = DetailTitlePosition(found->name, field); position != 0) {
+        sql += (sql.empty() ? "SELECT " : ", ") + DetailTitleCell(position);
+        continue;
+      }
       const CatalogColumn* known = column(field);
       std::string cell = "t.\"" + known->name + "\"";
       const bool unit = found->name == "GoodInf" && (known->name == "Unit" || known->name == "Unit2");

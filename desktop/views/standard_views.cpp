@@ -1,6 +1,7 @@
 #include "desktop/views/standard_views.h"
 
 #include <QCheckBox>
+#include <QKeySequence>
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
@@ -90,8 +91,10 @@ QWidget* CheckBoxView::FocusWidget() const { return widget_; }
 
 void CheckBoxView::Refresh() {
   ControlView::Refresh();
-  const QString text = ShownText(box_.Caption());
+  const QString caption = ShownText(box_.Caption());
+  const QString text = box_.CaptionShown ? caption : QString();
   if (widget_->text() != text) widget_->setText(text);
+  if (!box_.CaptionShown) widget_->setShortcut(QKeySequence::mnemonic(caption));
   if (widget_->isChecked() != box_.Checked()) widget_->setChecked(box_.Checked());
   SetSizes(*this);
 }

@@ -15,6 +15,13 @@ void TTokenEditor::SetChoices(std::vector<TToken> choices) {
   Changed();
 }
 
+void TTokenEditor::AddChoice(TToken choice) {
+  std::vector<TToken> choices = choices_;
+  std::erase_if(choices, [&](const TToken& each) { return each.Code == choice.Code; });
+  choices.push_back(std::move(choice));
+  SetChoices(std::move(choices));
+}
+
 std::vector<std::string> TTokenEditor::Codes() const {
   std::vector<std::string> codes;
   for (const TToken& token : tokens_) codes.push_back(token.Code);

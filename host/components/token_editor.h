@@ -27,6 +27,8 @@ class TTokenEditor : public TControl {
 
   const std::vector<TToken>& Choices() const { return choices_; }
   void SetChoices(std::vector<TToken> choices);
+  // One more choice; it takes the place of one with the same code.
+  void AddChoice(TToken choice);
 
   const std::vector<TToken>& Tokens() const { return tokens_; }
   std::vector<std::string> Codes() const;

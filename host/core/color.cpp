@@ -36,7 +36,9 @@ std::optional<Color> BlueFirst(std::optional<Color> number) {
 
 std::optional<Color> ParseColor(std::string_view text) {
   text = Trim(text);
-  if (text.starts_with('$')) return BlueFirst(Number(text.substr(1), 16));
+  if (text.starts_with('$')) {
+    return text.size() == 7 || text.size() == 9 ? BlueFirst(Number(text.substr(1), 16)) : std::nullopt;
+  }
   if (text.starts_with('#')) return text.size() == 7 ? Number(text.substr(1), 16) : std::nullopt;
   for (const NamedColor& each : kNames) {
     if (SameText(each.name, text)) return each.color;

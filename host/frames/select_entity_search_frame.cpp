@@ -1,5 +1,6 @@
 #include "host/frames/select_entity_search_frame.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace goods {
@@ -25,6 +26,18 @@ bool TSelectEntity_Search_Frame::IsOnlyThisOne() const {
   return InUse() && !SelectEntity_Reverst_CHK.Checked();
 }
 
+void TSelectEntity_Search_Frame::SetEntityTypes(std::vector<EntityType> types) {
+  types_ = std::move(types);
+  FollowType();
+}
+
+void TSelectEntity_Search_Frame::FollowType() {
+  const auto chosen = static_cast<std::size_t>(std::max(SelectEntity_CMB.ItemIndex(), 0));
+  if (chosen >= types_.size() || types_[chosen] == TSelect_Entity_Frame1.GetEntityType()) return;
+  SetEntityType(types_[chosen]);
+  TSelect_Entity_Frame1.SetCode(0);
+}
+
 void TSelectEntity_Search_Frame::SetCode(std::int64_t code) {
   TSelect_Entity_Frame1.SetCode(code);
   SelectEntity_CHK.SetChecked(code != 0);
@@ -36,6 +49,7 @@ void TSelectEntity_Search_Frame::Clear() {
 }
 
 void TSelectEntity_Search_Frame::FillSearch() {
+  FollowType();
   Search.Operator = SearchOperator::Equals;
   Search.Value = CodeAsInt() == 0 ? "" : std::to_string(CodeAsInt());
 }

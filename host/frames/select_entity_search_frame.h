@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/frames/search_frame.h"
 #include "host/frames/select_entity_frame.h"
@@ -15,6 +16,8 @@ class TSelectEntity_Search_Frame : public TSearchFrame {
   TSelectEntity_Search_Frame(TComponent* owner, std::string name, std::string caption);
 
   void SetEntityType(EntityType type) { TSelect_Entity_Frame1.SetEntityType(type); }
+  // One type for each item of the list: the code is of the chosen one's, and another choice empties it.
+  void SetEntityTypes(std::vector<EntityType> types);
   std::int64_t CodeAsInt() const { return TSelect_Entity_Frame1.CodeAsInt(); }
   // Ticked, with a code, and not turned round.
   bool IsOnlyThisOne() const;
@@ -31,6 +34,11 @@ class TSelectEntity_Search_Frame : public TSearchFrame {
 
  protected:
   void FillSearch() override;
+
+ private:
+  void FollowType();
+
+  std::vector<EntityType> types_;
 };
 
 }  // namespace goods

@@ -65,14 +65,16 @@ void TTags::Rearrange() {
 
 TTags_search_FRM::TTags_search_FRM(TComponent* owner, std::string name, std::string caption)
     : TPanel(owner, std::move(name), Flow::Row), Tags_LBL(this, "Tags_LBL", std::move(caption)) {
-  Search.Title = PlainCaption(Tags_LBL.Caption());
+  Search.Title = "برچسب";
   Search.FieldName = "tags";
   Tags_LBL.FocusControl = &Tags_EDT;
   Tags_EDT.SetAccessibleName(Search.Title);
   Tags_EDT.SetPlaceholder("نام برچسب");
   Tags_EDT.OnChange = [this] { TagsChanged(); };
   Tags_Reverst_CHK.SetHint("همه به جز مورد انتخاب شده");
-  Tags_Reverst_CHK.OnClick = [this] { TagsChanged(); };
+  Tags_Reverst_CHK.OnClick = [this] {
+    if (HasTags()) TagsChanged();
+  };
   Place(Tags_LBL);
   Place(Tags_Reverst_CHK);
   Place(Tags_EDT, 1);

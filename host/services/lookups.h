@@ -34,7 +34,8 @@ class ILookups {
   virtual ~ILookups();
   // The named fields (";" between names) of the entity with that code, as texts in that order; none when
   // there is no such entity. Every entity has "Name"; a good also "Unit" and "Unit2", the names of its two
-  // units. Throws DatabaseError.
+  // units, "UnitKind" (1 to 5: which measures its details use), and "D1Title" to "D5Title", the titles of its
+  // details, empty where it keeps none. Throws DatabaseError.
   virtual std::optional<std::vector<std::string>> LookupDBs(EntityType type, std::int64_t code,
                                                             std::string_view fields) = 0;
   // Lets the user choose one; none when the user gave up. current is shown as chosen, 0 for none. filter is

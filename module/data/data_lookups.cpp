@@ -86,6 +86,18 @@ std::vector<TComboItem> TGoodTransactions_DM::Get_StoresTitles_SortedByCode() {
   return stores;
 }
 
+TTag TGoodTransactions_DM::GetTag(std::int64_t code) {
+  const Lookup lookup(*this,
+                      "select tags.code, TagS.color_code, TagS.Name, [H-img] from  TagS inner join colors on "
+                      "TagS.color_code = colors.code  where tags.code = " +
+                          std::to_string(code));
+  TTag tag{std::to_string(code), std::to_string(code), kWhite};
+  if (lookup.IsEmpty()) return tag;
+  tag.Name = lookup.Field("Name").AsText();
+  tag.Background = ParseColor(lookup.Field("H-img").AsText()).value_or(kWhite);
+  return tag;
+}
+
 std::string TGoodTransactions_DM::ReturnTagName(std::string_view codes) {
   const std::string_view plain = TagCodes(codes);
   if (plain.empty()) return {};

@@ -11,6 +11,7 @@
 #include "host/components/form.h"
 #include "host/components/standard.h"
 #include "host/data/query.h"
+#include "host/services/lookups.h"
 
 namespace goods {
 
@@ -31,9 +32,30 @@ struct TPreTimeData {
   std::string RemainderAmount = "0";
 };
 
+// Types of details, by the controls that read them.
+enum DetailTypeCode : std::int64_t {
+  kPickedValue = 1,
+  kTypedValue = 2,
+  kNumber = 3,
+  kOtherNumber = 4,
+  kDate = 5,
+  kOneValue = 6,
+};
+
 struct TDetailType {
   std::int64_t DetailType = 0;
   std::int64_t DateType = 0;
+};
+
+// The controls of a detail row: a value, or two ends.
+struct TDetailControls {
+  TComboBox& Value;
+  TDateEdit& FromDate;
+  TDateEdit& ToDate;
+  TEdit& From;
+  TEdit& To;
+  TLabel& FromLabel;
+  TLabel& ToLabel;
 };
 
 struct TGoodUnitInfo {
@@ -89,12 +111,17 @@ class TGoodTransactions_DM : public TComponent {
   std::vector<std::string> GetDetailItems(std::int64_t detail);
   TDetailType GetDetailTypeWithDetailID(std::int64_t detail);
   void ComboBoxFill_WithItems(TComboBox& combo);
+  // Shows the controls that read the type of the chosen detail, and fills its values; hides the others. The
+  // detail's code is the chosen item's object, 0 for none. Gives back the type, 0 for none.
+  std::int64_t GoodDetailChange_ComboBox(const TComboBox& detail, const TDetailControls& controls);
   // rows: "code;text;" each. The first item of the combo stands for none and has the code 0.
   static void ComboBoxFill_WithObjectID(TComboBox& combo, const std::vector<std::string>& rows);
   static void ComboBoxOperationFill_WithItems(TComboBox& combo);
   TGoodUnitInfo GetGoodUnitInfo(std::int64_t good);
   // Each item's text is the store's name, its object the store's code.
   std::vector<TComboItem> Get_StoresTitles_SortedByCode();
+  // A tag's name and colour; the code alone where there is no such tag.
+  TTag GetTag(std::int64_t code);
   // codes: comma separated, outer commas allowed; none of them, or anything but numbers: the empty text.
   std::string ReturnTagName(std::string_view codes);
   std::int64_t GoodSelectedIndex_IsChecked(std::int64_t listCode);

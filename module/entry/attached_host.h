@@ -6,6 +6,8 @@
 
 #include "host/core/text.h"
 #include "host/services/host.h"
+#include "module/reports/detail/all_good_detail_transaction.h"
+#include "module/reports/detail/good_detail_transaction.h"
 #include "module/reports/mismatch/good_detail_kardex_dismatch.h"
 #include "module/reports/stockcard/kardex.h"
 #include "module/reports/turnover/good_transaction.h"
@@ -20,6 +22,8 @@ struct ModuleState {
   std::unique_ptr<TGoodTransaction_FRM> amountAsset;  // Open_GarKala(501)
   std::unique_ptr<TGoodTransaction_FRM> cashAsset;    // Open_GarKala(502)
   // Empty whenever no call is inside their modal show.
+  std::unique_ptr<TGoodDetailTransaction_FRM> detailTransactions;       // Open_DetailTransactions
+  std::unique_ptr<TAllGoodDetailTransaction_FRM> searchInDetail;        // Open_SearchInDetailTransactions
   std::unique_ptr<TGoodDetailKardexDismatch_FRM> detailKardexDismatch;  // Open_DetailKardexAsset_Dismatch
 };
 

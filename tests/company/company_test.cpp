@@ -86,6 +86,10 @@ TEST_F(CompanyTest, LookupGivesFieldsAsTexts) {
   EXPECT_EQ(company_->Lookup("GoodInf", "Code", "12", "Name;Unit;Unit2"),
             (Fields{"روغن آفتابگردان سرخ کردنی", "لیتر", "کارتن"}));
   EXPECT_EQ(company_->Lookup("GoodInf", "Code", "12", "Meghdar_Formool"), (Fields{"12"}));
+  const auto titles = company_->Lookup("GoodInf", "Code", "12", "UnitKind;D1Title;d5title");
+  ASSERT_TRUE(titles);
+  EXPECT_EQ(titles->size(), 3U);
+  EXPECT_THROW(company_->Lookup("GoodInf", "Code", "12", "D6Title"), CompanyError);
   EXPECT_EQ(company_->Lookup("Stores", "Code", "999", "Name"), std::nullopt);
   EXPECT_THROW(company_->Lookup("Users", "Code", "1", "PasswordHash"), CompanyError);
   EXPECT_THROW(company_->Lookup("Stores", "Code", "1", "Secret"), CompanyError);

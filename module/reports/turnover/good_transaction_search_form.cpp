@@ -13,7 +13,6 @@ void TGoodTransactionSearch_FRM::DeclareForm() {
   SelectedList_CMB.SetAccessibleName("لیست انتخابی");
   SelectedList_CMB.SetWidth(200);
   DisplayType_CHK.CaptionShown = false;
-  DisplayType_LBL.FocusControl = &DisplayType_CHK;
   DisplayType_LBL.OnClick = [this] { DisplayType_CHK.Click(); };
   SelectedList_PNL.Place(SelectedList_LBL);
   SelectedList_PNL.Place(SelectedList_CMB);

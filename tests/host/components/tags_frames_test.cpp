@@ -91,7 +91,7 @@ TEST_F(TagsFrames, ChosenTagsAreACriterionUntilTheLastIsTakenAway) {
   EXPECT_EQ(search.Search.ProcParams(), "@tags=',7,3,'");
   search.Tags_Reverst_CHK.SetChecked(true);
   EXPECT_EQ(search.Search.ProcParams(), "@tags=',7,3,',@Nottags=1");
-  EXPECT_EQ(search.Search.Title, "برچسب :");
+  EXPECT_EQ(search.Search.Title, "برچسب");
   search.Tags_EDT.Remove("7");
   search.Tags_EDT.Remove("3");
   EXPECT_FALSE(search.HasTags());

@@ -7,6 +7,9 @@
 #include "host/core/text.h"
 #include "include/goods_transaction_qrt.h"
 #include "module/reports/asset/goods_asset_store.h"
+#include "module/reports/detail/all_good_detail_transaction.h"
+#include "module/reports/detail/good_detail_transaction.h"
+#include "module/reports/detail/one_good_detail_transaction.h"
 #include "module/reports/mismatch/good_detail_kardex_dismatch.h"
 #include "module/reports/mismatch/good_detail_operation_dismatch.h"
 #include "module/reports/stockcard/kardex.h"
@@ -69,6 +72,25 @@ void CallKardexNegativ(const std::vector<Word>& words) {
   Open_KardexNegativ(mode.c_str(), first.c_str(), second.c_str());
 }
 
+// Flags are bytes: any other than 0 is true.
+void CallGoodDetailTransactions(const std::vector<Word>& words) {
+  ArgumentReader arguments(words);
+  const auto flag = [&arguments] { return static_cast<std::uint8_t>(arguments.Integer()); };
+  const std::int32_t good = arguments.Integer();
+  const std::uint8_t storeGiven = flag();
+  const std::int32_t store = arguments.Integer();
+  const std::uint8_t datesGiven = flag();
+  const std::u16string from = arguments.Text();
+  const std::u16string to = arguments.Text();
+  const std::uint8_t tagsGiven = flag();
+  const std::u16string tags = arguments.Text();
+  const std::uint8_t categoryGiven = flag();
+  const std::u16string category = arguments.Text();
+  arguments.End();
+  Open_GoodDetailTransactions(good, storeGiven, store, datesGiven, from.c_str(), to.c_str(), tagsGiven,
+                              tags.c_str(), categoryGiven, category.c_str());
+}
+
 void CallGarKala(const std::vector<Word>& words) {
   ArgumentReader arguments(words);
   const std::int32_t softwarePart = arguments.Integer();
@@ -100,6 +122,9 @@ CaseEnvironment ModuleEnvironment() {
       {"Open_Kardex", CallKardex},
       {"Open_KardexSearch", CallPlain<Open_KardexSearch>},
       {"Open_KardexNegativ", CallKardexNegativ},
+      {"Open_DetailTransactions", CallPlain<Open_DetailTransactions>},
+      {"Open_GoodDetailTransactions", CallGoodDetailTransactions},
+      {"Open_SearchInDetailTransactions", CallPlain<Open_SearchInDetailTransactions>},
       {"Open_DetailKardexAsset_Dismatch", CallPlain<Open_DetailKardexAsset_Dismatch>},
       {"Open_StoreExistance", CallPlain<Open_StoreExistance>},
       {"Open_GarKala", CallGarKala},
@@ -111,6 +136,9 @@ CaseEnvironment ModuleEnvironment() {
   environment.windows = {
       {"TKardex_FRM", Make<TKardex_FRM>},
       {"TKardexSearch_FRM", Make<TKardexSearch_FRM>},
+      {"TGoodDetailTransaction_FRM", Make<TGoodDetailTransaction_FRM>},
+      {"TAllGoodDetailTransaction_FRM", Make<TAllGoodDetailTransaction_FRM>},
+      {"TOneGoodDetailTransaction_FRM", Make<TOneGoodDetailTransaction_FRM>},
       {"TGoodDetailKardexDismatch_FRM", Make<TGoodDetailKardexDismatch_FRM>},
       {"TGoodDetailOperationDismatch_FRM", Make<TGoodDetailOperationDismatch_FRM>},
       {"TGoodTransaction_FRM", Make<TGoodTransaction_FRM>},

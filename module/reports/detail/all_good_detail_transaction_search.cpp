@@ -1,0 +1,113 @@
+#include "module/reports/detail/all_good_detail_transaction_search.h"
+
+#include <initializer_list>
+#include <utility>
+
+namespace goods {
+
+TAllGoodDetailTransactionSearch_FRM::TAllGoodDetailTransactionSearch_FRM(THost& host)
+    : TBaseSearch_FRM(host, "AllGoodDetailTransactionSearch_FRM"), data_(host, this) {
+  DeclareForm();
+  FormCreate();
+}
+
+TAllGoodDetailTransactionSearch_FRM::~TAllGoodDetailTransactionSearch_FRM() = default;
+
+void TAllGoodDetailTransactionSearch_FRM::FormCreate() {
+  TBaseSearch_FRM::FormCreate();
+  Select_BTN.OnClick = [this] { Select_BTNClick(); };
+  Del_BTN.OnClick = [this] { Del_BTNClick(); };
+  EXit_BTN.OnClick = [this] { Exit_BTNClick(); };
+  TTags_search_FRM1.OpenTags(Host().Lookups());
+  TCategorySearchFrame1.Open(Host().Lookups());
+  SelectedList_CMB.OnChange = [this] { SelectedList_CMBEditValueChange(); };
+  FillSelectedList();
+  for (TDetailRow* row : DetailRows()) {
+    row->Fill(data_);
+    row->GoodDetailSelectSearch_CMB.OnChange = [this, row] { row->ApplySelection(data_); };
+  }
+  KeepProperties();
+}
+
+void TAllGoodDetailTransactionSearch_FRM::KeepProperties() {
+  stored_.Keep(Good_SESF.SelectEntity_CHK);
+  stored_.Keep(Good_SESF.SelectEntity_CMB);
+  stored_.Keep(Good_SESF.SelectEntity_Reverst_CHK);
+  for (TDetailRow* row : DetailRows()) stored_.Keep(row->GoodDetail_CMB);
+  stored_.Keep(SearchGoodCode_FRAME.RangeDigit_CHK);
+  stored_.Keep(SearchGoodCode_FRAME.RangeDigit_CMB);
+  stored_.Keep(SearchGoodCode_FRAME.RangeDigit_Reverst_CHK);
+  stored_.Keep(SelectedList_CMB);
+  stored_.Keep(DisplayType_CHK);
+  stored_.Keep(Store_SESF.SelectEntity_CHK);
+  stored_.Keep(Store_SESF.SelectEntity_CMB);
+}
+
+void TAllGoodDetailTransactionSearch_FRM::LoadStoredProperties() {
+  keepsSettings_ = true;
+  stored_.Load(Host().Settings());
+}
+
+bool TAllGoodDetailTransactionSearch_FRM::HaveSelectedListPermission() const {
+  IRights& rights = Host().Rights();
+  const int part = SoftwarePart == kPartCashAsset ? kPartCashAsset : kPartAmountAsset;
+  return rights.HavePermission(rights.UserInfo(), part, kPermissionSelectedLists, true, true, "");
+}
+
+bool TAllGoodDetailTransactionSearch_FRM::HaveAdvFilter() const {
+  return TTags_search_FRM1.HasTags() || !TCategorySearchFrame1.IsEmpty();
+}
+
+void TAllGoodDetailTransactionSearch_FRM::FillSelectedList() {
+  SelectedList_CMB.ClearItems();
+  data_.FillSelectedList(SelectedList_CMB);
+  SelectedList_CMB.SetItemIndex(0);
+  const bool permitted = HaveSelectedListPermission();
+  for (TControl* control : std::initializer_list<TControl*>{
+           &SelectedList_PNL, &SelectedList_CMB, &SelectedList_LBL, &DisplayType_LBL, &DisplayType_CHK}) {
+    control->SetEnabled(permitted);
+  }
+  SelectedList_CMBEditValueChange();
+}
+
+void TAllGoodDetailTransactionSearch_FRM::SelectedList_CMBEditValueChange() {
+  const bool chosen = SelectedList_CMB.ItemIndex() > 0;
+  DisplayType_CHK.SetEnabled(chosen && SelectedList_CMB.Enabled());
+  DisplayType_CHK.SetVisible(chosen);
+  DisplayType_LBL.SetVisible(chosen);
+}
+
+void TAllGoodDetailTransactionSearch_FRM::FormShow() {
+  TBaseSearch_FRM::FormShow();
+  TTags_search_FRM1.Tags_EDT.SetFocus();
+}
+
+void TAllGoodDetailTransactionSearch_FRM::FormClose() {
+  if (keepsSettings_) stored_.Save(Host().Settings());
+  TBaseSearch_FRM::FormClose();
+}
+
+// The plus key of the numeric pad adds what is typed as a category.
+void TAllGoodDetailTransactionSearch_FRM::FormKeyDown(TKey& key) {
+  TBaseSearch_FRM::FormKeyDown(key);
+  if (key.Is(Key::Plus) && TCategorySearchFrame1.Category_EDT.Focused()) {
+    key.Consume();
+    TCategorySearchFrame1.AddTyped();
+  }
+}
+
+void TAllGoodDetailTransactionSearch_FRM::Del_BTNClick() {
+  TBaseSearch_FRM::Del_BTNClick();
+  for (TSearchFrame* frame : std::initializer_list<TSearchFrame*>{&Good_SESF, &SearchGoodCode_FRAME,
+                                                                  &Store_SESF, &DateRangeSearch_Frame}) {
+    frame->Clear();
+  }
+  TTags_search_FRM1.Clear();
+  TCategorySearchFrame1.Clear();
+  TCategorySearchFrame1.Open(Host().Lookups());
+  DisplayType_CHK.SetChecked(false);
+  FillSelectedList();
+  for (TDetailRow* row : DetailRows()) row->Clear(data_);
+}
+
+}  // namespace goods
