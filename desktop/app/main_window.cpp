@@ -8,6 +8,8 @@
 #include <QStatusBar>
 
 #include "desktop/app/app_look.h"
+#include "desktop/app/help_book.h"
+#include "desktop/app/help_viewer.h"
 #include "desktop/app/help_windows.h"
 #include "desktop/app/report_catalog.h"
 #include "desktop/app/services/company_rights.h"
@@ -94,7 +96,8 @@ void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
   }
 
   QMenu& help = *menuBar()->addMenu("&راهنما");
-  AddAction(help, "Keys_ACT", "کلیدها", Qt::Key_F1, &MainWindow::ShowKeys);
+  AddAction(help, "Help_ACT", "&راهنمای گزارش‌ها", Qt::Key_F1, &MainWindow::ShowHelp);
+  AddAction(help, "Keys_ACT", "&کلیدها", QKeySequence("Ctrl+F1"), &MainWindow::ShowKeys);
   AddAction(help, "About_ACT", "&درباره برنامه", {}, &MainWindow::ShowAbout);
 }
 
@@ -121,6 +124,7 @@ void MainWindow::ShowSettings() {
   if (dialog.exec() == QDialog::Accepted) ApplyLook(settings_.Options());
 }
 
+void MainWindow::ShowHelp() { OpenHelp(*this, kHelpIndex); }
 void MainWindow::ShowKeys() { ShowKeysWindow(this); }
 void MainWindow::ShowAbout() { ShowAboutWindow(this); }
 

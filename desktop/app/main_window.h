@@ -6,6 +6,7 @@
 #include <QString>
 #include <vector>
 
+#include "desktop/app/help_key.h"
 #include "desktop/app/services/desktop_settings.h"
 #include "desktop/app/services/module_library.h"
 #include "desktop/app/start_page.h"
@@ -42,12 +43,14 @@ class MainWindow : public QMainWindow {
   void Quit() { Leave(MainOutcome::Quit); }
   void SignOut() { Leave(MainOutcome::SignOut); }
   void SwitchCompany() { Leave(MainOutcome::SwitchCompany); }
+  void ShowHelp();
   void ShowKeys();
   void ShowAbout();
 
   THost& host_;
   ModuleLibrary& module_;
   DesktopSettings& settings_;
+  HelpKey helpKey_;
   StartPage* page_;
   QEventLoop loop_;
   MainOutcome outcome_ = MainOutcome::Quit;

@@ -15,7 +15,9 @@
 #include "desktop/app/settings_dialog.h"
 #include "desktop/app/sign_in.h"
 #include "desktop/tools/window_driver.h"
+#include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
+#include "host/components/drop_down.h"
 
 namespace goods {
 namespace {
@@ -134,6 +136,48 @@ void PictureRowSearch(const Pictures& pictures) {
   RethrowFailure();
 }
 
+template <typename Kind>
+Kind& Component(QWidget& window, const char* path) {
+  auto* found = dynamic_cast<Kind*>(dynamic_cast<FormView&>(window).Form().FindComponent(path));
+  if (found == nullptr) throw std::runtime_error(std::string("no component ") + path);
+  return *found;
+}
+
+// The lists of goods: in quantity with its criteria and tags, in whole and part, and in money with the choice
+// of the price.
+void PictureTurnover(const Pictures& pictures, DesktopHost& host) {
+  const auto shown = [&](const char* exportName, std::function<void(QWidget&)> steps) {
+    WhileModal([steps](QWidget& window) {
+      window.resize(1440, 860);
+      Wait(500);
+      steps(window);
+    });
+    pictures.module.Call(exportName);
+    RethrowFailure();
+  };
+  shown("Open_GoodAmountAsset", [&](QWidget& window) {
+    pictures.Save(window, "goods-quantity");
+    WhileModal([&](QWidget& dialog) { pictures.Save(dialog, "goods-criteria"); });
+    PressKey(window, Qt::Key_F10, Qt::ControlModifier);
+    Component<TButton>(window, "Tags_btn").Click();
+    Wait(300);
+    for (int i = 0; i < 3; ++i) PressKey(window, Qt::Key_Down);
+    Wait(300);
+    pictures.Save(window, "goods-tags");
+  });
+  shown("Open_GoodCashAsset", [&](QWidget& window) {
+    pictures.Save(window, "goods-money");
+    Component<TCheckBox>(window, "pnlReport_PNL.Stock_CHK").SetChecked(true);
+    Component<TDropDownCombo>(window, "pnlReport_PNL.Report_CMB").SetDroppedDown(true);
+    Wait(400);
+    pictures.Save(window, "goods-price-basis");
+  });
+  TSettings& settings = host.Settings().Settings();
+  settings.SecondUnit = settings.SecondUnitIsLarger = settings.WholeAndPart = true;
+  shown("Open_GoodAmountAsset", [&](QWidget& window) { pictures.Save(window, "goods-whole-and-part"); });
+  settings.SecondUnit = settings.SecondUnitIsLarger = settings.WholeAndPart = false;
+}
+
 void MakePictures(const std::string& file, const std::string& moduleFile, const QString& folder,
                   const QString& settingsFolder) {
   QDir().mkpath(folder);
@@ -152,6 +196,7 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
       PictureMain(pictures, host);
       PictureStockCards(pictures, host, company->ListBusyGoods(1).at(0));
       PictureRowSearch(pictures);
+      if (module.Has("Open_GoodAmountAsset")) PictureTurnover(pictures, host);
     } else {
       MainWindow window(host, module, settings, ToQt(company->Title()), "");
       window.resize(1200, 760);

@@ -215,8 +215,9 @@ void CheckTree::ItemChanged(QStandardItem* item) {
   if (quiet_) return;
   if (branches_ == Branches::FollowLeaves && !IsLeaf(*item)) {
     // Ticking a branch ticks its leaves; each of them then comes here by itself.
-    if (item->checkState() == Qt::PartiallyChecked) return;
-    for (int row = 0; row < item->rowCount(); ++row) item->child(row)->setCheckState(item->checkState());
+    const Qt::CheckState wanted = item->checkState();
+    if (wanted == Qt::PartiallyChecked) return;
+    for (int row = 0; row < item->rowCount(); ++row) item->child(row)->setCheckState(wanted);
     return;
   }
   if (OnCheck) OnCheck(item->data(kIdRole).toString(), item->checkState() == Qt::Checked);

@@ -8,6 +8,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/style.h"
 #include "desktop/views/theme.h"
+#include "host/components/standard.h"
 
 namespace goods {
 namespace {
@@ -52,7 +53,11 @@ void EditView::RefreshSize() {
     width = std::max(width, date + ExtraWidth() + Scaled(kFrameRoom, *line_));
   }
   if (line_->minimumWidth() != width) line_->setMinimumWidth(width);
-  const int most = edit_.Stretch() > 0 ? QWIDGETSIZE_MAX : width;
+  // A text with a line of a column to itself fills it.
+  const auto* panel = dynamic_cast<const TPanel*>(edit_.Parent());
+  const bool alone = panel != nullptr && panel->Direction() == Flow::Column &&
+                     edit_.Kind() == InputKind::Text && edit_.Width() == 0;
+  const int most = edit_.Stretch() > 0 || alone ? QWIDGETSIZE_MAX : width;
   if (line_->maximumWidth() != most) line_->setMaximumWidth(most);
 }
 

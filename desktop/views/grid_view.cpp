@@ -11,6 +11,7 @@
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_menu.h"
+#include "desktop/views/panel_splitter.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "host/base/base_dock.h"
@@ -24,8 +25,10 @@ GridControlView::GridControlView(FormView& form, TSmartDBGrid_QRT& grid, QWidget
 
 void GridControlView::Refresh() {
   ControlView::Refresh();
-  if (Control().Height() > 0) grid_->setMinimumHeight(Scaled(Control().Height(), *grid_));
-  if (Control().Width() > 0) grid_->setMinimumWidth(Scaled(Control().Width(), *grid_));
+  const int height = SplitterGives(Control(), Qt::Vertical) ? 0 : Control().Height();
+  const int width = SplitterGives(Control(), Qt::Horizontal) ? 0 : Control().Width();
+  if (Control().Height() > 0) grid_->setMinimumHeight(Scaled(height, *grid_));
+  if (Control().Width() > 0) grid_->setMinimumWidth(Scaled(width, *grid_));
   grid_->Follow();
 }
 
@@ -47,11 +50,16 @@ GridWidget::GridWidget(GridControlView& view, TSmartDBGrid_QRT& grid, QWidget* p
   horizontalScrollBar()->setSingleStep(Scaled(30, *this));
 }
 
+// Given, or as wide as the columns, within bounds.
 QSize GridWidget::sizeHint() const {
-  constexpr int kNaturalWidth = 480;
+  constexpr int kWidest = 480;
+  constexpr int kNarrowest = 160;
   constexpr int kNaturalHeight = 260;
-  return {Scaled(grid_.Width() > 0 ? grid_.Width() : kNaturalWidth, *this),
-          Scaled(grid_.Height() > 0 ? grid_.Height() : kNaturalHeight, *this)};
+  constexpr int kScrollBar = 16;
+  int columns = kScrollBar;
+  for (const TGridColumn* column : grid_.VisibleColumns()) columns += column->Width();
+  const int width = grid_.Width() > 0 ? grid_.Width() : std::clamp(columns, kNarrowest, kWidest);
+  return {Scaled(width, *this), Scaled(grid_.Height() > 0 ? grid_.Height() : kNaturalHeight, *this)};
 }
 
 int GridWidget::Offset() const { return horizontalScrollBar()->value(); }

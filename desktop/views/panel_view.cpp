@@ -2,11 +2,11 @@
 
 #include <QBoxLayout>
 #include <QPainter>
-#include <QSplitter>
 #include <algorithm>
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/group_title.h"
+#include "desktop/views/panel_splitter.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "host/components/drop_down.h"
@@ -20,7 +20,7 @@ constexpr int kSpacing = 8;
 constexpr int kRowSpacing = 6;
 constexpr int kPairSpacing = 18;
 constexpr int kFramePadding = 10;
-constexpr int kSplitterWidth = 9;
+constexpr int kAllTheRest = 10'000;
 constexpr int kSignSize = 18;
 constexpr int kSignRoom = 40;
 
@@ -124,10 +124,8 @@ PanelView::PanelView(FormView& form, TControl& control, QWidget* parent)
   layout_->setContentsMargins(0, edge, 0, edge);
   layout_->setSpacing(Scaled(IsRow() ? kRowSpacing : kSpacing, *widget));
   if (splits) {
-    splitter_ = new QSplitter(IsRow() ? Qt::Horizontal : Qt::Vertical, body_);
+    splitter_ = new PanelSplitter(*this, IsRow() ? Qt::Horizontal : Qt::Vertical, body_);
     splitter_->setObjectName(widget->objectName() + "_Splitter");
-    splitter_->setChildrenCollapsible(false);
-    splitter_->setHandleWidth(Scaled(kSplitterWidth, *widget));
   }
   widget->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
 }
@@ -147,14 +145,20 @@ bool PanelView::IsShown() const {
 
 void PanelView::ArrangeSplitter() {
   layout_->addWidget(splitter_, 1);
+  QList<int> sizes;
   int place = 0;
   for (TControl* each : Contents()) {
     QWidget* widget = Form().WidgetOf(*each);
     if (widget == nullptr) continue;
     splitter_->insertWidget(place, widget);
-    splitter_->setStretchFactor(place, StretchOf(*each, IsRow()));
+    const int stretch = StretchOf(*each, IsRow());
+    splitter_->setStretchFactor(place, stretch);
+    const int given = IsRow() ? each->Width() : each->Height();
+    const int natural = IsRow() ? widget->sizeHint().width() : widget->sizeHint().height();
+    sizes << (stretch > 0 ? kAllTheRest : given > 0 ? Scaled(given, *body_) : natural);
     ++place;
   }
+  splitter_->setSizes(sizes);
 }
 
 void PanelView::Arrange() {
@@ -197,14 +201,18 @@ void PanelView::AlignRows() {
 }
 
 void PanelView::RefreshSizes() {
-  if (panel_->Width() > 0) Widget()->setMinimumWidth(Scaled(panel_->Width(), *Widget()));
   const bool folded = panel_->Folded();
-  Widget()->setMinimumHeight(!folded && panel_->Height() > 0 ? Scaled(panel_->Height(), *Widget()) : 0);
+  const int width = SplitterGives(*panel_, Qt::Horizontal) ? 0 : panel_->Width();
+  const int height = SplitterGives(*panel_, Qt::Vertical) || folded ? 0 : panel_->Height();
+  if (panel_->Width() > 0) Widget()->setMinimumWidth(Scaled(width, *Widget()));
+  Widget()->setMinimumHeight(Scaled(height, *Widget()));
   const auto* parent = dynamic_cast<const TPanel*>(panel_->Parent());
   const bool inRow = parent != nullptr && (parent->Direction() == Flow::Row || parent->Splitter);
   const bool natural = (panel_->Stretch() == 0 && !IsPage()) || folded;
-  Widget()->setSizePolicy(QSizePolicy::Preferred,
-                          natural && !inRow ? QSizePolicy::Maximum : QSizePolicy::Preferred);
+  // The stretch that a splitter gave stays.
+  QSizePolicy policy = Widget()->sizePolicy();
+  policy.setVerticalPolicy(natural && !inRow ? QSizePolicy::Maximum : QSizePolicy::Preferred);
+  if (policy != Widget()->sizePolicy()) Widget()->setSizePolicy(policy);
 }
 
 void PanelView::Refresh() {
@@ -217,6 +225,7 @@ void PanelView::Refresh() {
   if (title_->isHidden() == titled) title_->setVisible(titled);
   if (body_->isHidden() != panel_->Folded()) body_->setVisible(!panel_->Folded());
   RefreshSizes();
+  if (splitter_ != nullptr) splitter_->ApplySizes();
 }
 
 }  // namespace goods

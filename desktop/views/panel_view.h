@@ -5,10 +5,10 @@
 #include "host/components/standard.h"
 
 class QBoxLayout;
-class QSplitter;
 
 namespace goods {
 
+class PanelSplitter;
 // The clickable title of a group, with an arrow where the group can be folded.
 class GroupTitle;
 
@@ -37,7 +37,7 @@ class PanelView : public ContainerView {
   GroupTitle* title_ = nullptr;
   QWidget* body_ = nullptr;
   QBoxLayout* layout_ = nullptr;
-  QSplitter* splitter_ = nullptr;  // null where nothing can be dragged
+  PanelSplitter* splitter_ = nullptr;  // null where nothing can be dragged
 };
 
 }  // namespace goods

@@ -4,6 +4,7 @@
 #include "desktop/views/date_edit_view.h"
 #include "desktop/views/drop_down_view.h"
 #include "desktop/views/edit_view.h"
+#include "desktop/views/field_list_view.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/panel_view.h"
 #include "desktop/views/standard_views.h"
@@ -31,6 +32,7 @@ ViewRegistry HostKinds() {
   AddKind<TEdit, EditView>(registry);
   AddKind<TDateEdit, DateEditView>(registry);
   AddKind<TSmartDBGrid_QRT, GridControlView>(registry);
+  AddKind<TFieldList, FieldListView>(registry);
   AddKind<TTabControl, TabControlView>(registry);
   AddKind<TPageControl, PageControlView>(registry);
   AddKind<TDropDownCombo, DropDownView>(registry);

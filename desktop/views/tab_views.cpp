@@ -32,14 +32,6 @@ bool SetCaptions(TabBar& bar, const QStringList& captions) {
   return changed;
 }
 
-TControl* FirstFocusable(TControl& control) {
-  if (control.TakesFocus() && control.CanFocus()) return &control;
-  for (TControl* inner : control.Controls()) {
-    if (TControl* found = FirstFocusable(*inner)) return found;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 TabControlView::TabControlView(FormView& form, TTabControl& tabs, QWidget* parent)
@@ -101,18 +93,9 @@ void PageControlView::RefreshTabs() {
   if (bar_->currentIndex() != pages_.ActivePageIndex()) bar_->setCurrentIndex(pages_.ActivePageIndex());
 }
 
-void PageControlView::KeepFocusInside() {
-  TForm& form = Form().Form();
-  const TControl* active = form.ActiveControl();
-  if (active == nullptr || active == &pages_ || !StandsIn(active, pages_) || active->CanFocus()) return;
-  TControl* next = pages_.ActivePage() == nullptr ? nullptr : FirstFocusable(*pages_.ActivePage());
-  Form().Run([&] { form.SetActiveControl(next == nullptr ? &pages_ : next); });
-}
-
 void PageControlView::Refresh() {
   ContainerView::Refresh();
   RefreshTabs();
-  KeepFocusInside();
   const TTabSheet* active = pages_.ActivePage();
   QWidget* wanted = active == nullptr ? nullptr : Form().WidgetOf(*active);
   if (wanted != nullptr && stack_->currentWidget() != wanted) {

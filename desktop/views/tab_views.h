@@ -34,8 +34,6 @@ class PageControlView : public ContainerView {
 
  private:
   void RefreshTabs();
-  // A focus that was on the page before goes to the first control of this one.
-  void KeepFocusInside();
 
   TPageControl& pages_;
   TabBar* bar_;

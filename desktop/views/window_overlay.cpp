@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QLayout>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -118,6 +119,8 @@ bool WindowOverlay::eventFilter(QObject* watched, QEvent* event) {
   }
   return false;
 }
+
+void WindowOverlay::mousePressEvent(QMouseEvent* event) { event->accept(); }
 
 void WindowOverlay::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

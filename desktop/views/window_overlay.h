@@ -31,6 +31,8 @@ class WindowOverlay : public QWidget {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  // What nothing inside has a use for does not pass on to the window behind.
+  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   bool Holds(const QObject* object) const;

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/print/export.h"
-#include "desktop/views/date_edit_view.h"
 #include "desktop/views/column_chooser.h"
+#include "desktop/views/date_edit_view.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"

@@ -1,0 +1,28 @@
+# The help: the pages of docs/fa and the pictures that they show, as resources of the application under :/help.
+file(GLOB pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/fa/*.md)
+set(entries "")
+set(pictures "")
+foreach(page ${pages})
+  get_filename_component(name ${page} NAME)
+  string(APPEND entries "    <file alias=\"fa/${name}\">${page}</file>\n")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${page})
+  file(READ ${page} text)
+  string(REGEX MATCHALL "pictures/[A-Za-z0-9-]+\\.png" shown "${text}")
+  list(APPEND pictures ${shown})
+endforeach()
+list(REMOVE_DUPLICATES pictures)
+foreach(picture ${pictures})
+  if(EXISTS ${CMAKE_SOURCE_DIR}/docs/${picture})
+    string(APPEND entries "    <file alias=\"${picture}\">${CMAKE_SOURCE_DIR}/docs/${picture}</file>\n")
+  endif()
+endforeach()
+set(listing ${CMAKE_CURRENT_BINARY_DIR}/help_pages.qrc)
+file(CONFIGURE OUTPUT ${listing} @ONLY CONTENT
+  "<RCC>\n  <qresource prefix=\"/help\">\n${entries}  </qresource>\n</RCC>\n")
+
+# Big resources: as an object file at once, not by way of a source text of many megabytes.
+qt_add_big_resources(help_objects ${listing})
+add_library(desktop_help_pages OBJECT ${help_objects})
+set_target_properties(desktop_help_pages PROPERTIES LINKER_LANGUAGE CXX)
+target_link_libraries(desktop_help_pages PRIVATE Qt6::Core)
+target_link_libraries(goods_desktop_app PUBLIC desktop_help_pages)
