@@ -50,9 +50,9 @@ void TAllGoodDetailTransaction_FRM::DeclareForm() {
   Body_PNL.Place(List_GRD, 1);
   Body_PNL.Place(TListDetail_FRAME1);
   Buttons_PNL.Place(PrintList_BTN);
+  Buttons_PNL.Place(Exit_BTN);
   Buttons_PNL.Place(TListDetail_FRAME1.View_LBL);
   Buttons_PNL.Place(TListDetail_FRAME1.View_CMB);
-  Buttons_PNL.Place(Exit_BTN);
 
   Place(Criteria_PNL);
   Place(Details_PNL);

@@ -15,9 +15,6 @@ TAllGoodDetailTransactionSearch_FRM::~TAllGoodDetailTransactionSearch_FRM() = de
 
 void TAllGoodDetailTransactionSearch_FRM::FormCreate() {
   TBaseSearch_FRM::FormCreate();
-  Select_BTN.OnClick = [this] { Select_BTNClick(); };
-  Del_BTN.OnClick = [this] { Del_BTNClick(); };
-  EXit_BTN.OnClick = [this] { Exit_BTNClick(); };
   TTags_search_FRM1.OpenTags(Host().Lookups());
   TCategorySearchFrame1.Open(Host().Lookups());
   SelectedList_CMB.OnChange = [this] { SelectedList_CMBEditValueChange(); };

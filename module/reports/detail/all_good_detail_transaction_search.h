@@ -61,10 +61,6 @@ class TAllGoodDetailTransactionSearch_FRM : public TBaseSearch_FRM {
   TRange_Digit_Search_Frame SearchGoodCode_FRAME{this, "SearchGoodCode_FRAME", "کدها :"};
   TSelectEntity_Search_Frame Store_SESF{this, "Store_SESF", "ا&نبار :"};
   TRange_Date_Search_Frame DateRangeSearch_Frame{this, "DateRangeSearch_Frame", "&تاریخ عملیات :"};
-  TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
-  TButton Select_BTN{this, "Select_BTN", "انتخاب F3"};
-  TButton Del_BTN{this, "Del_BTN", "پاک کردن"};
-  TButton EXit_BTN{this, "EXit_BTN", "خروج Esc"};
 
   std::array<TDetailRow*, 4> DetailRows() { return {&DetailRow2, &DetailRow3, &DetailRow4, &DetailRow5}; }
   std::array<const TDetailRow*, 4> DetailRows() const {
