@@ -22,7 +22,4 @@ file(CONFIGURE OUTPUT ${listing} @ONLY CONTENT
 
 # Big resources: as an object file at once, not by way of a source text of many megabytes.
 qt_add_big_resources(help_objects ${listing})
-add_library(desktop_help_pages OBJECT ${help_objects})
-set_target_properties(desktop_help_pages PROPERTIES LINKER_LANGUAGE CXX)
-target_link_libraries(desktop_help_pages PRIVATE Qt6::Core)
-target_link_libraries(goods_desktop_app PUBLIC desktop_help_pages)
+target_sources(goods_desktop_app PRIVATE ${help_objects})
