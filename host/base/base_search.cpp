@@ -7,7 +7,12 @@
 
 namespace goods {
 
-TBaseSearch_FRM::TBaseSearch_FRM(THost& host, std::string name) : TForm(host, std::move(name)) {}
+TBaseSearch_FRM::TBaseSearch_FRM(THost& host, std::string name) : TForm(host, std::move(name)) {
+  Select_BTN.OnClick = [this] { Select_BTNClick(); };
+  Del_BTN.OnClick = [this] { Del_BTNClick(); };
+  EXit_BTN.OnClick = [this] { Exit_BTNClick(); };
+  for (TButton* button : {&Select_BTN, &Del_BTN, &EXit_BTN}) Buttons_PNL.Place(*button);
+}
 
 TBaseSearch_FRM::~TBaseSearch_FRM() = default;
 

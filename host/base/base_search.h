@@ -15,6 +15,7 @@ class TBaseSearch_FRM : public TForm {
   TBaseSearch_FRM(THost& host, std::string name);
   ~TBaseSearch_FRM() override;
 
+  // A dialog places Buttons_PNL at its end; the buttons do what these say.
   virtual void Select_BTNClick();
   virtual void Del_BTNClick();
   void Exit_BTNClick() { Close(); }
@@ -23,6 +24,10 @@ class TBaseSearch_FRM : public TForm {
   void FormKeyDown(TKey& key) override;
 
   TQeratSearchManager QeratSearchManager1{this, "QeratSearchManager1"};
+  TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
+  TButton Select_BTN{this, "Select_BTN", "انتخاب F3"};
+  TButton Del_BTN{this, "Del_BTN", "پاک کردن"};
+  TButton EXit_BTN{this, "EXit_BTN", "خروج Esc"};
 };
 
 }  // namespace goods

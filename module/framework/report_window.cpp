@@ -2,6 +2,7 @@
 
 #include "host/components/edit.h"
 #include "host/core/text.h"
+#include "module/framework/texts.h"
 
 namespace goods {
 namespace {
@@ -32,6 +33,10 @@ std::string GeneralSearchParam(const TGeneral_Search_Frame& search,
 
 void ShowPrintWarning(THost& host, const TControl& button, int width) {
   host.Messages().ShowTooltipMessage(button, kPrintWarning, width);
+}
+
+void AddFilterLine(std::vector<std::string>& lines, const std::string& filter) {
+  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
 }
 
 }  // namespace goods

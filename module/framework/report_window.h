@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/components/form.h"
 #include "host/components/standard.h"
@@ -21,6 +22,9 @@ void Press(TKey& key, TButton& button);
 // without a value, and while the search's box is unticked.
 std::string GeneralSearchParam(const TGeneral_Search_Frame& search,
                                std::span<const std::string_view> parameters);
+
+// The line above a printed list that tells its criteria; none without criteria.
+void AddFilterLine(std::vector<std::string>& lines, const std::string& filter);
 
 // Tells beside the button that many columns may not find room on a printed page. width is in pixels at
 // 96 dpi, 0 for the host's own.

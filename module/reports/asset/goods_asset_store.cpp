@@ -180,7 +180,7 @@ void TGoodsAsset_Store_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& l
       pnlReport_PNL.InUse() ? "مبنای قیمت: " + pnlReport_PNL.Report_CMB.Text() : std::string();
   const std::string filter = TGoodTransactions_DM::FarsiFilterOf(
       {GeneralSearch_FRAME.Search.FarsiText(), Period_PNL.FarsiText(), basis});
-  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
+  AddFilterLine(lines, filter);
 }
 
 }  // namespace goods

@@ -28,7 +28,6 @@ void TAllGoodDetailTransactionSearch_FRM::DeclareForm() {
     reverse->SetVisible(false);
   }
 
-  for (TButton* button : {&Select_BTN, &Del_BTN, &EXit_BTN}) Buttons_PNL.Place(*button);
   Place(TTags_search_FRM1);
   Place(TCategorySearchFrame1);
   for (TDetailRow* row : DetailRows()) Place(*row);

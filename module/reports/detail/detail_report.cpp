@@ -4,7 +4,7 @@
 
 #include "host/services/public_methods.h"
 #include "module/framework/program_change.h"
-#include "module/framework/texts.h"
+#include "module/framework/report_window.h"
 
 namespace goods {
 namespace {
@@ -164,7 +164,7 @@ void TDetailReport_FRM::QeratSearchManager1AfterExecute() {
 
 void TDetailReport_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
   TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
-  if (!filterCaption_.empty()) lines.push_back(std::string(kAppliedFilters) + filterCaption_);
+  AddFilterLine(lines, filterCaption_);
 }
 
 }  // namespace goods

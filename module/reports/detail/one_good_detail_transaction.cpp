@@ -7,6 +7,7 @@
 #include "host/services/public_methods.h"
 #include "module/framework/document_opening.h"
 #include "module/framework/program_change.h"
+#include "module/framework/report_window.h"
 #include "module/framework/texts.h"
 #include "module/reports/detail/unit_kinds.h"
 
@@ -243,7 +244,7 @@ void TOneGoodDetailTransaction_FRM::OpenInfo_BTNClick() {
 void TOneGoodDetailTransaction_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
   TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
   lines.push_back("کالا: " + std::to_string(opened_.good) + " - " + opened_.name);
-  if (!filterCaption_.empty()) lines.push_back(std::string(kAppliedFilters) + filterCaption_);
+  AddFilterLine(lines, filterCaption_);
 }
 
 }  // namespace goods

@@ -17,14 +17,10 @@ TOneGoodDetailTransactionSearch_FRM::TOneGoodDetailTransactionSearch_FRM(THost& 
                              &Date_Frame.RangeDate_Reverst_CHK}) {
     reverse->SetVisible(false);
   }
-  for (TButton* button : {&Select_BTN, &Del_BTN, &EXit_BTN}) Buttons_PNL.Place(*button);
   Place(Date_Frame);
   Place(Store_Frame);
   Place(Person_Frame);
   Place(Buttons_PNL);
-  Select_BTN.OnClick = [this] { Select_BTNClick(); };
-  Del_BTN.OnClick = [this] { Del_BTNClick(); };
-  EXit_BTN.OnClick = [this] { Exit_BTNClick(); };
 }
 
 TOneGoodDetailTransactionSearch_FRM::~TOneGoodDetailTransactionSearch_FRM() = default;

@@ -21,10 +21,6 @@ class TOneGoodDetailTransactionSearch_FRM : public TBaseSearch_FRM {
   TRange_Date_Search_Frame Date_Frame{this, "Date_Frame", "&تاریخ :"};
   TSelectEntity_Search_Frame Store_Frame{this, "Store_Frame", "ا&نبار :"};
   TSelectEntity_Search_Frame Person_Frame{this, "Person_Frame", "&شخص :"};
-  TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
-  TButton Select_BTN{this, "Select_BTN", "انتخاب F3"};
-  TButton Del_BTN{this, "Del_BTN", "پاک کردن"};
-  TButton EXit_BTN{this, "EXit_BTN", "خروج Esc"};
 };
 
 }  // namespace goods

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "host/core/text.h"
+#include "module/framework/parameter_text.h"
 #include "module/framework/report_window.h"
-#include "module/framework/texts.h"
 #include "module/reports/mismatch/good_detail_operation_dismatch.h"
 
 namespace goods {
@@ -30,9 +30,6 @@ constexpr std::array kTitleParameters = std::to_array<TitleParameter>({
     {"@Store", false, "کد انبار : "},
     {"@StoreName", true, "انبار : "},
 });
-
-// A name among values that are told apart by ";".
-std::string AsValue(const std::string& name) { return ReplaceAll(name, ";", " "); }
 
 }  // namespace
 
@@ -261,8 +258,8 @@ void TGoodDetailKardexDismatch_FRM::OpenInfo_BTNClick() {
   const TGoodUnitInfo units = dataModule_.GetGoodUnitInfo(good);
   std::string parameter;
   for (const std::string& value :
-       {std::to_string(good), AsValue(title), std::to_string(units.Unit1Code), AsValue(units.Unit2Name),
-        std::to_string(units.Unit2Code), AsValue(units.Unit1Name), std::to_string(store)}) {
+       {std::to_string(good), AsPosition(title), std::to_string(units.Unit1Code), AsPosition(units.Unit2Name),
+        std::to_string(units.Unit2Code), AsPosition(units.Unit1Name), std::to_string(store)}) {
     parameter += value + ";";
   }
   TGoodDetailOperationDismatch_FRM(Host(), 1, Variant(parameter), "").ShowModal();
@@ -271,7 +268,7 @@ void TGoodDetailKardexDismatch_FRM::OpenInfo_BTNClick() {
 // The printed page tells what it shows.
 void TGoodDetailKardexDismatch_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
   TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
-  if (!filterDescription_.empty()) lines.push_back(std::string(kAppliedFilters) + filterDescription_);
+  AddFilterLine(lines, filterDescription_);
 }
 
 }  // namespace goods

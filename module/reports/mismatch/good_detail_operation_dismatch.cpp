@@ -7,7 +7,6 @@
 #include "module/framework/document_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
-#include "module/framework/texts.h"
 #include "module/reports/mismatch/operation_kinds.h"
 
 namespace goods {
@@ -191,7 +190,7 @@ void TGoodDetailOperationDismatch_FRM::OpenInfo_BTNClick() {
 // The printed page tells what it shows.
 void TGoodDetailOperationDismatch_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
   TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
-  if (!filterCaption_.empty()) lines.push_back(std::string(kAppliedFilters) + filterCaption_);
+  AddFilterLine(lines, filterCaption_);
 }
 
 }  // namespace goods

@@ -41,9 +41,6 @@ void AddCodes(CriteriaText& criteria, const RangeTexts& texts, const TRange_Digi
 TGoodDetailOperationDismatchSearch_FRM::TGoodDetailOperationDismatchSearch_FRM(THost& host)
     : TBaseSearch_FRM(host, "GoodDetailOperationDismatchSearch_FRM") {
   DeclareForm();
-  Select_BTN.OnClick = [this] { Select_BTNClick(); };
-  Del_BTN.OnClick = [this] { Del_BTNClick(); };
-  EXit_BTN.OnClick = [this] { Exit_BTNClick(); };
 }
 
 TGoodDetailOperationDismatchSearch_FRM::~TGoodDetailOperationDismatchSearch_FRM() = default;

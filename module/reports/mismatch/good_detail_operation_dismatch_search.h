@@ -27,10 +27,6 @@ class TGoodDetailOperationDismatchSearch_FRM : public TBaseSearch_FRM {
   TRange_Digit_Search_Frame OperationRow_FRAME{this, "OperationRow_FRAME", "&ردیف عملیات :"};
   TRange_Digit_Search_Frame OperationAmount_FRAME{this, "OperationAmount_FRAME",
                                                   "&مقدار :", InputKind::Amount};
-  TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
-  TButton Select_BTN{this, "Select_BTN", "انتخاب F3"};
-  TButton Del_BTN{this, "Del_BTN", "پاک کردن"};
-  TButton EXit_BTN{this, "EXit_BTN", "خروج Esc"};
 
  private:
   void DeclareForm();

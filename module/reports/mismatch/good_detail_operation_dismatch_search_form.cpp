@@ -23,7 +23,6 @@ void TGoodDetailOperationDismatchSearch_FRM::DeclareForm() {
     reverse->SetVisible(false);
   }
 
-  for (TButton* button : {&Select_BTN, &Del_BTN, &EXit_BTN}) Buttons_PNL.Place(*button);
   for (TControl* each : std::initializer_list<TControl*>{
            &Date_Frame, &OperationCode_FRAME, &OperationRow_FRAME, &OperationAmount_FRAME, &Buttons_PNL}) {
     Place(*each);

@@ -5,6 +5,7 @@
 
 #include "module/framework/document_opening.h"
 #include "module/framework/good_header_panel.h"
+#include "module/framework/report_window.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -257,7 +258,7 @@ void TKardex_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
     add(std::string(Date_RDSF.RangeDate_Reverst_CHK.Checked() ? "تاریخ به جز از: " : "تاریخ از: ") +
         Date_RDSF.FromDate() + " تا: " + Date_RDSF.ToDate());
   }
-  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
+  AddFilterLine(lines, filter);
 }
 
 }  // namespace goods

@@ -5,6 +5,7 @@
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
 #include "module/framework/program_change.h"
+#include "module/framework/report_window.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -77,16 +78,12 @@ void TKardexSearch_FRM::FormClose() {
 
 void TKardexSearch_FRM::FormKeyDown(TKey& key) {
   TBaseDock_FRM::FormKeyDown(key);
-  const auto press = [&key](TButton& button) {
-    key.Consume();
-    button.Click();
-  };
   if (key.IsCtrl(Key::F2)) {
-    press(Report_BTN);
+    Press(key, Report_BTN);
   } else if (key.IsCtrl(Key::F10)) {
-    press(ADVSearch_Fram1.ADVSearch_BTN);
+    Press(key, ADVSearch_Fram1.ADVSearch_BTN);
   } else if (key.Is(Key::F2)) {
-    press(OpenKardex_BTN);
+    Press(key, OpenKardex_BTN);
   }
 }
 
@@ -163,7 +160,7 @@ void TKardexSearch_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines
   TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
   std::string filter = TGoodTransactions_DM::FarsiFilterOf(QeratSearchManager1.FarsiTexts());
   if (AdvSearchInUse() && !advFarsiFilter_.empty()) filter += (filter.empty() ? "" : " ") + advFarsiFilter_;
-  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
+  AddFilterLine(lines, filter);
 }
 
 void TKardexSearch_FRM::KardexSearch_GRDSortChanged() {

@@ -10,9 +10,6 @@ namespace goods {
 TKardexSearch_AdvSearch_FRM::TKardexSearch_AdvSearch_FRM(THost& host)
     : TBaseSearch_FRM(host, "KardexSearch_AdvSearch_FRM") {
   DeclareForm();
-  Select_BTN.OnClick = [this] { Select_BTNClick(); };
-  Del_BTN.OnClick = [this] { Del_BTNClick(); };
-  EXit_BTN.OnClick = [this] { Exit_BTNClick(); };
 }
 
 TKardexSearch_AdvSearch_FRM::~TKardexSearch_AdvSearch_FRM() = default;

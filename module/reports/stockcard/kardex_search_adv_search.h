@@ -37,10 +37,6 @@ class TKardexSearch_AdvSearch_FRM : public TBaseSearch_FRM {
   TRange_Date_Search_Frame SearchRangeDate_FRAME{this, "SearchRangeDate_FRAME", "تاریخ :"};
   TGeneral_Search_Frame SearchStore_FRAME{this, "SearchStore_FRAME", "نام ا&نبار :"};
   TCheckBox FarsiFilter_CHK{this, "FarsiFilter_CHK", "چاپ شرایط بالای فهرست"};
-  TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
-  TButton Select_BTN{this, "Select_BTN", "انتخاب F3"};
-  TButton Del_BTN{this, "Del_BTN", "پاک کردن"};
-  TButton EXit_BTN{this, "EXit_BTN", "خروج Esc"};
 
  private:
   void DeclareForm();

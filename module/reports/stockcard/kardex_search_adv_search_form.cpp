@@ -31,7 +31,6 @@ void TKardexSearch_AdvSearch_FRM::DeclareForm() {
   }
   FarsiFilter_CHK.SetChecked(true);
   Place(FarsiFilter_CHK);
-  for (TButton* button : {&Select_BTN, &Del_BTN, &EXit_BTN}) Buttons_PNL.Place(*button);
   Place(Buttons_PNL);
 }
 

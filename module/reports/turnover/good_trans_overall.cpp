@@ -253,7 +253,7 @@ void TGoodTrans_Overall_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& 
       Store_SESF.InUse() ? "انبار: " + Store_SESF.TSelect_Entity_Frame1.EntityName() : std::string();
   const std::string filter = TGoodTransactions_DM::FarsiFilterOf(
       {GeneralSearch_FRAME.Search.FarsiText(), store, Period_PNL.FarsiText()});
-  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
+  AddFilterLine(lines, filter);
 }
 
 }  // namespace goods

@@ -5,6 +5,7 @@
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
 #include "module/framework/program_change.h"
+#include "module/framework/report_window.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -56,9 +57,7 @@ void TGoodTransaction_FRM::FormCreate() {
     grid->FindColumn("Jam_Kol")->SetCaption("مبلغ کل");
   }
   dataModule_.GoodTransaction.Source.OnDataChange = [this] { GoodTransactionRowChange(); };
-  GoodGroup_DBG.SetDataSource(&dataModule_.GoodGroup.Source);
-  dataModule_.GoodGroup.Source.OnDataChange = [this] { GoodGroup_DBGRowChange(); };
-  SearchGroup_EDT.OnChange = [this] { SearchGroup_EDTChange(); };
+  Groups_PNL.OnGroupChange = [this] { GoodGroup_DBGRowChange(); };
   Kala_TBC.OnChange = [this] { Kala_TBCChange(); };
   pnlReport_PNL.OnBoxClick = [this] { Stock_CHKClick(); };
   pnlReport_PNL.OnChosen = [this] { PriceBasisChosen(); };
@@ -167,7 +166,7 @@ void TGoodTransaction_FRM::FormClose() {
   ListDataSet().Close();
   GeneralSearch_FRAME.GeneralSearch_EDT.Clear();
   GeneralSearch_FRAME.GeneralSearch_Reverst_CHK.SetChecked(false);
-  SearchGroup_EDT.Clear();
+  Groups_PNL.SearchGroup_EDT.Clear();
   Tags_pnl.SetVisible(false);
   TTags1.Tags_QRY.Close();
   search_.reset();
@@ -179,24 +178,20 @@ void TGoodTransaction_FRM::FormClose() {
 
 void TGoodTransaction_FRM::FormKeyDown(TKey& key) {
   TBaseDock_FRM::FormKeyDown(key);
-  const auto press = [&key](TButton& button) {
-    key.Consume();
-    button.Click();
-  };
   if (key.Is(Key::F2)) {
-    press(Gar_BTN);
+    Press(key, Gar_BTN);
   } else if (key.IsCtrl(Key::F2)) {
-    press(DetailList_BTN);
+    Press(key, DetailList_BTN);
   } else if (key.IsCtrl(Key::F10)) {
-    press(ADVSearch_Fram1.ADVSearch_BTN);
+    Press(key, ADVSearch_Fram1.ADVSearch_BTN);
   } else if (key.Is(Key::F5)) {
     key.Consume();
     RefreshList();
   } else if (key.IsCtrl(Key::F11)) {
     key.Consume();
-    SearchGroup_EDT.SetFocus();
+    Groups_PNL.SearchGroup_EDT.SetFocus();
   } else if (key.Is(Key::Enter) && Select_BTN.Visible() && ShownGrid().Focused()) {
-    press(Select_BTN);
+    Press(key, Select_BTN);
   } else if (key.key >= Key::Digit1 && key.key <= Key::Digit9 && key.IsCtrl(key.key)) {
     const int tab = static_cast<int>(key.key) - static_cast<int>(Key::Digit1);
     key.Consume();
@@ -243,8 +238,7 @@ void TGoodTransaction_FRM::RefreshList() {
 
 void TGoodTransaction_FRM::QeratSearchManager1CustomFilter_Proc(std::string& parameters) {
   std::string text;
-  const std::int64_t group = dataModule_.GoodGroup.Query.FieldByName("Code").AsInteger();
-  if (group != 0) text = "@GrpCode = " + std::to_string(group);
+  if (Groups_PNL.Code() != 0) text = "@GrpCode = " + std::to_string(Groups_PNL.Code());
   if (Kala_TBC.TabIndex() < kAllGoodsTab) {
     text = ADDParam("@GoodExistType = " + std::to_string(Kala_TBC.TabIndex() + 1), text);
   }
@@ -269,11 +263,6 @@ void TGoodTransaction_FRM::Kala_TBCChange() { RunList(); }
 // The group query tells of its new rows too; those come while the window is being shown.
 void TGoodTransaction_FRM::GoodGroup_DBGRowChange() { RunList(); }
 
-void TGoodTransaction_FRM::SearchGroup_EDTChange() {
-  const std::string& text = SearchGroup_EDT.Text();
-  if (!text.empty()) dataModule_.GoodGroup.Query.LocatePrefix("Name", text);
-}
-
 void TGoodTransaction_FRM::Select_BTNClick() {
   if (FormMode() == kFormModeChoose && ListDataSet().RecNo()) SetModalResult(kModalOk);
 }
@@ -282,10 +271,7 @@ void TGoodTransaction_FRM::Select_BTNClick() {
 void TGoodTransaction_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
   TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
   std::vector<std::string> criteria;
-  const TADOQuery& groups = dataModule_.GoodGroup.Query;
-  if (groups.FieldByName("Code").AsInteger() != 0) {
-    criteria.push_back("گروه کالا : " + groups.FieldByName("Name").AsText());
-  }
+  if (Groups_PNL.Code() != 0) criteria.push_back("گروه کالا : " + Groups_PNL.GroupName());
   if (Kala_TBC.TabIndex() < kAllGoodsTab) {
     criteria.emplace_back(Trim(Kala_TBC.Tabs()[static_cast<std::size_t>(Kala_TBC.TabIndex())]));
   }
@@ -295,7 +281,7 @@ void TGoodTransaction_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& li
   add(QeratSearchManager1.FarsiTexts());
   if (AdvSearchOn() && search_ != nullptr) add(search_->FarsiTexts());
   const std::string filter = TGoodTransactions_DM::FarsiFilterOf(criteria);
-  if (!filter.empty()) lines.push_back(std::string(kAppliedFilters) + filter);
+  AddFilterLine(lines, filter);
 }
 
 }  // namespace goods

@@ -14,6 +14,7 @@
 #include "host/frames/vouchers_warning_frame.h"
 #include "module/data/good_transactions_dm.h"
 #include "module/framework/delayed_search.h"
+#include "module/framework/groups_panel.h"
 #include "module/reports/pricing/price_basis_panel.h"
 #include "module/reports/stockcard/kardex.h"
 #include "module/reports/turnover/good_transaction_search.h"
@@ -58,7 +59,6 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   void ADVSearch_Fram1ADVSearch_CHKClick();
   void Kala_TBCChange();
   void GoodGroup_DBGRowChange();
-  void SearchGroup_EDTChange();
   void Stock_CHKClick();
   void PriceBasisChosen();
   void Tags_btnClick();
@@ -80,9 +80,7 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   TPriceBasisPanel pnlReport_PNL;
   TDontSavedVouchers_Frame DontSavedVouchers_FRAME{this, "DontSavedVouchers_FRAME", "3"};
   TPanel Body_PNL{this, "Body_PNL", Flow::Row};
-  TPanel Groups_PNL{this, "Groups_PNL"};
-  TEdit SearchGroup_EDT{this, "SearchGroup_EDT"};
-  TSmartDBGrid_QRT GoodGroup_DBG{this, "GoodGroup_DBG"};
+  TGroupsPanel Groups_PNL{this, "Groups_PNL", "GoodGroup_DBG", dataModule_.GoodGroup.Source};
   TPanel List_PNL{this, "List_PNL"};
   TTabControl Kala_TBC{this, "Kala_TBC"};
   TSmartDBGrid_QRT GoodTransactin_List_GRD{this, "GoodTransactin_List_GRD"};

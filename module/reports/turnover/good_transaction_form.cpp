@@ -4,7 +4,6 @@
 namespace goods {
 namespace {
 
-constexpr int kGroupsWidth = 210;
 constexpr int kTagWidth = 26;
 
 }  // namespace
@@ -26,16 +25,6 @@ void TGoodTransaction_FRM::DeclareForm() {
   Criteria_PNL.Place(GeneralSearch_FRAME, 1);
   Criteria_PNL.Place(ADVSearch_Fram1);
   Criteria_PNL.Place(Tags_btn);
-
-  SearchGroup_EDT.SetPlaceholder("جستجو ... (Ctrl + F11)");
-  SearchGroup_EDT.SetAccessibleName("جستجوی گروه کالا");
-  GoodGroup_DBG.SetAccessibleName("گروه های کالا");
-  GoodGroup_DBG.ShowFooter = false;
-  GoodGroup_DBG.MultiSelect = false;
-  GoodGroup_DBG.AddColumn("Name", "نام گروه").SetAutoFit(true);
-  Groups_PNL.SetWidth(kGroupsWidth);
-  Groups_PNL.Place(SearchGroup_EDT);
-  Groups_PNL.Place(GoodGroup_DBG, 1);
 
   Kala_TBC.SetAccessibleName("نوع کالاها");
   Kala_TBC.SetTabs({" کالاهای موجود ", " کالاهای کسری ", " کالاهای بدون گردش ", " کالاهای موجودی صفر ",

@@ -20,9 +20,6 @@ TGoodTransactionSearch_FRM::~TGoodTransactionSearch_FRM() = default;
 
 void TGoodTransactionSearch_FRM::FormCreate() {
   TBaseSearch_FRM::FormCreate();
-  Select_BTN.OnClick = [this] { Select_BTNClick(); };
-  Del_BTN.OnClick = [this] { Del_BTNClick(); };
-  EXit_BTN.OnClick = [this] { Exit_BTNClick(); };
   Go_BTN.OnClick = [this] { Go_BTNClick(); };
 
   ILookups& lookups = Host().Lookups();

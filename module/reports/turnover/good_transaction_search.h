@@ -67,10 +67,6 @@ class TGoodTransactionSearch_FRM : public TBaseSearch_FRM {
   TLabel DisplayType_LBL{this, "DisplayType_LBL", "کالاهای  لیست نمایش داده نشوند"};
   TPeriodPanel Period_PNL{this, "Period_PNL", BeforePeriodBox::KeepsItsState};
   TButton Go_BTN{this, "Go_BTN"};
-  TPanel Buttons_PNL{this, "Buttons_PNL", Flow::Row};
-  TButton Select_BTN{this, "Select_BTN", "انتخاب F3"};
-  TButton Del_BTN{this, "Del_BTN", "پاک کردن"};
-  TButton EXit_BTN{this, "EXit_BTN", "خروج Esc"};
 
  private:
   void DeclareForm();

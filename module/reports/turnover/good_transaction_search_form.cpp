@@ -21,7 +21,7 @@ void TGoodTransactionSearch_FRM::DeclareForm() {
 
   Go_BTN.SetVisible(false);
   Go_BTN.SetEnabled(false);
-  for (TButton* button : {&Select_BTN, &Del_BTN, &EXit_BTN, &Go_BTN}) Buttons_PNL.Place(*button);
+  Buttons_PNL.Place(Go_BTN);
 
   Place(Code_Frame);
   Place(CostRangeSearch_FRAME);
