@@ -137,7 +137,7 @@ void WritePriceLevels(CompanyWriter& writer) {
 void WriteSelectedLists(CompanyWriter& writer) {
   writer.Tables().Run(
       "INSERT INTO SelectedLists(Code, Title, Enable, DisplayType, Type) VALUES"
-      " (1, 'کالاهای ویترین', 1, 0, 0), (2, 'کالاهای کم گردش', 0, 1, 0), (3, 'کالاهای شمارش ماهانه', 0, 0, "
+      " (1, 'کالاهای ویترین', 0, 0, 0), (2, 'کالاهای کم گردش', 0, 1, 0), (3, 'کالاهای شمارش ماهانه', 0, 0, "
       "0),"
       " (4, 'اشخاص منتخب', 0, 0, 1);"
       "INSERT INTO SelectedListGoods(ListCode, Kala)"

@@ -48,7 +48,7 @@ void TabControlView::Refresh() {
   const QSignalBlocker quiet(bar_);
   QStringList captions;
   for (const std::string& caption : tabs_.Tabs()) captions << ShownText(caption);
-  SetCaptions(*bar_, captions);
+  if (SetCaptions(*bar_, captions)) bar_->updateGeometry();
   if (bar_->currentIndex() != tabs_.TabIndex()) bar_->setCurrentIndex(tabs_.TabIndex());
   bar_->setMinimumWidth(Scaled(tabs_.Width(), *bar_));
 }

@@ -6,7 +6,7 @@ namespace goods {
 void TGoodTransactionSearch_FRM::DeclareForm() {
   SetCaption("جستجوی پیشرفته کالاها");
   PreferredWidth = 720;
-  PreferredHeight = 430;
+  PreferredHeight = 350;
 
   Store_Frame.SetEntityType(EntityType::Store);
   SelectedList_LBL.FocusControl = &SelectedList_CMB;
