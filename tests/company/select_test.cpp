@@ -117,7 +117,7 @@ TEST_F(SelectTest, ListsTheSelectedListsOfGoods) {
   const Rows rows =
       Ask(*connection_, "Select Code, Title, Enable, DisplayType FROM SelectedLists where Type = 0");
   ASSERT_EQ(rows.size(), 3U);
-  EXPECT_EQ(rows[0], (std::vector<std::string>{"1", "کالاهای ویترین", "1", "0"}));
+  EXPECT_EQ(rows[0], (std::vector<std::string>{"1", "کالاهای ویترین", "0", "0"}));
 }
 
 TEST_F(SelectTest, ListsThePriceHistoryKinds) {

@@ -66,25 +66,25 @@ void TGoodTransaction_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndP
     return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
   };
 
-  text("Code", "کد", 70);
+  text("Code", "کد", 60);
   text("AbbName", wholeAndPart ? "بارکد " : "بارکد", 110).SetVisible(wholeAndPart);
-  text("Name", "نام کالا", 220).SetAutoFit(true);
-  text("OperationDate", "تاریخ آخرین عملیات", 120);
+  text("Name", "نام کالا", 170).SetAutoFit(true);
+  text("OperationDate", "تاریخ آخرین عملیات", 100);
   number("gheymat_miangin", "فی (قیمت میانگین)", kAmountFormat, 128);
   number("Stock", "فی", kAmountFormat, 170);
-  number("varede", "وارده", kQuantityFormat, 110).SetFooter(FooterKind::Sum);
-  number("sadere", "صادره", kQuantityFormat, 110).SetFooter(FooterKind::Sum);
+  number("varede", "وارده", kQuantityFormat, 94).SetFooter(FooterKind::Sum);
+  number("sadere", "صادره", kQuantityFormat, 94).SetFooter(FooterKind::Sum);
   const auto secondUnit = [&] {
-    number("Mogodi2", wholeAndPart ? "موجودی کل" : "موجودی 2", kQuantityFormat, 104)
+    number("Mogodi2", wholeAndPart ? "موجودی کل" : "موجودی 2", kQuantityFormat, 90)
         .SetFooter(FooterKind::Sum);
-    text("UnitName2", wholeAndPart ? "واحد کل" : "واحد 2", 80);
+    text("UnitName2", wholeAndPart ? "واحد کل" : "واحد 2", 70);
   };
   if (wholeAndPart) {
     secondUnit();
-    number("Joz", "مقدار جزء", kQuantityFormat, 96).SetFooter(FooterKind::Sum);
+    number("Joz", "مقدار جزء", kQuantityFormat, 86).SetFooter(FooterKind::Sum);
   }
-  number("Mogodi", "موجودی 1", kQuantityFormat, 110).SetFooter(FooterKind::Sum);
-  text("UnitName1", wholeAndPart ? "واحد جزء" : "واحد 1", 80);
+  number("Mogodi", "موجودی 1", kQuantityFormat, 94).SetFooter(FooterKind::Sum);
+  text("UnitName1", wholeAndPart ? "واحد جزء" : "واحد 1", 70);
   if (!wholeAndPart) secondUnit();
   number("Jam_Kol", "مبلغ کل", kAmountFormat, 150);
   number("SumStock", "مبلغ کل", kAmountFormat, 150);
