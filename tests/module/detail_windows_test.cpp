@@ -208,5 +208,17 @@ TEST_F(DetailWindows, TheDialogAsksForTheRightToListsUnderItsOwnPart) {
                                                    "HavePermission(1, 501, 34, true, true, \"\")"}));
 }
 
+TEST_F(DetailWindows, AStoreThatCannotBeLookedUpIsToldOfAndTheNextCriterionRuns) {
+  TOneGoodDetailTransaction_FRM window(host, 1, Variant(std::string("12;x;1;;0;y;2;;;;;;31;0;;;1;")), "");
+  host.Lookups().FailNext("no stores");
+  Do([&] {
+    Sent();
+    window.ADVSearch_Fram1.ADVSearch_CHK.Click();
+  });
+  window.ShowModal();
+  EXPECT_EQ(host.Log.Take(CallKind::Message), Texts{"ShowError(\"no stores\")"});
+  EXPECT_EQ(Sent().size(), 1u);
+}
+
 }  // namespace
 }  // namespace goods

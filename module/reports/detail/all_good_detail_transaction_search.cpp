@@ -43,6 +43,10 @@ void TAllGoodDetailTransactionSearch_FRM::KeepProperties() {
 void TAllGoodDetailTransactionSearch_FRM::LoadStoredProperties() {
   keepsSettings_ = true;
   stored_.Load(Host().Settings());
+  if (SelectedList_CMB.Enabled()) return;
+  // A list from the time when the user had the right to it.
+  SelectedList_CMB.SetItemIndex(0);
+  DisplayType_CHK.SetChecked(false);
 }
 
 bool TAllGoodDetailTransactionSearch_FRM::HaveSelectedListPermission() const {

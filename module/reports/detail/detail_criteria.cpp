@@ -109,6 +109,7 @@ void DetailCriteria::AddCodeRange(const TRange_Digit_Search_Frame& range) {
   const std::string& from = range.RangeDigit_From_EDT.Text();
   const std::string& to = range.RangeDigit_To_EDT.Text();
   if (!range.RangeDigit_CHK.Checked() || from == kNoCode || to == kNoCode) return;
+  if (from.empty() && to.empty()) return;  // the box alone, as it was kept from an earlier run
   const auto item = static_cast<std::size_t>(std::max(range.RangeDigit_CMB.ItemIndex(), 0));
   if (item >= style_.ranges.size()) return;
   const CodeRangeKind& kind = style_.ranges[item];

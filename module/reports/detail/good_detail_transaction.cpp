@@ -83,8 +83,8 @@ void TGoodDetailTransaction_FRM::OnCustomParameter(const CustomParameter& parame
 }
 
 void TGoodDetailTransaction_FRM::FormShow() {
-  PresetTags();
   TDetailReport_FRM::FormShow();
+  PresetTags();
 }
 
 // Tags that another report hands over are named in the dialog as the company names them now.

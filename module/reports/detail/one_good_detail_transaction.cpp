@@ -101,9 +101,9 @@ void TOneGoodDetailTransaction_FRM::ApplyUnitKind() {
 
 void TOneGoodDetailTransaction_FRM::FormShow() {
   TBaseDock_FRM::FormShow();
+  shown_ = true;  // also where a store cannot be looked up: then the user's next criterion runs
   ShowHeader();
   PresetDialog();
-  shown_ = true;
   for (const char* field : kMeasures) {
     GoodDetailTransaction_GRD.FindColumn(field)->SetDisplayFormat(kUnsignedQuantityFormat);
   }
