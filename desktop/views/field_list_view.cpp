@@ -14,8 +14,8 @@ namespace goods {
 namespace {
 
 constexpr int kRowExtra = 10;
-constexpr int kGap = 10;       // between a caption and its text
-constexpr int kPairGap = 28;   // between pairs beside each other
+constexpr int kGap = 10;        // between a caption and its text
+constexpr int kPairGap = 28;    // between pairs beside each other
 constexpr int kTextRoom = 170;  // what a text wants when as many pairs as fit stand beside each other
 constexpr int kNaturalRows = 3;
 constexpr double kMostCaption = 0.5;  // of a pair's width

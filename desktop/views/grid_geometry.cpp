@@ -90,8 +90,11 @@ void GridGeometry::FixColumns(const TSmartDBGrid_QRT& grid) {
   fixedWidth_ = 0;
   const int room = size_.width() - numberWidth_;
   if (contentWidth_ <= room) return;  // nothing is scrolled
-  const std::size_t wanted =
-      std::min(spans_.size(), static_cast<std::size_t>(std::max(0, grid.FixedColumns)));
+  const auto& columns = grid.Columns();
+  const auto first = static_cast<std::ptrdiff_t>(
+      std::min(columns.size(), static_cast<std::size_t>(std::max(0, grid.FixedColumns))));
+  const auto wanted = static_cast<std::size_t>(std::count_if(
+      columns.begin(), columns.begin() + first, [](const auto& column) { return column->Visible(); }));
   for (std::size_t i = 0; i < wanted && fixedWidth_ + spans_[i].width <= room * kMostFixed; ++i) {
     spans_[i].fixed = true;
     fixedWidth_ += spans_[i].width;

@@ -12,6 +12,7 @@ namespace {
 
 // The colours of drawing events are made for light paper; on a dark one they are toned down.
 constexpr double kDarkenedBrush = 0.6;
+constexpr double kSmallestFooter = 0.76;  // of the size of the other figures
 
 }  // namespace
 
@@ -227,19 +228,32 @@ void GridPainter::PaintSortMark(const TGridColumn& column, QRect& box) {
   painter_.restore();
 }
 
+// A sum is wider than the figures above it: before it is cut, it is written smaller.
+QFont GridPainter::FooterFont(const QString& text, int room) const {
+  if (QFontMetrics(bold_).horizontalAdvance(text) <= room) return bold_;
+  QFont font = bold_;
+  const double size = bold_.pointSizeF();
+  for (const double share : {0.92, 0.84, kSmallestFooter}) {
+    font.setPointSizeF(size * share);
+    if (QFontMetrics(font).horizontalAdvance(text) <= room) break;
+  }
+  return font;
+}
+
 void GridPainter::PaintFooter() {
   const Theme& theme = CurrentTheme();
   const int top = geometry_.RowsArea().bottom() + 1;
   const QRect footer(0, top, columns_.width() + geometry_.NumberWidth(), geometry_.FooterHeight());
   painter_.fillRect(footer, theme.header);
-  painter_.setFont(bold_);
   InParts(footer, [&](std::size_t i) {
     const GridSpan& span = geometry_.Spans()[i];
     const QRect cell = geometry_.ColumnRect(span, state_.offset, top, footer.height());
     painter_.setPen(theme.text);
     const int padding = geometry_.Padding();
-    DrawCell(painter_, cell.adjusted(padding, 1, -padding, 0),
-             ShownCell(grid_.FooterText(*span.column), true), span.column->Align(), geometry_.RightToLeft());
+    const QRect box = cell.adjusted(padding, 1, -padding, 0);
+    const QString text = ShownCell(grid_.FooterText(*span.column), true);
+    painter_.setFont(FooterFont(text, box.width()));
+    DrawCell(painter_, box, text, span.column->Align(), geometry_.RightToLeft());
     painter_.setPen(theme.border);
     const int edge = geometry_.RightToLeft() ? cell.left() : cell.right();
     painter_.drawLine(edge, cell.top(), edge, cell.bottom());

@@ -40,6 +40,7 @@ class GridPainter {
   void PaintFixedEdge();
   void PaintTitle(std::size_t index);
   void PaintSortMark(const TGridColumn& column, QRect& box);
+  QFont FooterFont(const QString& text, int room) const;
   void PaintFooter();
   void PaintEmpty();
   QPainter& painter_;

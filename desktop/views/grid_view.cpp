@@ -325,12 +325,24 @@ void GridWidget::wheelEvent(QWheelEvent* event) {
 bool GridWidget::ShowCellTip(const QPoint& point, const QPoint& global) {
   const auto row = RowAt(point);
   const auto span = geometry_.SpanAt(point.x(), Offset());
+  if (span && point.y() > geometry_.RowsArea().bottom()) return ShowFooterTip(*span, global);
   if (!row || !span) return false;
   const TGridColumn& column = *geometry_.Spans()[*span].column;
   const QString text = ShownCell(grid_.CellText(*row, column), column.IsNumber());
   const QRect cell = CellRect(*row, column);
   if (fontMetrics().horizontalAdvance(text) <= cell.width() - 2 * geometry_.Padding()) return false;
   QToolTip::showText(global, text, viewport(), cell);
+  return true;
+}
+
+// A sum that had to be written smaller is told in full, whether it was cut or not.
+bool GridWidget::ShowFooterTip(std::size_t span, const QPoint& global) {
+  const GridSpan& under = geometry_.Spans()[span];
+  const QString text = ShownCell(grid_.FooterText(*under.column), true);
+  QFont bold = font();
+  bold.setBold(true);
+  if (QFontMetrics(bold).horizontalAdvance(text) <= under.width - 2 * geometry_.Padding()) return false;
+  QToolTip::showText(global, text, viewport());
   return true;
 }
 

@@ -61,6 +61,7 @@ class GridWidget : public QAbstractScrollArea {
   void SelectTo(std::size_t row);
   void RowPressed(std::size_t row, Qt::KeyboardModifiers modifiers);
   bool ShowCellTip(const QPoint& point, const QPoint& global);
+  bool ShowFooterTip(std::size_t span, const QPoint& global);
   void DescribeCurrent();
 
   // The header, in grid_header.cpp.

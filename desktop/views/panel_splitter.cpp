@@ -10,6 +10,7 @@ namespace goods {
 namespace {
 
 constexpr int kBorderWidth = 9;
+constexpr int kAllTheRest = 1 << 16;  // pixels; more than any screen has
 
 }  // namespace
 
@@ -17,6 +18,8 @@ PanelSplitter::PanelSplitter(ControlView& owner, Qt::Orientation orientation, QW
     : QSplitter(orientation, parent), owner_(owner) {
   setChildrenCollapsible(false);
   setHandleWidth(Scaled(kBorderWidth, *this));
+  // From right to left the toolkit places everything one pixel beyond the right edge.
+  if (orientation == Qt::Horizontal && layoutDirection() == Qt::RightToLeft) setContentsMargins(0, 0, 1, 0);
   connect(this, &QSplitter::splitterMoved, this, [this] { BorderMoved(); });
 }
 
@@ -26,8 +29,7 @@ void PanelSplitter::Add(TControl& control, QWidget& widget, int stretch) {
   const int place = static_cast<int>(parts_.size());
   insertWidget(place, &widget);
   setStretchFactor(place, stretch);
-  parts_.push_back(
-      {&control, stretch, control.Changed.Connect([this] { owner_.Form().Queue(owner_); })});
+  parts_.push_back({&control, stretch, control.Changed.Connect([this] { owner_.Form().Queue(owner_); })});
 }
 
 int PanelSplitter::Given(const TControl& control) const {
@@ -36,6 +38,17 @@ int PanelSplitter::Given(const TControl& control) const {
 
 bool PanelSplitter::Fixed(std::size_t part) const {
   return parts_[part].stretch == 0 && !widget(static_cast<int>(part))->isHidden();
+}
+
+void PanelSplitter::StartSizes() {
+  QList<int> sizes;
+  for (std::size_t i = 0; i < parts_.size(); ++i) {
+    const int given = Given(*parts_[i].control);
+    const QSize hint = widget(static_cast<int>(i))->sizeHint();
+    const int natural = orientation() == Qt::Horizontal ? hint.width() : hint.height();
+    sizes << (parts_[i].stretch > 0 ? kAllTheRest : given > 0 ? Scaled(given, *this) : natural);
+  }
+  setSizes(sizes);
 }
 
 void PanelSplitter::ApplySizes() {

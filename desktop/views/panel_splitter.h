@@ -20,6 +20,8 @@ class PanelSplitter : public QSplitter {
 
   void Clear();
   void Add(TControl& control, QWidget& widget, int stretch);
+  // After all were added: what was given no size begins with its natural one.
+  void StartSizes();
   // Gives the controls the sizes that they say. Nothing moves where they have them.
   void ApplySizes();
 

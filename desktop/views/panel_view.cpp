@@ -20,7 +20,6 @@ constexpr int kSpacing = 8;
 constexpr int kRowSpacing = 6;
 constexpr int kPairSpacing = 18;
 constexpr int kFramePadding = 10;
-constexpr int kAllTheRest = 10'000;
 constexpr int kSignSize = 18;
 constexpr int kSignRoom = 40;
 
@@ -145,26 +144,17 @@ bool PanelView::IsShown() const {
 
 void PanelView::ArrangeSplitter() {
   layout_->addWidget(splitter_, 1);
-  QList<int> sizes;
-  int place = 0;
+  splitter_->Clear();
   for (TControl* each : Contents()) {
-    QWidget* widget = Form().WidgetOf(*each);
-    if (widget == nullptr) continue;
-    splitter_->insertWidget(place, widget);
-    const int stretch = StretchOf(*each, IsRow());
-    splitter_->setStretchFactor(place, stretch);
-    const int given = IsRow() ? each->Width() : each->Height();
-    const int natural = IsRow() ? widget->sizeHint().width() : widget->sizeHint().height();
-    sizes << (stretch > 0 ? kAllTheRest : given > 0 ? Scaled(given, *body_) : natural);
-    ++place;
+    if (QWidget* widget = Form().WidgetOf(*each)) splitter_->Add(*each, *widget, StretchOf(*each, IsRow()));
   }
-  splitter_->setSizes(sizes);
+  splitter_->StartSizes();
 }
 
 void PanelView::Arrange() {
   while (QLayoutItem* item = layout_->takeAt(0)) delete item;
   if (splitter_ != nullptr) return ArrangeSplitter();
-  bool anyStretch = false;
+  bool anyStretch = false;  // no matter for a row: what stretches there may be hidden at times
   const TControl* before = nullptr;
   for (const TControl* each : Contents()) {
     QWidget* widget = Form().WidgetOf(*each);
@@ -179,7 +169,7 @@ void PanelView::Arrange() {
   // What stretches takes all the room; without such the controls stand together at the start.
   const bool fills = std::any_of(Contents().begin(), Contents().end(),
                                  [](const TControl* each) { return !each->Controls().empty(); });
-  if (IsRow() ? !anyStretch : !anyStretch && (!fills || panel_ == nullptr)) {
+  if (IsRow() || (!anyStretch && (!fills || panel_ == nullptr))) {
     layout_->addItem(IsRow() ? new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum)
                              : new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
   }

@@ -23,6 +23,7 @@ void SetSizes(const ControlView& view) {
 }
 
 constexpr int kIconButtonWidth = 34;
+constexpr char16_t kRightToLeftMark = 0x200F;
 
 }  // namespace
 
@@ -52,7 +53,9 @@ void LabelView::Refresh() {
   ControlView::Refresh();
   // Only with a buddy does a label understand the accelerator's mark.
   const bool marked = widget_->buddy() != nullptr;
-  const QString text = ShownText(marked ? label_.Caption() : PlainCaption(label_.Caption()));
+  QString text = ShownText(marked ? label_.Caption() : PlainCaption(label_.Caption()));
+  // The toolkit takes the direction of the first letter, which may be that of a key's name.
+  if (HasRightToLeft(text) && !text.isRightToLeft()) text.prepend(QChar(kRightToLeftMark));
   if (widget_->text() != text) widget_->setText(text);
   if (widget_->font().bold() != label_.Emphasis) {
     QFont font = widget_->font();

@@ -65,7 +65,8 @@ class TGoodTrans_Overall_FRM : public TBaseDock_FRM {
 
  private:
   void DeclareForm();
-  static void DeclareColumns(TSmartDBGrid_QRT& grid, std::string_view format, const char* remained);
+  static void DeclareColumns(TSmartDBGrid_QRT& grid, std::string_view format, int width,
+                             const char* remained);
 
   TSmartDBGrid_QRT& ShownGrid();
   bool ShowsQuantities() const { return Mojodi_PGC.ActivePage() == &TedadyTab; }

@@ -5,6 +5,8 @@ namespace goods {
 namespace {
 
 constexpr int kFixedColumns = 3;  // code, bar code and name stay in sight
+constexpr int kAmountWidth = 146;
+constexpr int kQuantityWidth = 104;
 
 }  // namespace
 
@@ -30,8 +32,8 @@ void TGoodTrans_Overall_FRM::DeclareForm() {
 
   money_Overall_List_GRD.SetAccessibleName("موجودی ریالی");
   tedad_Overall_List_GRD.SetAccessibleName("موجودی مقداری");
-  DeclareColumns(money_Overall_List_GRD, kAmountFormat, "مانده بر اساس بهای تمام شده");
-  DeclareColumns(tedad_Overall_List_GRD, kQuantityFormat, "مانده");
+  DeclareColumns(money_Overall_List_GRD, kAmountFormat, kAmountWidth, "مانده بر اساس بهای تمام شده");
+  DeclareColumns(tedad_Overall_List_GRD, kQuantityFormat, kQuantityWidth, "مانده");
   ReialyTab.Place(money_Overall_List_GRD, 1);
   TedadyTab.Place(tedad_Overall_List_GRD, 1);
   Mojodi_PGC.Place(ReialyTab);
@@ -48,10 +50,10 @@ void TGoodTrans_Overall_FRM::DeclareForm() {
   Place(Buttons_PNL);
 }
 
-void TGoodTrans_Overall_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, std::string_view format,
+void TGoodTrans_Overall_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, std::string_view format, int width,
                                             const char* remained) {
   const auto number = [&](const char* field, const char* caption) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetFooter(FooterKind::Sum).SetWidth(116);
+    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetFooter(FooterKind::Sum).SetWidth(width);
   };
   grid.FixedColumns = kFixedColumns;
   grid.AddColumn("KalaCode", "کد کالا").SetWidth(70);
@@ -74,7 +76,7 @@ void TGoodTrans_Overall_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, std::string_
   number("kala_Hazine", "صادره|کالای هزینه شده");
   number("sayer_sadere", "صادره|سایر");
 
-  number("Remained", remained).SetWidth(150);
+  number("Remained", remained);
 }
 
 }  // namespace goods
