@@ -1,9 +1,13 @@
 #include "company/embedded/computed_table.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <exception>
 #include <new>
 #include <string>
+#include <vector>
 
+#include "company/embedded/sql_function.h"
 #include "company/embedded/sqlite.h"
 
 namespace goods {
@@ -21,8 +25,6 @@ struct Cursor : sqlite3_vtab_cursor {
   bool atEnd = true;
 };
 
-enum PlanNumber : int { kEveryGood = 0, kOneGood = 1 };
-
 Table& TableOf(sqlite3_vtab* table) { return static_cast<Table&>(*table); }
 Cursor& CursorOf(sqlite3_vtab_cursor* cursor) { return static_cast<Cursor&>(*cursor); }
 
@@ -38,7 +40,7 @@ int Guarded(sqlite3_vtab* table, Body body) {
     table->zErrMsg = sqlite3_mprintf("%s", error.what());
     return error.Code();
   } catch (const std::exception&) {
-    table->zErrMsg = sqlite3_mprintf("%s", "حاصل از اندازه یک عدد بزرگتر است");
+    table->zErrMsg = sqlite3_mprintf("%s", kTooLargeMessage);
     return SQLITE_ERROR;
   }
 }
@@ -60,22 +62,31 @@ int Disconnect(sqlite3_vtab* table) {
   return SQLITE_OK;
 }
 
+// Arguments must all be there: they come from the call, or from a table that stands before this one. Without
+// arguments one good may be asked for; SQLite then holds the rows against it once more.
 int BestIndex(sqlite3_vtab* table, sqlite3_index_info* plan) {
-  plan->idxNum = kEveryGood;
-  plan->estimatedCost = 1e6;
-  plan->estimatedRows = 10'000;
+  const ComputedTable& computed = *TableOf(table).computed;
+  const int most = std::max(computed.arguments, 1);
+  std::vector<bool> given(static_cast<std::size_t>(most), false);
   for (int i = 0; i < plan->nConstraint; ++i) {
     const auto& constraint = plan->aConstraint[i];
-    if (constraint.iColumn != 0 || constraint.op != SQLITE_INDEX_CONSTRAINT_EQ || constraint.usable == 0) {
-      continue;
-    }
-    plan->aConstraintUsage[i].argvIndex = 1;
-    plan->idxNum = kOneGood;
-    plan->estimatedCost = 1e3;
-    plan->estimatedRows = 10;
-    break;
+    if (constraint.iColumn < 0 || constraint.iColumn >= most) continue;
+    if (constraint.op != SQLITE_INDEX_CONSTRAINT_EQ || constraint.usable == 0) continue;
+    const auto column = static_cast<std::size_t>(constraint.iColumn);
+    if (given[column]) continue;
+    given[column] = true;
+    plan->aConstraintUsage[i].argvIndex = constraint.iColumn + 1;
+    plan->aConstraintUsage[i].omit = computed.arguments > 0 ? 1 : 0;
   }
-  bool inOrder = plan->nOrderBy <= TableOf(table).computed->ordered;
+  if (computed.arguments > 0) {
+    if (std::find(given.begin(), given.end(), false) != given.end()) return SQLITE_CONSTRAINT;
+    plan->estimatedCost = 10;
+    plan->estimatedRows = 1;
+  } else {
+    plan->estimatedCost = given[0] ? 1e3 : 1e6;
+    plan->estimatedRows = given[0] ? 10 : 10'000;
+  }
+  bool inOrder = plan->nOrderBy <= computed.ordered;
   for (int i = 0; i < plan->nOrderBy && inOrder; ++i) {
     inOrder = plan->aOrderBy[i].iColumn == i && plan->aOrderBy[i].desc == 0;
   }
@@ -95,18 +106,17 @@ int CloseCursor(sqlite3_vtab_cursor* cursor) {
   return SQLITE_OK;
 }
 
-int Filter(sqlite3_vtab_cursor* base, int plan, const char*, int, sqlite3_value** values) {
+int Filter(sqlite3_vtab_cursor* base, int, const char*, int count, sqlite3_value** values) {
   return Guarded(base->pVtab, [&] {
     Cursor& cursor = CursorOf(base);
     const Table& table = TableOf(base->pVtab);
     cursor.place = 0;
     cursor.atEnd = true;
-    std::optional<std::int64_t> good;
-    if (plan == kOneGood) {
-      if (sqlite3_value_type(values[0]) != SQLITE_INTEGER) return;
-      good = sqlite3_value_int64(values[0]);
-    }
-    cursor.rows = table.computed->open(table.db, good);
+    const std::span<sqlite3_value* const> given(values, static_cast<std::size_t>(count));
+    const bool oneGood = table.computed->arguments == 0 && !given.empty();
+    if (oneGood && sqlite3_value_type(given[0]) != SQLITE_INTEGER) return;
+    if (!cursor.rows) cursor.rows = table.computed->make(table.db);
+    cursor.rows->Start(given);
     cursor.atEnd = !cursor.rows->Next();
   });
 }
@@ -122,6 +132,7 @@ int Next(sqlite3_vtab_cursor* base) {
 int AtEnd(sqlite3_vtab_cursor* base) { return CursorOf(base).atEnd ? 1 : 0; }
 
 int ReadColumn(sqlite3_vtab_cursor* base, sqlite3_context* context, int column) {
+  if (column < TableOf(base->pVtab).computed->arguments) return SQLITE_OK;
   return Guarded(base->pVtab, [&] { CursorOf(base).rows->Cell(context, column); });
 }
 
@@ -158,7 +169,9 @@ ComputedRows::~ComputedRows() = default;
 void RegisterComputedTable(sqlite3* db, const ComputedTable& table) {
   sqlite3_create_module_v2(db, table.name, &Module(), const_cast<ComputedTable*>(&table), nullptr);
   sqlite3_stmt* statement = nullptr;
-  const std::string first = std::string("SELECT 1 FROM ") + table.name;
+  std::string first = std::string("SELECT 1 FROM ") + table.name;
+  for (int i = 0; i < table.arguments; ++i) first += i == 0 ? "(NULL" : ", NULL";
+  if (table.arguments > 0) first += ")";
   sqlite3_prepare_v2(db, first.c_str(), -1, &statement, nullptr);
   sqlite3_finalize(statement);
 }

@@ -16,17 +16,17 @@ namespace {
   throw std::logic_error("procedure " + call.procedure->name + ": " + std::string(condition));
 }
 
-const Literal& ValueOf(const ProcedureCall& call, std::string_view name) {
-  const std::vector<ProcedureParameter>& parameters = call.procedure->parameters;
-  for (std::size_t i = 0; i < parameters.size(); ++i) {
-    if (SameText(parameters[i].name, name)) return call.values[i];
-  }
-  Broken(call, name);
-}
+bool AnyHolds(const ProcedureCall& call, std::string_view conditions);
 
 bool Holds(const ProcedureCall& call, std::string_view condition) {
+  if (!condition.starts_with('@')) {
+    for (const auto& [name, meaning] : call.procedure->conditions) {
+      if (name == condition) return AnyHolds(call, meaning);
+    }
+    Broken(call, condition);
+  }
   const std::size_t equals = condition.find('=');
-  const Literal& value = ValueOf(call, Trim(condition.substr(0, equals)));
+  const Literal& value = ArgumentOf(call, Trim(condition.substr(0, equals)));
   if (equals == std::string_view::npos) return !std::holds_alternative<NullValue>(value);
   const std::optional<std::int64_t> wanted = ParseInteger(Trim(condition.substr(equals + 1)));
   if (!wanted) Broken(call, condition);

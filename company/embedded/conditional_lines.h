@@ -5,7 +5,9 @@
 //   ... -- unless @Name [or ...]                          stands when none holds
 //   ... -- when @Name [or ...] unless @Other [or ...]     stands when both do
 //
-// "@Name" holds when the parameter is not null, "@Name = 3" when it is that whole number.
+// "@Name" holds when the parameter is not null, "@Name = 3" when it is that whole number. Conditions that
+// many lines share have a name: after "-- condition byName @Name or @Other = 3" the lines say "-- when
+// byName".
 #pragma once
 
 #include <string>

@@ -18,13 +18,6 @@ struct Words {
   std::string expression;
 };
 
-std::string_view TakeWord(std::string_view& line) {
-  line = Trim(line);
-  const std::string_view word = line.substr(0, line.find(' '));
-  line.remove_prefix(word.size());
-  return word;
-}
-
 std::optional<Words> ReadWords(std::string_view line) {
   Words words;
   words.kind = TakeWord(line);
@@ -70,6 +63,13 @@ std::string TestOf(const Words& words) {
 }
 
 }  // namespace
+
+std::string_view TakeWord(std::string_view& line) {
+  line = Trim(line);
+  const std::string_view word = line.substr(0, line.find(' '));
+  line = Trim(line.substr(word.size()));
+  return word;
+}
 
 std::optional<Criterion> ReadCriterion(std::string_view declaration) {
   const std::optional<Words> words = ReadWords(declaration);

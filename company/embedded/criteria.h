@@ -22,6 +22,9 @@
 
 namespace goods {
 
+// The next word of a declaration, cut off its front together with the blanks around it.
+std::string_view TakeWord(std::string_view& line);
+
 struct Criterion {
   std::vector<std::string> parameters;  // declarations, as in a procedure file
   std::string condition;                // SQL, in parentheses

@@ -2,21 +2,22 @@
 
 #include <cstddef>
 #include <exception>
-#include <new>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "company/embedded/decimal_cell.h"
+#include "company/embedded/sql_function.h"
 #include "host/data/decimal.h"
 
 namespace goods {
 
 namespace {
 
-constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-
-class BadCell : public std::exception {};
+class BadCell : public std::exception {
+ public:
+  const char* what() const noexcept override { return "خانه عددی شکل درستی ندارد"; }
+};
 
 Int128 Units(sqlite3_value* value) {
   switch (sqlite3_value_type(value)) {
@@ -32,27 +33,9 @@ Int128 Units(sqlite3_value* value) {
 
 bool AnyNull(int count, sqlite3_value** values) {
   for (int i = 0; i < count; ++i) {
-    if (sqlite3_value_type(values[i]) == SQLITE_NULL) return true;
+    if (IsNull(values[i])) return true;
   }
   return false;
-}
-
-// Nothing may be thrown through SQLite.
-template <typename Body>
-void Guarded(sqlite3_context* context, Body body) {
-  try {
-    body();
-  } catch (const BadCell&) {
-    sqlite3_result_error(context, "خانه عددی شکل درستی ندارد", -1);
-  } catch (const std::overflow_error&) {
-    sqlite3_result_error(context, "حاصل از اندازه یک عدد بزرگتر است", -1);
-  } catch (const std::domain_error&) {
-    sqlite3_result_error(context, "تقسیم بر صفر", -1);
-  } catch (const std::bad_alloc&) {
-    sqlite3_result_error_nomem(context);
-  } catch (const std::exception& error) {
-    sqlite3_result_error(context, error.what(), -1);
-  }
 }
 
 Int128 Add(Int128 a, Int128 b) {
@@ -91,13 +74,13 @@ Int128 RestOf(Int128 a, Int128 b) {
 template <Int128 (*operation)(Int128, Int128)>
 void Binary(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] { ReturnUnits(context, operation(Units(values[0]), Units(values[1]))); });
+  GuardedFunction(context, [&] { ReturnUnits(context, operation(Units(values[0]), Units(values[1]))); });
 }
 
 template <Int128 (*operation)(Int128)>
 void Unary(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] { ReturnUnits(context, operation(Units(values[0]))); });
+  GuardedFunction(context, [&] { ReturnUnits(context, operation(Units(values[0]))); });
 }
 
 Int128 Absolute(Int128 a) { return a < 0 ? Negate(a) : a; }
@@ -105,7 +88,7 @@ Int128 Truncate(Int128 a) { return a - a % Decimal::kOne; }
 
 void Compare(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     const Int128 a = Units(values[0]);
     const Int128 b = Units(values[1]);
     sqlite3_result_int(context, a < b ? -1 : a > b ? 1 : 0);
@@ -114,7 +97,7 @@ void Compare(sqlite3_context* context, int count, sqlite3_value** values) {
 
 void OfWhole(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     if (sqlite3_value_type(values[0]) != SQLITE_INTEGER) throw BadCell();
     ReturnUnits(context, static_cast<Int128>(sqlite3_value_int64(values[0])) * Decimal::kOne);
   });
@@ -122,18 +105,13 @@ void OfWhole(sqlite3_context* context, int count, sqlite3_value** values) {
 
 void ToText(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] {
-    const std::string text = Decimal::FromUnits(Units(values[0])).ToString();
-    sqlite3_result_text(context, text.c_str(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
-  });
+  GuardedFunction(context, [&] { ReturnText(context, Decimal::FromUnits(Units(values[0])).ToString()); });
 }
 
 void FromText(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(values[0]));
-    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(values[0]));
-    const std::optional<Decimal> number = Decimal::Parse(std::string_view(text, length));
+  GuardedFunction(context, [&] {
+    const std::optional<Decimal> number = Decimal::Parse(TextOf(values[0]));
     if (!number) throw BadCell();
     ReturnUnits(context, number->Units());
   });
@@ -141,7 +119,7 @@ void FromText(sqlite3_context* context, int count, sqlite3_value** values) {
 
 void SortKey(sqlite3_context* context, int count, sqlite3_value** values) {
   if (AnyNull(count, values)) return;
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     const WideCell cell = ToWideCell(Units(values[0]));
     WideCell key{};
     for (std::size_t i = 0; i < key.size(); ++i) key[i] = cell[key.size() - 1 - i];
@@ -169,7 +147,7 @@ Running* State(sqlite3_context* context, bool create) {
 void SumStep(sqlite3_context* context, int count, sqlite3_value** values) {
   Running* state = State(context, true);
   if (state == nullptr || AnyNull(count, values)) return;
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     state->Set(Add(state->Get(), Units(values[0])));
     ++state->rows;
   });
@@ -178,7 +156,7 @@ void SumStep(sqlite3_context* context, int count, sqlite3_value** values) {
 void SumInverse(sqlite3_context* context, int count, sqlite3_value** values) {
   Running* state = State(context, true);
   if (state == nullptr || AnyNull(count, values)) return;
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     state->Set(Subtract(state->Get(), Units(values[0])));
     --state->rows;
   });
@@ -193,41 +171,35 @@ template <bool greatest>
 void ExtremeStep(sqlite3_context* context, int count, sqlite3_value** values) {
   Running* state = State(context, true);
   if (state == nullptr || AnyNull(count, values)) return;
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     const Int128 units = Units(values[0]);
     if (state->rows++ == 0 || (greatest ? units > state->Get() : units < state->Get())) state->Set(units);
   });
 }
 
-using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
-
-void Scalar(sqlite3* db, const char* name, int arguments, Function function) {
-  sqlite3_create_function_v2(db, name, arguments, kFlags, nullptr, function, nullptr, nullptr, nullptr);
-}
-
 }  // namespace
 
 void RegisterDecimalFunctions(sqlite3* db) {
-  Scalar(db, "dec_add", 2, Binary<Add>);
-  Scalar(db, "dec_sub", 2, Binary<Subtract>);
-  Scalar(db, "dec_mul", 2, Binary<MultiplyUnits>);
-  Scalar(db, "dec_div", 2, Binary<Divide>);
-  Scalar(db, "dec_whole", 2, Binary<WholeTimes>);
-  Scalar(db, "dec_rest", 2, Binary<RestOf>);
-  Scalar(db, "dec_neg", 1, Unary<Negate>);
-  Scalar(db, "dec_abs", 1, Unary<Absolute>);
-  Scalar(db, "dec_trunc", 1, Unary<Truncate>);
-  Scalar(db, "dec_cmp", 2, Compare);
-  Scalar(db, "dec_of", 1, OfWhole);
-  Scalar(db, "dec_text", 1, ToText);
-  Scalar(db, "dec_parse", 1, FromText);
-  Scalar(db, "dec_key", 1, SortKey);
-  sqlite3_create_window_function(db, "dec_sum", 1, kFlags, nullptr, SumStep, RunningValue, RunningValue,
-                                 SumInverse, nullptr);
-  sqlite3_create_function_v2(db, "dec_min", 1, kFlags, nullptr, nullptr, ExtremeStep<false>, RunningValue,
-                             nullptr);
-  sqlite3_create_function_v2(db, "dec_max", 1, kFlags, nullptr, nullptr, ExtremeStep<true>, RunningValue,
-                             nullptr);
+  RegisterSqlFunction(db, "dec_add", 2, Binary<Add>);
+  RegisterSqlFunction(db, "dec_sub", 2, Binary<Subtract>);
+  RegisterSqlFunction(db, "dec_mul", 2, Binary<MultiplyUnits>);
+  RegisterSqlFunction(db, "dec_div", 2, Binary<Divide>);
+  RegisterSqlFunction(db, "dec_whole", 2, Binary<WholeTimes>);
+  RegisterSqlFunction(db, "dec_rest", 2, Binary<RestOf>);
+  RegisterSqlFunction(db, "dec_neg", 1, Unary<Negate>);
+  RegisterSqlFunction(db, "dec_abs", 1, Unary<Absolute>);
+  RegisterSqlFunction(db, "dec_trunc", 1, Unary<Truncate>);
+  RegisterSqlFunction(db, "dec_cmp", 2, Compare);
+  RegisterSqlFunction(db, "dec_of", 1, OfWhole);
+  RegisterSqlFunction(db, "dec_text", 1, ToText);
+  RegisterSqlFunction(db, "dec_parse", 1, FromText);
+  RegisterSqlFunction(db, "dec_key", 1, SortKey);
+  sqlite3_create_window_function(db, "dec_sum", 1, kSqlFunctionFlags, nullptr, SumStep, RunningValue,
+                                 RunningValue, SumInverse, nullptr);
+  sqlite3_create_function_v2(db, "dec_min", 1, kSqlFunctionFlags, nullptr, nullptr, ExtremeStep<false>,
+                             RunningValue, nullptr);
+  sqlite3_create_function_v2(db, "dec_max", 1, kSqlFunctionFlags, nullptr, nullptr, ExtremeStep<true>,
+                             RunningValue, nullptr);
 }
 
 }  // namespace goods

@@ -3,11 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <utility>
-#include <vector>
-
-#include "host/data/decimal.h"
 
 namespace goods {
 
@@ -20,24 +15,6 @@ struct DerivedColumn {
   Derivation kind = Derivation::None;
   std::size_t first = 0;
   std::size_t second = 0;
-};
-
-// Sums by key. Keys are few (stores) and come in runs, so the last one is tried first.
-class KeyedSums {
- public:
-  // The key's sum with the value added. Throws std::overflow_error.
-  Decimal Add(std::int64_t key, Decimal value) {
-    if (last_ >= sums_.size() || sums_[last_].first != key) {
-      for (last_ = 0; last_ < sums_.size() && sums_[last_].first != key; ++last_) {
-      }
-      if (last_ == sums_.size()) sums_.emplace_back(key, Decimal());
-    }
-    return sums_[last_].second += value;
-  }
-
- private:
-  std::vector<std::pair<std::int64_t, Decimal>> sums_;
-  std::size_t last_ = 0;
 };
 
 }  // namespace goods

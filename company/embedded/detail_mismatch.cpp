@@ -1,14 +1,15 @@
 #include "company/embedded/detail_mismatch.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "company/embedded/computed_table.h"
 #include "company/embedded/decimal_cell.h"
+#include "company/embedded/good_movements.h"
+#include "company/embedded/keyed_entries.h"
+#include "company/embedded/sql_function.h"
 #include "company/embedded/sqlite.h"
 
 namespace goods {
@@ -18,8 +19,10 @@ namespace {
 // The goods that keep details, by code.
 class Goods {
  public:
-  Goods(sqlite3* db, std::optional<std::int64_t> good)
-      : goods_(db, "SELECT DISTINCT Kala FROM GoodDetails WHERE Kala BETWEEN ?1 AND ?2 ORDER BY Kala") {
+  explicit Goods(sqlite3* db)
+      : goods_(db, "SELECT DISTINCT Kala FROM GoodDetails WHERE Kala BETWEEN ?1 AND ?2 ORDER BY Kala") {}
+  void Start(std::optional<std::int64_t> good) {
+    goods_.Reset();
     goods_.Bind(1, good.value_or(std::numeric_limits<std::int64_t>::min()));
     goods_.Bind(2, good.value_or(std::numeric_limits<std::int64_t>::max()));
   }
@@ -34,63 +37,50 @@ Decimal Quantity(const Statement& row, int column) {
   return Decimal::FromUnits(ColumnUnits(row.Handle(), column));
 }
 
-// The entry of the store, which is added when it is not there yet. Stores are few and come in runs, so the
-// one that was found last is tried first.
-template <typename Entry>
-Entry& EntryOf(std::vector<Entry>& entries, std::int64_t store, std::size_t& last) {
-  if (last >= entries.size() || entries[last].store != store) {
-    for (last = 0; last < entries.size() && entries[last].store != store; ++last) {
-    }
-    if (last == entries.size()) entries.emplace_back().store = store;
-  }
-  return entries[last];
-}
-
 class AssetRows : public ComputedRows {
  public:
-  AssetRows(sqlite3* db, std::optional<std::int64_t> good)
-      : goods_(db, good),
-        card_(db, "SELECT Anbar, Tedad FROM Kardex WHERE Kala = ?1"),
-        details_(db, "SELECT Anbar, Amount1 FROM DetailKardex WHERE Kala = ?1") {}
+  explicit AssetRows(sqlite3* db)
+      : goods_(db),
+        card_(db, "Anbar, Tedad", Period()),
+        details_(db, "Anbar, Amount1", Period(), {.table = "DetailKardex"}) {}
+
+  void Start(std::span<sqlite3_value* const> given) override {
+    goods_.Start(GoodIn(given));
+    stores_.Clear();
+    at_ = 0;
+  }
 
   bool Next() override {
-    for (++at_; at_ >= stores_.size(); at_ = 0) {
+    for (++at_; at_ >= stores_.Size(); at_ = 0) {
       if (!goods_.Next()) return false;
-      stores_.clear();
-      AddUp(card_, &Store::card);
-      AddUp(details_, &Store::details);
-      std::sort(stores_.begin(), stores_.end(),
-                [](const Store& a, const Store& b) { return a.store < b.store; });
+      stores_.Clear();
+      card_.ForGood(goods_.Code(),
+                    [&](const Statement& row) { stores_.Of(row.Integer(0)).card += Quantity(row, 1); });
+      details_.ForGood(goods_.Code(),
+                       [&](const Statement& row) { stores_.Of(row.Integer(0)).details += Quantity(row, 1); });
+      stores_.Sort();
     }
     return true;
   }
 
   void Cell(sqlite3_context* context, int column) const override {
-    const Store& store = stores_[at_];
+    const Sums& store = stores_.At(at_);
     if (column == 0) sqlite3_result_int64(context, goods_.Code());
-    if (column == 1) sqlite3_result_int64(context, store.store);
+    if (column == 1) sqlite3_result_int64(context, stores_.Key(at_));
     if (column == 2) ReturnUnits(context, store.card.Units());
     if (column == 3) ReturnUnits(context, store.details.Units());
   }
 
  private:
-  struct Store {
-    std::int64_t store = 0;
+  struct Sums {
     Decimal card;
     Decimal details;
   };
 
-  void AddUp(Statement& rows, Decimal Store::*sum) {
-    rows.Reset();
-    rows.Bind(1, goods_.Code());
-    std::size_t last = 0;
-    while (rows.Step()) EntryOf(stores_, rows.Integer(0), last).*sum += Quantity(rows, 1);
-  }
-
   Goods goods_;
-  Statement card_;
-  Statement details_;
-  std::vector<Store> stores_;
+  GoodMovements card_;
+  GoodMovements details_;
+  KeyedEntries<Sums> stores_;
   std::size_t at_ = 0;
 };
 
@@ -105,6 +95,7 @@ class Movements {
     rows_.Bind(1, good);
     Next();
   }
+  void Stop() { there_ = false; }
   void Next() {
     there_ = rows_.Step();
     if (there_) radif_ = rows_.Integer(kRadif);
@@ -128,8 +119,8 @@ bool ComesBefore(const Movements& a, const Movements& b) {
 
 class OperationRows : public ComputedRows {
  public:
-  OperationRows(sqlite3* db, std::optional<std::int64_t> good)
-      : goods_(db, good),
+  explicit OperationRows(sqlite3* db)
+      : goods_(db),
         card_(db,
               "SELECT Radif, Anbar, Tedad, Date, Type, OperationCode, OperationRow FROM Kardex"
               " WHERE Kala = ?1 ORDER BY Date, Radif"),
@@ -137,24 +128,32 @@ class OperationRows : public ComputedRows {
                  "SELECT Radif, Anbar, Amount1, Date, Type, OperationCode, OperationRow FROM DetailKardex"
                  " WHERE Kala = ?1 ORDER BY Date, Radif") {}
 
+  void Start(std::span<sqlite3_value* const> given) override {
+    goods_.Start(GoodIn(given));
+    card_.Stop();
+    details_.Stop();
+    entries_.Clear();
+    at_ = kBeforeFirst;
+  }
+
   bool Next() override {
     for (;;) {
-      for (++at_; at_ < entries_.size(); ++at_) {
-        if (entries_[at_].operation != entries_[at_].details) return true;
+      for (++at_; at_ < entries_.Size(); ++at_) {
+        if (entries_.At(at_).operation != entries_.At(at_).details) return true;
       }
       while (!card_.There() && !details_.There()) {
         if (!goods_.Next()) return false;
         card_.Start(goods_.Code());
         details_.Start(goods_.Code());
       }
-      entries_.clear();
+      entries_.Clear();
       at_ = kBeforeFirst;
       ReadOne();
     }
   }
 
   void Cell(sqlite3_context* context, int column) const override {
-    const Entry& entry = entries_[at_];
+    const Entry& entry = entries_.At(at_);
     const bool outgoing =
         entry.operation.IsZero() ? entry.details.IsNegative() : entry.operation.IsNegative();
     const auto amount = [&](Decimal quantity) {
@@ -164,11 +163,11 @@ class OperationRows : public ComputedRows {
       case 0:
         return sqlite3_result_int64(context, goods_.Code());
       case 1:
-        return sqlite3_result_text(context, date_.data(), static_cast<int>(date_.size()), SQLITE_TRANSIENT);
+        return ReturnText(context, date_);
       case 2:
         return sqlite3_result_int64(context, radif_);
       case 3:
-        return sqlite3_result_int64(context, entry.store);
+        return sqlite3_result_int64(context, entries_.Key(at_));
       case 4:
         return sqlite3_result_int64(context, entry.type);
       case 5:
@@ -184,7 +183,6 @@ class OperationRows : public ComputedRows {
 
  private:
   struct Entry {
-    std::int64_t store = 0;
     std::int64_t type = 0;
     std::int64_t operationCode = 0;
     std::int64_t operationRow = 0;
@@ -221,9 +219,9 @@ class OperationRows : public ComputedRows {
   }
 
   Entry& EntryAt(std::int64_t store, const Statement& row) {
-    const std::size_t before = entries_.size();
-    Entry& entry = EntryOf(entries_, store, last_);
-    if (entries_.size() > before) {
+    const std::size_t before = entries_.Size();
+    Entry& entry = entries_.Of(store);
+    if (entries_.Size() > before) {
       date_ = row.Text(Movements::kDate);
       entry.type = row.Integer(Movements::kType);
       entry.operationCode = row.Integer(Movements::kOperationCode);
@@ -237,21 +235,20 @@ class OperationRows : public ComputedRows {
   Movements details_;
   std::string date_;
   std::int64_t radif_ = 0;
-  std::vector<Entry> entries_;
+  KeyedEntries<Entry> entries_;
   std::size_t at_ = kBeforeFirst;
-  std::size_t last_ = 0;
 };
 
 }  // namespace
 
 void RegisterDetailMismatch(sqlite3* db) {
   static constexpr ComputedTable kAsset = {
-      "detail_asset", "CREATE TABLE x(Kala, Anbar, KardexAsset, DetailAsset)", 2, OpenComputed<AssetRows>};
+      "detail_asset", "CREATE TABLE x(Kala, Anbar, KardexAsset, DetailAsset)", 0, 2, MakeComputed<AssetRows>};
   static constexpr ComputedTable kOperation = {
       "detail_operation_mismatch",
       "CREATE TABLE x(Kala, Date, Radif, Anbar, Type, OperationCode, OperationRow, OperationAmount,"
       " DetailAmount)",
-      3, OpenComputed<OperationRows>};
+      0, 3, MakeComputed<OperationRows>};
   RegisterComputedTable(db, kAsset);
   RegisterComputedTable(db, kOperation);
 }

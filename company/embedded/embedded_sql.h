@@ -15,5 +15,7 @@ std::string_view SchemaSql();
 // The indexes, made once the tables are filled.
 std::string_view IndexesSql();
 std::span<const ProcedureFile> ProcedureFiles();
+// What procedure files include.
+std::span<const ProcedureFile> ProcedureParts();
 
 }  // namespace goods

@@ -37,21 +37,20 @@ Period::Period(std::string from, std::string to) : from_(std::move(from)), to_(s
   if (to_ == "9" || to_ == "9999/99/99") to_.clear();
 }
 
-GoodMovements::GoodMovements(Database& db, std::string_view columns, const Period& period, Span span,
-                             std::int64_t store) {
-  std::string sql = "SELECT " + std::string(columns) + " FROM Kardex WHERE Kala = ?1";
-  const bool before = span == Span::Before;
-  if (before) {
-    sql += " AND Date < ?2";
-  } else {
-    if (!period.OpenFrom()) sql += " AND Date >= ?2";
-    if (!period.OpenTo()) sql += " AND Date <= ?3";
-  }
-  if (store != 0) sql += " AND Anbar = ?4";
-  movements_ = db.Prepare(sql);
-  if (before || !period.OpenFrom()) movements_.Bind(2, std::string_view(period.From()));
-  if (!before && !period.OpenTo()) movements_.Bind(3, std::string_view(period.To()));
-  if (store != 0) movements_.Bind(4, store);
+GoodMovements::GoodMovements(sqlite3* db, std::string_view columns, const Period& period,
+                             const MovementWalk& walk) {
+  const bool before = walk.span == Span::Before;
+  const bool from = before || !period.OpenFrom();
+  const bool to = !before && !period.OpenTo();
+  std::string sql = "SELECT " + std::string(columns) + " FROM " + walk.table + " WHERE Kala = ?1";
+  if (from) sql += before ? " AND Date < ?2" : " AND Date >= ?2";
+  if (to) sql += " AND Date <= ?3";
+  if (walk.store != 0) sql += " AND Anbar = ?4";
+  if (walk.lastFirst) sql += " ORDER BY Date DESC, Radif DESC";
+  movements_ = Statement(db, sql);
+  if (from) movements_.Bind(2, std::string_view(period.From()));
+  if (to) movements_.Bind(3, std::string_view(period.To()));
+  if (walk.store != 0) movements_.Bind(4, walk.store);
 }
 
 }  // namespace goods

@@ -1,6 +1,6 @@
-// What the reports with one row a good have in common: which goods they list, and a walk through the
-// movements of one good after another. The stock card lies by good and date, so a good's movements of a
-// period are one range of it, and all goods together are one scan.
+// What is worked out good by good has in common: which goods a report lists, and the walk through the
+// movements of one good after another that adds them up. The stock card lies by good and date, so a good's
+// movements of a period are one range of it, and all goods together are one scan.
 #pragma once
 
 #include <cstdint>
@@ -30,11 +30,13 @@ Statement FindGoods(Database& db, const GoodSearch& search);
 // '9999/99/99' as the last.
 class Period {
  public:
+  Period() = default;
   Period(std::string from, std::string to);
   bool OpenFrom() const { return from_.empty(); }
   bool OpenTo() const { return to_.empty(); }
   const std::string& From() const { return from_; }
   const std::string& To() const { return to_; }
+  bool operator==(const Period&) const = default;
 
  private:
   std::string from_;
@@ -43,12 +45,19 @@ class Period {
 
 enum class Span { Within, Before };
 
-// The movements of one good after another, within a period or before it (its last date then does not count).
+// Which movements a walk goes through, and how.
+struct MovementWalk {
+  const char* table = "Kardex";  // or "DetailKardex", the details of the same movements
+  Span span = Span::Within;      // of the period; its last date does not count before it
+  std::int64_t store = 0;        // 0: every store
+  bool lastFirst = false;        // by date and row number, backwards; else in no order that is promised
+};
+
+// The movements of one good after another.
 class GoodMovements {
  public:
-  // columns: of Kardex, joined with ","; store 0 stands for every store.
-  GoodMovements(Database& db, std::string_view columns, const Period& period, Span span,
-                std::int64_t store = 0);
+  // columns: of the table, joined with ",".
+  GoodMovements(sqlite3* db, std::string_view columns, const Period& period, const MovementWalk& walk = {});
 
   // Calls each(Statement&) for every movement of the good.
   template <typename Each>

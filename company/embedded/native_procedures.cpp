@@ -20,14 +20,6 @@ constexpr Native kNatives[] = {
     {"GoodKardex_Overall_Tedad", RunOverallQuantity},
 };
 
-const Literal& ValueOf(const ProcedureCall& call, std::string_view name) {
-  const std::vector<ProcedureParameter>& parameters = call.procedure->parameters;
-  for (std::size_t i = 0; i < parameters.size(); ++i) {
-    if (SameText(parameters[i].name, name)) return call.values[i];
-  }
-  throw std::logic_error(call.procedure->name + " has no parameter " + std::string(name));
-}
-
 }  // namespace
 
 NativeBody NativeBodyOf(const Procedure& procedure) {
@@ -38,13 +30,13 @@ NativeBody NativeBodyOf(const Procedure& procedure) {
 }
 
 std::string TextArgument(const ProcedureCall& call, std::string_view name) {
-  const Literal& value = ValueOf(call, name);
+  const Literal& value = ArgumentOf(call, name);
   const auto* text = std::get_if<std::string>(&value);
   return text == nullptr ? std::string() : *text;
 }
 
 std::int64_t IntegerArgument(const ProcedureCall& call, std::string_view name) {
-  const Literal& value = ValueOf(call, name);
+  const Literal& value = ArgumentOf(call, name);
   const auto* number = std::get_if<NumberValue>(&value);
   return number == nullptr ? 0 : ParseInteger(number->text).value_or(0);
 }

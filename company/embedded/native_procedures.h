@@ -1,5 +1,12 @@
-// Procedures whose rows SQL would work out too slowly or cannot shape: those with the line "-- native". Their
-// files declare parameters and columns; the rows come from here.
+// Procedures whose whole result is made here: those with the line "-- native". Their files declare parameters
+// and columns; the rows come from here.
+//
+// Decided here: this is for results that no SELECT can shape, or out of which SQL would have nothing left to
+// do. GoodsAsset_Store_SP has columns for every store of the company, so that their number is known at the
+// call alone. The overall turnovers are a walk through the movements whose result nothing is joined to,
+// searched in or ordered by; as table-valued functions their 20 cells a row would be handed through SQLite
+// for nothing. Where criteria, joins or an order follow, the computed part is a table of SQL instead
+// (computed_table.h).
 #pragma once
 
 #include <cstdint>

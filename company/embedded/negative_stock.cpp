@@ -2,7 +2,7 @@
 
 #include "company/embedded/computed_table.h"
 #include "company/embedded/decimal_cell.h"
-#include "company/embedded/derived_columns.h"
+#include "company/embedded/keyed_entries.h"
 #include "company/embedded/sqlite.h"
 
 namespace goods {
@@ -19,8 +19,13 @@ enum ColumnIndex : int { kKala = 0, kAnbar = 3, kTedad = 5 };
 
 class NegativeRows : public ComputedRows {
  public:
-  NegativeRows(sqlite3* db, std::optional<std::int64_t> good) : card_(db, good ? kStockCard : kStockCards) {
+  explicit NegativeRows(sqlite3* db) : db_(db) {}
+
+  void Start(std::span<sqlite3_value* const> given) override {
+    const std::optional<std::int64_t> good = GoodIn(given);
+    card_ = Statement(db_, good ? kStockCard : kStockCards);
     if (good) card_.Bind(1, *good);
+    inStore_.Clear();
   }
 
   bool Next() override {
@@ -28,10 +33,10 @@ class NegativeRows : public ComputedRows {
       const std::int64_t good = card_.Integer(kKala);
       if (good != good_) {
         good_ = good;
-        inStore_ = KeyedSums();
+        inStore_.Clear();
       }
       const Int128 quantity = ColumnUnits(card_.Handle(), kTedad);
-      const Decimal left = inStore_.Add(card_.Integer(kAnbar), Decimal::FromUnits(quantity));
+      const Decimal left = inStore_.Of(card_.Integer(kAnbar)) += Decimal::FromUnits(quantity);
       if (quantity < 0 && left < Decimal()) return true;
     }
     return false;
@@ -42,6 +47,7 @@ class NegativeRows : public ComputedRows {
   }
 
  private:
+  sqlite3* db_;
   Statement card_;
   std::int64_t good_ = 0;
   KeyedSums inStore_;
@@ -51,8 +57,8 @@ class NegativeRows : public ComputedRows {
 
 void RegisterNegativeStock(sqlite3* db) {
   static constexpr ComputedTable kTable = {
-      "negative_stock", "CREATE TABLE x(Kala, Date, Radif, Anbar, Percode, Tedad, Gheymat, Comment)", 3,
-      OpenComputed<NegativeRows>};
+      "negative_stock", "CREATE TABLE x(Kala, Date, Radif, Anbar, Percode, Tedad, Gheymat, Comment)", 0, 3,
+      MakeComputed<NegativeRows>};
   RegisterComputedTable(db, kTable);
 }
 

@@ -138,8 +138,8 @@ void RunOverall(Database& db, const ProcedureCall& call, RowStore& into, Progres
                                   TextArgument(call, "@AbbName"), IntegerArgument(call, "@Reverst") != 0});
   into.Define(call.procedure->columns);
 
-  GoodMovements within(db, columns, period, Span::Within, store);
-  GoodMovements earlier(db, columns, period, Span::Before, store);
+  GoodMovements within(db.Handle(), columns, period, {.store = store});
+  GoodMovements earlier(db.Handle(), columns, period, {.span = Span::Before, .store = store});
   while (good.Step()) {
     const std::int64_t code = good.Integer(kGoodCode);
     Totals totals{};

@@ -1,6 +1,9 @@
 #include "company/embedded/procedures.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <utility>
 
@@ -30,14 +33,6 @@ Literal DefaultValue(std::string_view procedure, std::string_view text) {
   }
   if (!Decimal::Parse(text)) Broken(procedure, text);
   return NumberValue{std::string(text)};
-}
-
-// The next word of a declaration, cut off its front.
-std::string_view TakeWord(std::string_view& line) {
-  line = Trim(line);
-  const std::string_view word = line.substr(0, line.find(' '));
-  line = Trim(line.substr(word.size()));
-  return word;
 }
 
 std::size_t EarlierColumn(const Procedure& procedure, std::string_view name) {
@@ -93,6 +88,10 @@ void ReadDeclaration(Procedure& procedure, std::string_view line, std::vector<st
       ReadDeclaration(procedure, parameter, conditions);
     }
     conditions.push_back(std::move(criterion->condition));
+  } else if (kind == "condition") {
+    std::string name(TakeWord(line));
+    if (line.empty()) Broken(procedure.name, whole);
+    procedure.conditions.emplace_back(std::move(name), std::string(line));
   } else if (whole == "writes") {
     procedure.writes = true;
   } else if (whole == "native") {
@@ -118,12 +117,33 @@ const char* KindName(ColumnType type) {
   return type == ColumnType::Integer ? "عدد درست" : type == ColumnType::Decimal ? "عدد" : "متن";
 }
 
-std::size_t FindParameter(const Procedure& procedure, const Argument& argument, std::string_view statement) {
+std::optional<std::size_t> PlaceOf(const Procedure& procedure, std::string_view parameter) {
   for (std::size_t i = 0; i < procedure.parameters.size(); ++i) {
-    if (SameText(procedure.parameters[i].name, argument.name)) return i;
+    if (SameText(procedure.parameters[i].name, parameter)) return i;
   }
-  throw StatementError("روال " + procedure.name + " پارامتر «" + argument.name + "» ندارد", statement,
-                       argument.offset);
+  return std::nullopt;
+}
+
+// The text with its parts in place. Parts include none themselves.
+std::string WithParts(std::string_view name, std::string_view text) {
+  std::string whole;
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size() - 1) + 1;
+    const std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(end);
+    constexpr std::string_view kInclude = "-- include ";
+    if (!line.starts_with(kInclude)) {
+      whole += line;
+      continue;
+    }
+    const std::string_view wanted = Trim(line.substr(kInclude.size()));
+    const std::span<const ProcedureFile> parts = ProcedureParts();
+    const auto part = std::find_if(parts.begin(), parts.end(),
+                                   [&](const ProcedureFile& file) { return file.name == wanted; });
+    if (part == parts.end()) Broken(name, line);
+    whole += part->text;
+  }
+  return whole;
 }
 
 }  // namespace
@@ -131,14 +151,14 @@ std::size_t FindParameter(const Procedure& procedure, const Argument& argument, 
 Procedure ReadProcedure(std::string_view name, std::string_view text) {
   Procedure procedure;
   procedure.name = name;
+  procedure.body = WithParts(name, text);
   std::vector<std::string> conditions;
-  for (std::string_view rest = text; !rest.empty();) {
+  for (std::string_view rest = procedure.body; !rest.empty();) {
     const std::size_t end = rest.find('\n');
     const std::string_view line = Trim(rest.substr(0, end));
     if (line.starts_with("--")) ReadDeclaration(procedure, Trim(line.substr(2)), conditions);
     rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
   }
-  procedure.body = text;
   if (!PutCriteria(procedure.body, conditions) && !conditions.empty()) Broken(name, "{criteria}");
   return procedure;
 }
@@ -170,7 +190,12 @@ ProcedureCall MatchProcedure(const ExecStatement& exec, std::string_view stateme
     std::size_t index = i;
     if (!argument.name.empty()) {
       named = true;
-      index = FindParameter(*call.procedure, argument, statement);
+      const std::optional<std::size_t> place = PlaceOf(*call.procedure, argument.name);
+      if (!place) {
+        throw StatementError("روال " + call.procedure->name + " پارامتر «" + argument.name + "» ندارد",
+                             statement, argument.offset);
+      }
+      index = *place;
     } else if (named) {
       throw StatementError("مقدار بی نام پس از پارامتر نامدار نمی آید", statement, argument.offset);
     } else if (index >= parameters.size()) {
@@ -195,6 +220,12 @@ ProcedureCall MatchProcedure(const ExecStatement& exec, std::string_view stateme
     }
   }
   return call;
+}
+
+const Literal& ArgumentOf(const ProcedureCall& call, std::string_view name) {
+  const std::optional<std::size_t> place = PlaceOf(*call.procedure, name);
+  if (!place) Broken(call.procedure->name, name);
+  return call.values[*place];
 }
 
 void BindParameters(Statement& prepared, const ProcedureCall& call) {

@@ -6,6 +6,8 @@
 //   -- column Name decimal running [within Column]   the body gives the cells that are added up
 //   -- column Name decimal product Column Column     the body gives NULL in its place
 //   -- criterion ...                          a search criterion, put into the body (see criteria.h)
+//   -- condition name @A or @B...             a name for conditions of lines (see conditional_lines.h)
+//   -- include Part                           parts/Part.sql in place of the line, for what several files say
 //   -- writes                                    changes derived figures; runs in a transaction
 //   -- native                                    there is no body: native_procedures.h has it, in C++
 //
@@ -18,6 +20,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "company/embedded/derived_columns.h"
@@ -38,7 +41,8 @@ struct Procedure {
   std::string name;
   std::vector<ProcedureParameter> parameters;
   std::vector<ColumnInfo> columns;
-  std::vector<DerivedColumn> derived;  // one for each column
+  std::vector<DerivedColumn> derived;                           // one for each column
+  std::vector<std::pair<std::string, std::string>> conditions;  // by name
   bool writes = false;
   bool native = false;
   std::string body;
@@ -57,6 +61,9 @@ struct ProcedureCall {
   std::vector<Literal> values;
 };
 ProcedureCall MatchProcedure(const ExecStatement& exec, std::string_view statement);
+
+// The value of a parameter that the procedure declares; throws std::logic_error when it does not.
+const Literal& ArgumentOf(const ProcedureCall& call, std::string_view name);
 
 // Binds the values to those parameters that the prepared statement names.
 void BindParameters(Statement& prepared, const ProcedureCall& call);

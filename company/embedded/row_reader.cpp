@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "company/embedded/decimal_cell.h"
+#include "company/embedded/keyed_entries.h"
 
 namespace goods {
 
@@ -61,7 +62,7 @@ class Deriver {
       value = Source(derived.first) * Source(derived.second);
     } else if (derived.kind == Derivation::RunningWithin) {
       const auto key = sqlite3_column_int64(statement_, static_cast<int>(derived.first));
-      value = within_[column].Add(key, Cell(column));
+      value = within_[column].Of(key) += Cell(column);
     } else {
       value += Cell(column);
     }

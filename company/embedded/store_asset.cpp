@@ -195,8 +195,8 @@ void RunStoreAsset(Database& db, const ProcedureCall& call, RowStore& into, Prog
 
   const bool everything = period.OpenFrom() && period.OpenTo();
   Statement stored = db.Prepare("SELECT Anbar, Mogodi FROM GoodStoreStock WHERE Kala = ?1");
-  GoodMovements within(db, "Anbar, Tedad", period, Span::Within);
-  GoodMovements before(db, "Tedad", period, Span::Before);
+  GoodMovements within(db.Handle(), "Anbar, Tedad", period);
+  GoodMovements before(db.Handle(), "Tedad", period, {.span = Span::Before});
   StoreQuantities quantities(stores);
   AssetRows rows(into, stores);
   while (good.Step()) {

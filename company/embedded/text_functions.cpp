@@ -1,12 +1,10 @@
 #include "company/embedded/text_functions.h"
 
-#include <cstddef>
 #include <cstdint>
-#include <exception>
 #include <optional>
-#include <string>
 #include <string_view>
 
+#include "company/embedded/sql_function.h"
 #include "host/core/text.h"
 #include "host/data/persian.h"
 
@@ -15,21 +13,8 @@ namespace goods {
 namespace {
 
 void Fold(sqlite3_context* context, int, sqlite3_value** values) {
-  if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
-  try {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(values[0]));
-    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(values[0]));
-    const std::string folded = FoldPersian(std::string_view(text == nullptr ? "" : text, length));
-    sqlite3_result_text(context, folded.data(), static_cast<int>(folded.size()), SQLITE_TRANSIENT);
-  } catch (const std::exception&) {
-    sqlite3_result_error_nomem(context);
-  }
-}
-
-std::string_view TextOf(sqlite3_value* value) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  if (text == nullptr) return {};
-  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
+  if (IsNull(values[0])) return;
+  GuardedFunction(context, [&] { ReturnText(context, FoldPersian(TextOf(values[0]))); });
 }
 
 // The next code of a list, cut off its front; none at its end. What is no number is passed over.
@@ -54,7 +39,7 @@ void CodeAt(sqlite3_context* context, int, sqlite3_value** values) {
 }
 
 void SharesCode(sqlite3_context* context, int, sqlite3_value** values) {
-  if (sqlite3_value_type(values[0]) == SQLITE_NULL || sqlite3_value_type(values[1]) == SQLITE_NULL) return;
+  if (IsNull(values[0]) || IsNull(values[1])) return;
   std::string_view sought = TextOf(values[1]);
   while (const std::optional<std::int64_t> code = TakeCode(sought)) {
     std::string_view codes = TextOf(values[0]);
@@ -65,18 +50,12 @@ void SharesCode(sqlite3_context* context, int, sqlite3_value** values) {
   sqlite3_result_int(context, 0);
 }
 
-void Scalar(sqlite3* db, const char* name, int arguments,
-            void (*function)(sqlite3_context*, int, sqlite3_value**)) {
-  sqlite3_create_function_v2(db, name, arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS,
-                             nullptr, function, nullptr, nullptr, nullptr);
-}
-
 }  // namespace
 
 void RegisterTextFunctions(sqlite3* db) {
-  Scalar(db, "fold_persian", 1, Fold);
-  Scalar(db, "code_at", 2, CodeAt);
-  Scalar(db, "shares_code", 2, SharesCode);
+  RegisterSqlFunction(db, "fold_persian", 1, Fold);
+  RegisterSqlFunction(db, "code_at", 2, CodeAt);
+  RegisterSqlFunction(db, "shares_code", 2, SharesCode);
 }
 
 }  // namespace goods

@@ -1,0 +1,34 @@
+-- Criteria that the reports over detail values share; GoodDetailCriteria holds them.
+--
+-- Criteria together leave what meets them all; null asks nothing, and ranges hold both ends. @DetailID1 to
+-- @DetailID5 ask for a detail's value at the position where the good keeps that detail, between ...Value1 and
+-- ...Value2 (detail_functions.h tells how values compare); a good that does not keep the detail has no such
+-- value. @GoodTags: codes joined with ","; goods with any of them; without a code it asks nothing.
+-- @GoodCategoryCode: goods of the category or of one below it. @GoodSelectedListNot other than 0: the goods that
+-- are not on the list @GoodSelectedListCode.
+-- parameter @DetailID1 integer default null
+-- parameter @Detail1Value1 text default null
+-- parameter @Detail1Value2 text default null
+-- parameter @DetailID2 integer default null
+-- parameter @Detail2Value1 text default null
+-- parameter @Detail2Value2 text default null
+-- parameter @DetailID3 integer default null
+-- parameter @Detail3Value1 text default null
+-- parameter @Detail3Value2 text default null
+-- parameter @DetailID4 integer default null
+-- parameter @Detail4Value1 text default null
+-- parameter @Detail4Value2 text default null
+-- parameter @DetailID5 integer default null
+-- parameter @Detail5Value1 text default null
+-- parameter @Detail5Value2 text default null
+-- parameter @GoodTags text default null
+-- parameter @GoodCategoryCode integer default null
+-- parameter @GoodSelectedListCode integer default null
+-- parameter @GoodSelectedListNot integer default 0
+-- parameter @GoodCode integer default null
+-- parameter @GoodGroupCode integer default null
+-- parameter @FromGoodCode integer default null
+-- parameter @ToGoodCode integer default null
+--
+-- byValue: the combination's values are asked for, so the way leads through a good's combinations to their movements.
+-- condition byValue @DetailID1 or @DetailID2 or @DetailID3 or @DetailID4 or @DetailID5 or @TitleID = 4
