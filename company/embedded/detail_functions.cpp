@@ -1,9 +1,9 @@
 #include "company/embedded/detail_functions.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <exception>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "company/embedded/decimal_cell.h"
+#include "company/embedded/sql_function.h"
 #include "host/core/text.h"
 #include "host/data/decimal.h"
 #include "host/data/persian.h"
@@ -21,28 +22,8 @@ namespace goods {
 
 namespace {
 
-constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-
-std::string_view TextOf(sqlite3_value* value) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  if (text == nullptr) return {};
-  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
-}
-
-bool IsNull(sqlite3_value* value) { return sqlite3_value_type(value) == SQLITE_NULL; }
-
-// Nothing may be thrown through SQLite.
-template <typename Body>
-void Guarded(sqlite3_context* context, Body body) {
-  try {
-    body();
-  } catch (const std::exception&) {
-    sqlite3_result_error_nomem(context);
-  }
-}
-
 void DetailText(sqlite3_context* context, int count, sqlite3_value** values) {
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     std::string text;
     for (int i = 0; i + 1 < count; i += 2) {
       const std::string_view value = TextOf(values[i + 1]);
@@ -52,11 +33,16 @@ void DetailText(sqlite3_context* context, int count, sqlite3_value** values) {
       if (!title.empty()) text.append(title).append(": ");
       text += value;
     }
-    sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+    ReturnText(context, text);
   });
 }
 
-std::optional<Decimal> NumberIn(std::string_view text) { return Decimal::Parse(Trim(AsciiDigits(text))); }
+// As an amount edit takes it.
+std::optional<Decimal> NumberIn(std::string_view text) {
+  const std::string plain = AsciiDigits(Trim(text));
+  const std::size_t point = std::min(plain.find('.'), plain.size());
+  return Decimal::Parse(ReplaceAll(plain.substr(0, point), ",", "") + plain.substr(point));
+}
 
 // The year, month and day as one number.
 std::optional<Int128> DateIn(std::string_view text) {
@@ -141,7 +127,7 @@ bool TextBetween(sqlite3_context* context, sqlite3_value** values) {
 }
 
 void DetailBetween(sqlite3_context* context, int, sqlite3_value** values) {
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     bool between = false;
     if (!IsNull(values[1])) {
       const int type = sqlite3_value_int(values[0]);
@@ -155,7 +141,7 @@ void DetailBetween(sqlite3_context* context, int, sqlite3_value** values) {
 
 void NumberOf(sqlite3_context* context, int, sqlite3_value** values) {
   if (IsNull(values[0])) return;
-  Guarded(context, [&] {
+  GuardedFunction(context, [&] {
     if (const std::optional<Decimal> number = NumberIn(TextOf(values[0]))) {
       ReturnUnits(context, number->Units());
     }
@@ -165,13 +151,9 @@ void NumberOf(sqlite3_context* context, int, sqlite3_value** values) {
 }  // namespace
 
 void RegisterDetailFunctions(sqlite3* db) {
-  const auto add = [db](const char* name, int arguments,
-                        void (*function)(sqlite3_context*, int, sqlite3_value**)) {
-    sqlite3_create_function_v2(db, name, arguments, kFlags, nullptr, function, nullptr, nullptr, nullptr);
-  };
-  add("detail_text", -1, DetailText);
-  add("detail_between", 4, DetailBetween);
-  add("dec_try", 1, NumberOf);
+  RegisterSqlFunction(db, "detail_text", -1, DetailText);
+  RegisterSqlFunction(db, "detail_between", 4, DetailBetween);
+  RegisterSqlFunction(db, "dec_try", 1, NumberOf);
 }
 
 }  // namespace goods

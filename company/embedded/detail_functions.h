@@ -8,7 +8,10 @@
 //   null is open; so is an end of a date without any digit, as an empty date edit gives it. 0 when the value
 //   is null, or when the value or an end is not of the type. The ends must be the same for every row of a
 //   statement.
-// - dec_try(text): the number that a text holds, its digits in either script; null when it holds none.
+// - dec_try(text): the number that a text holds; null when it holds none.
+//
+// Decided here: a text is a number as an amount edit takes it, since windows may send what was typed as it
+// stands: digits in either script, and "," before the point as thousands separators, wherever they are.
 #pragma once
 
 #include <sqlite3.h>

@@ -37,6 +37,14 @@ TEST_F(DetailFunctions, NumbersLieBetweenNumbersWhateverTheirDigits) {
   }
 }
 
+TEST_F(DetailFunctions, NumbersMayBeTypedWithThousandsSeparators) {
+  EXPECT_EQ(db_.AskInteger("SELECT dec_try('1,000')"), 1'000'000'000'000);
+  EXPECT_EQ(db_.AskInteger("SELECT dec_try(' -۱,۲۳۴.۵ ')"), -1'234'500'000'000);
+  EXPECT_TRUE(Between("3, '1000', '1,000', '1,000'"));
+  EXPECT_TRUE(Between("4, '1,500', '1,000.5', '2000'"));
+  EXPECT_FALSE(Between("3, '999', '1,000', '2,000'"));
+}
+
 TEST_F(DetailFunctions, DatesLieBetweenDatesAndAnEmptyEndIsOpen) {
   EXPECT_TRUE(Between("5, '1402/2/9', '1402/02/09', '1402/02/09'"));
   EXPECT_TRUE(Between("5, '1402/10/01', '1402/9/30', ''"));
@@ -62,7 +70,7 @@ TEST_F(DetailFunctions, OtherValuesLieBetweenTextsAsTheAlphabetGoes) {
 
 TEST_F(DetailFunctions, ATriedNumberIsNullWhenThereIsNone) {
   EXPECT_EQ(db_.AskInteger("SELECT dec_try(' -۲.۵ ')"), -2'500'000'000);
-  for (const char* text : {"''", "'abc'", "'1,000'", "NULL"}) {
+  for (const char* text : {"''", "'abc'", "','", "'1.000,5'", "NULL"}) {
     EXPECT_EQ(db_.AskInteger("SELECT dec_try(" + std::string(text) + ") IS NULL"), 1) << text;
   }
 }
@@ -99,6 +107,31 @@ TEST_F(ConditionalLines, StandUnlessAParameterIsGiven) {
 TEST_F(ConditionalLines, AConditionOnAnUnknownParameterIsBroken) {
   EXPECT_THROW(Body("1 -- when @C\n", {kNull, kNull}), std::logic_error);
   EXPECT_THROW(Body("1 -- when @A = x\n", {Whole("1"), kNull}), std::logic_error);
+}
+
+TEST_F(ConditionalLines, ConditionsMayHaveANameThatLinesShare) {
+  constexpr char kLines[] =
+      "-- condition either @A = 2 or @B\n1 -- when either\n2 -- unless either\n3 -- when @A or either\n";
+  const auto lines = [&](std::vector<Literal> values) {
+    const std::string body = Body(kLines, std::move(values));
+    return body.substr(body.find('\n') + 1);
+  };
+  EXPECT_EQ(lines({kNull, kNull}), "2 -- unless either\n");
+  EXPECT_EQ(lines({Whole("1"), kNull}), "2 -- unless either\n3 -- when @A or either\n");
+  EXPECT_EQ(lines({Whole("2"), kNull}), "1 -- when either\n3 -- when @A or either\n");
+  EXPECT_THROW(Body("1 -- when neither\n", {kNull, kNull}), std::logic_error);
+  EXPECT_THROW(ReadProcedure("p", "-- condition either\nSELECT 1"), std::logic_error);
+}
+
+TEST(ProcedureParts, StandInPlaceOfTheLineThatIncludesThem) {
+  const Procedure procedure =
+      ReadProcedure("p", "-- parameter @TitleID integer\n-- include GoodDetailParameters\nSELECT 1\n");
+  ASSERT_GT(procedure.parameters.size(), 2U);
+  EXPECT_EQ(procedure.parameters[1].name, "@DetailID1");
+  EXPECT_EQ(procedure.parameters.back().name, "@ToGoodCode");
+  EXPECT_EQ(procedure.body.find("-- include"), std::string::npos);
+  EXPECT_TRUE(procedure.body.ends_with("SELECT 1\n"));
+  EXPECT_THROW(ReadProcedure("p", "-- include Nothing\nSELECT 1"), std::logic_error);
 }
 
 // How SQLite goes through the detail movements for a call, and whether it sorts.
