@@ -208,6 +208,8 @@ void CompanyWriter::NumberRows() {
       " FROM Staging s JOIN MovementTypes m ON m.Type = s.Type;"
       "UPDATE Staging SET OperationRow = (SELECT n.Row FROM Numbered n WHERE n.Radif = Staging.Radif)"
       " WHERE OperationRow = 0;"
+      "UPDATE DetailStaging SET OperationRow = ifnull((SELECT n.Row FROM Numbered n WHERE n.Radif ="
+      " DetailStaging.Radif), 0) WHERE OperationRow = 0;"
       "DROP TABLE Numbered");
 }
 
