@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "company/embedded/select_terms.h"
+#include "company/embedded/expression_translator.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -16,21 +16,16 @@ ColumnType ColumnTypeOf(TermType type) {
                                      : ColumnType::Text;
 }
 
-struct Source {
-  std::string alias;
-  const CatalogTable* table = nullptr;
-};
-
 struct OutputColumn {
   std::string name;
   Term term;
 };
 
 // One SELECT with its own names in scope.
-class SelectTranslator {
+class SelectTranslator final : public ExpressionTranslator {
  public:
   SelectTranslator(const Catalog& catalog, std::string_view statement)
-      : catalog_(catalog), statement_(statement) {}
+      : ExpressionTranslator(statement), catalog_(catalog) {}
 
   void Read(const SelectStatement& select) {
     std::string from = From(select);
@@ -74,10 +69,6 @@ class SelectTranslator {
   }
 
  private:
-  [[noreturn]] void Fail(const std::string& reason, std::size_t offset) const {
-    throw StatementError(reason, statement_, offset);
-  }
-
   std::string From(const SelectStatement& select) {
     std::string sql;
     for (const TableReference& reference : select.tables) {
@@ -122,15 +113,6 @@ class SelectTranslator {
     columns_.push_back(std::move(column));
   }
 
-  Term NoAggregates(const Expression& condition, const char* where) {
-    ++noAggregates_;
-    Term term = Translate(condition);
-    --noAggregates_;
-    if (term.type != TermType::Condition)
-      Fail(std::string("در این جای ") + where + " شرط لازم است", condition.offset);
-    return term;
-  }
-
   std::string OrderKey(const Expression& expression) {
     Term term;
     const auto named = [&](const OutputColumn& column) { return SameText(column.name, expression.text); };
@@ -147,133 +129,7 @@ class SelectTranslator {
     return term.type == TermType::Decimal && !term.narrow ? "dec_key(" + term.sql + ")" : term.sql;
   }
 
-  static Term ColumnTerm(const Source& source, const CatalogColumn& column) {
-    Term term;
-    term.sql = QuotedName(source.alias) + "." + QuotedName(column.name);
-    term.type = column.type == ColumnType::Integer   ? TermType::Integer
-                : column.type == ColumnType::Decimal ? TermType::Decimal
-                                                     : TermType::Text;
-    term.narrow = term.small = column.quantity;
-    return term;
-  }
-
-  Term Column(const Expression& expression) {
-    const Source* found = nullptr;
-    const CatalogColumn* column = nullptr;
-    for (const Source& source : sources_) {
-      if (!expression.qualifier.empty() && !SameText(expression.qualifier, source.alias)) continue;
-      const CatalogColumn* candidate = source.table->Find(expression.text);
-      if (candidate == nullptr) continue;
-      if (column != nullptr) Fail("ستون «" + expression.text + "» در بیش از یک جدول است", expression.offset);
-      found = &source;
-      column = candidate;
-    }
-    if (column == nullptr) Fail("ستون «" + expression.text + "» شناخته نیست", expression.offset);
-    if (insideAggregate_ == 0 && noAggregates_ == 0) sawBareColumn_ = true;
-    return ColumnTerm(*found, *column);
-  }
-
-  Term Translate(const Expression& expression) {
-    switch (expression.kind) {
-      case ExpressionKind::Constant:
-        return Constant(expression);
-      case ExpressionKind::Column:
-        return Column(expression);
-      case ExpressionKind::Function:
-        return Function(expression);
-      case ExpressionKind::Binary:
-        return Binary(expression);
-      case ExpressionKind::Negate:
-        return Negation(expression);
-      case ExpressionKind::Not:
-        return NotCondition(expression);
-      case ExpressionKind::In:
-        return InList(expression);
-      case ExpressionKind::IsNull:
-        return NullTest(expression);
-      case ExpressionKind::JoinedRows:
-        return JoinedRows(expression);
-    }
-    Fail("عبارت ناشناخته", expression.offset);
-  }
-
-  Term Constant(const Expression& expression) const {
-    if (const auto* text = std::get_if<std::string>(&expression.literal)) return TextTerm(*text);
-    if (const auto* number = std::get_if<NumberValue>(&expression.literal)) {
-      const bool whole = number->text.find('.') == std::string::npos;
-      const std::optional<Decimal> value = Decimal::Parse(number->text);
-      if (!value || (whole && !ParseInteger(number->text)))
-        Fail("عدد بیش از اندازه بزرگ است", expression.offset);
-      return NumberTerm(*value, whole);
-    }
-    return Term{"NULL", TermType::Null, {}, {}};
-  }
-
-  Term Binary(const Expression& expression) {
-    const std::string& op = expression.text;
-    Term left = Translate(expression.children[0]);
-    Term right = Translate(expression.children[1]);
-    if (op == "AND" || op == "OR") {
-      if (left.type != TermType::Condition || right.type != TermType::Condition) {
-        Fail("دو سوی " + op + " باید شرط باشد", expression.offset);
-      }
-      left.sql = "(" + left.sql + " " + op + " " + right.sql + ")";
-      return left;
-    }
-    if (op == "LIKE") {
-      if (left.type != TermType::Text || right.type != TermType::Text) {
-        Fail("LIKE تنها برای متن است", expression.offset);
-      }
-      Term test;
-      test.type = TermType::Condition;
-      test.sql = "(fold_persian(" + left.sql + ")" + (expression.negated ? " NOT" : "") +
-                 " LIKE fold_persian(" + right.sql + "))";
-      return test;
-    }
-    const bool arithmetic = op == "+" || op == "-" || op == "*" || op == "/";
-    std::optional<Term> result = arithmetic ? Arithmetic(op, left, right) : Comparison(op, left, right);
-    if (!result) Fail("نوع دو سوی «" + op + "» با هم نمی خواند", expression.offset);
-    return *std::move(result);
-  }
-
-  Term Negation(const Expression& expression) {
-    Term term = Translate(expression.children[0]);
-    if (!IsNumber(term)) Fail("منفی تنها برای عدد است", expression.offset);
-    term.sql =
-        term.type == TermType::Decimal && !term.small ? "dec_neg(" + term.sql + ")" : "(-" + term.sql + ")";
-    return term;
-  }
-
-  Term NotCondition(const Expression& expression) {
-    Term term = Translate(expression.children[0]);
-    if (term.type != TermType::Condition) Fail("پس از NOT باید شرط باشد", expression.offset);
-    term.sql = "(NOT " + term.sql + ")";
-    return term;
-  }
-
-  Term InList(const Expression& expression) {
-    Term test;
-    test.type = TermType::Condition;
-    for (std::size_t i = 1; i < expression.children.size(); ++i) {
-      const std::optional<Term> equal =
-          Comparison("=", Translate(expression.children[0]), Translate(expression.children[i]));
-      if (!equal) Fail("نوع فهرست IN با ستون نمی خواند", expression.children[i].offset);
-      test.sql += (i > 1 ? " OR " : "") + equal->sql;
-    }
-    test.sql = (expression.negated ? "(NOT (" : "((") + test.sql + "))";
-    return test;
-  }
-
-  Term NullTest(const Expression& expression) {
-    Term operand = Translate(expression.children[0]);
-    if (operand.type == TermType::Condition) Fail("IS NULL برای شرط نیست", expression.offset);
-    Term test;
-    test.type = TermType::Condition;
-    test.sql = "(" + operand.sql + (expression.negated ? " IS NOT NULL)" : " IS NULL)");
-    return test;
-  }
-
-  Term JoinedRows(const Expression& expression) {
+  Term JoinedRows(const Expression& expression) override {
     SelectTranslator inner(catalog_, statement_);
     inner.Read(*expression.rows);
     if (inner.columns_.size() != 1 || inner.columns_[0].term.type != TermType::Text) {
@@ -285,81 +141,10 @@ class SelectTranslator {
     return term;
   }
 
-  Term Function(const Expression& call) {
-    const std::string name = LowerAscii(call.text);
-    const std::size_t count = call.children.size();
-    if (name == "isnull" && count == 2) return IfNull(call);
-    if (name == "abs" && count == 1) return Absolute(call);
-    if (name == "stuff" && count == 4) return Stuff(call);
-    if (count == 1 && (name == "sum" || name == "min" || name == "max")) return Aggregate(name, call);
-    if (name == "isnull" || name == "abs" || name == "stuff" || name == "sum" || name == "min" ||
-        name == "max") {
-      Fail("شمار ورودی های «" + call.text + "» درست نیست", call.offset);
-    }
-    Fail("تابع «" + call.text + "» شناخته نیست", call.offset);
-  }
-
-  Term IfNull(const Expression& call) {
-    Term value = Translate(call.children[0]);
-    Term other = Translate(call.children[1]);
-    if (!Unify(value, other)) Fail("نوع دو ورودی «" + call.text + "» با هم نمی خواند", call.offset);
-    Term term;
-    term.type = value.type == TermType::Null ? other.type : value.type;
-    term.narrow = value.narrow && other.narrow;
-    term.sql = "ifnull(" + value.sql + ", " + other.sql + ")";
-    return term;
-  }
-
-  Term Absolute(const Expression& call) {
-    Term term = Translate(call.children[0]);
-    if (!IsNumber(term)) Fail("«" + call.text + "» تنها برای عدد است", call.offset);
-    term.number.reset();
-    const bool direct = term.type == TermType::Integer || term.small;
-    term.sql = (direct ? "abs(" : "dec_abs(") + term.sql + ")";
-    return term;
-  }
-
-  Term Stuff(const Expression& call) {
-    const Term text = Translate(call.children[0]);
-    const Term start = Translate(call.children[1]);
-    const Term length = Translate(call.children[2]);
-    const Term with = Translate(call.children[3]);
-    if (text.type != TermType::Text || start.type != TermType::Integer || length.type != TermType::Integer ||
-        with.type != TermType::Text) {
-      Fail("نوع ورودی های «" + call.text + "» درست نیست", call.offset);
-    }
-    Term term;
-    term.type = TermType::Text;
-    term.sql = "(substr(" + text.sql + ", 1, " + start.sql + " - 1) || " + with.sql + " || substr(" +
-               text.sql + ", " + start.sql + " + " + length.sql + "))";
-    return term;
-  }
-
-  Term Aggregate(const std::string& name, const Expression& call) {
-    if (insideAggregate_ > 0 || noAggregates_ > 0) Fail("«" + call.text + "» در این جا نمی آید", call.offset);
-    sawAggregate_ = true;
-    ++insideAggregate_;
-    Term operand = Translate(call.children[0]);
-    --insideAggregate_;
-    if (operand.type == TermType::Condition || (name == "sum" && !IsNumber(operand))) {
-      Fail("«" + call.text + "» تنها برای عدد است", call.offset);
-    }
-    Term term;
-    term.type = operand.type;
-    term.sql = (operand.type == TermType::Decimal ? "dec_" : "") + name + "(" + operand.sql + ")";
-    return term;
-  }
-
   const Catalog& catalog_;
-  std::string_view statement_;
-  std::vector<Source> sources_;
   std::vector<OutputColumn> columns_;
   std::string rest_;
   std::optional<std::int64_t> top_;
-  int insideAggregate_ = 0;
-  int noAggregates_ = 0;
-  bool sawAggregate_ = false;
-  bool sawBareColumn_ = false;
 };
 
 // The columns of a union take the types that all of its parts can have, and the names of the first.

@@ -3,56 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include "company/embedded/conditional_lines.h"
 #include "company/embedded/sqlite.h"
-#include "company_fixture.h"
-#include "turnover_company.h"
+#include "turnover_fixture.h"
 
 namespace goods {
 namespace {
-
-using Rows = std::vector<std::vector<std::string>>;
-using Holds = std::function<bool(const TurnoverRow&)>;
-
-class TurnoverTest : public ::testing::Test {
- protected:
-  void Open(unsigned seed, bool large = false) {
-    connection_.reset();
-    file_.emplace("turnover-" + std::to_string(seed) + ".company");
-    WriteTurnoverCompany(file_->Path(), seed, large);
-    connection_ = OpenCompany(file_->Path())->OpenConnection();
-    tables_.emplace(*connection_);
-  }
-  Rows List(const std::string& parameters) { return Ask(*connection_, "exec GoodInf_sp " + parameters); }
-  Rows Expected(const TurnoverFigures& figures, const Holds& holds = {}) const {
-    Rows expected;
-    for (const TurnoverRow& row : tables_->Rows(figures)) {
-      if (!holds || holds(row)) expected.push_back(row.Cells());
-    }
-    return expected;
-  }
-  // All; a store's; the others'; and each of them in periods of every form.
-  std::vector<TurnoverFigures> EveryKindOfFigures(std::mt19937& random) const {
-    std::vector<TurnoverFigures> all;
-    for (int store = 0; store < 3; ++store) {
-      for (int period = 0; period < 7; ++period) {
-        TurnoverFigures figures;
-        figures.store = store == 0 ? 0 : 1 + static_cast<std::int64_t>(random() % 4);
-        figures.otherStores = store == 2;
-        if (period == 1 || period == 4) figures.from = tables_->AnyDate(random);
-        if (period == 2 || period == 3 || period == 6) figures.from = "";
-        if (period == 1 || period == 2 || period == 5) figures.to = tables_->AnyDate(random);
-        if (period == 3) figures.to = "";
-        all.push_back(figures);
-      }
-    }
-    return all;
-  }
-
-  std::optional<TestFile> file_;
-  std::unique_ptr<IConnection> connection_;
-  std::optional<TurnoverTables> tables_;
-};
 
 std::string Joined(const std::string& a, const std::string& b) {
   return a.empty() || b.empty() ? a + b : a + "," + b;
@@ -301,37 +256,10 @@ TEST_F(TurnoverTest, AValueAndARangeOfOneFieldAreExcludedEachByItsOwnFlag) {
             std::string::npos);
 }
 
-TEST_F(TurnoverTest, NamesOfParametersMayBeWrittenInAnyCase) {
-  Open(82);
-  EXPECT_EQ(List("@GRPCODE = 2,@goodexisttype = 1,@TAGS=',1,2,',@abbname='b1'"),
-            Expected({}, [](const TurnoverRow& row) {
-              return row.group == 2 && row.stock > Decimal() && (row.HasTag(1) || row.HasTag(2)) &&
-                     row.abbName.starts_with("B1");
-            }));
-}
-
 TEST_F(TurnoverTest, AnUnknownGroupHasNoGoods) {
   Open(83);
   EXPECT_TRUE(List("@GrpCode = 99").empty());
   EXPECT_TRUE(List("@GrpCode = 99,@EffectiveDate1 = ''").empty());
-}
-
-TEST_F(TurnoverTest, NoTextGetsOutOfItsQuotes) {
-  Open(84);
-  const Rows all = List("");
-  for (const char* text : {"x''; DELETE FROM Kardex; --", "'' OR ''1''=''1", "%'' OR 1=1 --"}) {
-    EXPECT_TRUE(List("@Name='" + std::string(text) + "'").empty()) << text;
-    EXPECT_TRUE(List("@tags='" + std::string(text) + "'").empty() ||
-                std::string(text).find('1') != std::string::npos)
-        << text;
-  }
-  EXPECT_EQ(List("@EffectiveDate1='',@EffectiveDate2='x'' OR ''1''=''1'").size(), all.size());
-  for (const char* statement :
-       {"exec GoodInf_sp; DROP TABLE Kardex", "exec GoodInf_sp @Code='1 OR 1=1'", "exec GoodInf_sp @Code=5.5",
-        "exec GoodInf_sp @Mogodi='x'", "exec GoodInf_sp @Nobody=1"}) {
-    EXPECT_NE(Refusal(*connection_, statement), "") << statement;
-  }
-  EXPECT_EQ(List(""), all);
 }
 
 TEST_F(TurnoverTest, ColoursAreThoseOfTheFirstThreeTagsInTheirPlaces) {
@@ -373,36 +301,6 @@ TEST_F(TurnoverTest, WholeUnitsGoTowardsZeroAndThePartIsWhatTheyLeaveExactly) {
   EXPECT_EQ(cell(1, "Joz"), "-1.5");
   EXPECT_EQ(cell(2, "Mogodi2"), "0");
   EXPECT_EQ(cell(2, "Joz"), "-7.5");
-}
-
-TEST_F(TurnoverTest, AListThatIsStoppedWhileItAddsUpIsCancelled) {
-  struct Stop : IStatementProgress {
-    bool Progress(std::size_t) override { return false; }
-  } stop;
-  const std::unique_ptr<IConnection> connection = OpenCompany(SmallDemoPath())->OpenConnection();
-  RowStore rows;
-  EXPECT_THROW(connection->Open("exec GoodInf_sp @EffectiveDate1=''", rows, &stop), StatementCancelled);
-  EXPECT_EQ(AskRows(*connection, "exec GoodInf_sp @EffectiveDate1=''").Count(), 60U);
-}
-
-TEST_F(TurnoverTest, TheListIsOneScanOfTheGoodsWithoutASort) {
-  Open(88);
-  Database db(file_->Path(), SQLITE_OPEN_READONLY);
-  for (const std::string parameters :
-       {"", "@StoreCode=2", "@EffectiveDate1='',@EffectiveDate2='1402/03/01'"}) {
-    const std::string text = "exec GoodInf_sp " + parameters;
-    const ParsedStatement parsed = ParseStatement(text);
-    const ProcedureCall call = MatchProcedure(std::get<ExecStatement>(parsed), text);
-    Statement plan = db.Prepare("EXPLAIN QUERY PLAN " + BodyOf(call));
-    int scans = 0;
-    while (plan.Step()) {
-      const std::string_view line = plan.Text(3);
-      EXPECT_EQ(line.find("TEMP B-TREE"), std::string_view::npos) << line;
-      EXPECT_EQ(line.find("AUTOMATIC"), std::string_view::npos) << line;
-      if (line.starts_with("SCAN") && line.find("VIRTUAL TABLE") == std::string_view::npos) ++scans;
-    }
-    EXPECT_EQ(scans, 1) << text;
-  }
 }
 
 }  // namespace
