@@ -177,6 +177,32 @@ TEST_F(DetailWindows, TheListAndTheCaptionAreBuiltAnewEachTime) {
   EXPECT_EQ(captions, (Texts{"(نوع عملیات :  فروش)", ""}));
 }
 
+TEST_F(DetailWindows, TheListsGiveTheCommonKeysAndMenuToTheWindowAndOneGoodsDetailsToTheGrid) {
+  TAllGoodDetailTransaction_FRM all(host, 1, "");
+  TOneGoodDetailTransaction_FRM one(host, 1, Variant(std::string("12;x;1;;0;y;0;;;;;;31;0;;;0;")), "");
+  EXPECT_FALSE(all.HasShortCut(all));
+  all.ShowModal();
+  one.ShowModal();
+  EXPECT_TRUE(all.HasShortCut(all));
+  EXPECT_TRUE(all.HasPopMenu(all));
+  EXPECT_TRUE(one.HasShortCut(one.GoodDetailTransaction_GRD));
+  EXPECT_TRUE(one.HasPopMenu(one.GoodDetailTransaction_GRD));
+}
+
+TEST_F(DetailWindows, ThePanelOfTheRowTellsItsFieldsInOrder) {
+  TAllGoodDetailTransaction_FRM window(host, 1, "");
+  Texts fields;
+  for (const TDetailField& field : window.TListDetail_FRAME1.DetailFields_QRT1.Fields()) {
+    fields.push_back(field.FieldName + " " + field.Caption + " " + field.Format);
+  }
+  EXPECT_EQ(fields, (Texts{"OperationDate تاریخ ", "AnbarName انبار ", "Name نام کالا ", "Comment شرح ",
+                           "Varede مقدار وارده #0.####;#0.####-;0", "Sadere مقدار صادره #0.####;#0.####-;0",
+                           "fullname نام شخص ", "Amount مبلغ واحد #,0.##;#,0.##-;0",
+                           "TotalAmount مبلغ کل #,0.##;#,0.##-;0", "D1Value جزئیات 1 ", "D2Value جزئیات 2 ",
+                           "D3Value جزئیات 3 ", "D4Value جزئیات 4 ", "D5Value جزئیات 5 ",
+                           "DetailValues جـــــزئیات "}));
+}
+
 TEST_F(DetailWindows, TheDialogTellsWhetherTagsOrACategoryAreChosen) {
   TAllGoodDetailTransactionSearch_FRM dialog(host);
   EXPECT_FALSE(dialog.HaveAdvFilter());

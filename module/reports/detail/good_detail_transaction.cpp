@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "host/core/text.h"
 #include "module/framework/parameter_text.h"
 #include "module/framework/program_change.h"
 #include "module/reports/detail/one_good_detail_transaction.h"
@@ -75,7 +76,10 @@ void TGoodDetailTransaction_FRM::OnCustomParameter(const CustomParameter& parame
   }
   presetTags_ = tagsGiven ? TagCodesOf(parameter.Text(8)) : std::vector<std::string>();
   if (tagsGiven) dialog.TTags_search_FRM1.Tags_EDT.SetCodes(presetTags_);
-  if (categoryGiven) dialog.TCategorySearchFrame1.Category_EDT.SetCodes({parameter.Text(10)});
+  // Only a number: the code goes out bare.
+  if (const auto category = ParseInteger(Trim(parameter.Text(10))); categoryGiven && category) {
+    dialog.TCategorySearchFrame1.Category_EDT.SetCodes({std::to_string(*category)});
+  }
   if (good != 0 || storeGiven || datesGiven || tagsGiven || categoryGiven) {
     const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
     ADVSearch_Fram1.ADVSearch_CHK.SetChecked(true);
