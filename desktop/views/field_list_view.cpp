@@ -13,7 +13,7 @@
 namespace goods {
 namespace {
 
-constexpr int kRowExtra = 10;
+constexpr int kRowExtra = 7;
 constexpr int kGap = 10;        // between a caption and its text
 constexpr int kPairGap = 28;    // between pairs beside each other
 constexpr int kTextRoom = 170;  // what a text wants when as many pairs as fit stand beside each other
@@ -48,7 +48,8 @@ void FieldListWidget::Show(const std::vector<TFieldList::Entry>& entries, int co
   pairs_.clear();
   QString description;
   for (const TFieldList::Entry& entry : entries) {
-    pairs_.push_back({ShownText(entry.Caption + " :"), ShownCell(entry.Text, false)});
+    pairs_.push_back(
+        {ShownText(entry.Caption + " :"), ShownCell(entry.Text, IsNumberLike(ToQt(entry.Text)))});
     description += ToQt(entry.Caption) + ": " + ToQt(entry.Text) + "، ";
   }
   wantedColumns_ = columns;

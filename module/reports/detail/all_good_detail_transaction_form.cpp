@@ -51,8 +51,7 @@ void TAllGoodDetailTransaction_FRM::DeclareForm() {
   Body_PNL.Place(TListDetail_FRAME1);
   Buttons_PNL.Place(PrintList_BTN);
   Buttons_PNL.Place(Exit_BTN);
-  Buttons_PNL.Place(TListDetail_FRAME1.View_LBL);
-  Buttons_PNL.Place(TListDetail_FRAME1.View_CMB);
+  Buttons_PNL.Place(TListDetail_FRAME1.View_PNL, 1);
 
   Place(Criteria_PNL);
   Place(Details_PNL);
@@ -76,7 +75,7 @@ void TAllGoodDetailTransaction_FRM::DeclareColumns() {
   text("Anbar", "کد انبار", 70, false);
   text("AnbarName", "انبار", 150);
   text("Code", "کد کالا", 70, false);
-  text("Name", "نام کالا", 116);
+  text("Name", "نام کالا", 116).SetAutoFit(true);
   text("D1Value", "جزئیات 1", 100, false);
   text("D2Value", "جزئیات 2", 100, false);
   text("D3Value", "جزئیات 3", 100, false);
@@ -84,7 +83,7 @@ void TAllGoodDetailTransaction_FRM::DeclareColumns() {
   text("D5Value", "جزئیات 5", 100, false);
   text("DetailValues", "جـــــزئیات", 250).SetAutoFit(true);
   text("fullname", "نام شخص", 116);
-  text("Comment", "شرح", 200);
+  text("Comment", "شرح", 200).SetAutoFit(true);
   number("Varede", "مقدار وارده", kQuantityFormat, 55);
   number("Sadere", "مقدار صادره", kQuantityFormat, 53);
   number("Amount", "مبلغ واحد", kAmountFormat, 100);

@@ -2,15 +2,23 @@
 #include "module/reports/detail/all_good_detail_transaction_search.h"
 
 namespace goods {
+namespace {
+
+constexpr int kKindWidth = 150;  // as in the rows of the details above
+
+}  // namespace
 
 void TAllGoodDetailTransactionSearch_FRM::DeclareForm() {
   SetCaption("جستجوی پیشرفته در جزئیات کالا");
   PreferredWidth = 760;
-  PreferredHeight = 520;
+  PreferredHeight = 496;
 
   SelectedList_LBL.FocusControl = &SelectedList_CMB;
   SelectedList_CMB.SetAccessibleName("لیست انتخابی");
   SelectedList_CMB.SetWidth(200);
+  for (TComboBox* kind : {&Good_SESF.SelectEntity_CMB, &SearchGoodCode_FRAME.RangeDigit_CMB}) {
+    kind->SetWidth(kKindWidth);
+  }
   DisplayType_CHK.CaptionShown = false;
   DisplayType_LBL.OnClick = [this] { DisplayType_CHK.Click(); };
   SelectedList_PNL.Place(SelectedList_LBL);

@@ -6,7 +6,7 @@ TOneGoodDetailTransactionSearch_FRM::TOneGoodDetailTransactionSearch_FRM(THost& 
     : TBaseSearch_FRM(host, "OneGoodDetailTransactionSearch_FRM") {
   SetCaption("جستجوی پیشرفته در گردش جزئیات");
   PreferredWidth = 600;
-  PreferredHeight = 240;
+  PreferredHeight = 176;
   Store_Frame.SetEntityType(EntityType::Store);
   Store_Frame.SetItems({{"انبار", "Anbar", DataKind::Number}});
   Person_Frame.SetEntityType(EntityType::Person);

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kGoodNameItem = 1;
 constexpr int kAmountWidth = 110;
-constexpr int kDetailHeight = 84;
+constexpr int kDetailHeight = 72;
 
 }  // namespace
 
@@ -54,7 +54,6 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
   Criteria_PNL.Place(Stores_PNL);
 
   DeclareColumns();
-  TListDetail_FRAME1.Framed = true;
   TListDetail_FRAME1.SetHeight(kDetailHeight);
   TListDetail_FRAME1.DetailFields_QRT1.SetFields(
       {{"GoodCode", "کد کالا", ""},
@@ -72,8 +71,7 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
   Body_PNL.Place(List_PNL, 1);
 
   for (TButton* button : {&OpenInfo_BTN, &PrintList_BTN, &Exit_BTN}) Buttons_PNL.Place(*button);
-  Buttons_PNL.Place(TListDetail_FRAME1.View_LBL);
-  Buttons_PNL.Place(TListDetail_FRAME1.View_CMB);
+  Buttons_PNL.Place(TListDetail_FRAME1.View_PNL, 1);
   Place(Body_PNL, 1);
   Place(Buttons_PNL);
 }

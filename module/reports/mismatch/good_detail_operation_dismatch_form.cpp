@@ -50,7 +50,7 @@ void TGoodDetailOperationDismatch_FRM::DeclareColumns() {
   grid.AddColumn("OperationDate", "تاریخ").SetWidth(100);
   grid.AddColumn("StoreCode", "کد انبار").SetWidth(57).SetVisible(false);
   grid.AddColumn("StoreName", "انبار").SetWidth(120);
-  grid.AddColumn("OperationTitle", "نوع عملیات").SetWidth(215);
+  grid.AddColumn("OperationTitle", "نوع عملیات").SetWidth(215).SetAutoFit(true);
   grid.AddColumn("OperationCode", "کد عملیات").SetWidth(90);
   grid.AddColumn("OperationRow", "ردیف عملیات").SetWidth(90);
   grid.AddColumn("OperationAmount", "مقدار عملیات").SetDisplayFormat(kQuantityFormat).SetWidth(100);

@@ -8,7 +8,7 @@ namespace goods {
 void TGoodDetailOperationDismatchSearch_FRM::DeclareForm() {
   SetCaption("جستجوی پیشرفته در مغایرت جزئیات کالا");
   PreferredWidth = 620;
-  PreferredHeight = 270;
+  PreferredHeight = 216;
 
   Date_Frame.SetItems({{"تاریخ", "OperationDate", DataKind::Text}});
   OperationCode_FRAME.SetItems({{"کد عملیات", "OperationCode", DataKind::Number}});
