@@ -107,8 +107,8 @@ void TAllGoodDetailTransactionSearch_FRM::Del_BTNClick() {
   TCategorySearchFrame1.Clear();
   TCategorySearchFrame1.Open(Host().Lookups());
   DisplayType_CHK.SetChecked(false);
-  FillSelectedList();
   for (TDetailRow* row : DetailRows()) row->Clear(data_);
+  FillSelectedList();  // last, because it alone asks the database
 }
 
 }  // namespace goods
