@@ -53,9 +53,9 @@ const DetailCriteriaStyle& TAllGoodDetailTransaction_FRM::Style() const {
       .titleCaptions = {"کد کالا : ", "نام کالا : ", "انبار : ", "جزئیات : ", "نام شخص : ", "شرح : ",
                         "وارده : ", "صادره : ", "مبلغ واحد : ", "مبلغ کل : "},
       .amountItems = {8, 9},
-      .ranges = {{"@FromGoodCode = ", "@ToGoodCode = ", "کالاها از: "},
-                 {"@FromAnbar = ", "@ToAnbar = ", "انبارها از: "},
-                 {"@FromGoodGroupCode = ", "@ToGoodGroupCode = ", "گروه کالاها از: "}},
+      .ranges = {{"@FromGoodCode", "@ToGoodCode", "کالاها از: "},
+                 {"@FromAnbar", "@ToAnbar", "انبارها از: "},
+                 {"@FromGoodGroupCode", "@ToGoodGroupCode", "گروه کالاها از: "}},
       .goodGroups = true,
       .storeBeforeRange = false,
   };
@@ -65,7 +65,7 @@ const DetailCriteriaStyle& TAllGoodDetailTransaction_FRM::Style() const {
 void TAllGoodDetailTransaction_FRM::AddCriteria(DetailCriteria& criteria) {
   criteria.AddTitle(Search_PNL);
   if (OperationsType_CMB.ItemIndex() > 0) {
-    criteria.Add("@OperationType = ", std::to_string(OperationsType_CMB.ItemObject()));
+    criteria.Add("@OperationType", std::to_string(OperationsType_CMB.ItemObject()));
     criteria.Say("نوع عملیات :" + OperationsType_CMB.Text());
   }
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "host/core/text.h"
-#include "host/services/public_methods.h"
 
 namespace goods {
 namespace {
@@ -27,22 +26,14 @@ bool AsksForOne(const TSelectEntity_Search_Frame& frame) {
 
 }  // namespace
 
-void DetailCriteria::Add(std::string_view name, std::string_view value) {
-  parameters_ = ADDParam(std::string(name) + std::string(value), parameters_);
-}
-
-void DetailCriteria::Say(const std::string& phrase) {
-  caption_ = TGoodTransactions_DM::ADDFarsiFilter(phrase, caption_);
-}
-
 void DetailCriteria::AddTitle(const TTitleSearchPanel& search) {
   const std::string& text = search.Text();
   if (text.empty()) return;
   const int item = search.ItemIndex();
   const bool amount =
       std::find(style_.amountItems.begin(), style_.amountItems.end(), item) != style_.amountItems.end();
-  Add("@TitleID = ", std::to_string(item + 1));
-  Add("@Title = ", QuotedStr(amount ? ReplaceAll(text, ",", "") : text));
+  Add("@TitleID", std::to_string(item + 1));
+  Add("@Title", QuotedStr(amount ? ReplaceAll(text, ",", "") : text));
   Say(std::string(style_.titleCaptions.at(static_cast<std::size_t>(item))) + text);
 }
 
@@ -50,9 +41,9 @@ void DetailCriteria::AddDetailRow(const TDetailRow& row) {
   const auto condition = row.Condition();
   if (!condition) return;
   const std::string number = std::to_string(row.Number());
-  Add("@DetailID" + number + " = ", std::to_string(row.DetailID()));
-  Add("@Detail" + number + "Value1 = ", QuotedStr(condition->from));
-  Add("@Detail" + number + "Value2 = ", QuotedStr(condition->to));
+  Add("@DetailID" + number, std::to_string(row.DetailID()));
+  Add("@Detail" + number + "Value1", QuotedStr(condition->from));
+  Add("@Detail" + number + "Value2", QuotedStr(condition->to));
   Say(condition->caption);
 }
 
@@ -71,36 +62,36 @@ void DetailCriteria::AddDialog(const TAllGoodDetailTransactionSearch_FRM& dialog
 void DetailCriteria::AddTags(const TTags_search_FRM& tags) {
   const std::string codes(Trim(tags.Tags()));
   const bool none = codes.empty() || codes == kNoTags;
-  Add("@GoodTags = ", none ? std::string(kNull) : QuotedStr(codes));
+  Add("@GoodTags", none ? std::string(kNull) : QuotedStr(codes));
   if (!none) Say("برچسب : " + data_.ReturnTagName(codes));
 }
 
 void DetailCriteria::AddCategory(const TCategorysearchframe& category) {
   if (category.IsEmpty()) return;
   const std::string code = category.Values().back();
-  Add("@GoodCategoryCode = ", code);
+  Add("@GoodCategoryCode", code);
   Say("دسته : " + host_.Lookups().ReturnCategoryName(code));
 }
 
 void DetailCriteria::AddSelectedList(const TAllGoodDetailTransactionSearch_FRM& dialog) {
   const std::int64_t list = dialog.SelectedListCode();
   const bool inverted = dialog.DisplayType_CHK.Checked();
-  Add(kSelectedList, list == 0 ? std::string(kNull) : std::to_string(list));
+  text_.AddPiece(std::string(kSelectedList) + (list == 0 ? std::string(kNull) : std::to_string(list)));
   if (list != 0) {
     Say("لیست انتخابی: " + dialog.SelectedList_CMB.Text() +
         (inverted ? " - کالاهای لیست نمایش داده نشوند" : ""));
   }
-  Add(kSelectedListNot, inverted ? "-1" : "0");
+  text_.AddPiece(std::string(kSelectedListNot) + (inverted ? "-1" : "0"));
 }
 
 void DetailCriteria::AddGood(const TSelectEntity_Search_Frame& good) {
   if (!AsksForOne(good)) return;
   const std::string code = std::to_string(good.CodeAsInt());
   if (style_.goodGroups && good.SelectEntity_CMB.ItemIndex() == 1) {
-    Add("@GoodGroupCode = ", code);
+    Add("@GoodGroupCode", code);
     Say("گروه کالا: " + CodeAndName(good));
   } else {
-    Add("@GoodCode = ", code);
+    Add("@GoodCode", code);
     Say("کالا: " + CodeAndName(good));
   }
 }
@@ -121,7 +112,7 @@ void DetailCriteria::AddCodeRange(const TRange_Digit_Search_Frame& range) {
 // A store that cannot be seen, because stores are totalled, is not asked for.
 void DetailCriteria::AddStore(const TSelectEntity_Search_Frame& store) {
   if (!store.Visible() || !AsksForOne(store)) return;
-  Add("@Anbar = ", std::to_string(store.CodeAsInt()));
+  Add("@Anbar", std::to_string(store.CodeAsInt()));
   Say("انبار: " + CodeAndName(store));
 }
 
@@ -129,8 +120,8 @@ void DetailCriteria::AddDates(const TRange_Date_Search_Frame& dates) {
   if (!dates.RangeDate_CHK.Checked() || dates.RangeDate_CMB.ItemIndex() != 0) return;
   const std::string& from = dates.RangeDate_From_EDT.Text();
   const std::string& to = dates.RangeDate_To_EDT.Text();
-  Add("@FromDate = ", QuotedStr(from));
-  Add("@ToDate = ", QuotedStr(to));
+  Add("@FromDate", QuotedStr(from));
+  Add("@ToDate", QuotedStr(to));
   Say("تاریخ عملیات از: " + from + " تا: " + to);
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/services/host.h"
+#include "module/data/criteria_text.h"
 #include "module/data/good_transactions_dm.h"
 #include "module/framework/title_search_panel.h"
 #include "module/reports/detail/all_good_detail_transaction_search.h"
@@ -16,8 +17,8 @@ namespace goods {
 
 // A kind of codes that the dialog's range can hold, in the order of its list.
 struct CodeRangeKind {
-  std::string_view from;     // "@FromGoodCode = "
-  std::string_view to;       // "@ToGoodCode = "
+  std::string_view from;     // "@FromGoodCode"
+  std::string_view to;       // "@ToGoodCode"
   std::string_view caption;  // "کالاها از: "
 };
 
@@ -37,12 +38,11 @@ class DetailCriteria {
   DetailCriteria(THost& host, TGoodTransactions_DM& data, const DetailCriteriaStyle& style)
       : host_(host), data_(data), style_(style) {}
 
-  const std::string& Parameters() const { return parameters_; }
-  const std::string& Caption() const { return caption_; }
+  const std::string& Parameters() const { return text_.parameters; }
+  const std::string& Caption() const { return text_.caption; }
 
-  // name with its spacing and sign: "@GoodCode = ".
-  void Add(std::string_view name, std::string_view value);
-  void Say(const std::string& phrase);
+  void Add(std::string_view name, std::string_view value) { text_.Add(name, value); }
+  void Say(std::string_view phrase) { text_.Say(phrase); }
 
   void AddTitle(const TTitleSearchPanel& search);
   void AddDetailRow(const TDetailRow& row);
@@ -61,8 +61,7 @@ class DetailCriteria {
   THost& host_;
   TGoodTransactions_DM& data_;
   const DetailCriteriaStyle& style_;
-  std::string parameters_;
-  std::string caption_;
+  CriteriaText text_;
 };
 
 }  // namespace goods

@@ -45,6 +45,13 @@ void TDetailReport_FRM::FormCreate() {
       delayedSearch_.Typed(kValueComboTyped);
     }
   };
+  for (TEdit* edit : {&DetailRow1.FromGoodDetail_EDT, &DetailRow1.ToGoodDetail_EDT}) {
+    edit->OnKeyDown = [this](TKey& key) {
+      if (!key.Is(Key::Enter) || !delayedSearch_.Pending()) return;
+      key.Consume();
+      delayedSearch_.Hurry();
+    };
+  }
   DetailRow1.FromGoodDetail_EDT.OnChange = [this] {
     if (!busy_) delayedSearch_.Typed(kLowerEditTyped);
   };
@@ -83,8 +90,7 @@ void TDetailReport_FRM::FormClose() {
 
 void TDetailReport_FRM::FormKeyDown(TKey& key) {
   if (key.IsCtrl(Key::F10) && ADVSearch_Fram1.ADVSearch_BTN.CanFocus()) {
-    key.Consume();
-    ADVSearch_Fram1.ADVSearch_BTN.Click();
+    Press(key, ADVSearch_Fram1.ADVSearch_BTN);
   } else if (key.Is(Key::F10) || key.IsCtrl(Key::F10)) {
     key.Consume();
     Search_PNL.GoodDetailSearch_CMB.SetFocus();
@@ -151,8 +157,13 @@ void TDetailReport_FRM::ADVSearch_Fram1ADVSearch_CHKClick() {
   if (ADVSearch_Fram1.ADVSearch_CHK.Tag == 0) Rerun(kWithWaiting);
 }
 
+bool TDetailReport_FRM::AsksForGood(std::int64_t good) const {
+  return ADVSearch_Fram1.ADVSearch_CHK.Checked() && Search_FRM.Good_SESF.InUse() &&
+         Search_FRM.Good_SESF.CodeAsInt() == good;
+}
+
 void TDetailReport_FRM::QeratSearchManager1CustomFilter_DataSet(std::string& filter) const {
-  if (rowGood_ != 0) filter = AddFilter(filter, "Kala=" + std::to_string(rowGood_));
+  if (rowGood_ != 0 && AsksForGood(rowGood_)) filter = AddFilter(filter, "Kala=" + std::to_string(rowGood_));
   filter = AddFilter(filter, rowCondition_);
   filter = AddFilter(filter, RowCondition());
 }

@@ -55,7 +55,8 @@ class TDetailReport_FRM : public TBaseDock_FRM {
   bool Shown() const { return shown_; }
   // mode 1 shows the waiting indicator.
   void Rerun(int mode);
-  // The rows of one good alone, and a condition of the caller's; 0 and the empty text for none.
+  // The rows of one good alone, as long as the advanced search asks for it, and a condition of the caller's;
+  // 0 and the empty text for none.
   void LimitRows(std::int64_t good, std::string condition);
   // The row conditions on the rows at hand, then their order.
   void FilterRows() { QeratSearchManager1.ExecuteFilter_DataSet(); }
@@ -72,6 +73,8 @@ class TDetailReport_FRM : public TBaseDock_FRM {
   TAllGoodDetailTransactionSearch_FRM Search_FRM;
 
  private:
+  bool AsksForGood(std::int64_t good) const;
+
   bool shown_ = false;
   bool busy_ = false;  // the window itself is changing a control
   std::string filterCaption_;

@@ -117,8 +117,7 @@ const DetailCriteriaStyle& TGoodDetailTransaction_FRM::Style() const {
   static const DetailCriteriaStyle kStyle{
       .titleCaptions = {"کد کالا : ", "نام کالا : ", "انبار : ", "جزئیات : ", "موجودی : "},
       .amountItems = {4},
-      .ranges = {{"@FromGoodCode = ", "@ToGoodCode = ", "کالاها از: "},
-                 {"@FromAnbar = ", "@ToAnbar = ", "انبارها از: "}},
+      .ranges = {{"@FromGoodCode", "@ToGoodCode", "کالاها از: "}, {"@FromAnbar", "@ToAnbar", "انبارها از: "}},
       .goodGroups = false,
       .storeBeforeRange = true,
   };
@@ -127,11 +126,11 @@ const DetailCriteriaStyle& TGoodDetailTransaction_FRM::Style() const {
 
 void TGoodDetailTransaction_FRM::AddCriteria(DetailCriteria& criteria) {
   if (Groups_PNL.Code() != 0) {
-    criteria.Add("@GoodGroupCode = ", std::to_string(Groups_PNL.Code()));
+    criteria.Add("@GoodGroupCode", std::to_string(Groups_PNL.Code()));
     criteria.Say("گروه کالا : " + Groups_PNL.CodeAndName());
   }
-  criteria.Add("@StoreSeparation = ", StoresTotals_RDB.Checked() ? "0" : "1");
-  criteria.Add("@HaveAmount = ", TTab_Search_Frame1.TabIndex() == 0 ? "1" : "0");
+  criteria.Add("@StoreSeparation", StoresTotals_RDB.Checked() ? "0" : "1");
+  criteria.Add("@HaveAmount", TTab_Search_Frame1.TabIndex() == 0 ? "1" : "0");
   criteria.AddTitle(Search_PNL);
 }
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "host/core/text.h"
-#include "host/services/public_methods.h"
+#include "module/data/criteria_text.h"
 #include "module/framework/document_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
@@ -151,11 +151,9 @@ void TOneGoodDetailTransaction_FRM::FormClose() {
 
 void TOneGoodDetailTransaction_FRM::FormKeyDown(TKey& key) {
   if (key.Is(Key::F2)) {
-    key.Consume();
-    OpenInfo_BTN.Click();
+    Press(key, OpenInfo_BTN);
   } else if (key.IsCtrl(Key::F10) && ADVSearch_Fram1.ADVSearch_BTN.CanFocus()) {
-    key.Consume();
-    ADVSearch_Fram1.ADVSearch_BTN.Click();
+    Press(key, ADVSearch_Fram1.ADVSearch_BTN);
   } else if (key.Is(Key::F10) || key.IsCtrl(Key::F10)) {
     key.Consume();
     Search_PNL.GoodDetailSearch_CMB.SetFocus();
@@ -171,36 +169,19 @@ void TOneGoodDetailTransaction_FRM::SetProcParams(std::string& parameters) {
   parameters.clear();
   filterCaption_.clear();
   if (!shown_) return;
-  const auto add = [&parameters](const std::string& piece) { parameters = ADDParam(piece, parameters); };
-  const auto say = [this](const std::string& phrase) {
-    filterCaption_ = TGoodTransactions_DM::ADDFarsiFilter(phrase, filterCaption_);
-  };
-  const auto addOne = [&](const TSelectEntity_Search_Frame& frame, const char* name, const char* title) {
-    if (!frame.SelectEntity_CHK.Checked() || frame.CodeAsInt() <= 0) return;
-    const std::string code = std::to_string(frame.CodeAsInt());
-    add(name + code);
-    say(title + code + " - " + frame.TSelect_Entity_Frame1.EntityName());
-  };
-
-  add("@GoodCode = " + std::to_string(opened_.good));
-  add("@DetailValueID = " + std::to_string(opened_.detailValue));
+  CriteriaText criteria;
+  criteria.Add("@GoodCode", std::to_string(opened_.good));
+  criteria.Add("@DetailValueID", std::to_string(opened_.detailValue));
   if (const std::string& text = Search_PNL.Text(); !text.empty()) {
     const TitleSearchItem& item = Search_PNL.Item();
     const bool price = item.object == kUnitPriceItem || item.object == kTotalPriceItem;
-    add("@TitleID = " + std::to_string(item.object));
-    add("@Title = " + QuotedStr(price ? ReplaceAll(text, ",", "") : text));
-    say(item.text + " : " + text);
+    criteria.Add("@TitleID", std::to_string(item.object));
+    criteria.Add("@Title", QuotedStr(price ? ReplaceAll(text, ",", "") : text));
+    criteria.Say(item.text + " : " + text);
   }
-  if (!ADVSearch_Fram1.ADVSearch_CHK.Checked()) return;
-  addOne(Search_FRM.Person_Frame, "@PerCode = ", "شخص: ");
-  addOne(Search_FRM.Store_Frame, "@Anbar = ", "انبار: ");
-  const TRange_Date_Search_Frame& dates = Search_FRM.Date_Frame;
-  if (!dates.RangeDate_CHK.Checked()) return;
-  const std::string& from = dates.RangeDate_From_EDT.Text();
-  const std::string& to = dates.RangeDate_To_EDT.Text();
-  add("@FromDate = " + QuotedStr(from));
-  add("@ToDate = " + QuotedStr(to));
-  say("تاریخ از: " + from + " تا : " + to);
+  if (ADVSearch_Fram1.ADVSearch_CHK.Checked()) Search_FRM.AddCriteria(criteria);
+  parameters = std::move(criteria.parameters);
+  filterCaption_ = std::move(criteria.caption);
 }
 
 void TOneGoodDetailTransaction_FRM::Rerun(int mode) {

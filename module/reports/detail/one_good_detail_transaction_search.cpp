@@ -1,5 +1,7 @@
 #include "module/reports/detail/one_good_detail_transaction_search.h"
 
+#include "host/core/text.h"
+
 namespace goods {
 
 TOneGoodDetailTransactionSearch_FRM::TOneGoodDetailTransactionSearch_FRM(THost& host)
@@ -24,6 +26,23 @@ TOneGoodDetailTransactionSearch_FRM::TOneGoodDetailTransactionSearch_FRM(THost& 
 }
 
 TOneGoodDetailTransactionSearch_FRM::~TOneGoodDetailTransactionSearch_FRM() = default;
+
+void TOneGoodDetailTransactionSearch_FRM::AddCriteria(CriteriaText& criteria) const {
+  const auto addOne = [&](const TSelectEntity_Search_Frame& frame, const char* name, const char* title) {
+    if (!frame.SelectEntity_CHK.Checked() || frame.CodeAsInt() <= 0) return;
+    const std::string code = std::to_string(frame.CodeAsInt());
+    criteria.Add(name, code);
+    criteria.Say(title + code + " - " + frame.TSelect_Entity_Frame1.EntityName());
+  };
+  addOne(Person_Frame, "@PerCode", "شخص: ");
+  addOne(Store_Frame, "@Anbar", "انبار: ");
+  if (!Date_Frame.RangeDate_CHK.Checked()) return;
+  const std::string& from = Date_Frame.RangeDate_From_EDT.Text();
+  const std::string& to = Date_Frame.RangeDate_To_EDT.Text();
+  criteria.Add("@FromDate", QuotedStr(from));
+  criteria.Add("@ToDate", QuotedStr(to));
+  criteria.Say("تاریخ از: " + from + " تا : " + to);
+}
 
 void TOneGoodDetailTransactionSearch_FRM::FormShow() {
   TBaseSearch_FRM::FormShow();

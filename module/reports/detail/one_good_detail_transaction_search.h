@@ -6,6 +6,7 @@
 #include "host/base/base_search.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/select_entity_search_frame.h"
+#include "module/data/criteria_text.h"
 
 namespace goods {
 
@@ -14,6 +15,9 @@ class TOneGoodDetailTransactionSearch_FRM : public TBaseSearch_FRM {
  public:
   explicit TOneGoodDetailTransactionSearch_FRM(THost& host);
   ~TOneGoodDetailTransactionSearch_FRM() override;
+
+  // Adds the criteria whose boxes are ticked; a code of 0 asks for nothing, dates are sent as they stand.
+  void AddCriteria(CriteriaText& criteria) const;
 
   void FormShow() override;
   void Del_BTNClick() override;

@@ -7,11 +7,11 @@
 #include "host/base/base_dock.h"
 #include "host/components/stored_properties.h"
 #include "host/frames/list_detail_frame.h"
+#include "module/data/criteria_text.h"
 #include "module/data/good_transactions_dm.h"
 #include "module/framework/delayed_search.h"
 #include "module/framework/groups_panel.h"
 #include "module/framework/title_search_panel.h"
-#include "module/reports/mismatch/criteria_text.h"
 
 namespace goods {
 

@@ -4,7 +4,7 @@
 #include "host/base/base_search.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/range_digit_search_frame.h"
-#include "module/reports/mismatch/criteria_text.h"
+#include "module/data/criteria_text.h"
 
 namespace goods {
 

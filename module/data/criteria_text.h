@@ -1,4 +1,4 @@
-// CriteriaText: the criteria of a mismatch report as they are put together, as parameters and in Persian.
+// CriteriaText: the criteria of a report as they are put together, as parameters and in Persian.
 #pragma once
 
 #include <string>
@@ -16,8 +16,10 @@ struct CriteriaText {
 
   // name as the procedure knows it; value as it goes out, quoted where it is a text.
   void Add(std::string_view name, std::string_view value) {
-    parameters = ADDParam(std::string(name) + " = " + std::string(value), parameters);
+    AddPiece(std::string(name) + " = " + std::string(value));
   }
+  // A piece with a spacing of its own.
+  void AddPiece(const std::string& piece) { parameters = ADDParam(piece, parameters); }
   void Say(std::string_view phrase) { caption = TGoodTransactions_DM::ADDFarsiFilter(phrase, caption); }
 };
 
