@@ -106,6 +106,10 @@ class Parser {
     if (Now().kind == TokenKind::Parameter) {
       argument.name = tokens_[at_++].text;
       ExpectSymbol("=");
+      // An end of a range that was left empty comes out so.
+      if (IsSymbol(",") || Now().kind == TokenKind::End) {
+        Fail("برای " + argument.name + " مقداری داده نشده است");
+      }
     }
     argument.value = Value();
     return argument;

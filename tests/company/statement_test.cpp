@@ -86,6 +86,8 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedText{"Exec P 'کالا", "متن بسته نشده است", 8},
         RefusedText{"Exec P 'کالا' x", "پس از پایان دستور چیزی افزوده است: «x»", 15},
         RefusedText{"Exec P 1,", "در این جا عدد، متن یا NULL لازم است", 10},
+        RefusedText{"Exec P @A = ,@B = 3", "برای @A مقداری داده نشده است", 13},
+        RefusedText{"Exec P @B = 3,@A = ", "برای @A مقداری داده نشده است", 20},
         RefusedText{"Exec P @A 1", "در این جا «=» لازم است", 11},
         RefusedText{"Exec P @ = 1", "پس از @ نام پارامتر نیست", 8},
         RefusedText{"Exec P 12abc", "عدد درست نوشته نشده است", 8},
