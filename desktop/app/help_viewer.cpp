@@ -62,7 +62,8 @@ HelpViewer::HelpViewer(QWidget* parent)
   connect(pages_, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
     if (item != nullptr) ShowPage(item->data(Qt::UserRole).toString());
   });
-  connect(text_, &QTextBrowser::sourceChanged, this, [this] { PageChanged(); });
+  connect(text_, &QTextBrowser::sourceChanged, this,
+          [this](const QUrl& source) { PageChanged(source.fileName()); });
   connect(search_, &QLineEdit::textChanged, this, [this] { Search(false, true); });
   MakeKeys();
 }
@@ -84,16 +85,15 @@ void HelpViewer::MakeKeys() {
 }
 
 void HelpViewer::ShowPage(const QString& file) {
-  if (Page() != file) text_->setSource(HelpUrl(file), QTextDocument::MarkdownResource);
+  if (page_ != file) text_->setSource(HelpUrl(file), QTextDocument::MarkdownResource);
 }
 
-QString HelpViewer::Page() const { return text_->source().fileName(); }
-
-void HelpViewer::PageChanged() {
+void HelpViewer::PageChanged(const QString& file) {
+  page_ = file;
   notFound_->hide();
   for (int row = 0; row < pages_->count(); ++row) {
     const QListWidgetItem& item = *pages_->item(row);
-    if (item.data(Qt::UserRole).toString() != Page()) continue;
+    if (item.data(Qt::UserRole).toString() != page_) continue;
     pages_->setCurrentRow(row);
     setWindowTitle("راهنما — " + item.text());
   }

@@ -20,17 +20,18 @@ class HelpViewer : public QDialog {
 
   // file: of HelpPages().
   void ShowPage(const QString& file);
-  QString Page() const;
+  const QString& Page() const { return page_; }
 
  private:
   void MakeKeys();
-  void PageChanged();
+  void PageChanged(const QString& file);
   void Search(bool backwards, bool stay);
 
   QListWidget* pages_;
   HelpText* text_;
   QLineEdit* search_;
   QLabel* notFound_;
+  QString page_;
 };
 
 // Shows the page over that window, in the viewer that it has already, if any.

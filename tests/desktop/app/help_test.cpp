@@ -1,0 +1,199 @@
+// F1 and the help pages: the real library, the real windows, a real company.
+#include <QAction>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <map>
+
+#include "desktop/app/help_book.h"
+#include "desktop/app/help_viewer.h"
+#include "desktop/app/main_window.h"
+#include "desktop/app/report_catalog.h"
+#include "tests/desktop/app/kit.h"
+
+namespace goods {
+namespace {
+
+const std::map<std::string, QString> kPageOfExport{
+    {"Open_GoodAmountAsset", "turnover-list.md"},
+    {"Open_GoodCashAsset", "turnover-money.md"},
+    {"Open_GoodTrans_Overall", "overall-turnover.md"},
+    {"Open_GoodsAsset_Store", "store-stock.md"},
+    {"Open_GoodKardex", "stock-card.md"},
+    {"Open_KardexSearch", "row-search.md"},
+    {"Open_KardexNegativ", "negative-card.md"},
+    {"Open_DetailTransactions", "detail-stock.md"},
+    {"Open_SearchInDetailTransactions", "detail-search.md"},
+    {"Open_DetailKardexAsset_Dismatch", "detail-mismatch.md"},
+};
+
+QByteArray PageText(const QString& file) {
+  QFile page(":/help/fa/" + file);
+  return page.open(QIODevice::ReadOnly) ? page.readAll() : QByteArray();
+}
+
+HelpViewer* ViewerOf(QWidget& window) {
+  return window.findChild<HelpViewer*>("Help_FRM", Qt::FindDirectChildrenOnly);
+}
+
+QTextBrowser& TextOf(HelpViewer& viewer) { return *viewer.findChild<QTextBrowser*>("Page_TXT"); }
+
+// F1 in the window; the page that shows, after Esc has closed it again and the window is as it was.
+QString PageAtF1(QWidget& window) {
+  const QWidget* focus = window.focusWidget();
+  PressKey(window, Qt::Key_F1);
+  HelpViewer* viewer = ViewerOf(window);
+  if (viewer == nullptr || !viewer->isVisible()) return "no help";
+  const QString page = viewer->Page();
+  PressKey(*viewer, Qt::Key_Escape);
+  EXPECT_FALSE(viewer->isVisible());
+  EXPECT_TRUE(window.isVisible());
+  Wait(30);
+  EXPECT_EQ(window.focusWidget(), focus);
+  return page;
+}
+
+class Help : public DesktopTest {
+ protected:
+  // A message would stand in the report's way: it fails the test instead.
+  DesktopHost& QuietHost() {
+    DesktopHost& host = HostFor("admin");
+    host.Messages().SetUnattended([](const ShownMessage& message) {
+      ADD_FAILURE() << message.text << '\n' << message.details;
+      return true;
+    });
+    return host;
+  }
+  // The page at F1 in the report; more steps may follow.
+  QString PageOfReport(MainWindow& main, const ReportEntry& entry, std::function<void(QWidget&)> more = {}) {
+    QString page;
+    WhileModal([&](QWidget& window) {
+      page = PageAtF1(window);
+      if (more) more(window);
+    });
+    main.OpenReport(entry);
+    RethrowFailure();
+    return page;
+  }
+  const ReportEntry& Entry(std::string_view exportName) {
+    for (const ReportEntry& entry : ReportCatalog()) {
+      if (entry.exportName == exportName) return entry;
+    }
+    throw std::runtime_error("not in the catalogue");
+  }
+};
+
+TEST_F(Help, F1ShowsThePageOfEachReportOfTheLibraryAndTheReportKeepsItsFocus) {
+  DesktopHost& host = QuietHost();
+  MainWindow main(host, Module(), Settings(), "شرکت", "");
+  main.show();
+  for (const ReportEntry& entry : ReportCatalog()) {
+    ASSERT_TRUE(Module().Has(entry.exportName)) << entry.exportName;
+    EXPECT_EQ(PageOfReport(main, entry), kPageOfExport.at(entry.exportName)) << entry.exportName;
+  }
+}
+
+TEST_F(Help, ADialogOfAReportShowsTheReportsPage) {
+  DesktopHost& host = QuietHost();
+  MainWindow main(host, Module(), Settings(), "شرکت", "");
+  QString page;
+  PageOfReport(main, Entry("Open_GoodAmountAsset"), [&](QWidget& window) {
+    WhileModal([&](QWidget& dialog) { page = PageAtF1(dialog); });
+    PressKey(window, Qt::Key_F10, Qt::ControlModifier);
+  });
+  EXPECT_EQ(page, "turnover-list.md");
+}
+
+TEST_F(Help, AReportThatAReportOpensShowsItsOwnPage) {
+  DesktopHost& host = QuietHost();
+  MainWindow main(host, Module(), Settings(), "شرکت", "");
+  QString page;
+  const auto drillDown = [&](QWidget& window) {
+    ASSERT_GT(FormOf(window).Name().size(), 0U);
+    WhileModal([&](QWidget& opened) { page = PageAtF1(opened); });
+    PressKey(window, Qt::Key_F2);
+  };
+  PageOfReport(main, Entry("Open_DetailTransactions"), drillDown);
+  EXPECT_EQ(page, "one-good-detail.md");
+  PageOfReport(main, Entry("Open_DetailKardexAsset_Dismatch"), drillDown);
+  EXPECT_EQ(page, "operation-mismatch.md");
+}
+
+TEST_F(Help, OnTheMainWindowAndInTheHelpItselfItIsTheIndex) {
+  DesktopHost& host = QuietHost();
+  MainWindow main(host, Module(), Settings(), "شرکت", "");
+  main.show();
+  EXPECT_EQ(PageAtF1(main), kHelpIndex);
+  HelpViewer* viewer = ViewerOf(main);
+  main.findChild<QAction*>("Help_ACT")->trigger();
+  EXPECT_TRUE(viewer->isVisible());
+  viewer->ShowPage("stock-card.md");
+  PressKey(*viewer, Qt::Key_F1);
+  EXPECT_EQ(viewer->Page(), kHelpIndex);
+  EXPECT_EQ(main.findChildren<HelpViewer*>().size(), 1);
+}
+
+TEST(HelpPagesTest, EachHasATitleLinksThatLeadToPagesAndPicturesThatAreThere) {
+  EXPECT_EQ(HelpPages().size(), 13U);
+  static const QRegularExpression kTarget(R"(\]\(([^)#]+)\))");
+  for (const HelpPage& page : HelpPages()) {
+    const QString text = QString::fromUtf8(PageText(page.file));
+    ASSERT_TRUE(text.startsWith("# " + page.title)) << FromQt(page.file);
+    auto match = kTarget.globalMatch(text);
+    while (match.hasNext()) {
+      const QString target = HelpUrl(page.file).resolved(QUrl(match.next().captured(1))).path();
+      EXPECT_TRUE(QFile::exists(":" + target)) << FromQt(page.file) << ": " << FromQt(target);
+    }
+  }
+}
+
+TEST(HelpPagesTest, EachReadsFromRightToLeftAsItIsShown) {
+  HelpViewer viewer(nullptr);
+  viewer.show();
+  for (const HelpPage& page : HelpPages()) {
+    viewer.ShowPage(page.file);
+    const QTextDocument& shown = *TextOf(viewer).document();
+    ASSERT_GT(shown.blockCount(), 5) << FromQt(page.file);
+    for (QTextBlock block = shown.begin(); block.isValid(); block = block.next())
+      ASSERT_EQ(block.textDirection(), Qt::RightToLeft) << FromQt(page.file + ": " + block.text());
+  }
+}
+
+TEST(HelpPagesTest, TheListChoosesPagesAndFollowsLinks) {
+  HelpViewer viewer(nullptr);
+  viewer.show();
+  auto& list = *viewer.findChild<QListWidget*>("Pages_LST");
+  viewer.ShowPage(kHelpIndex);
+  EXPECT_EQ(list.currentRow(), 0);
+  list.setCurrentRow(1);
+  EXPECT_EQ(viewer.Page(), "turnover-list.md");
+  TextOf(viewer).setSource(QUrl("turnover-money.md"));
+  EXPECT_EQ(viewer.Page(), "turnover-money.md");
+  EXPECT_EQ(list.currentRow(), 2);
+  EXPECT_TRUE(viewer.windowTitle().endsWith("موجودی ریالی"));
+}
+
+TEST(HelpPagesTest, SearchFindsInEitherWayOfWritingAndTellsWhatIsNotThere) {
+  HelpViewer viewer(nullptr);
+  viewer.show();
+  viewer.ShowPage("stock-card.md");
+  auto& edit = *viewer.findChild<QLineEdit*>("Search_EDT");
+  const auto found = [&] { return TextOf(viewer).textCursor().selectedText(); };
+  edit.setText("ميانگين موزون متحرك");  // with the yeh and kaf of Arabic keyboards
+  EXPECT_EQ(found(), "میانگین موزون متحرک");
+  edit.setText("509");
+  EXPECT_EQ(found(), "۵۰۹");
+  const int first = TextOf(viewer).textCursor().position();
+  PressKey(edit, Qt::Key_Return);
+  EXPECT_EQ(found(), "۵۰۹");
+  EXPECT_GT(TextOf(viewer).textCursor().position(), first);
+  edit.setText("هواپیما");
+  EXPECT_FALSE(viewer.findChild<QLabel*>()->text().isEmpty());
+}
+
+}  // namespace
+}  // namespace goods
