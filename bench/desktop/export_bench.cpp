@@ -1,5 +1,5 @@
-// The time from the call of an export to the first painting of its window, beside a bare dialog with as many
-// widgets: the window made anew, and the kept window shown again.
+// The time from the call of each export to the first painting of its window, beside a bare dialog with as
+// many widgets: the window made anew, and a kept window shown again.
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
@@ -74,6 +74,36 @@ Desktop& TheDesktop() {
   return desktop;
 }
 
+struct OpenedWindow {
+  const char* name;
+  void (*open)(Desktop& desktop);
+  bool kept;  // shown again by the next call
+};
+
+constexpr OpenedWindow kWindows[] = {
+    {"Open_GoodKardex", [](Desktop& desktop) { desktop.module->Call("Open_GoodKardex"); }, true},
+    {"Open_Kardex", [](Desktop& desktop) { desktop.module->OpenKardex(desktop.good, 0, "", ""); }, true},
+    {"Open_KardexSearch", [](Desktop& desktop) { desktop.module->Call("Open_KardexSearch"); }, false},
+    {"Open_KardexNegativ", [](Desktop& desktop) { desktop.module->OpenKardexNegativ("1", "0", "0"); }, false},
+    {"Open_GoodAmountAsset", [](Desktop& desktop) { desktop.module->Call("Open_GoodAmountAsset"); }, true},
+    {"Open_GoodCashAsset", [](Desktop& desktop) { desktop.module->Call("Open_GoodCashAsset"); }, true},
+    {"Open_GoodTrans_Overall", [](Desktop& desktop) { desktop.module->Call("Open_GoodTrans_Overall"); },
+     false},
+    {"Open_GoodsAsset_Store", [](Desktop& desktop) { desktop.module->Call("Open_GoodsAsset_Store"); }, false},
+    {"Open_DetailTransactions", [](Desktop& desktop) { desktop.module->Call("Open_DetailTransactions"); },
+     false},
+    {"Open_GoodDetailTransactions",
+     [](Desktop& desktop) {
+       desktop.module->OpenGoodDetailTransactions(desktop.good, false, 0, false, "", "", false, "", false,
+                                                  "");
+     },
+     false},
+    {"Open_SearchInDetailTransactions",
+     [](Desktop& desktop) { desktop.module->Call("Open_SearchInDetailTransactions"); }, false},
+    {"Open_DetailKardexAsset_Dismatch",
+     [](Desktop& desktop) { desktop.module->Call("Open_DetailKardexAsset_Dismatch"); }, false},
+};
+
 template <typename Open>
 void Measure(benchmark::State& state, Open&& open) {
   FirstPaint paint;
@@ -85,30 +115,30 @@ void Measure(benchmark::State& state, Open&& open) {
   state.counters["widgets"] = paint.Widgets();
 }
 
-void NewStockCard(benchmark::State& state) {
+// The statements that run before the first painting are part of the time.
+void MadeAnew(benchmark::State& state, const OpenedWindow& window) {
   Desktop& desktop = TheDesktop();
   Measure(state, [&] {
     desktop.module->Attach(*desktop.host);
-    desktop.module->OpenKardex(desktop.good, 0, "", "");
+    window.open(desktop);
     desktop.module->Detach();
   });
 }
-BENCHMARK(NewStockCard)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-void KeptStockCard(benchmark::State& state) {
+void ShownAgain(benchmark::State& state, const OpenedWindow& window) {
   Desktop& desktop = TheDesktop();
   desktop.module->Attach(*desktop.host);
-  Measure(state, [&] { desktop.module->OpenKardex(desktop.good, 0, "", ""); });
+  Measure(state, [&] { window.open(desktop); });
   desktop.module->Detach();
 }
-BENCHMARK(KeptStockCard)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-// As many plain widgets as the stock card has.
-void BareDialog(benchmark::State& state) {
+// As many plain widgets as the window has.
+void BareDialog(benchmark::State& state, const OpenedWindow& window) {
   Desktop& desktop = TheDesktop();
   FirstPaint paint;
   desktop.module->Attach(*desktop.host);
-  desktop.module->OpenKardex(desktop.good, 0, "", "");
+  paint.Start();
+  window.open(desktop);
   desktop.module->Detach();
   const int widgets = paint.Widgets();
   Measure(state, [&] {
@@ -119,7 +149,20 @@ void BareDialog(benchmark::State& state) {
     dialog.exec();
   });
 }
-BENCHMARK(BareDialog)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+void Register() {
+  for (const OpenedWindow& window : kWindows) {
+    const auto add = [&window](const char* kind, void (*run)(benchmark::State&, const OpenedWindow&)) {
+      benchmark::RegisterBenchmark((std::string(window.name) + kind).c_str(),
+                                   [&window, run](benchmark::State& state) { run(state, window); })
+          ->UseManualTime()
+          ->Unit(benchmark::kMillisecond);
+    };
+    add("/new", MadeAnew);
+    if (window.kept) add("/kept", ShownAgain);
+    add("/bare", BareDialog);
+  }
+}
 
 }  // namespace
 }  // namespace goods
@@ -129,6 +172,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   goods::ApplyTheme(application, goods::ThemeMode::Light);
   benchmark::Initialize(&argc, argv);
+  goods::Register();
   benchmark::RunSpecifiedBenchmarks();
   return 0;
 }
