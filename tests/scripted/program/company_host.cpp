@@ -5,9 +5,12 @@
 #ifdef GOODS_WITH_COMPANY
 
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "company/company.h"
+#include "host/core/text.h"
 
 namespace goods {
 namespace {
@@ -15,7 +18,13 @@ namespace {
 std::optional<ScriptedLookups::Entity> Find(ICompany& company, EntityType type, std::int64_t code) {
   const auto found = company.FindEntity(static_cast<EntityKind>(type), code);
   if (!found) return std::nullopt;
-  return ScriptedLookups::Entity{{"Name", found->name}, {"Unit", found->unit}, {"Unit2", found->unit2}};
+  ScriptedLookups::Entity entity{{"Name", found->name}, {"Unit", found->unit}, {"Unit2", found->unit2}};
+  if (type != EntityType::Good) return entity;
+  constexpr const char* kDetailFields = "UnitKind;D1Title;D2Title;D3Title;D4Title;D5Title";
+  const auto values = company.Lookup("GoodInf", "Code", std::to_string(code), kDetailFields);
+  const std::vector<std::string> names = Split(kDetailFields, ';');
+  for (std::size_t i = 0; values && i < names.size(); ++i) entity[names[i]] = (*values)[i];
+  return entity;
 }
 
 }  // namespace
