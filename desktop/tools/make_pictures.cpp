@@ -14,6 +14,7 @@
 #include "desktop/app/report_catalog.h"
 #include "desktop/app/settings_dialog.h"
 #include "desktop/app/sign_in.h"
+#include "desktop/tools/picture_scenes_reports.h"
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
@@ -197,6 +198,7 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
       PictureStockCards(pictures, host, company->ListBusyGoods(1).at(0));
       PictureRowSearch(pictures);
       if (module.Has("Open_GoodAmountAsset")) PictureTurnover(pictures, host);
+      PictureReports({module, host, [&](QWidget& window, const char* name) { pictures.Save(window, name); }});
     } else {
       MainWindow window(host, module, settings, ToQt(company->Title()), "");
       window.resize(1200, 760);

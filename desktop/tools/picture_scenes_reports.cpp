@@ -1,0 +1,169 @@
+#include "desktop/tools/picture_scenes_reports.h"
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "desktop/tools/window_driver.h"
+#include "desktop/views/form_view.h"
+#include "host/components/edit.h"
+#include "host/components/grid.h"
+#include "host/components/standard.h"
+#include "host/components/tabs.h"
+
+namespace goods {
+namespace {
+
+using Steps = std::function<void(QWidget&)>;
+
+constexpr int kSettle = 500;  // milliseconds: longer than a search waits for further keys
+
+template <typename Kind>
+Kind& Component(QWidget& window, const char* path) {
+  auto* found = dynamic_cast<Kind*>(dynamic_cast<FormView&>(window).Form().FindComponent(path));
+  if (found == nullptr) throw std::runtime_error(std::string("no component ") + path);
+  return *found;
+}
+
+void Open(const ReportScenes& scenes, const char* exportName, Steps steps) {
+  WhileModal([&scenes, steps](QWidget& window) {
+    window.resize(scenes.size);
+    Wait(kSettle);
+    steps(window);
+  });
+  scenes.module.Call(exportName);
+  RethrowFailure();
+}
+
+void Preview(const ReportScenes& scenes, QWidget& window, const char* name) {
+  WhileModal([&scenes, name](QWidget& preview) {
+    preview.resize(1200, 860);
+    Wait(600);
+    scenes.save(preview, name);
+  });
+  PressKey(window, Qt::Key_F9);
+}
+
+// The dialog of the criteria, closed again after the steps.
+void Criteria(QWidget& window, Steps steps) {
+  WhileModal(std::move(steps));
+  PressKey(window, Qt::Key_F10, Qt::ControlModifier);
+  Wait(kSettle);
+}
+
+void SetPeriod(QWidget& window, const char* from, const char* to) {
+  Component<TCheckBox>(window, "Period_PNL.Date_CHK").SetChecked(true);
+  for (const auto& [edit, date] : {std::pair("Date1_EDT", from), std::pair("Date2_EDT", to)}) {
+    Component<TEdit>(window, (std::string("Period_PNL.") + edit).c_str()).SetText(date);
+  }
+}
+
+void Run(QWidget& window) {
+  PressKey(window, Qt::Key_F2, Qt::ControlModifier);
+  Wait(kSettle);
+}
+
+// The first columns of the stores alone, as a user who prints chooses them.
+void KeepColumns(QWidget& window, std::size_t most) {
+  auto& grid = Component<TSmartDBGrid_QRT>(window, "GoodsAsset_Store_GRD");
+  std::size_t shown = 0;
+  for (TGridColumn* column : grid.VisibleColumns()) {
+    if (column->Customizable() && ++shown > most) column->SetVisible(false);
+  }
+}
+
+// The first run leaves the last row as the current one.
+void ShowFirstRows(QWidget& window) {
+  auto& grid = Component<TSmartDBGrid_QRT>(window, "GoodsAsset_Store_GRD");
+  grid.MoveTo(0);
+  Wait(kSettle);
+  grid.MoveTo(3);
+}
+
+void PictureStores(const ReportScenes& scenes) {
+  Open(scenes, "Open_GoodsAsset_Store", [&](QWidget& window) {
+    Run(window);
+    ShowFirstRows(window);
+    Wait(kSettle);
+    scenes.save(window, "store-asset");
+    KeepColumns(window, 8);
+    Run(window);
+    Preview(scenes, window, "store-asset-print");
+  });
+  TSettings& settings = scenes.host.Settings().Settings();
+  settings.SecondUnit = true;
+  Open(scenes, "Open_GoodsAsset_Store", [&](QWidget& window) {
+    SetPeriod(window, "1403/01/01", "1403/06/31");
+    Component<TCheckBox>(window, "Period_PNL.AvalDore_CHK").SetChecked(true);
+    Run(window);
+    ShowFirstRows(window);
+    Wait(kSettle);
+    scenes.save(window, "store-asset-before-period");
+  });
+  settings.SecondUnit = false;
+}
+
+void PictureOverall(const ReportScenes& scenes) {
+  Open(scenes, "Open_GoodTrans_Overall", [&](QWidget& window) {
+    SetPeriod(window, "1403/01/01", "1403/12/30");
+    Run(window);
+    scenes.save(window, "overall-turnover-money");
+    Component<TPageControl>(window, "Mojodi_PGC").SetActivePageIndex(1);
+    Wait(kSettle);
+    scenes.save(window, "overall-turnover-quantity");
+    Preview(scenes, window, "overall-turnover-print");
+  });
+}
+
+void PictureDetails(const ReportScenes& scenes) {
+  Open(scenes, "Open_DetailTransactions", [&](QWidget& window) {
+    Component<TRadioButton>(window, "StoresSeparations_RDB").SetChecked(true);
+    Wait(2 * kSettle);
+    PressKey(window, Qt::Key_F10);
+    scenes.save(window, "detail-stock");
+    WhileModal([&](QWidget& good) {
+      good.resize(scenes.size);
+      Wait(kSettle);
+      scenes.save(good, "detail-one-good");
+    });
+    Component<TButton>(window, "OpenInfo_BTN").Click();
+  });
+  Open(scenes, "Open_SearchInDetailTransactions", [&](QWidget& window) {
+    Criteria(window, [&](QWidget& dialog) {
+      for (int row = 2; row <= 5; ++row) {
+        const std::string list = "GoodDetailSelectSearch" + std::to_string(row) + "_CMB";
+        Component<TComboBox>(dialog, list.c_str()).SetItemIndex(row);
+      }
+      Wait(kSettle);
+      scenes.save(dialog, "detail-criteria");
+    });
+    TypeText(window, "GoodDetailSearch_EDT", "روغن");
+    Wait(3 * kSettle);
+    scenes.save(window, "detail-search");
+  });
+}
+
+void PictureMismatches(const ReportScenes& scenes) {
+  Open(scenes, "Open_DetailKardexAsset_Dismatch", [&](QWidget& window) {
+    Component<TRadioButton>(window, "StoresSeparations_RDB").SetChecked(true);
+    Wait(kSettle);
+    scenes.save(window, "mismatch-kardex");
+    WhileModal([&](QWidget& rows) {
+      Wait(kSettle);
+      Criteria(rows, [&](QWidget& dialog) { scenes.save(dialog, "mismatch-criteria"); });
+      scenes.save(rows, "mismatch-operation");
+    });
+    PressKey(window, Qt::Key_F2);
+  });
+}
+
+}  // namespace
+
+void PictureReports(const ReportScenes& scenes) {
+  PictureStores(scenes);
+  PictureOverall(scenes);
+  PictureDetails(scenes);
+  PictureMismatches(scenes);
+}
+
+}  // namespace goods
