@@ -14,6 +14,7 @@ namespace {
 constexpr int kWidestPicture = 880;
 constexpr int kNarrowestPicture = 240;
 constexpr int kPageMargin = 18;
+constexpr int kScrollBarRoom = 24;
 constexpr int kCellPadding = 5;
 constexpr int kSettleMs = 150;
 
@@ -44,6 +45,18 @@ QRegularExpression Reading(const QString& text) {
       pattern, QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
 }
 
+// A table of Qt's has its first column at the left, whatever the direction of its text.
+QByteArray FirstColumnLast(const QByteArray& page) {
+  QList<QByteArray> lines = page.split('\n');
+  for (QByteArray& line : lines) {
+    if (!line.startsWith('|')) continue;
+    QList<QByteArray> cells = line.mid(1, line.lastIndexOf('|') - 1).split('|');
+    std::reverse(cells.begin(), cells.end());
+    line = '|' + cells.join('|') + '|';
+  }
+  return lines.join('\n');
+}
+
 }  // namespace
 
 HelpText::HelpText(QWidget* parent) : QTextBrowser(parent) {
@@ -61,11 +74,13 @@ HelpText::HelpText(QWidget* parent) : QTextBrowser(parent) {
 }
 
 int HelpText::PictureWidth() const {
-  return std::clamp(viewport()->width() - 2 * kPageMargin - 8, kNarrowestPicture, kWidestPicture);
+  return std::clamp(viewport()->width() - 2 * kPageMargin - kScrollBarRoom, kNarrowestPicture,
+                    kWidestPicture);
 }
 
 QVariant HelpText::loadResource(int type, const QUrl& name) {
-  if (type != QTextDocument::ImageResource) return QTextBrowser::loadResource(type, name);
+  if (type != QTextDocument::ImageResource)
+    return FirstColumnLast(QTextBrowser::loadResource(type, name).toByteArray());
   const QUrl full = name.isRelative() ? source().resolved(name) : name;
   QImage picture(":" + full.path());
   if (picture.isNull()) return {};
@@ -90,18 +105,22 @@ void HelpText::resizeEvent(QResizeEvent* event) {
 // A line that begins with the name of a key would read from left to right, and tables stand that way by
 // default.
 void HelpText::Arrange() {
+  QTextOption option = document()->defaultTextOption();
+  option.setTextDirection(Qt::RightToLeft);
+  document()->setDefaultTextOption(option);
   QTextCursor all(document());
   all.select(QTextCursor::Document);
   QTextBlockFormat rightToLeft;
   rightToLeft.setLayoutDirection(Qt::RightToLeft);
-  rightToLeft.setLineHeight(130, QTextBlockFormat::ProportionalHeight);
   all.mergeBlockFormat(rightToLeft);
   for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
     auto* table = qobject_cast<QTextTable*>(frame);
     if (table == nullptr) continue;
     QTextTableFormat format = table->format();
-    format.setLayoutDirection(Qt::RightToLeft);
     format.setBorderCollapse(true);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorder(1);
+    format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
     format.setBorderBrush(palette().mid());
     format.setCellPadding(kCellPadding);
     format.setCellSpacing(0);

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <map>
 
 #include "desktop/app/help_book.h"
@@ -160,6 +161,22 @@ TEST(HelpPagesTest, EachReadsFromRightToLeftAsItIsShown) {
     ASSERT_GT(shown.blockCount(), 5) << FromQt(page.file);
     for (QTextBlock block = shown.begin(); block.isValid(); block = block.next())
       ASSERT_EQ(block.textDirection(), Qt::RightToLeft) << FromQt(page.file + ": " + block.text());
+  }
+}
+
+TEST(HelpPagesTest, TheFirstColumnOfATableStandsAtTheRight) {
+  HelpViewer viewer(nullptr);
+  viewer.show();
+  viewer.ShowPage(kHelpIndex);
+  for (const QTextFrame* frame : TextOf(viewer).document()->rootFrame()->childFrames()) {
+    const auto* table = qobject_cast<const QTextTable*>(frame);
+    ASSERT_NE(table, nullptr);
+    ASSERT_EQ(table->columns(), 2);
+    const auto cell = [&](int column) {
+      return table->cellAt(0, column).firstCursorPosition().block().text();
+    };
+    EXPECT_TRUE((QStringList{"پرسش", "کلید", "بخش"}.contains(cell(1)))) << FromQt(cell(1));
+    EXPECT_TRUE((QStringList{"گزارش", "کار"}.contains(cell(0)))) << FromQt(cell(0));
   }
 }
 
