@@ -134,11 +134,22 @@ void PictureDetails(const ReportScenes& scenes) {
         const std::string list = "GoodDetailSelectSearch" + std::to_string(row) + "_CMB";
         Component<TComboBox>(dialog, list.c_str()).SetItemIndex(row);
       }
+      Component<TComboBox>(dialog, "GoodDetail2_CMB").SetItemIndex(2);
+      for (const auto& [edit, text] : {std::pair("FromGoodDetail3_EDT", "10"),
+                                       {"ToGoodDetail3_EDT", "30"},
+                                       {"FromGoodDetail4_EDT", "2"},
+                                       {"ToGoodDetail4_EDT", "5"},
+                                       {"FromGoodDetailDate5_EDT", "1404/01/01"},
+                                       {"ToGoodDetailDate5_EDT", "1404/12/29"}}) {
+        Component<TEdit>(dialog, edit).SetText(text);
+      }
       Wait(kSettle);
       scenes.save(dialog, "detail-criteria");
     });
-    TypeText(window, "GoodDetailSearch_EDT", "روغن");
+    TypeText(window, "GoodDetailSearch_EDT", "برنج");
     Wait(3 * kSettle);
+    Component<TSmartDBGrid_QRT>(window, "AllGoodDetailTrans_List_GRD").MoveTo(2);
+    Wait(kSettle);
     scenes.save(window, "detail-search");
   });
 }

@@ -186,6 +186,9 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       painter->setBrush(Qt::NoBrush);
       painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
       return;
+    case PE_PanelScrollAreaCorner:
+      painter->fillRect(option->rect, CurrentTheme().window);
+      return;
     case PE_FrameFocusRect:
       return;  // the focus shows in the control's own border
     default:
