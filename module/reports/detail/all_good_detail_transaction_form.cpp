@@ -67,8 +67,9 @@ void TAllGoodDetailTransaction_FRM::DeclareColumns() {
                         bool visible = true) -> TGridColumn& {
     return grid.AddColumn(field, caption).SetWidth(width).SetVisible(visible);
   };
-  const auto number = [&](const char* field, const char* caption, std::string_view format, int width) {
-    grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
+  const auto number = [&](const char* field, const char* caption, std::string_view format,
+                          int width) -> TGridColumn& {
+    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
   };
 
   text("OperationDate", "تاریخ", 94);
@@ -84,8 +85,8 @@ void TAllGoodDetailTransaction_FRM::DeclareColumns() {
   text("DetailValues", "جـــــزئیات", 250).SetAutoFit(true);
   text("fullname", "نام شخص", 116);
   text("Comment", "شرح", 200).SetAutoFit(true);
-  number("Varede", "مقدار وارده", kQuantityFormat, 55);
-  number("Sadere", "مقدار صادره", kQuantityFormat, 53);
+  number("Varede", "مقدار وارده", kQuantityFormat, 55).SetAutoFit(true);
+  number("Sadere", "مقدار صادره", kQuantityFormat, 53).SetAutoFit(true);
   number("Amount", "مبلغ واحد", kAmountFormat, 100);
   number("TotalAmount", "مبلغ کل", kAmountFormat, 100);
 }
