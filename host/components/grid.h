@@ -133,7 +133,8 @@ class TSmartDBGrid_QRT : public TControl {
   bool ShowFooter = true;
   bool ShowRowNumbers = false;
   bool RightAligned = true;  // the first column stands at the right
-  // So many columns, from the first and with the hidden ones among them, stay in sight when scrolled sideways.
+  // So many columns, from the first and with the hidden ones among them, stay in sight when scrolled
+  // sideways.
   int FixedColumns = 0;
   const std::string& EmptyText() const { return emptyText_; }
   void SetEmptyText(std::string text);
