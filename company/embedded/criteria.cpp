@@ -91,17 +91,18 @@ std::optional<Criterion> ReadCriterion(std::string_view declaration) {
   criterion.parameters.push_back(Written("parameter " + exclusion + " integer default 0", *words));
   criterion.condition =
       Written("(" + asksNothing + " OR ifnull(" + test + ", 0) = (" + exclusion + " IS NOT 1))", *words);
+  criterion.given = Written(range ? "@From{F} or @To{F}" : "@{F}", *words);
   return criterion;
 }
 
-bool PutCriteria(std::string& body, const std::vector<std::string>& conditions) {
+bool PutCriteria(std::string& body, const std::vector<Criterion>& criteria) {
   const std::size_t place = body.find(kPlace);
   if (place == std::string::npos) return false;
-  std::string joined;
-  for (const std::string& condition : conditions) {
-    joined += (joined.empty() ? "" : "\n  AND ") + condition;
+  std::string joined = "1\n";
+  for (const Criterion& criterion : criteria) {
+    joined += "  AND " + criterion.condition + "  -- when " + criterion.given + "\n";
   }
-  body.replace(place, kPlace.size(), joined.empty() ? "1" : joined);
+  body.replace(place, kPlace.size(), joined);
   return true;
 }
 

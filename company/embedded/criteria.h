@@ -28,13 +28,14 @@ std::string_view TakeWord(std::string_view& line);
 struct Criterion {
   std::vector<std::string> parameters;  // declarations, as in a procedure file
   std::string condition;                // SQL, in parentheses
+  std::string given;                    // when it asks anything at all, as conditional lines say it
 };
 
 // The declaration behind the word "criterion"; none when it is no such line.
 std::optional<Criterion> ReadCriterion(std::string_view declaration);
 
-// Puts the conditions, joined with AND, in the place of {criteria}; no conditions are true. Returns whether
-// the body has such a place.
-bool PutCriteria(std::string& body, const std::vector<std::string>& conditions);
+// Puts the conditions, joined with AND, in the place of {criteria}, each on a line that stands in the calls
+// that give its parameters; no conditions are true. Returns whether the body has such a place.
+bool PutCriteria(std::string& body, const std::vector<Criterion>& criteria);
 
 }  // namespace goods

@@ -61,8 +61,8 @@ DerivedColumn ReadDerivation(const Procedure& procedure, std::string_view line) 
   return derived;
 }
 
-// Conditions of the criteria are added to conditions.
-void ReadDeclaration(Procedure& procedure, std::string_view line, std::vector<std::string>& conditions) {
+// Criteria are added to criteria.
+void ReadDeclaration(Procedure& procedure, std::string_view line, std::vector<Criterion>& criteria) {
   const std::string_view whole = line;
   const std::string_view kind = TakeWord(line);
   if (kind == "parameter") {
@@ -85,9 +85,9 @@ void ReadDeclaration(Procedure& procedure, std::string_view line, std::vector<st
     std::optional<Criterion> criterion = ReadCriterion(line);
     if (!criterion) Broken(procedure.name, whole);
     for (const std::string& parameter : criterion->parameters) {
-      ReadDeclaration(procedure, parameter, conditions);
+      ReadDeclaration(procedure, parameter, criteria);
     }
-    conditions.push_back(std::move(criterion->condition));
+    criteria.push_back(std::move(*criterion));
   } else if (kind == "condition") {
     std::string name(TakeWord(line));
     if (line.empty()) Broken(procedure.name, whole);
@@ -152,14 +152,14 @@ Procedure ReadProcedure(std::string_view name, std::string_view text) {
   Procedure procedure;
   procedure.name = name;
   procedure.body = WithParts(name, text);
-  std::vector<std::string> conditions;
+  std::vector<Criterion> criteria;
   for (std::string_view rest = procedure.body; !rest.empty();) {
     const std::size_t end = rest.find('\n');
     const std::string_view line = Trim(rest.substr(0, end));
-    if (line.starts_with("--")) ReadDeclaration(procedure, Trim(line.substr(2)), conditions);
+    if (line.starts_with("--")) ReadDeclaration(procedure, Trim(line.substr(2)), criteria);
     rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
   }
-  if (!PutCriteria(procedure.body, conditions) && !conditions.empty()) Broken(name, "{criteria}");
+  if (!PutCriteria(procedure.body, criteria) && !criteria.empty()) Broken(name, "{criteria}");
   return procedure;
 }
 

@@ -19,6 +19,7 @@
 -- parameter @EffectiveDate2 text default null
 -- parameter @StoreCode integer default null
 -- parameter @NotStoreCode integer default 0
+-- condition workedOut @EffectiveDate1 or @EffectiveDate2 or @StoreCode
 -- criterion codes tags on g.Tags
 -- criterion codes category_code on g.category_code
 -- criterion equals Code integer on g.Code
@@ -100,7 +101,8 @@ SELECT g.GrpCode,
        g.SMSCode,
        u.Name,
        u2.Name,
-       dec_mul(f.Mogodi, f.gheymat_miangin),
+       f.Jam_Kol,  -- unless workedOut
+       dec_mul(f.Mogodi, f.gheymat_miangin),  -- when workedOut
        g.Position,
        ifnull(dec_rest(f.Mogodi, nullif(g.Meghdar_Formool, 0)), f.Mogodi),
        g.MinAva,
@@ -114,8 +116,8 @@ SELECT g.GrpCode,
        c2.ColorText,
        c3.ColorText
 FROM GoodInf g
-CROSS JOIN GoodStock f ON f.Kala = g.Code  -- unless @EffectiveDate1 or @EffectiveDate2 or @StoreCode
-CROSS JOIN stock_figures(g.Code, @EffectiveDate1, @EffectiveDate2, @StoreCode, @NotStoreCode) f  -- when @EffectiveDate1 or @EffectiveDate2 or @StoreCode
+CROSS JOIN GoodStock f ON f.Kala = g.Code  -- unless workedOut
+CROSS JOIN stock_figures(g.Code, @EffectiveDate1, @EffectiveDate2, @StoreCode, @NotStoreCode) f  -- when workedOut
 LEFT JOIN Units u ON u.Code = g.Unit
 LEFT JOIN Units u2 ON u2.Code = g.Unit2
 LEFT JOIN RialiStock r ON r.Kala = g.Code
@@ -125,16 +127,16 @@ LEFT JOIN TagS t2 ON t2.Code = code_at(g.Tags, 2)
 LEFT JOIN colors c2 ON c2.code = t2.color_code
 LEFT JOIN TagS t3 ON t3.Code = code_at(g.Tags, 3)
 LEFT JOIN colors c3 ON c3.code = t3.color_code
-WHERE (ifnull(@GrpCode, 0) = 0 OR g.GrpCode = @GrpCode)
-  AND (@Inlist IS NOT 1 OR ifnull(@SelectedCode, 0) = 0 OR
-       (g.Code IN (SELECT l.Kala FROM SelectedListGoods l WHERE l.ListCode = @SelectedCode)) = (@invertList IS NOT 1))
-  AND CASE ifnull(@GoodExistType, 0)
-        WHEN 0 THEN 1
-        WHEN 1 THEN dec_cmp(f.Mogodi, 0) > 0
-        WHEN 2 THEN dec_cmp(f.Mogodi, 0) < 0
-        WHEN 3 THEN f.OperationDate = ''
-        WHEN 4 THEN f.Mogodi = 0
-        WHEN 5 THEN dec_cmp(f.Mogodi, g.MinAva) < 0
-      END
-  AND {criteria}
+WHERE {criteria}
+  AND (ifnull(@GrpCode, 0) = 0 OR g.GrpCode = @GrpCode)  -- unless @GrpCode = 0
+  AND (@Inlist IS NOT 1 OR @SelectedCode = 0 OR  -- when @SelectedCode
+       (g.Code IN (SELECT l.Kala FROM SelectedListGoods l WHERE l.ListCode = @SelectedCode)) = (@invertList IS NOT 1))  -- when @SelectedCode
+  AND CASE ifnull(@GoodExistType, 0)  -- unless @GoodExistType = 0
+        WHEN 0 THEN 1  -- unless @GoodExistType = 0
+        WHEN 1 THEN dec_cmp(f.Mogodi, 0) > 0  -- unless @GoodExistType = 0
+        WHEN 2 THEN dec_cmp(f.Mogodi, 0) < 0  -- unless @GoodExistType = 0
+        WHEN 3 THEN f.OperationDate = ''  -- unless @GoodExistType = 0
+        WHEN 4 THEN f.Mogodi = 0  -- unless @GoodExistType = 0
+        WHEN 5 THEN dec_cmp(f.Mogodi, g.MinAva) < 0  -- unless @GoodExistType = 0
+      END  -- unless @GoodExistType = 0
 ORDER BY g.Code
