@@ -38,6 +38,13 @@ class DropBox : public QComboBox {
   }
 };
 
+// A Latin text stands where reading starts, as the others do.
+QString ItemText(const TComboItem& item) {
+  constexpr QChar kRightToLeftMark(0x200F);
+  const QString text = ShownText(item.Text);
+  return text.isEmpty() || text.isRightToLeft() ? text : kRightToLeftMark + text;
+}
+
 }  // namespace
 
 ComboView::ComboView(FormView& form, TComboBox& combo, QWidget* parent)
@@ -62,10 +69,10 @@ void ComboView::RefreshItems() {
   const auto& items = combo_.Items();
   bool same = widget_->count() == static_cast<int>(items.size());
   for (int i = 0; same && i < widget_->count(); ++i)
-    same = widget_->itemText(i) == ShownText(items[static_cast<std::size_t>(i)].Text);
+    same = widget_->itemText(i) == ItemText(items[static_cast<std::size_t>(i)]);
   if (same) return;
   widget_->clear();
-  for (const TComboItem& item : items) widget_->addItem(ShownText(item.Text));
+  for (const TComboItem& item : items) widget_->addItem(ItemText(item));
   widget_->setMaxVisibleItems(15);
 }
 
