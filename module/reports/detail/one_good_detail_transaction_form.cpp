@@ -38,11 +38,15 @@ void TOneGoodDetailTransaction_FRM::DeclareColumns() {
   grid.AddColumn("AnbarName", "انبار").SetWidth(120);
   grid.AddColumn("fullname", "نام شخص").SetWidth(122);
   grid.AddColumn("Comment", "شرح").SetWidth(189).SetAutoFit(true);
-  grid.AddColumn("Length", "طول").SetWidth(60).SetFooter(FooterKind::None);
+  grid.AddColumn("Length", "طول").SetWidth(60);
   grid.AddColumn("Width", "عرض").SetWidth(60);
-  grid.AddColumn("Amount3", "تعداد").SetWidth(70).SetFooter(FooterKind::Sum);
-  grid.AddColumn("Amount1", "مقدار").SetWidth(60).SetFooter(FooterKind::Sum);
-  grid.AddColumn("Amount2", "مقدار 2").SetWidth(60).SetFooter(FooterKind::Sum);
+  grid.AddColumn("Amount3", "تعداد").SetWidth(70);
+  // Cells are without their sign; what is left of the movements is not.
+  grid.AddColumn("Amount1", "مقدار").SetWidth(60).SetFooter(FooterKind::Sum).SetFooterFormat(kQuantityFormat);
+  grid.AddColumn("Amount2", "مقدار 2")
+      .SetWidth(60)
+      .SetFooter(FooterKind::Sum)
+      .SetFooterFormat(kQuantityFormat);
   grid.AddColumn("KardexAmount", "مبلغ واحد").SetWidth(100).SetDisplayFormat(kAmountFormat);
   grid.AddColumn("TotalAmount", "مبلغ کل").SetWidth(100).SetDisplayFormat(kAmountFormat);
 }
