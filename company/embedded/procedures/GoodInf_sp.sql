@@ -121,11 +121,11 @@ CROSS JOIN stock_figures(g.Code, @EffectiveDate1, @EffectiveDate2, @StoreCode, @
 LEFT JOIN Units u ON u.Code = g.Unit
 LEFT JOIN Units u2 ON u2.Code = g.Unit2
 LEFT JOIN RialiStock r ON r.Kala = g.Code
-LEFT JOIN TagS t1 ON t1.Code = code_at(g.Tags, 1)
+LEFT JOIN TagS t1 ON t1.Code = iif(g.Tags = '', NULL, code_at(g.Tags, 1))
 LEFT JOIN colors c1 ON c1.code = t1.color_code
-LEFT JOIN TagS t2 ON t2.Code = code_at(g.Tags, 2)
+LEFT JOIN TagS t2 ON t2.Code = iif(g.Tags = '', NULL, code_at(g.Tags, 2))
 LEFT JOIN colors c2 ON c2.code = t2.color_code
-LEFT JOIN TagS t3 ON t3.Code = code_at(g.Tags, 3)
+LEFT JOIN TagS t3 ON t3.Code = iif(g.Tags = '', NULL, code_at(g.Tags, 3))
 LEFT JOIN colors c3 ON c3.code = t3.color_code
 WHERE {criteria}
   AND (ifnull(@GrpCode, 0) = 0 OR g.GrpCode = @GrpCode)  -- unless @GrpCode = 0
