@@ -11,6 +11,12 @@ void DelayedSearch::Typed(int message) {
   windows.PostMessage(window_, message);
 }
 
+void DelayedSearch::TakeEnter(TKey& key) {
+  if (!key.Is(Key::Enter) || !pending_) return;
+  key.Consume();
+  Hurry();
+}
+
 // A window that is being closed runs nothing more.
 bool DelayedSearch::Ended() const { return !pending_ || window_.ModalResult() != kModalNone; }
 

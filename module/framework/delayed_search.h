@@ -34,6 +34,8 @@ class DelayedSearch {
   bool Pending() const { return pending_; }
   // Ends the wait with a run at once; OnHurried is called when it has been made.
   void Hurry() { hurried_ = pending_; }
+  // Enter in an edit whose text waits for its run hurries it, and goes no further.
+  void TakeEnter(TKey& key);
   std::function<void()> OnHurried;
   // Ends the wait without a run; closing the window does so too.
   void Cancel() { pending_ = hurried_ = false; }

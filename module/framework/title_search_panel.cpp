@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "module/framework/report_window.h"
+
 namespace goods {
 
 TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, DelayedSearch& typing,
@@ -24,9 +26,8 @@ TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, Delay
     if (key.Is(Key::Up) || key.Is(Key::Down)) {
       key.Consume();
       grid.SetFocus();
-    } else if (key.Is(Key::Enter) && typing.Pending()) {
-      key.Consume();
-      typing.Hurry();
+    } else {
+      typing.TakeEnter(key);
     }
   };
   Place(GoodDetailSearch_LBL);
@@ -61,6 +62,15 @@ void TTitleSearchPanel::ApplyItem() {
   GoodDetailSearch_EDT.SetKind(Item().kind);
   GoodDetailSearch_EDT.Clear();
   busy_ = false;
+}
+
+void TTitleSearchPanel::TakeSearchKeys(TKey& key, TADVSearch_Fram& advanced) {
+  if (key.IsCtrl(Key::F10) && advanced.ADVSearch_BTN.CanFocus()) {
+    Press(key, advanced.ADVSearch_BTN);
+  } else if (key.Is(Key::F10) || key.IsCtrl(Key::F10)) {
+    key.Consume();
+    GoodDetailSearch_CMB.SetFocus();
+  }
 }
 
 }  // namespace goods

@@ -9,6 +9,7 @@
 #include "host/components/edit.h"
 #include "host/components/grid.h"
 #include "host/components/standard.h"
+#include "host/frames/adv_search_frame.h"
 #include "module/framework/delayed_search.h"
 
 namespace goods {
@@ -40,6 +41,9 @@ class TTitleSearchPanel : public TPanel {
   void Preset(int item, const std::string& text);
   // Sets the edit up for the chosen column, as choosing does.
   void ApplyItem();
+
+  // Ctrl+F10 opens the criteria dialog where it can be opened; F10, and Ctrl+F10 else, goes to the list.
+  void TakeSearchKeys(TKey& key, TADVSearch_Fram& advanced);
 
   // Another column was chosen.
   std::function<void()> OnItemChange;

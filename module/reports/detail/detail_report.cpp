@@ -46,11 +46,7 @@ void TDetailReport_FRM::FormCreate() {
     }
   };
   for (TEdit* edit : {&DetailRow1.FromGoodDetail_EDT, &DetailRow1.ToGoodDetail_EDT}) {
-    edit->OnKeyDown = [this](TKey& key) {
-      if (!key.Is(Key::Enter) || !delayedSearch_.Pending()) return;
-      key.Consume();
-      delayedSearch_.Hurry();
-    };
+    edit->OnKeyDown = [this](TKey& key) { delayedSearch_.TakeEnter(key); };
   }
   DetailRow1.FromGoodDetail_EDT.OnChange = [this] {
     if (!busy_) delayedSearch_.Typed(kLowerEditTyped);
@@ -89,12 +85,7 @@ void TDetailReport_FRM::FormClose() {
 }
 
 void TDetailReport_FRM::FormKeyDown(TKey& key) {
-  if (key.IsCtrl(Key::F10) && ADVSearch_Fram1.ADVSearch_BTN.CanFocus()) {
-    Press(key, ADVSearch_Fram1.ADVSearch_BTN);
-  } else if (key.Is(Key::F10) || key.IsCtrl(Key::F10)) {
-    key.Consume();
-    Search_PNL.GoodDetailSearch_CMB.SetFocus();
-  }
+  Search_PNL.TakeSearchKeys(key, ADVSearch_Fram1);
   TBaseDock_FRM::FormKeyDown(key);
 }
 

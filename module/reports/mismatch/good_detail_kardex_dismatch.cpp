@@ -73,11 +73,7 @@ void TGoodDetailKardexDismatch_FRM::FormCreate() {
   GoodDetailSearchAmount_CMB.OnChange = [this] { GoodDetailSearchAmount_CMBChange(); };
   for (TEdit* edit : {&FromAmount_EDT, &ToAmount_EDT}) {
     edit->OnChange = [this] { delayedSearch_.Typed(kLowerEditTyped); };
-    edit->OnKeyDown = [this](TKey& key) {
-      if (!key.Is(Key::Enter) || !delayedSearch_.Pending()) return;
-      key.Consume();
-      delayedSearch_.Hurry();
-    };
+    edit->OnKeyDown = [this](TKey& key) { delayedSearch_.TakeEnter(key); };
   }
   delayedSearch_.OnHurried = [this] {
     if (!dataModule_.GoodDetailKardexDismatch.Query.IsEmpty()) GoodDetailKardexDismatch_GRD.SetFocus();

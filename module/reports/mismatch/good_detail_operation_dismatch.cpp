@@ -107,11 +107,8 @@ void TGoodDetailOperationDismatch_FRM::FormClose() {
 void TGoodDetailOperationDismatch_FRM::FormKeyDown(TKey& key) {
   if (key.Is(Key::F2)) {
     Press(key, OpenInfo_BTN);
-  } else if (key.IsCtrl(Key::F10)) {
-    Press(key, ADVSearch_Fram1.ADVSearch_BTN);
-  } else if (key.Is(Key::F10)) {
-    key.Consume();
-    Search_PNL.GoodDetailSearch_CMB.SetFocus();
+  } else {
+    Search_PNL.TakeSearchKeys(key, ADVSearch_Fram1);
   }
   TBaseDock_FRM::FormKeyDown(key);
 }
