@@ -1,4 +1,4 @@
-// The demo company: made up, but such as a trading house with some production would keep.
+// The demo company: made up, but such as a trading company with some production would keep.
 #pragma once
 
 #include <cstdint>

@@ -100,7 +100,7 @@ void DemoMovements::OneDocument() {
   } else {
     Split();
   }
-  // An empty house buys.
+  // A company without stock buys.
   if (made_ == before) Incoming(2, true);
 }
 

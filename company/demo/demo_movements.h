@@ -12,7 +12,7 @@
 
 namespace goods {
 
-// Plays the house's business day by day. Goods that may not go negative never leave a store that does not
+// Plays the company's business day by day. Goods that may not go negative never leave a store that does not
 // have them. What it keeps grows with goods and stores, not with movements.
 class DemoMovements {
  public:

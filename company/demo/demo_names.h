@@ -1,4 +1,4 @@
-// What the demo company's goods, people and papers are called.
+// What the demo company's goods, people and documents are called.
 #pragma once
 
 #include <array>
@@ -40,7 +40,7 @@ struct DemoTrade {
 std::span<const DemoTrade> DemoTrades();
 std::span<const char* const> DemoUnitNames();  // from code 0
 std::span<const char* const> DemoStoreNames();
-// A person's name by number; numbers below suppliers are firms that sell to the house.
+// A person's name by number; numbers below suppliers are firms that sell to the company.
 std::string DemoPersonName(std::int64_t number, std::int64_t suppliers);
 std::span<const char* const> DemoCities();
 // A note on a movement of the type, 0 to 25; some are empty.

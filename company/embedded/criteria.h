@@ -9,7 +9,7 @@
 //   both
 //   -- criterion range F integer|decimal|text on <expression>   @FromF, @ToF: both ends belong to it
 //
-// Each declares its parameters too. Decided here: a parameter that is null asks nothing, and so does a list
+// Each declares its parameters too. A parameter that is null asks nothing, and so does a list
 // of codes without a code; an end of a range that is null is open. @NotF=1, of a range @NotRangeF=1, turns
 // the criterion round, so that a field may be asked for by value and by range at once; alone it asks nothing.
 // A null cell meets no criterion, and so every excluded one.

@@ -10,7 +10,7 @@
 //   statement.
 // - dec_try(text): the number that a text holds; null when it holds none.
 //
-// Decided here: a text is a number as an amount edit takes it, since windows may send what was typed as it
+// A text is a number as an amount edit takes it, since windows may send what was typed as it
 // stands: digits in either script, and "," before the point as thousands separators, wherever they are.
 #pragma once
 

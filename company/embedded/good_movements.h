@@ -11,7 +11,7 @@
 
 namespace goods {
 
-// A search for goods. Decided here: code is what a user typed and means the one good of that code; a text
+// A search for goods. Code is what a user typed and means the one good of that code; a text
 // that is no whole number means none. name and abbName are parts of the text, as a Persian reader compares.
 // An empty text asks for nothing. reverse turns the whole search round, and does nothing where none is asked.
 struct GoodSearch {

@@ -1,7 +1,7 @@
 // Procedures whose whole result is made here: those with the line "-- native". Their files declare parameters
 // and columns; the rows come from here.
 //
-// Decided here: this is for results that no SELECT can shape, or out of which SQL would have nothing left to
+// This is for results that no SELECT can shape, or out of which SQL would have nothing left to
 // do. GoodsAsset_Store_SP has columns for every store of the company, so that their number is known at the
 // call alone. The overall turnovers are a walk through the movements whose result nothing is joined to,
 // searched in or ordered by; as table-valued functions their 20 cells a row would be handed through SQLite

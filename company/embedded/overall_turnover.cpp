@@ -30,7 +30,7 @@ enum Operation : std::size_t {
   kOperations
 };
 
-// The column of each movement type. Decided here: gifts and accompanying goods are sales; what a production
+// The column of each movement type. Gifts and accompanying goods are sales; what a production
 // makes, by-products too, came in by it, and what it uses went out by it; a transfer between stores is an
 // issue in the one and a receipt in the other; accounting vouchers and detail splits are others.
 constexpr std::array<Operation, 26> kOperationOfType = {
@@ -62,7 +62,7 @@ constexpr std::array<Operation, 26> kOperationOfType = {
     kSayerVarade,  // 25
 };
 
-// Decided here: the direction is that of the quantity; where the type's own is the other one, the movement is
+// The direction is that of the quantity; where the type's own is the other one, the movement is
 // one of the others of its direction, as is an unknown type.
 Operation OperationOf(std::int64_t type, bool incoming) {
   const bool known = type >= 0 && type < static_cast<std::int64_t>(kOperationOfType.size());

@@ -133,7 +133,7 @@ CREATE TABLE SelectedListGoods(
   ListCode INTEGER NOT NULL REFERENCES SelectedLists(Code), Kala INTEGER NOT NULL REFERENCES GoodInf(Code),
   PRIMARY KEY(ListCode, Kala)) WITHOUT ROWID;
 
--- Price levels; those of goods have CostType 1. -1 and -2 are levels of the house itself.
+-- Price levels; those of goods have CostType 1. -1 and -2 are levels of the company itself.
 CREATE TABLE costlevel(Code INTEGER PRIMARY KEY, Name TEXT NOT NULL, CostType INTEGER NOT NULL DEFAULT 1);
 CREATE TABLE CostLevelPrices(
   LevelCode INTEGER NOT NULL REFERENCES costlevel(Code), Kala INTEGER NOT NULL REFERENCES GoodInf(Code),

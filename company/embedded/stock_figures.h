@@ -1,7 +1,7 @@
 // The table-valued function stock_figures(good, from, to, store, others): what the lists of goods show of one
 // good, in one row of varede, sadere, Mogodi, gheymat_miangin and OperationDate.
 //
-// Decided here:
+// This implementation:
 // - from or to given (not null) makes a period; both ends belong to it and an empty one is open. Its figures
 //   are added up from the movements, so with a first date the stock is what the period moved, incoming minus
 //   outgoing, and without one it is the stock at the period's end. Without a period the stored figures stand.

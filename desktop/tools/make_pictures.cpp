@@ -1,4 +1,4 @@
-// goods-pictures: drives the real windows without a screen and writes their pictures for the papers.
+// goods-pictures: drives the real windows without a screen and writes their pictures for the documentation.
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QDir>

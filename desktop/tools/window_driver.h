@@ -28,7 +28,7 @@ void TypeText(QWidget& window, const QString& objectName, const QString& text);
 // The visible child of that object name; throws std::runtime_error when there is none.
 QWidget& Child(QWidget& window, const QString& objectName);
 
-// At twice the resolution, so that the papers show it sharp.
+// At twice the resolution, so that the documentation shows it sharp.
 QImage PictureOf(QWidget& window);
 
 }  // namespace goods

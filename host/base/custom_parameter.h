@@ -12,7 +12,7 @@ namespace goods {
 // As the host hands it over: nothing, a number, or the text.
 using Variant = std::variant<std::monostate, std::int64_t, std::string>;
 
-// Reads by position from 0. Decided here: a position that is not there reads as 0 or the empty text, and so
+// Reads by position from 0. A position that is not there reads as 0 or the empty text, and so
 // does a number that is none or does not fit; positions beyond those that a window reads are ignored. No
 // parameter, and an empty text, have no positions.
 class CustomParameter {

@@ -19,7 +19,7 @@ struct JalaliDate {
 inline constexpr int kFirstJalaliYear = 1200;
 inline constexpr int kLastJalaliYear = 1500;
 
-// Decided here: the arithmetic rule of 683 leap years in a cycle of 2820.
+// The arithmetic rule of 683 leap years in a cycle of 2820.
 bool IsJalaliLeapYear(int year);
 int JalaliMonthLength(int year, int month);
 

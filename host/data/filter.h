@@ -1,4 +1,4 @@
-// The filter language inside the house: a text becomes a tree, the tree a bit per row.
+// The filter language inside the data kit: a text becomes a tree, the tree a bit per row.
 #pragma once
 
 #include <cstddef>

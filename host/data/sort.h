@@ -1,4 +1,4 @@
-// Sorting inside the house: a text becomes keys, keys over columns become an order of rows.
+// Sorting inside the data kit: a text becomes keys, keys over columns become an order of rows.
 #pragma once
 
 #include <cstddef>

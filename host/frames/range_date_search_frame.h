@@ -10,7 +10,7 @@ namespace goods {
 
 // An end that is empty is open. A date that is given ticks the box, two emptied edits untick it. A date that
 // does not exist marks its edit, is left out of the criterion, and is told to the user when the edit is
-// accepted; what was typed stays. Decided here: times of the day may be shown beside the dates. Movements
+// accepted; what was typed stays. Times of the day may be shown beside the dates. Movements
 // carry a date alone, so a time is checked and kept like a date but is no part of the criterion.
 class TRange_Date_Search_Frame : public TSearchFrame {
  public:

@@ -5,7 +5,7 @@
 -- record is not shown.
 --
 -- @TitleID: which column @Title searches: 1 Code, 2 Name, 3 AnbarName, 4 DetailValues, 5 fullname, 6 Comment,
--- 7 Varede, 8 Sadere, 9 Amount, 10 TotalAmount. Decided here: texts hold @Title, as a Persian reader compares;
+-- 7 Varede, 8 Sadere, 9 Amount, 10 TotalAmount. Texts hold @Title, as a Persian reader compares;
 -- codes, quantities and amounts equal it, and a text that is no number equals none. Another @TitleID, or none,
 -- asks nothing.
 -- parameter @TitleID integer default null

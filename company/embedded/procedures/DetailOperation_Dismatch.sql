@@ -1,6 +1,6 @@
 -- Rows of documents whose details do not add up to the row's quantity, of goods that keep details; in the order of
 -- good, date and row number.
--- Decided here: OperationAmount and DetailAmount are positive in the row's direction, as the document writes them;
+-- OperationAmount and DetailAmount are positive in the row's direction, as the document writes them;
 -- details that go the other way are negative. Details in another store than their row's, or whose row is missing,
 -- make a row of their own with OperationAmount 0.
 --

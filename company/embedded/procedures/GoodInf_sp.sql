@@ -7,7 +7,7 @@
 -- list. @EffectiveDate1, @EffectiveDate2: the period. @StoreCode: the figures of that store, or with @NotStoreCode
 -- 1 of the others; a good that is not there is listed all the same.
 --
--- Mogodi2: whole second units, towards zero; Joz: what they leave. Decided here: without a second unit everything
+-- Mogodi2: whole second units, towards zero; Joz: what they leave. Without a second unit everything
 -- is left, so Joz is the stock. Stock: the price that RialiStock_SP prepared last, 0 when it prepared none.
 -- A tag that no longer is has no colour.
 -- parameter @GrpCode integer default 0

@@ -5,7 +5,7 @@
 --
 -- Criteria together leave what meets them all; null asks nothing, and the dates belong to their range. @TitleID:
 -- which column @Title searches: 1 fullname, 2 Comment, 3 Amount1, 4 Amount2, 5 Length, 6 Width, 7 Amount3,
--- 8 KardexAmount, 9 TotalAmount. Decided here: texts hold @Title, as a Persian reader compares; quantities and
+-- 8 KardexAmount, 9 TotalAmount. Texts hold @Title, as a Persian reader compares; quantities and
 -- amounts equal it without regard to signs, as quantities are shown without; a text that is no number equals
 -- none. Another @TitleID, or none, asks nothing.
 -- parameter @GoodCode integer default null

@@ -160,7 +160,7 @@ bool TGoodsAsset_Store_FRM::PreparePrint() {
   return true;
 }
 
-// Decided here: the data of a column is its field's name in brackets, for which a template puts each row's
+// The data of a column is its field's name in brackets, for which a template puts each row's
 // value; its footer is the text that the grid shows.
 std::vector<std::string> TGoodsAsset_Store_FRM::PrintDescription() const {
   std::vector<std::string> description;

@@ -176,7 +176,7 @@ void TGoodDetailOperationDismatch_FRM::GoodDetailOperationDismatch_GRDSortChange
   if (query.Active()) query.SetSort(GetGridSort(GoodDetailOperationDismatch_GRD));
 }
 
-// Decided here: the document behind the row opens as it does from the stock card.
+// The document behind the row opens as it does from the stock card.
 void TGoodDetailOperationDismatch_FRM::OpenInfo_BTNClick() {
   const TADOQuery& query = dataModule_.GoodDetailOperationDismatch.Query;
   if (!query.RecNo() || !query.FindField("OperationType")) return;

@@ -13,7 +13,7 @@ struct OperationKind {
   std::string_view caption;  // above the printed list
 };
 
-// Decided here: a list of this report's own, in older wording than that of the movement types. Item and
+// A list of this report's own; its wording differs from that of the movement types. Item and
 // caption of a purchase differ in their yeh.
 inline constexpr std::array kOperationKinds = std::to_array<OperationKind>({
     {1, "  فاکتور فروش", "نوع عملیات : فاکتور فروش"},

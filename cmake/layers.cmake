@@ -1,0 +1,30 @@
+# A layer is one folder and one CMake target. Its headers are reached as "<folder>/<file>.h", and only by targets that
+# say they see the layer: each has an include root of its own (a link in the build tree), so an include of a layer that
+# is not seen does not compile.
+
+# goods_layer_include(<target> <folder> <PUBLIC|INTERFACE>): gives the target its include root.
+function(goods_layer_include target folder scope)
+  set(root ${CMAKE_BINARY_DIR}/layers/${target})
+  get_filename_component(parent ${root}/${folder} DIRECTORY)
+  file(MAKE_DIRECTORY ${parent})
+  if(NOT EXISTS ${root}/${folder})
+    file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
+  endif()
+  target_include_directories(${target} ${scope} ${root})
+endfunction()
+
+# goods_layer(<target> <folder> [SEES <target>...]): an object library of every .cpp directly in the folder.
+function(goods_layer target folder)
+  cmake_parse_arguments(LAYER "" "" "SEES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.h)
+  if(sources)
+    add_library(${target} OBJECT ${sources} ${headers})
+    goods_layer_include(${target} ${folder} PUBLIC)
+    target_link_libraries(${target} PUBLIC ${LAYER_SEES})
+  else()
+    add_library(${target} INTERFACE ${headers})
+    goods_layer_include(${target} ${folder} INTERFACE)
+    target_link_libraries(${target} INTERFACE ${LAYER_SEES})
+  endif()
+endfunction()
