@@ -1,8 +1,8 @@
 // Companies from a user's own files.
 #include <map>
 
-#include "company/import/import_company.h"
-#include "company/import/import_fields.h"
+#include "company/interchange/import_company.h"
+#include "company/interchange/import_fields.h"
 #include "company_fixture.h"
 
 namespace goods {

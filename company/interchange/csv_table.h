@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "company/import/import_company.h"
+#include "company/interchange/import_company.h"
 
 namespace goods {
 

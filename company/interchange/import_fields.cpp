@@ -1,4 +1,4 @@
-#include "company/import/import_fields.h"
+#include "company/interchange/import_fields.h"
 
 #include <chrono>
 #include <vector>

@@ -1,9 +1,9 @@
-#include "company/import/csv_table.h"
+#include "company/interchange/csv_table.h"
 
 #include <filesystem>
 #include <optional>
 
-#include "company/import/csv_reader.h"
+#include "company/interchange/csv_reader.h"
 #include "host/core/text.h"
 
 namespace goods {

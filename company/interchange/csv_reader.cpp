@@ -1,4 +1,4 @@
-#include "company/import/csv_reader.h"
+#include "company/interchange/csv_reader.h"
 
 #include <string_view>
 

@@ -1,4 +1,4 @@
-#include "company/import/import_company.h"
+#include "company/interchange/import_company.h"
 
 #include <filesystem>
 #include <limits>
@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "company/embedded/password.h"
-#include "company/import/csv_table.h"
-#include "company/import/import_fields.h"
+#include "company/interchange/csv_table.h"
+#include "company/interchange/import_fields.h"
 #include "company/writer/company_writer.h"
 #include "host/core/text.h"
 
