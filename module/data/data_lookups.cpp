@@ -5,6 +5,7 @@
 #include "module/data/good_transactions_dm.h"
 #include "module/data/lookup.h"
 #include "module/data/movement_types.h"
+#include "module/framework/criteria_text.h"
 
 namespace goods {
 namespace {
@@ -136,15 +137,11 @@ void TGoodTransactions_DM::SerialBarcode_EDTOnExit(TEdit& /*edit*/) {
 }
 
 std::string TGoodTransactions_DM::ADDFarsiFilter(std::string_view condition, std::string_view filter) {
-  if (Trim(condition).empty()) return std::string(filter);
-  const std::string inParentheses = "(" + std::string(condition) + ")";
-  return Trim(filter).empty() ? inParentheses : std::string(filter) + " " + inParentheses;
+  return AddFarsiFilter(condition, filter);
 }
 
 std::string TGoodTransactions_DM::FarsiFilterOf(const std::vector<std::string>& conditions) {
-  std::string filter;
-  for (const std::string& condition : conditions) filter = ADDFarsiFilter(condition, filter);
-  return filter;
+  return goods::FarsiFilterOf(conditions);
 }
 
 }  // namespace goods

@@ -7,7 +7,9 @@ namespace goods {
 void DelayedSearch::Typed(int message) {
   IWindows& windows = window_.Host().Windows();
   lastKey_ = windows.TickCount();
+  lastMessage_ = message;
   pending_ = true;
+  hurried_ = false;
   windows.PostMessage(window_, message);
 }
 
@@ -20,25 +22,41 @@ void DelayedSearch::TakeEnter(TKey& key) {
 // A window that is being closed runs nothing more.
 bool DelayedSearch::Ended() const { return !pending_ || window_.ModalResult() != kModalNone; }
 
+bool DelayedSearch::Ready(bool& toldHeld) const {
+  if (Ended()) return true;
+  if (!hurried_ && window_.Host().Windows().TickCount() - lastKey_ < kQuietTime) return false;
+  if (!Held()) return true;
+  if (!std::exchange(toldHeld, true) && OnHeld) OnHeld();
+  return false;
+}
+
+// Keys that came during the run have lost their message to it.
+void DelayedSearch::RunEnded() {
+  if (--runs_ == 0 && pending_) window_.Host().Windows().PostMessage(window_, lastMessage_);
+}
+
 bool DelayedSearch::Handle(int message, TEdit* edit) {
   if (message < kSearchEditTyped || message > kUpperEditTyped) return false;
-  // The handler of an earlier key is waiting further out and runs for this key too.
-  if (waiting_) return true;
+  // The handler of an earlier key is waiting further out and runs for this key too; a run that is going on
+  // asks again when it ends.
+  if (waiting_ || runs_ > 0) return true;
   waiting_ = true;
-  IWindows& windows = window_.Host().Windows();
+  bool toldHeld = false;
   try {
-    windows.ProcessMessages(
-        [&] { return Ended() || hurried_ || windows.TickCount() - lastKey_ >= kQuietTime; });
+    window_.Host().Windows().ProcessMessages([&] { return Ready(toldHeld); });
   } catch (...) {
     waiting_ = false;
     throw;
   }
   waiting_ = false;
-  if (Ended()) return true;
+  if (Ended() || Held()) return true;
   pending_ = false;
   const bool hurried = std::exchange(hurried_, false);
   const int caret = edit == nullptr ? 0 : edit->Caret();
-  run_();
+  {
+    const RunScope scope(*this);
+    run_();
+  }
   if (edit != nullptr) edit->SetCaret(caret);
   if (hurried && OnHurried) OnHurried();
   return true;

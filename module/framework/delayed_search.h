@@ -19,9 +19,22 @@ inline constexpr std::uint64_t kQuietTime = 400;  // milliseconds without a key
 
 // A key posts a message; its handler waits, with the message loop running, until the quiet time has passed
 // since the last key. Keys in the meantime restart the wait, in whichever control: a burst of typing makes
-// one run. Runs may nest through the message loop but never overlap.
+// one run. A key that arrives during a run, because the host delivers messages during a statement, waits
+// until that run has ended: runs never nest.
 class DelayedSearch {
  public:
+  // While one lives the report runs, whoever asked for it.
+  class RunScope {
+   public:
+    explicit RunScope(DelayedSearch& search) : search_(search) { ++search_.runs_; }
+    RunScope(const RunScope&) = delete;
+    RunScope& operator=(const RunScope&) = delete;
+    ~RunScope() { search_.RunEnded(); }
+
+   private:
+    DelayedSearch& search_;
+  };
+
   // run is called once per burst; both must outlive this object.
   DelayedSearch(TForm& window, std::function<void()> run) : window_(window), run_(std::move(run)) {}
 
@@ -37,15 +50,25 @@ class DelayedSearch {
   // Enter in an edit whose text waits for its run hurries it, and goes no further.
   void TakeEnter(TKey& key);
   std::function<void()> OnHurried;
+  // While it is true the wait goes on, however long ago the last key was: what stands in the edit is no value
+  // yet. OnHeld is called when the quiet time has passed so.
+  std::function<bool()> Hold;
+  std::function<void()> OnHeld;
   // Ends the wait without a run; closing the window does so too.
   void Cancel() { pending_ = hurried_ = false; }
 
  private:
   bool Ended() const;
+  bool Held() const { return Hold && Hold(); }
+  // Whether the wait is over; tells once where only Hold keeps it up.
+  bool Ready(bool& toldHeld) const;
+  void RunEnded();
 
   TForm& window_;
   std::function<void()> run_;
   std::uint64_t lastKey_ = 0;
+  int lastMessage_ = 0;
+  int runs_ = 0;  // scopes that live
   bool pending_ = false;
   bool hurried_ = false;
   bool waiting_ = false;

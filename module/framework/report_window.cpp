@@ -1,6 +1,5 @@
 #include "module/framework/report_window.h"
 
-#include "host/components/edit.h"
 #include "host/core/text.h"
 #include "module/framework/texts.h"
 
@@ -15,6 +14,33 @@ constexpr std::string_view kPrintWarning =
 
 void AcceptTyping(TForm& window) {
   if (auto* edit = dynamic_cast<TEdit*>(window.ActiveControl())) edit->Accept();
+}
+
+std::string ValueOf(const TEdit& edit) {
+  const std::string& text = edit.Text();
+  switch (edit.Kind()) {
+    case InputKind::Integer:
+    case InputKind::Amount:
+      return text.find_first_of("0123456789") == std::string::npos ? std::string() : text;
+    case InputKind::Date:
+      return edit.IsValidDate() ? text : std::string();
+    case InputKind::Time:
+      return edit.IsValidTime() ? text : std::string();
+    case InputKind::Text:
+      break;
+  }
+  return text;
+}
+
+bool IsHalfTyped(const TEdit& edit) { return !edit.Text().empty() && ValueOf(edit).empty(); }
+
+CriteriaRange RangeOf(const TRange_Digit_Search_Frame& frame) {
+  return {frame.RangeDigit_CHK.Checked(), ValueOf(frame.RangeDigit_From_EDT),
+          ValueOf(frame.RangeDigit_To_EDT)};
+}
+
+CriteriaRange RangeOf(const TRange_Date_Search_Frame& frame) {
+  return {frame.RangeDate_CHK.Checked(), ValueOf(frame.RangeDate_From_EDT), ValueOf(frame.RangeDate_To_EDT)};
 }
 
 void Press(TKey& key, TButton& button) {

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "module/framework/report_window.h"
-
 namespace goods {
 
 TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, DelayedSearch& typing,

@@ -11,6 +11,7 @@
 #include "host/components/standard.h"
 #include "host/frames/adv_search_frame.h"
 #include "module/framework/delayed_search.h"
+#include "module/framework/report_window.h"
 
 namespace goods {
 
@@ -36,7 +37,8 @@ class TTitleSearchPanel : public TPanel {
   int ItemIndex() const {
     return GoodDetailSearch_CMB.ItemIndex() < 0 ? 0 : GoodDetailSearch_CMB.ItemIndex();
   }
-  const std::string& Text() const { return GoodDetailSearch_EDT.Text(); }
+  // As a criterion: empty while nothing, or no value yet, stands in the edit.
+  std::string Text() const { return ValueOf(GoodDetailSearch_EDT); }
   // Both silently.
   void Preset(int item, const std::string& text);
   // Sets the edit up for the chosen column, as choosing does.

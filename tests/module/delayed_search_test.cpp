@@ -101,6 +101,51 @@ TEST_F(DelayedSearchTest, AKeyDuringARunRunsOnceMoreAndNeverInsideIt) {
   EXPECT_EQ(deepest, 1);
 }
 
+// A host that delivers messages during a statement, for longer than the quiet time.
+TEST_F(DelayedSearchTest, AHostThatPumpsDuringARunCannotNestAnother) {
+  int depth = 0;
+  int deepest = 0;
+  window.OnRun = [&] {
+    deepest = std::max(deepest, ++depth);
+    if (window.runs == 1) {
+      window.Search_EDT.TypeText("ab");
+      const std::uint64_t end = host.Windows().TickCount() + 1000;
+      host.Windows().LetTimePass(1000);
+      host.Windows().ProcessMessages([&] { return host.Windows().TickCount() >= end; });
+    }
+    --depth;
+  };
+  While({Type(0, "a"), Pass(3000), Runs(2), [this] { EXPECT_FALSE(window.Search.Pending()); }});
+  EXPECT_EQ(deepest, 1);
+}
+
+TEST_F(DelayedSearchTest, KeysDuringARunOfAnotherKindWaitUntilItHasEnded) {
+  While({[this] {
+           const DelayedSearch::RunScope running(window.Search);
+           window.Search_EDT.TypeText("a");
+           const std::uint64_t end = host.Windows().TickCount() + 1000;
+           host.Windows().LetTimePass(1000);
+           host.Windows().ProcessMessages([&] { return host.Windows().TickCount() >= end; });
+           EXPECT_EQ(window.runs, 0);
+         },
+         Runs(1)});
+}
+
+TEST_F(DelayedSearchTest, AHeldWaitGoesOnUntilItIsLetGoAndTellsOnce) {
+  bool held = true;
+  int told = 0;
+  window.Search.Hold = [&] { return held; };
+  window.Search.OnHeld = [&] { ++told; };
+  While({Type(0, "-"), Pass(3000), Runs(0), [&] { EXPECT_EQ(told, 1); }, [&] { held = false; }, Pass(10),
+         Runs(1)});
+}
+
+TEST_F(DelayedSearchTest, AHeldWaitEndsWithItsWindow) {
+  window.Search.Hold = [] { return true; };
+  While({Type(0, "-"), Pass(3000)});
+  EXPECT_EQ(window.runs, 0);
+}
+
 TEST_F(DelayedSearchTest, CancellingEndsTheWaitWithoutARun) {
   While({Type(0, "a"), Pass(200), [this] { window.Search.Cancel(); }, Pass(2000), Runs(0), Type(0, "ab"),
          Pass(2000), Runs(1)});

@@ -122,7 +122,7 @@ TEST_F(MismatchWindows, ResettingTotalsTheStoresReadsTheGroupsAndRunsOnce) {
   });
 }
 
-TEST_F(MismatchWindows, ResettingKeepsTheSearchTextAndForgetsTheDescription) {
+TEST_F(MismatchWindows, ResettingKeepsTheSearchTextAndTellsWhatItRan) {
   TGoodDetailKardexDismatch_FRM window(host, 1, "");
   Show(window, [&] {
     window.Search_PNL.Preset(1, "پیچ");
@@ -131,7 +131,36 @@ TEST_F(MismatchWindows, ResettingKeepsTheSearchTextAndForgetsTheDescription) {
     Sent();
     window.Reset();
     EXPECT_EQ(Sent(), (Texts{kGroups, std::string(kTotals) + ",@GoodName = 'پیچ'"}));
-    EXPECT_EQ(window.FilterDescription(), "");
+    EXPECT_EQ(window.FilterDescription(), "(نام کالا : پیچ)");
+  });
+}
+
+TEST_F(MismatchWindows, TheRunIsKeptWithItsRowsAndGoesWithThem) {
+  TGoodDetailKardexDismatch_FRM window(host, 1, "");
+  EXPECT_EQ(window.LastRun(), nullptr);
+  Show(window, [&] {
+    const ReportRun* run = window.LastRun();
+    ASSERT_NE(run, nullptr);
+    EXPECT_EQ(run->parameters, "@StoreSeparation = 0");
+    EXPECT_EQ(run->rows, 2U);
+    EXPECT_EQ(run->tick, host.Windows().TickCount());
+    host.Connection().FailNext(" EXEC%", "deadlock");
+    EXPECT_THROW(window.StoresSeparations_RDB.SetChecked(true), DatabaseError);
+    EXPECT_EQ(window.LastRun(), nullptr);
+    EXPECT_FALSE(window.CriteriaChanged_LBL.Visible());
+    window.StoresTotals_RDB.SetChecked(true);
+    EXPECT_NE(window.LastRun(), nullptr);
+  });
+  EXPECT_EQ(window.LastRun(), nullptr);
+}
+
+TEST_F(MismatchWindows, AnOrderThatWasSetWhileNothingWasOpenCountsForTheNextRows) {
+  TGoodDetailKardexDismatch_FRM window(host, 1, "");
+  window.GoodDetailKardexDismatch_GRD.TitleClick(*window.GoodDetailKardexDismatch_GRD.FindColumn("GoodCode"));
+  window.GoodDetailKardexDismatch_GRD.TitleClick(*window.GoodDetailKardexDismatch_GRD.FindColumn("GoodCode"));
+  Show(window, [&] {
+    EXPECT_EQ(window.GoodDetailKardexDismatch_GRD.DataSet()->Sort(), "GoodCode DESC");
+    EXPECT_EQ(window.GoodDetailKardexDismatch_GRD.DataSet()->FieldByName("GoodCode").AsText(), "13");
   });
 }
 

@@ -27,7 +27,7 @@ bool AsksForOne(const TSelectEntity_Search_Frame& frame) {
 }  // namespace
 
 void DetailCriteria::AddTitle(const TTitleSearchPanel& search) {
-  const std::string& text = search.Text();
+  const std::string text = search.Text();
   if (text.empty()) return;
   const int item = search.ItemIndex();
   const bool amount =

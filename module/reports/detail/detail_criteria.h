@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "host/services/host.h"
-#include "module/data/criteria_text.h"
 #include "module/data/good_transactions_dm.h"
+#include "module/framework/criteria_text.h"
 #include "module/framework/title_search_panel.h"
 #include "module/reports/detail/all_good_detail_transaction_search.h"
 #include "module/reports/detail/detail_row.h"

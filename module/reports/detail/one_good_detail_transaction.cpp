@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "host/core/text.h"
-#include "module/data/criteria_text.h"
+#include "module/framework/criteria_text.h"
 #include "module/framework/document_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
@@ -169,7 +169,7 @@ void TOneGoodDetailTransaction_FRM::SetProcParams(std::string& parameters) {
   CriteriaText criteria;
   criteria.Add("@GoodCode", std::to_string(opened_.good));
   criteria.Add("@DetailValueID", std::to_string(opened_.detailValue));
-  if (const std::string& text = Search_PNL.Text(); !text.empty()) {
+  if (const std::string text = Search_PNL.Text(); !text.empty()) {
     const TitleSearchItem& item = Search_PNL.Item();
     const bool price = item.object == kUnitPriceItem || item.object == kTotalPriceItem;
     criteria.Add("@TitleID", std::to_string(item.object));

@@ -6,7 +6,7 @@
 #include "host/base/base_search.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/select_entity_search_frame.h"
-#include "module/data/criteria_text.h"
+#include "module/framework/criteria_text.h"
 
 namespace goods {
 

@@ -2,40 +2,35 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "host/base/base_dock.h"
 #include "host/components/stored_properties.h"
 #include "host/frames/list_detail_frame.h"
-#include "module/data/criteria_text.h"
 #include "module/data/good_transactions_dm.h"
-#include "module/framework/delayed_search.h"
 #include "module/framework/groups_panel.h"
+#include "module/framework/report_engine.h"
 #include "module/framework/title_search_panel.h"
+#include "module/reports/mismatch/card_mismatch_criteria.h"
 
 namespace goods {
 
-// All criteria stand on the window. Every change of one builds the parameters anew and runs the procedure;
-// typing does so once it has paused. Nothing runs before the window is shown; showing runs it once.
-class TGoodDetailKardexDismatch_FRM : public TBaseDock_FRM {
+// All criteria stand on the window; every change of one runs the report. Each showing begins with the stores
+// totalled, no search text and no range of the difference; the column that is searched is kept.
+class TGoodDetailKardexDismatch_FRM : public TReportOf<KardexDismatchCriteria> {
  public:
   TGoodDetailKardexDismatch_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   TGoodDetailKardexDismatch_FRM(THost& host, int formMode, std::string settingsName);
   ~TGoodDetailKardexDismatch_FRM() override;
 
-  // The criteria as parameters, and in Persian; both empty until the window is shown.
-  void SetProcParams(std::string& parameters);
-  const std::string& FilterDescription() const { return filterDescription_; }
+  // The criteria of the run in Persian; empty without one.
+  std::string FilterDescription() const { return FilterCaption(); }
   // A refresh from outside: stores are totalled, the groups are read again, and the report runs once. What is
-  // searched for stays; the description in Persian is empty until the next run.
+  // searched for stays.
   void Reset();
 
   void FormCreate() override;
   void FormShow() override;
   void FormClose() override;
   void FormKeyDown(TKey& key) override;
-  void WindowMessage(int code) override;
-  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
 
   void GoodGrp_DSDataChange();
   void StoresTotals_RDBClick();
@@ -43,12 +38,10 @@ class TGoodDetailKardexDismatch_FRM : public TBaseDock_FRM {
   void StoresSeparations_LBLClick() { ChooseStores(StoresSeparations_RDB); }
   void GoodDetailSearch_CMBChange();
   void GoodDetailSearchAmount_CMBChange();
-  void GoodDetailKardexDismatch_GRDSortChanged();
   void OpenInfo_BTNClick();
 
  private:
   TGoodTransactions_DM dataModule_;
-  DelayedSearch delayedSearch_;
 
  public:
   TPanel Body_PNL{this, "Body_PNL", Flow::Row};
@@ -76,20 +69,21 @@ class TGoodDetailKardexDismatch_FRM : public TBaseDock_FRM {
   TButton PrintList_BTN{this, "PrintList_BTN", "پیش نمایش ليست F9"};
   TButton Exit_BTN{this, "Exit_BTN", "خروج Esc"};
 
+ protected:
+  KardexDismatchCriteria ReadCriteria() const override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
+
  private:
   void DeclareForm();
   void DeclareColumns();
   void KeepSettings();
+  void ResetCriteria();
   void ChooseStores(TRadioButton& choice);
   void ShowStoreColumns();
-  void AddTitle(CriteriaText& criteria) const;
-  void AddAmounts(CriteriaText& criteria) const;
-  void RunReport(int mode);
+  void ShowDifference();
 
   TStoredProperties kept_{this, "Kept", "GoodDetailKardexDismatch"};
-  bool shown_ = false;
   bool resetting_ = false;
-  std::string filterDescription_;
 };
 
 }  // namespace goods

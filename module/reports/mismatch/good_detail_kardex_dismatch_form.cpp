@@ -32,7 +32,6 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
                                                          &StoresSeparations_RDB, &StoresSeparations_LBL}) {
     Stores_PNL.Place(*each);
   }
-  StoresTotals_RDB.SetChecked(true);
 
   GoodDetailSearchAmount_LBL.FocusControl = &GoodDetailSearchAmount_CMB;
   GoodDetailSearchAmount_CMB.SetAccessibleName("فیلتر از نوع");
@@ -41,10 +40,7 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
   ToAmount_LBL.FocusControl = &ToAmount_EDT;
   FromAmount_EDT.SetAccessibleName("از برآیند اختلاف موجودی");
   ToAmount_EDT.SetAccessibleName("تا برآیند اختلاف موجودی");
-  for (TEdit* edit : {&FromAmount_EDT, &ToAmount_EDT}) {
-    edit->SetWidth(kAmountWidth);
-    edit->SetText("0");
-  }
+  for (TEdit* edit : {&FromAmount_EDT, &ToAmount_EDT}) edit->SetWidth(kAmountWidth);
   for (TControl* each :
        std::initializer_list<TControl*>{&GoodDetailSearchAmount_LBL, &GoodDetailSearchAmount_CMB,
                                         &FromAmount_LBL, &FromAmount_EDT, &ToAmount_LBL, &ToAmount_EDT}) {
@@ -71,6 +67,7 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
   Body_PNL.Place(List_PNL, 1);
 
   for (TButton* button : {&OpenInfo_BTN, &PrintList_BTN, &Exit_BTN}) Buttons_PNL.Place(*button);
+  Buttons_PNL.Place(CriteriaChanged_LBL);
   Buttons_PNL.Place(TListDetail_FRAME1.View_PNL, 1);
   Place(Body_PNL, 1);
   Place(Buttons_PNL);

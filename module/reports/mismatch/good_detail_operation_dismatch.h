@@ -4,49 +4,37 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
-#include "host/base/base_dock.h"
 #include "host/frames/adv_search_frame.h"
 #include "module/data/good_transactions_dm.h"
-#include "module/framework/delayed_search.h"
 #include "module/framework/good_header_panel.h"
+#include "module/framework/report_engine.h"
 #include "module/framework/title_search_panel.h"
 #include "module/reports/mismatch/good_detail_operation_dismatch_search.h"
+#include "module/reports/mismatch/operation_mismatch_criteria.h"
 
 namespace goods {
 
 // Custom parameter: 0 good, 1 its name, 2 unit 1's code, 3 unit 2's name, 4 unit 2's code, 5 unit 1's name,
-// 6 store; a store above 0 is searched for in the first run of each showing. Every change of a criterion
-// builds the parameters anew and runs the procedure; typing does so once it has paused. Nothing runs before
-// the window is shown.
-class TGoodDetailOperationDismatch_FRM : public TBaseDock_FRM {
+// 6 store; a store above 0 is searched for in the first run of each showing. Every change of a criterion runs
+// the report. Each showing begins without a search text, without a kind of operation and with an empty
+// dialog; the column that is searched is kept.
+class TGoodDetailOperationDismatch_FRM : public TReportOf<OperationDismatchCriteria> {
  public:
   TGoodDetailOperationDismatch_FRM(THost& host, int formMode, Variant customParameter,
                                    std::string settingsName);
   ~TGoodDetailOperationDismatch_FRM() override;
 
-  // The criteria as parameters, and in Persian; both empty until the window is shown.
-  void SetProcParams(std::string& parameters);
-  const std::string& FilterCaption() const { return filterCaption_; }
-
   void FormCreate() override;
   void FormShow() override;
-  void FormClose() override;
   void FormKeyDown(TKey& key) override;
-  void WindowMessage(int code) override;
-  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
 
   void GoodDetailSearch_CMBChange();
   void OperationsType_CMBChange();
-  void ADVSearch_Fram1ADVSearch_BTNClick();
-  void ADVSearch_Fram1ADVSearch_CHKClick();
-  void GoodDetailOperationDismatch_GRDSortChanged();
   void OpenInfo_BTNClick();
 
  private:
   TGoodTransactions_DM dataModule_;
-  DelayedSearch delayedSearch_;
 
  public:
   TGoodHeaderPanel Good_PNL{this, "Good_PNL"};
@@ -64,20 +52,19 @@ class TGoodDetailOperationDismatch_FRM : public TBaseDock_FRM {
 
  protected:
   void OnCustomParameter(const CustomParameter& parameter) override;
+  OperationDismatchCriteria ReadCriteria() const override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
 
  private:
   void DeclareForm();
   void DeclareColumns();
-  void AddTitle(CriteriaText& criteria) const;
-  void RunReport(int mode);
+  void ResetCriteria();
 
   std::int64_t goodCode_ = 0;
   std::string goodName_;
   std::string unit1Name_;
   std::string unit2Name_;
   std::int64_t storeCode_ = 0;
-  bool shown_ = false;
-  std::string filterCaption_;
 };
 
 }  // namespace goods

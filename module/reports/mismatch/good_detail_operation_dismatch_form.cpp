@@ -35,6 +35,7 @@ void TGoodDetailOperationDismatch_FRM::DeclareForm() {
   Criteria_PNL.Place(OperationsType_CMB);
   Criteria_PNL.Place(ADVSearch_Fram1);
   for (TButton* button : {&OpenInfo_BTN, &PrintList_BTN, &Exit_BTN}) Buttons_PNL.Place(*button);
+  Buttons_PNL.Place(CriteriaChanged_LBL);
 
   DeclareColumns();
   Place(Good_PNL);

@@ -4,7 +4,7 @@
 #include "host/base/base_search.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/range_digit_search_frame.h"
-#include "module/data/criteria_text.h"
+#include "module/reports/mismatch/operation_mismatch_criteria.h"
 
 namespace goods {
 
@@ -14,10 +14,7 @@ class TGoodDetailOperationDismatchSearch_FRM : public TBaseSearch_FRM {
   explicit TGoodDetailOperationDismatchSearch_FRM(THost& host);
   ~TGoodDetailOperationDismatchSearch_FRM() override;
 
-  // Adds the criteria whose boxes are ticked. A range of codes or rows with the text "0" in an edit is left
-  // out, a range of quantities with "0" in its upper edit; any other text is sent as it stands, quantities
-  // without thousands separators.
-  void AddCriteria(CriteriaText& criteria) const;
+  OperationDismatchDialog Criteria() const;
 
   void FormShow() override;
   void Del_BTNClick() override;
