@@ -14,12 +14,20 @@
 namespace goods {
 
 class IConnection;
+class IStatementProgress;
 
 // A company that cannot be opened, made or asked. The message is Persian and meant for the user.
 class CompanyError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
   ~CompanyError() override;
+};
+
+// The user stopped the opening of a company.
+class OpeningCancelled : public CompanyError {
+ public:
+  using CompanyError::CompanyError;
+  ~OpeningCancelled() override;
 };
 
 struct UserRecord {
@@ -101,6 +109,7 @@ struct BusyGood {
 class ICompany {
  public:
   virtual ~ICompany();
+  // At most 200 characters; a longer one ends in "…".
   virtual std::string Title() const = 0;
   // A new connection for statements; valid also after the company object is gone.
   virtual std::unique_ptr<IConnection> OpenConnection() = 0;
@@ -136,8 +145,11 @@ class ICompany {
 
 // Opens the company file at path (UTF-8). An older file is brought up to date first; a file marked read-only
 // is opened for reading, and its derived figures then cannot be refreshed. Throws CompanyError when the file
-// is missing, is no company, is damaged, cut short or newer than this program, or is locked by another one;
-// the file is then as it was.
-std::unique_ptr<ICompany> OpenCompany(const std::string& path);
+// is missing, is no company, is damaged, cut short or newer than this program, holds anything but a company's
+// tables, or is locked by another program; the file is then as it was. Nothing that the file defines is run.
+// progress, which may be null, hears of long work (bringing a large company up to date) and can stop it:
+// OpeningCancelled. Once the file is renamed, deleted or replaced, everything that is asked of the company
+// fails with a message.
+std::unique_ptr<ICompany> OpenCompany(const std::string& path, IStatementProgress* progress = nullptr);
 
 }  // namespace goods

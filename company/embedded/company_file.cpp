@@ -2,13 +2,16 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
 
 #include "company/company.h"
+#include "company/embedded/company_schema.h"
 #include "company/embedded/embedded_sql.h"
+#include "company/embedded/row_reader.h"
 
 namespace goods {
 
@@ -84,11 +87,14 @@ constexpr UpgradeStep kUpgradeSteps[] = {
 
 void Upgrade(Database& db, int version) {
   Transaction transaction(db);
+  // Nothing that came between looking at the file and locking it.
+  CheckCompanySchema(db, false);
   for (const UpgradeStep& step : kUpgradeSteps) {
     if (step.from < version) continue;
     db.Run(step.sql);
     db.Run("PRAGMA user_version = " + std::to_string(step.from + 1));
   }
+  CheckCompanySchema(db, true);
   transaction.Commit();
 }
 
@@ -98,9 +104,38 @@ void CheckTables(Database& db) {
   }
 }
 
+Database OpenDatabase(const std::string& path, int flags) {
+  try {
+    return Database(path, flags);
+  } catch (const SqliteError& failure) {
+    throw CompanyError(PersianMessage(failure) + " (" + path + ")");
+  }
+}
+
+// Looking at a company takes a few thousand; a second or so for who made the file to keep us busy.
+constexpr std::uint64_t kInstructionsToLook = 5'000'000;
+
+// Runs body on the handle; what fails becomes a CompanyError that names the file.
+template <typename Body>
+void Watched(Database& db, const std::string& path, IStatementProgress* progress,
+             std::uint64_t mostInstructions, Body body) {
+  ProgressWatch watch(db.Handle(), progress, mostInstructions);
+  try {
+    body();
+  } catch (const SqliteError& failure) {
+    try {
+      watch.Rethrow();
+    } catch (const Cancelled&) {
+      throw OpeningCancelled("باز کردن شرکت به خواست کاربر متوقف شد: " + path);
+    }
+    throw CompanyError(PersianMessage(failure) + " (" + path + ")");
+  }
+}
+
 }  // namespace
 
 CompanyError::~CompanyError() = default;
+OpeningCancelled::~OpeningCancelled() = default;
 
 void CreateCompanySchema(Database& db) {
   db.Run("PRAGMA application_id = " + std::to_string(kCompanyApplicationId));
@@ -110,7 +145,7 @@ void CreateCompanySchema(Database& db) {
 
 void CreateCompanyIndexes(Database& db) { db.Run(IndexesSql()); }
 
-bool PrepareCompanyFile(const std::string& path) {
+bool PrepareCompanyFile(const std::string& path, IStatementProgress* progress) {
   const fs::path file(path);
   std::error_code error;
   const fs::file_status status = fs::status(file, error);
@@ -134,14 +169,19 @@ bool PrepareCompanyFile(const std::string& path) {
   if (!writable && header.version < kCompanySchemaVersion) {
     throw CompanyError("این شرکت باید به نسخه تازه برده شود، اما فایل آن فقط خواندنی است: " + path);
   }
-  try {
-    Database db(path, writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
-    if (header.version < kCompanySchemaVersion) Upgrade(db, header.version);
-    CheckTables(db);
-  } catch (const SqliteError& failure) {
-    throw CompanyError(PersianMessage(failure) + " (" + path + ")");
-  }
+  Database db = OpenDatabase(path, writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
+  const bool current = header.version == kCompanySchemaVersion;
+  Watched(db, path, progress, kInstructionsToLook, [&] { CheckCompanySchema(db, current); });
+  if (!current) Watched(db, path, progress, 0, [&] { Upgrade(db, header.version); });
+  Watched(db, path, progress, kInstructionsToLook, [&] { CheckTables(db); });
   return writable;
+}
+
+Database OpenCompanyDatabase(const std::string& path, int flags, Access access) {
+  Database db = OpenDatabase(path, flags);
+  Watched(db, path, nullptr, kInstructionsToLook, [&] { CheckCompanySchema(db, true); });
+  db.SetAccess(access);
+  return db;
 }
 
 }  // namespace goods

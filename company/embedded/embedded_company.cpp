@@ -6,6 +6,7 @@
 #include "company/embedded/documents.h"
 #include "company/embedded/embedded_connection.h"
 #include "company/embedded/password.h"
+#include "company/embedded/row_reader.h"
 #include "company/embedded/sqlite.h"
 #include "host/core/text.h"
 
@@ -35,6 +36,16 @@ std::string EntitySelect(EntityKind kind) {
   throw CompanyError("این نوع موجودیت شناخته نیست.");
 }
 
+constexpr std::size_t kLongestTitle = 200;
+
+// Look-ups have no listener that could stop them. Those of ten million movements need a tenth of it.
+constexpr std::uint64_t kMostInstructions = 500'000'000;
+
+std::string Shortened(std::string text) {
+  if (CharCount(text) > kLongestTitle) text = std::string(FirstChars(text, kLongestTitle - 1)) + "…";
+  return text;
+}
+
 EntityRecord ReadEntity(const Statement& row) {
   return {row.Integer(0), std::string(row.Text(1)), std::string(row.Text(2)), std::string(row.Text(3))};
 }
@@ -42,14 +53,21 @@ EntityRecord ReadEntity(const Statement& row) {
 class EmbeddedCompany : public ICompany {
  public:
   EmbeddedCompany(std::string path, bool writable)
-      : path_(std::move(path)), writable_(writable), db_(path_, SQLITE_OPEN_READONLY), catalog_(db_) {
-    title_ = db_.AskText("SELECT Value FROM Meta WHERE Key = 'Title'");
+      : path_(std::move(path)),
+        writable_(writable),
+        db_(OpenCompanyDatabase(path_, SQLITE_OPEN_READONLY, Access::Read)),
+        catalog_(db_) {
+    title_ = Shortened(db_.AskText("SELECT Value FROM Meta WHERE Key = 'Title'"));
   }
 
   std::string Title() const override { return title_; }
 
   std::unique_ptr<IConnection> OpenConnection() override {
-    return Guarded([&] { return std::make_unique<EmbeddedConnection>(path_, writable_); });
+    return Guarded([&] {
+      auto connection = std::make_unique<EmbeddedConnection>(path_, writable_);
+      CheckInPlace();  // so that it reached this company's file
+      return connection;
+    });
   }
 
   std::optional<UserRecord> SignIn(std::string_view login, std::string_view password) override {
@@ -58,7 +76,7 @@ class EmbeddedCompany : public ICompany {
           db_.Prepare("SELECT Code, Login, Name, EveryRight, PasswordHash FROM Users WHERE Login = ?1");
       user.Bind(1, login);
       if (!user.Step() || !VerifyPassword(password, std::string(user.Text(4)))) return std::nullopt;
-      return UserRecord{user.Integer(0), std::string(user.Text(1)), std::string(user.Text(2)),
+      return UserRecord{user.Integer(0), std::string(user.Text(1)), Shortened(std::string(user.Text(2))),
                         user.Integer(3) != 0};
     });
   }
@@ -152,8 +170,15 @@ class EmbeddedCompany : public ICompany {
   }
 
  private:
+  // What stands under the file's name now may be another company with other users.
+  void CheckInPlace() const {
+    if (db_.WasMoved()) throw CompanyError(std::string(kMovedMessage));
+  }
+
   template <typename Body>
-  static auto Guarded(Body body) -> decltype(body()) {
+  auto Guarded(Body body) const -> decltype(body()) {
+    CheckInPlace();
+    const ProgressWatch watch(db_.Handle(), nullptr, kMostInstructions);
     try {
       return body();
     } catch (const SqliteError& error) {
@@ -218,8 +243,8 @@ class EmbeddedCompany : public ICompany {
 
 ICompany::~ICompany() = default;
 
-std::unique_ptr<ICompany> OpenCompany(const std::string& path) {
-  const bool writable = PrepareCompanyFile(path);
+std::unique_ptr<ICompany> OpenCompany(const std::string& path, IStatementProgress* progress) {
+  const bool writable = PrepareCompanyFile(path, progress);
   try {
     return std::make_unique<EmbeddedCompany>(path, writable);
   } catch (const SqliteError& error) {

@@ -5,6 +5,8 @@
 #include <utility>
 #include <variant>
 
+#include "company/company.h"
+#include "company/embedded/company_file.h"
 #include "company/embedded/conditional_lines.h"
 #include "company/embedded/native_procedures.h"
 #include "company/embedded/procedures.h"
@@ -15,19 +17,6 @@
 namespace goods {
 
 namespace {
-
-// Whatever text gets this far, a reading handle does nothing but read.
-int AllowReading(void*, int action, const char*, const char*, const char*, const char*) {
-  switch (action) {
-    case SQLITE_SELECT:
-    case SQLITE_READ:
-    case SQLITE_FUNCTION:
-    case SQLITE_RECURSIVE:
-      return SQLITE_OK;
-    default:
-      return SQLITE_DENY;
-  }
-}
 
 // A declaration that does not fit its body would shift every column.
 void DefineColumns(RowStore& into, const std::vector<ColumnInfo>& columns, const Statement& prepared) {
@@ -44,9 +33,10 @@ void DropRows(Statement& prepared, ProgressWatch& watch) {
 }  // namespace
 
 EmbeddedConnection::EmbeddedConnection(std::string path, bool writable)
-    : path_(std::move(path)), writable_(writable), reader_(path_, SQLITE_OPEN_READONLY), catalog_(reader_) {
-  sqlite3_set_authorizer(reader_.Handle(), AllowReading, nullptr);
-}
+    : path_(std::move(path)),
+      writable_(writable),
+      reader_(OpenCompanyDatabase(path_, SQLITE_OPEN_READONLY, Access::Read)),
+      catalog_(reader_) {}
 
 EmbeddedConnection::~EmbeddedConnection() = default;
 
@@ -59,63 +49,68 @@ void EmbeddedConnection::Execute(std::string_view statement, IStatementProgress*
 }
 
 void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IStatementProgress* progress) {
+  if (reader_.WasMoved()) throw DatabaseError(kMovedMessage, std::string(statement));
   try {
     const ParsedStatement parsed = ParseStatement(statement);
-    Statement prepared;
-    std::vector<ColumnInfo> columns;
-    std::span<const DerivedColumn> derived;
-    if (const auto* exec = std::get_if<ExecStatement>(&parsed)) {
+    const auto* exec = std::get_if<ExecStatement>(&parsed);
+    if (exec != nullptr) {
       const ProcedureCall call = MatchProcedure(*exec, statement);
       if (call.procedure->writes) {
         Refresh(call, statement, progress);
         if (into != nullptr) into->Define({});
         return;
       }
-      if (call.procedure->native) {
-        RunNative(call, into, progress);
-        return;
-      }
-      prepared = reader_.Prepare(BodyOf(call));
-      BindParameters(prepared, call);
-      columns = call.procedure->columns;
-      derived = call.procedure->derived;
-    } else {
-      TranslatedQuery query = TranslateQuery(std::get<QueryStatement>(parsed), catalog_, statement);
-      prepared = reader_.Prepare(query.sql);
-      columns = std::move(query.columns);
     }
+    // From here on, so that preparing a statement can be stopped as well.
     ProgressWatch watch(reader_.Handle(), progress);
     try {
-      if (into == nullptr) {
-        DropRows(prepared, watch);
-      } else {
-        DefineColumns(*into, columns, prepared);
-        ReadRows(prepared, derived, *into, watch);
-      }
+      Read(parsed, statement, into, watch);
     } catch (const SqliteError&) {
       watch.Rethrow();
       throw;
     }
   } catch (const StatementError& error) {
     throw DatabaseError(error.what(), std::string(statement));
+  } catch (const CompanyError& error) {
+    throw DatabaseError(error.what(), std::string(statement));
   } catch (const SqliteError& error) {
     throw DatabaseError(PersianMessage(error), std::string(statement));
   } catch (const std::overflow_error&) {
     throw DatabaseError("حاصل از اندازه یک عدد بزرگتر است.", std::string(statement));
+  } catch (const std::domain_error&) {
+    throw DatabaseError("تقسیم بر صفر ممکن نیست.", std::string(statement));
   } catch (const Cancelled&) {
     throw StatementCancelled("کار به خواست کاربر متوقف شد.", std::string(statement));
   }
 }
 
-void EmbeddedConnection::RunNative(const ProcedureCall& call, RowStore* into, IStatementProgress* progress) {
-  const NativeBody body = NativeBodyOf(*call.procedure);
-  ProgressWatch watch(reader_.Handle(), progress);
-  RowStore dropped;
-  try {
-    body(reader_, call, into != nullptr ? *into : dropped, watch);
-  } catch (const SqliteError&) {
-    watch.Rethrow();
-    throw;
+void EmbeddedConnection::Read(const ParsedStatement& parsed, std::string_view statement, RowStore* into,
+                              ProgressWatch& watch) {
+  Statement prepared;
+  std::vector<ColumnInfo> columns;
+  std::span<const DerivedColumn> derived;
+  std::optional<ProcedureCall> call;  // derived looks into it
+  if (const auto* exec = std::get_if<ExecStatement>(&parsed)) {
+    call = MatchProcedure(*exec, statement);
+    if (call->procedure->native) {
+      RowStore dropped;
+      NativeBodyOf (*call->procedure)(reader_, *call, into != nullptr ? *into : dropped, watch);
+      return;
+    }
+    prepared = reader_.Prepare(BodyOf(*call));
+    BindParameters(prepared, *call);
+    columns = call->procedure->columns;
+    derived = call->procedure->derived;
+  } else {
+    TranslatedQuery query = TranslateQuery(std::get<QueryStatement>(parsed), catalog_, statement);
+    prepared = reader_.Prepare(query.sql);
+    columns = std::move(query.columns);
+  }
+  if (into == nullptr) {
+    DropRows(prepared, watch);
+  } else {
+    DefineColumns(*into, columns, prepared);
+    ReadRows(prepared, derived, *into, watch);
   }
 }
 
@@ -124,7 +119,14 @@ void EmbeddedConnection::Refresh(const ProcedureCall& call, std::string_view sta
   if (!writable_) {
     throw DatabaseError("فایل شرکت فقط خواندنی است و چیزی در آن نوشته نمی شود.", std::string(statement));
   }
-  if (!writer_) writer_.emplace(path_, SQLITE_OPEN_READWRITE);
+  if (!writer_) {
+    writer_ = OpenCompanyDatabase(path_, SQLITE_OPEN_READWRITE, Access::Write);
+    // Between looking and opening another file may have come to this place.
+    if (reader_.WasMoved()) {
+      writer_.reset();
+      throw DatabaseError(kMovedMessage, std::string(statement));
+    }
+  }
   ProgressWatch watch(writer_->Handle(), progress);
   try {
     Transaction transaction(*writer_);

@@ -6,7 +6,9 @@
 #include <string_view>
 
 #include "company/embedded/catalog.h"
+#include "company/embedded/row_reader.h"
 #include "company/embedded/sqlite.h"
+#include "company/embedded/statement_parser.h"
 #include "host/data/connection.h"
 
 namespace goods {
@@ -26,7 +28,7 @@ class EmbeddedConnection : public IConnection {
  private:
   // into is null when the rows are to be dropped.
   void Dispatch(std::string_view statement, RowStore* into, IStatementProgress* progress);
-  void RunNative(const ProcedureCall& call, RowStore* into, IStatementProgress* progress);
+  void Read(const ParsedStatement& parsed, std::string_view statement, RowStore* into, ProgressWatch& watch);
   void Refresh(const ProcedureCall& call, std::string_view statement, IStatementProgress* progress);
 
   std::string path_;

@@ -1,5 +1,8 @@
 #include "company/embedded/password.h"
 
+#include <cstddef>
+#include <optional>
+
 #include <sodium.h>
 
 #include "company/company.h"
@@ -8,8 +11,31 @@ namespace goods {
 
 namespace {
 
+constexpr unsigned long kMostMemory = crypto_pwhash_MEMLIMIT_INTERACTIVE / 1024;  // KiB
+constexpr unsigned long kMostPasses = 4;
+
 void Start() {
   if (sodium_init() < 0) throw CompanyError("کتابخانه رمزنگاری آماده نشد.");
+}
+
+// The number behind a name such as "m=", within "$...$" or ",...,"; none when it is not there or too long.
+std::optional<unsigned long> CostNamed(std::string_view hash, std::string_view name) {
+  const std::size_t at = hash.find(name);
+  if (at == hash.npos) return std::nullopt;
+  const std::string_view rest = hash.substr(at + name.size());
+  const std::string_view digits = rest.substr(0, rest.find_first_not_of("0123456789"));
+  if (digits.empty() || digits.size() > 9) return std::nullopt;
+  return std::stoul(std::string(digits));
+}
+
+// Whether checking a password against this hash costs no more than what this program itself may ask for. The
+// hash comes from the file, and with it the memory and time that the check takes.
+bool IsAffordable(std::string_view hash) {
+  if (hash.size() >= crypto_pwhash_STRBYTES || !hash.starts_with("$argon2id$v=19$m=")) return false;
+  const auto memory = CostNamed(hash, "$m=");
+  const auto passes = CostNamed(hash, ",t=");
+  const auto lanes = CostNamed(hash, ",p=");
+  return memory && passes && lanes && *memory <= kMostMemory && *passes <= kMostPasses && *lanes == 1;
 }
 
 std::string Base64(const unsigned char* bytes, std::size_t count) {
@@ -53,7 +79,7 @@ PasswordSalt SaltFrom(std::string_view text) {
 
 bool VerifyPassword(std::string_view password, const std::string& hash) {
   Start();
-  if (hash.size() >= crypto_pwhash_STRBYTES) return false;
+  if (!IsAffordable(hash)) return false;
   return crypto_pwhash_str_verify(hash.c_str(), password.data(), password.size()) == 0;
 }
 

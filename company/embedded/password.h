@@ -16,6 +16,8 @@ std::string HashPassword(std::string_view password, const PasswordSalt& salt);
 // A salt made from a text; equal texts, equal salts.
 PasswordSalt SaltFrom(std::string_view text);
 
+// False as well for a hash that is no Argon2id hash, or one that would cost more than 64 MB and four passes
+// to check.
 bool VerifyPassword(std::string_view password, const std::string& hash);
 
 }  // namespace goods

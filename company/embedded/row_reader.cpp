@@ -83,14 +83,19 @@ class Deriver {
 
 }  // namespace
 
-ProgressWatch::ProgressWatch(sqlite3* db, IStatementProgress* progress) : db_(db), progress_(progress) {
-  if (progress_ != nullptr) sqlite3_progress_handler(db_, kInstructionsBetweenChecks, Called, this);
+ProgressWatch::ProgressWatch(sqlite3* db, IStatementProgress* progress, std::uint64_t mostInstructions)
+    : db_(db), progress_(progress), mostInstructions_(mostInstructions) {
+  if (progress_ != nullptr || mostInstructions_ != 0)
+    sqlite3_progress_handler(db_, kInstructionsBetweenChecks, Called, this);
 }
 
 ProgressWatch::~ProgressWatch() { sqlite3_progress_handler(db_, 0, nullptr, nullptr); }
 
 int ProgressWatch::Called(void* self) {
   auto& watch = *static_cast<ProgressWatch*>(self);
+  watch.instructions_ += kInstructionsBetweenChecks;
+  if (watch.mostInstructions_ != 0 && watch.instructions_ > watch.mostInstructions_) return 1;
+  if (watch.progress_ == nullptr) return 0;
   const auto now = std::chrono::steady_clock::now();
   if (now - watch.told_ < kLongestSilence) return 0;
   try {

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <span>
 
@@ -20,7 +21,8 @@ class Cancelled : public std::exception {};
 // before the first row, and can stop it. progress may be null. Its exceptions come out of Rethrow.
 class ProgressWatch {
  public:
-  ProgressWatch(sqlite3* db, IStatementProgress* progress);
+  // mostInstructions: what the handle may do in all, 0 for any; then it is interrupted (SQLITE_INTERRUPT).
+  ProgressWatch(sqlite3* db, IStatementProgress* progress, std::uint64_t mostInstructions = 0);
   ProgressWatch(const ProgressWatch&) = delete;
   ProgressWatch& operator=(const ProgressWatch&) = delete;
   ~ProgressWatch();
@@ -39,6 +41,8 @@ class ProgressWatch {
 
   sqlite3* db_;
   IStatementProgress* progress_;
+  std::uint64_t mostInstructions_;
+  std::uint64_t instructions_ = 0;
   std::size_t rows_ = 0;
   std::chrono::steady_clock::time_point told_{};
   std::exception_ptr thrown_;

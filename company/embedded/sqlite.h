@@ -23,7 +23,7 @@ class SqliteError : public std::runtime_error {
   int code_;
 };
 
-// What to tell a user of a failed call, in Persian; SQLite's own words are added where they help.
+// What to tell a user of a failed call: Persian, none of SQLite's own words.
 std::string PersianMessage(const SqliteError& error);
 
 // A prepared statement. Parameters count from 1, columns from 0. Texts given to Bind are copied; texts
@@ -59,11 +59,26 @@ class Statement {
   sqlite3_stmt* statement_ = nullptr;
 };
 
-// A database handle with the functions and the table-valued functions of this folder registered.
+// What the statements of a handle may do. None reaches another file or loads code.
+enum class Access {
+  Read,   // SELECT, and nothing else
+  Write,  // rows of the file's tables, tables of the handle's own; no schema
+  Build   // the schema too: a new file, or an older one that is brought up to date
+};
+
+// A database handle with the functions and the table-valued functions of this folder registered. A file is
+// data: nothing that it defines runs by itself (triggers are off, its schema is not trusted), and there are
+// limits on what a file or a statement can ask for: a cell, row or statement of kLargestCell bytes,
+// expressions 500 deep, 1000 columns, 1 GB of memory for all handles together, and a schema that is read
+// within kSchemaInstructions.
 class Database {
  public:
+  static constexpr int kLargestCell = 4 * 1024 * 1024;
+  static constexpr int kSchemaInstructions = 20'000;  // 2,500 tables, views, indexes and triggers
+
   Database() = default;
-  // flags: SQLITE_OPEN_...; the path is UTF-8.
+  // flags: SQLITE_OPEN_...; the path is UTF-8 and a file's name whatever it looks like, but for ":memory:".
+  // The schema is read, so a file that is no database, damaged or locked is noticed here. Access is Build.
   Database(const std::string& path, int flags);
   Database(Database&& other) noexcept;
   Database& operator=(Database&& other) noexcept;
@@ -76,6 +91,11 @@ class Database {
   std::int64_t AskInteger(std::string_view sql);
   std::string AskText(std::string_view sql);
   sqlite3* Handle() const { return db_; }
+  void SetAccess(Access access);
+  // For a file whose schema this program has just written itself.
+  void RunTriggers();
+  // The file is no longer under its name: renamed, deleted, or another one put in its place.
+  bool WasMoved() const;
 
  private:
   sqlite3* db_ = nullptr;

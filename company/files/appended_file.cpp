@@ -3,24 +3,26 @@
 #include <cerrno>
 #include <utility>
 
-#include "company/files/target_path.h"
-
 namespace goods {
 
 AppendedFile::AppendedFile(std::string path, const std::vector<std::string>& forbidden, FileLayer* layer)
     : layer_(layer != nullptr ? *layer : FileLayer::System()), path_(std::move(path)) {
-  Target target = FindTarget(layer_, path_, {true, forbidden});
+  target_ = FindTarget(layer_, path_, {true, false, forbidden});
   int opened = -1;
-  if (const int error = layer_.OpenToAppend(target.path, 0666, opened); error != 0) {
+  if (const int error = layer_.OpenToAppend(target_.path, 0666, opened); error != 0) {
     throw FileError(error == ELOOP ? FileProblem::ForeignLink : ProblemOf(error), path_, error);
   }
   handle_ = FileHandle(layer_, opened);
   // By the handle: something else may have come to this place since it was looked at.
-  if (const int error = layer_.LookAt(opened, target.state); error != 0) {
+  if (const int error = layer_.LookAt(opened, target_.state); error != 0) {
     throw FileError(ProblemOf(error), path_, error);
   }
-  if (target.state.kind != FileKind::Regular) throw FileError(FileProblem::NotRegular, path_);
-  RefuseForbidden(layer_, target, forbidden);
+  if (target_.state.kind != FileKind::Regular) throw FileError(FileProblem::NotRegular, path_);
+  RefuseForbidden(layer_, target_, forbidden);
+}
+
+void AppendedFile::Forbid(const std::vector<std::string>& files) const {
+  RefuseForbidden(layer_, target_, files);
 }
 
 void AppendedFile::Append(std::string_view entry) {

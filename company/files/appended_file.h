@@ -7,6 +7,7 @@
 
 #include "company/files/file_error.h"
 #include "company/files/file_layer.h"
+#include "company/files/target_path.h"
 
 namespace goods {
 
@@ -19,12 +20,16 @@ class AppendedFile {
   explicit AppendedFile(std::string path, const std::vector<std::string>& forbidden = {},
                         FileLayer* layer = nullptr);
 
+  // Throws FileError when the open file is one of these; see WholeFileOptions::forbidden.
+  void Forbid(const std::vector<std::string>& files) const;
+
   // Throws FileError when the entry was not written; the entries before it stand whole.
   void Append(std::string_view entry);
 
  private:
   FileLayer& layer_;
   std::string path_;
+  Target target_;
   FileHandle handle_;
 };
 

@@ -22,6 +22,8 @@ std::string Sentence(FileProblem problem) {
       return "این فایل فقط خواندنی است و نوشته نشد";
     case FileProblem::Forbidden:
       return "این فایل از آن شرکت است و چیزی به جای آن نوشته نمی شود";
+    case FileProblem::Database:
+      return "این فایل یک پایگاه داده است و چیزی به جای آن نوشته نمی شود";
     case FileProblem::ForeignLink:
       return "این مسیر پیوندی است که کاربر دیگری گذاشته است و دنبال نشد";
     case FileProblem::InUse:

@@ -16,6 +16,7 @@ enum class FileProblem {
   NotRegular,   // a pipe, a socket or a device
   ReadOnly,     // marked read-only by its owner
   Forbidden,    // one of the files that must not be written, such as the open company
+  Database,     // a database, in the place of something else
   ForeignLink,  // a symbolic link that somebody else put there
   InUse,        // being written by another program
   NoSpace,      // the disk or the quota is full

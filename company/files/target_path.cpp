@@ -1,5 +1,7 @@
 #include "company/files/target_path.h"
 
+#include <array>
+#include <cstddef>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -33,6 +35,18 @@ bool MayFollow(FileLayer& layer, const FileState& link, const std::string& folde
   if (link.owner == 0 || link.owner == layer.User()) return true;
   FileState around;
   return layer.Look(folder, true, around) == 0 && around.owner == link.owner;
+}
+
+// Only the first bytes tell; an empty file is none yet.
+bool IsDatabase(FileLayer& layer, const std::string& path) {
+  constexpr std::string_view kMagic("SQLite format 3\0", 16);
+  int opened = -1;
+  if (layer.OpenToRead(path, false, opened) != 0) return false;
+  const FileHandle handle(layer, opened);
+  std::array<char, kMagic.size()> bytes{};
+  std::size_t read = 0;
+  if (layer.Read(opened, bytes.data(), bytes.size(), read) != 0) return false;
+  return std::string_view(bytes.data(), read) == kMagic;
 }
 
 // The same place in the same spelling, also of files that are not there.
@@ -84,6 +98,7 @@ Target FindTarget(FileLayer& layer, const std::string& path, const TargetRules& 
   // Who marked a file read-only is obeyed even where the system would let us write.
   if ((target.state.permissions & 0222U) == 0) throw FileError(FileProblem::ReadOnly, path);
   if (!layer.MayWrite(target.path)) throw FileError(FileProblem::NoAccess, path);
+  if (!rules.overDatabases && IsDatabase(layer, target.path)) throw FileError(FileProblem::Database, path);
   return target;
 }
 

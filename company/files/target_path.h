@@ -11,6 +11,7 @@ namespace goods {
 
 struct TargetRules {
   bool replace = true;                 // an existing file may be written
+  bool overDatabases = false;          // see WholeFileOptions::overDatabases
   std::vector<std::string> forbidden;  // see WholeFileOptions::forbidden
 };
 

@@ -54,7 +54,7 @@ WholeFile::WholeFile(std::string path, WholeFileOptions options)
     : options_(std::move(options)),
       layer_(options_.layer != nullptr ? *options_.layer : FileLayer::System()),
       path_(std::move(path)),
-      target_(FindTarget(layer_, path_, {options_.replace, options_.forbidden})) {
+      target_(FindTarget(layer_, path_, {options_.replace, options_.overDatabases, options_.forbidden})) {
   try {
     MakeTemporary();
   } catch (...) {
@@ -175,7 +175,8 @@ void WholeFile::CheckStillOurs() {
 void WholeFile::MoveIntoPlace() {
   try {
     // What has come to the target's place in the meantime is looked at by the same rules.
-    const Target now = FindTarget(layer_, target_.path, {options_.replace, options_.forbidden});
+    const Target now =
+        FindTarget(layer_, target_.path, {options_.replace, options_.overDatabases, options_.forbidden});
     if (now.path != target_.path) throw FileError(FileProblem::Lost, path_);
     if (const int error = layer_.Rename(temporary_, target_.path, options_.replace); error != 0) Fail(error);
   } catch (const FileError& error) {

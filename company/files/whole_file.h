@@ -25,6 +25,8 @@ struct WholeFileOptions {
   // link. A database's -journal, -wal and -shm are meant with it. Need not exist; empty paths are passed
   // over.
   std::vector<std::string> forbidden = {};
+  // False: no database is ever replaced, be it a company or not. True for what writes databases itself.
+  bool overDatabases = false;
   // How long to wait for another writer of the same file before it is refused as InUse.
   std::chrono::milliseconds patience{2000};
   // The calls of the system; a test gives its own, which must outlive the file. Null: FileLayer::System().

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <filesystem>
 #include <stdexcept>
 #include <utility>
 
@@ -10,12 +9,11 @@
 #include "company/embedded/company_file.h"
 #include "company/embedded/procedures.h"
 #include "company/writer/moving_average.h"
+#include "company/writer/resting_company.h"
 
 namespace goods {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr char kStaging[] =
     "CREATE TEMP TABLE Staging(Radif INTEGER PRIMARY KEY, Kala, Date, Anbar, Percode, Tedad, Fi, Type,"
@@ -89,38 +87,30 @@ std::optional<Decimal> SecondQuantity(Decimal quantity, Decimal ratio) {
   }
 }
 
-CompanyWriter::CompanyWriter(std::string path, bool replace)
-    : path_(std::move(path)), partial_(path_ + ".partial") {
-  std::error_code error;
-  if (fs::is_directory(path_, error)) throw CompanyError("این مسیر یک پوشه است: " + path_);
-  if (!replace && fs::exists(path_, error)) throw CompanyError("این فایل از پیش هست و نوشته نشد: " + path_);
-  fs::remove(partial_, error);
+CompanyWriter::CompanyWriter(std::string path, bool replace) : path_(std::move(path)), replace_(replace) {
   try {
-    db_.emplace(partial_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    file_.emplace(path_, WholeFileOptions{.replace = replace_, .overDatabases = true});
+    // Now rather than after all the work; Finish looks again.
+    { const RestingCompany old(file_->TargetPath(), replace_); }
+    db_.emplace(file_->TemporaryPath(), SQLITE_OPEN_READWRITE);
     // The file is not the company until it is moved into place, so nothing needs to survive a crash.
     db_->Run(
         "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
         "PRAGMA temp_store = FILE; PRAGMA cache_size = -65536; PRAGMA temp.cache_size = -16384; BEGIN");
     CreateCompanySchema(*db_);
+    db_->RunTriggers();
     db_->Run(kStaging);
   } catch (const SqliteError& failure) {
-    db_.reset();
-    fs::remove(partial_, error);
     throw CompanyError(PersianMessage(failure) + " (" + path_ + ")");
+  } catch (const FileError& failure) {
+    throw CompanyError(failure.what());
   }
   add_ = db_->Prepare("INSERT INTO Staging VALUES(?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11)");
   addDetail_ = db_->Prepare(
       "INSERT INTO DetailStaging VALUES(?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15)");
 }
 
-CompanyWriter::~CompanyWriter() {
-  if (!db_) return;
-  add_ = Statement();
-  addDetail_ = Statement();
-  db_.reset();
-  std::error_code error;
-  fs::remove(partial_, error);
-}
+CompanyWriter::~CompanyWriter() = default;
 
 void CompanyWriter::SetTitle(std::string_view title) {
   Statement meta = db_->Prepare("INSERT OR REPLACE INTO Meta(Key, Value) VALUES('Title', ?1)");
@@ -191,11 +181,11 @@ void CompanyWriter::Finish() {
   WriteDerivedFigures();
   db_->Run("COMMIT");
   db_.reset();
-  std::error_code error;
-  fs::rename(partial_, path_, error);
-  if (error) {
-    fs::remove(partial_, error);
-    throw CompanyError("فایل شرکت در جای خود گذاشته نشد: " + path_);
+  try {
+    const RestingCompany old(file_->TargetPath(), replace_);
+    file_->Commit();
+  } catch (const FileError& failure) {
+    throw CompanyError(failure.what());
   }
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "company/embedded/sqlite.h"
+#include "company/files/whole_file.h"
 #include "host/data/decimal.h"
 
 namespace goods {
@@ -43,12 +44,15 @@ struct DetailMovement {
   Decimal width;
 };
 
-// Writes into a file beside the target and moves it into place at the end, so that a company is there whole
-// or not at all. Movements come in any order; those of one date are ordered as they come. Memory does not
-// grow with their number. Failures throw CompanyError or SqliteError.
+// Writes into a file beside the target and moves it into place at the end (see WholeFile), so that a company
+// is there whole or not at all, whatever happens on the way. A company that is replaced is first brought to
+// rest, so that nothing of its journal is played into the new one. Movements come in any order; those of one
+// date are ordered as they come. Memory does not grow with their number. Failures throw CompanyError or
+// SqliteError.
 class CompanyWriter {
  public:
-  // Throws CompanyError when the file exists and may not be replaced.
+  // Throws CompanyError when the file exists and may not be replaced, is in use, or being written by another
+  // program.
   CompanyWriter(std::string path, bool replace);
   CompanyWriter(const CompanyWriter&) = delete;
   CompanyWriter& operator=(const CompanyWriter&) = delete;
@@ -78,7 +82,8 @@ class CompanyWriter {
   void WriteDerivedFigures();
 
   std::string path_;
-  std::string partial_;
+  bool replace_;
+  std::optional<WholeFile> file_;
   std::optional<Database> db_;
   Statement add_;
   Statement addDetail_;

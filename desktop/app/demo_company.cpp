@@ -69,17 +69,12 @@ QString EnsureDemoCompany(const QString& folder, QWidget* parent) {
   if (QFile::exists(path)) return path;
   if (!QDir().mkpath(folder))
     throw CompanyError("پوشه داده‌ها را نمی‌توان ساخت: " + FromQt(folder));
-  // Under another name until it is whole, so that a program that is ended midway leaves no half of one.
-  const QString unfinished = path + ".new";
-  QFile::remove(unfinished);
   try {
-    MakeWithProgress(FromQt(unfinished), parent);
-  } catch (...) {
-    QFile::remove(unfinished);
-    throw;
+    MakeWithProgress(FromQt(path), parent);
+  } catch (const CompanyError&) {
+    // Another program has made it in the meantime.
+    if (!QFile::exists(path)) throw;
   }
-  if (!QFile::rename(unfinished, path))
-    throw CompanyError("شرکت نمایشی را نمی‌توان نوشت: " + FromQt(path));
   return path;
 }
 

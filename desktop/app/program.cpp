@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QSettings>
+#include <QTimer>
+#include <exception>
 #include <fstream>
 #include <utility>
 
@@ -46,7 +48,7 @@ int DesktopProgram::Run() {
   // Windows come and go between sign-ins; the program ends only here.
   QApplication::setQuitOnLastWindowClosed(false);
   try {
-    if (!options_.statementLog.empty()) log_ = std::make_unique<StatementLog>(options_.statementLog);
+    if (!options_.statementLog.empty()) StartLog();
     const std::string folder = FromQt(QApplication::applicationDirPath());
     module_ = std::make_unique<ModuleLibrary>(ModuleLibrary::Find(options_.module, folder));
     while (company_.company != nullptr || ChooseCompany()) {
@@ -62,6 +64,14 @@ int DesktopProgram::Run() {
   }
 }
 
+void DesktopProgram::StartLog() {
+  log_ = std::make_unique<StatementLog>(options_.statementLog);
+  // Once the statement is through: a message waits for its reader.
+  log_->OnFailure = [](const std::exception& error) {
+    QTimer::singleShot(0, qApp, [text = ToQt(error.what())] { Tell(text); });
+  };
+}
+
 bool DesktopProgram::ChooseCompany() {
   CompanyChooser chooser(settings_, [this, &chooser] { return EnsureDemoCompany(DemoFolder(), &chooser); });
   // What the command line names is tried first and once; what fails is told in the chooser.
@@ -73,6 +83,7 @@ bool DesktopProgram::ChooseCompany() {
     chooser.OpenDemo();
   }
   company_ = chooser.Choose();
+  if (company_.company != nullptr && log_ != nullptr) log_->Forbid({FromQt(company_.path)});
   return company_.company != nullptr;
 }
 

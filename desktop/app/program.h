@@ -35,6 +35,7 @@ class DesktopProgram {
   int Run();
 
  private:
+  void StartLog();
   bool ChooseCompany();
   std::optional<UserRecord> SignIn();
   std::optional<UserRecord> SignInFromOptions();

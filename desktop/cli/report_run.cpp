@@ -87,7 +87,10 @@ bool RunReport(const ReportRun& run, const std::string& programFolder, std::ostr
   Check(run, *company);
   const std::int64_t good = GoodOf(run, *company);
   std::unique_ptr<StatementLog> log;
-  if (!run.statementLog.empty()) log = std::make_unique<StatementLog>(run.statementLog);
+  if (!run.statementLog.empty())
+    log = std::make_unique<StatementLog>(run.statementLog, std::vector{run.company});
+  if (log != nullptr)
+    log->OnFailure = [&](const std::exception& error) { messages << error.what() << std::endl; };
 
   ScreenlessHost* asked = nullptr;
   ScreenlessHost host(

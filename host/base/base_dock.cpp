@@ -1,14 +1,20 @@
 #include "host/base/base_dock.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 #include <utility>
 
 namespace goods {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr int kPrintOptions = 5;
+constexpr std::uintmax_t kLargestLayout = 1 << 20;  // bytes
 
 bool Contains(const std::vector<const TControl*>& controls, const TControl& control) {
   return std::find(controls.begin(), controls.end(), &control) != controls.end();
@@ -92,7 +98,10 @@ std::string TBaseDock_FRM::GridSettingsFile(std::string_view report, std::int64_
 
 void TBaseDock_FRM::LoadGridSettings(TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
                                      std::int64_t second) {
-  std::ifstream file(GridSettingsFile(report, first, second), std::ios::binary);
+  const std::string path = GridSettingsFile(report, first, second);
+  std::error_code error;
+  if (!fs::is_regular_file(path, error) || fs::file_size(path, error) > kLargestLayout) return;
+  std::ifstream file(path, std::ios::binary);
   if (!file) return;
   grid.LoadLayout(std::string(std::istreambuf_iterator<char>(file), {}));
 }
@@ -101,7 +110,17 @@ void TBaseDock_FRM::SaveGridSettings(const TSmartDBGrid_QRT& grid, std::string_v
                                      std::int64_t first, std::int64_t second) {
   const std::string path = GridSettingsFile(report, first, second);
   if (path.empty()) return;
-  std::ofstream(path, std::ios::binary | std::ios::trunc) << grid.SaveLayout();
+  std::error_code error;
+  const fs::file_type there = fs::symlink_status(path, error).type();
+  if (there != fs::file_type::regular && there != fs::file_type::not_found) return;
+  // Written aside and moved into place, so that a full disk leaves the layout that was kept before.
+  const std::string aside = path + ".new";
+  fs::remove(aside, error);
+  std::ofstream file(aside, std::ios::binary | std::ios::trunc);
+  file << grid.SaveLayout();
+  file.close();
+  if (file) fs::rename(aside, path, error);
+  if (!file || error) fs::remove(aside, error);
 }
 
 void TBaseDock_FRM::FormKeyDown(TKey& key) {

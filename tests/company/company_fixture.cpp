@@ -58,6 +58,17 @@ std::string Refusal(IConnection& connection, std::string_view statement) {
   }
 }
 
+std::size_t NamesBeside(const std::string& path) {
+  const std::filesystem::path file(path);
+  const std::string name = file.filename().string();
+  std::size_t count = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(file.parent_path())) {
+    const std::string other = entry.path().filename().string();
+    if (other != name && (other.starts_with(name) || other.starts_with("." + name))) ++count;
+  }
+  return count;
+}
+
 std::string ReadFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::ostringstream bytes;

@@ -48,6 +48,10 @@ RowStore AskRows(IConnection& connection, std::string_view statement);
 // The message with which the statement fails; "" when it does not.
 std::string Refusal(IConnection& connection, std::string_view statement);
 
+// How many names in the folder of path begin with its name, or with a point and its name: what is left behind
+// beside it. The file itself is not counted.
+std::size_t NamesBeside(const std::string& path);
+
 std::string ReadFile(const std::string& path);
 void WriteFile(const std::string& path, std::string_view bytes);
 

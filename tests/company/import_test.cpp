@@ -31,7 +31,7 @@ class ImportTest : public ::testing::Test {
       Import();
     } catch (const ImportRefused& refused) {
       EXPECT_FALSE(std::filesystem::exists(company_.Path()));
-      EXPECT_FALSE(std::filesystem::exists(company_.Path() + ".partial"));
+      EXPECT_EQ(NamesBeside(company_.Path()), 0U);
       EXPECT_EQ(refused.Total(), 1U) << refused.what();
       const ImportProblem& problem = refused.Problems().at(0);
       EXPECT_NE(std::string(refused.what()).find(problem.reason), std::string::npos);

@@ -1,7 +1,8 @@
 #include "desktop/app/services/statement_log.h"
 
 #include <cstdio>
-#include <stdexcept>
+#include <exception>
+#include <utility>
 
 namespace goods {
 namespace {
@@ -32,16 +33,21 @@ std::string OneLine(std::string_view text) {
 
 }  // namespace
 
-StatementLog::StatementLog(const std::string& path) : file_(path, std::ios::app | std::ios::binary) {
-  if (!file_)
-    throw std::runtime_error("در پرونده گزارش دستورها نمی‌توان نوشت: " +
-                             path);
-}
+StatementLog::StatementLog(const std::string& path, const std::vector<std::string>& forbidden)
+    : file_(path, forbidden) {}
 
-void StatementLog::Write(std::string_view statement, double milliseconds, std::string_view outcome) {
-  char time[32];
-  std::snprintf(time, sizeof time, "%.3f", milliseconds);
-  file_ << time << '\t' << OneLine(outcome) << '\t' << OneLine(statement) << std::endl;
+void StatementLog::Write(std::string_view statement, double milliseconds, std::string_view outcome) noexcept {
+  try {
+    char time[32];
+    std::snprintf(time, sizeof time, "%.3f", milliseconds);
+    file_.Append(std::string(time) + '\t' + OneLine(outcome) + '\t' + OneLine(statement) + '\n');
+  } catch (const std::exception& error) {
+    if (std::exchange(told_, true) || OnFailure == nullptr) return;
+    try {
+      OnFailure(error);
+    } catch (const std::exception&) {  // nobody is there to hear it
+    }
+  }
 }
 
 }  // namespace goods

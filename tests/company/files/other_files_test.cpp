@@ -50,6 +50,13 @@ TEST_F(AppendedFileTest, RefusesTheForbiddenFileAndWhatIsNoFile) {
   EXPECT_EQ(Contents("company"), "figures");
 }
 
+TEST_F(AppendedFileTest, AddsNothingToADatabase) {
+  const std::string database = std::string("SQLite format 3") + '\0' + "pages";
+  Put("company", database);
+  EXPECT_EQ(Problem([&] { AppendedFile{Path("company")}; }), FileProblem::Database);
+  EXPECT_EQ(Contents("company"), database);
+}
+
 // Takes a few bytes, then has no room.
 class FullDisk : public FileLayer {
  public:

@@ -213,6 +213,15 @@ TEST_F(WholeFileTest, NeverWritesAForbiddenFileUnderAnyName) {
   EXPECT_EQ(ProblemOfWriting(Path("company.txt"), options), std::nullopt);
 }
 
+TEST_F(WholeFileTest, ReplacesADatabaseOnlyWhenItWritesOne) {
+  const std::string database = std::string("SQLite format 3") + '\0' + std::string(100, ' ');
+  Put("company", database);
+  EXPECT_EQ(ProblemOfWriting(Path("company")), FileProblem::Database);
+  EXPECT_EQ(Contents("company"), database);
+  EXPECT_EQ(ProblemOfWriting(Path("company"), {.overDatabases = true}), std::nullopt);
+  EXPECT_EQ(Contents("company"), "new");
+}
+
 TEST_F(WholeFileTest, RefusesASecondWriterAndLetsTheFirstEnd) {
   WholeFile first(Path("a"));
   first.Write("first");

@@ -1,5 +1,9 @@
+#include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <set>
+
+#include <sys/resource.h>
 
 #include "desktop/app/services/company_lookups.h"
 #include "host/core/color.h"
@@ -39,6 +43,56 @@ TEST_F(Services, ALogLineKeepsTheStatementOnOneLine) {
   }
   EXPECT_EQ(Written(Path("log")), "1.250\trows 2\tselect 1\\r\\nUNION ALL\\tselect 'a\\\\b'\n");
   EXPECT_THROW(StatementLog(Path("no/such/folder/log")), std::runtime_error);
+}
+
+TEST_F(Services, ALogIsNeverACompany) {
+  std::filesystem::copy_file(SmallCompany(), Path("company.goods"));
+  const std::string before = Written(Path("company.goods"));
+  EXPECT_THROW(StatementLog(Path("company.goods")), FileError);
+  const StatementLog journal(Path("company.goods-journal"));
+  EXPECT_THROW(journal.Forbid({Path("company.goods")}), FileError);
+  EXPECT_EQ(Written(Path("company.goods")), before);
+}
+
+// While it lives, no file grows beyond so many bytes.
+class FullDisk {
+ public:
+  explicit FullDisk(std::size_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    rlimit small = before_;
+    small.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &small);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  void (*handler_)(int);
+  rlimit before_{};
+};
+
+TEST_F(Services, ALogThatCannotBeWrittenSaysSoOnce) {
+  StatementLog log(Path("log"));
+  int told = 0;
+  log.OnFailure = [&](const std::exception& error) {
+    ++told;
+    EXPECT_NE(std::string(error.what()).find("جای خالی دیسک"), std::string::npos);
+  };
+  log.Write("select 1", 1, "done");
+  const std::string before = Written(Path("log"));
+  {
+    const FullDisk disk(before.size() + 3);
+    log.Write("select 2", 1, "done");
+    log.Write("select 3", 1, "done");
+  }
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(Written(Path("log")), before);
+  log.Write("select 4", 1, "done");
+  EXPECT_EQ(Written(Path("log")), before + "1.000\tdone\tselect 4\n");
 }
 
 class LostConnection : public IConnection {

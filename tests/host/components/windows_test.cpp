@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <fstream>
 
 #include <gtest/gtest.h>
@@ -157,6 +158,23 @@ TEST(BaseDock, KeepsAGridsLayoutInAFileOfTheReportAndTwoNumbers) {
   EXPECT_EQ(other.Rows_GRD.FindColumn("Name")->Width(), 50) << "a file that is not there changes nothing";
   other.LoadGridSettings(other.Rows_GRD, "OneGoodDetailTransaction", 12, 3);
   EXPECT_EQ(other.Rows_GRD.FindColumn("Name")->Width(), 321);
+}
+
+TEST(BaseDock, KeepsTheOldLayoutWhereTheNewOneCannotBeWritten) {
+  ScriptedHost host;
+  host.Settings().Folder = ::testing::TempDir() + "layouts";
+  std::filesystem::create_directories(host.Settings().Folder);
+  Report report(host);
+  report.Rows_GRD.AddColumn("Name", "نام").SetWidth(321);
+  report.SaveGridSettings(report.Rows_GRD, "OneGoodDetailTransaction", 12, 3);
+  // A folder in the place of the file that is written aside.
+  const std::string path = host.Settings().Folder + "/OneGoodDetailTransaction_12_3.ini";
+  std::filesystem::create_directories(path + ".new/in the way");
+  report.Rows_GRD.FindColumn("Name")->SetWidth(50);
+  report.SaveGridSettings(report.Rows_GRD, "OneGoodDetailTransaction", 12, 3);
+  report.LoadGridSettings(report.Rows_GRD, "OneGoodDetailTransaction", 12, 3);
+  EXPECT_EQ(report.Rows_GRD.FindColumn("Name")->Width(), 321);
+  std::filesystem::remove_all(host.Settings().Folder);
 }
 
 TEST(Form, TheTabOrderGoesRoundOverWhatCanHaveTheFocus) {

@@ -1,0 +1,15 @@
+// Whether a file's schema is a company's, before anything in it is read or run.
+#pragma once
+
+#include "company/embedded/sqlite.h"
+
+namespace goods {
+
+// Throws CompanyError when the schema holds what a company's does not: a virtual table, a view or trigger
+// that is not this program's own, computed columns and indexes on expressions other than ours, or tables
+// without the columns, types and keys that are relied on. Tables and plain indexes of others are let be.
+// current: the schema is of this program's version, and must be complete; an older one may lack what the
+// upgrade brings.
+void CheckCompanySchema(Database& db, bool current);
+
+}  // namespace goods
