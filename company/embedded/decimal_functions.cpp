@@ -40,13 +40,13 @@ bool AnyNull(int count, sqlite3_value** values) {
 
 Int128 Add(Int128 a, Int128 b) {
   Int128 sum = 0;
-  if (__builtin_add_overflow(a, b, &sum)) throw std::overflow_error("dec_add");
+  if (__builtin_add_overflow(a, b, &sum)) throw std::overflow_error(kTooLargeMessage);
   return sum;
 }
 
 Int128 Subtract(Int128 a, Int128 b) {
   Int128 difference = 0;
-  if (__builtin_sub_overflow(a, b, &difference)) throw std::overflow_error("dec_sub");
+  if (__builtin_sub_overflow(a, b, &difference)) throw std::overflow_error(kTooLargeMessage);
   return difference;
 }
 
@@ -55,19 +55,19 @@ Int128 Negate(Int128 a) { return Subtract(0, a); }
 Int128 Divide(Int128 a, Int128 b) { return (Decimal::FromUnits(a) / Decimal::FromUnits(b)).Units(); }
 
 Int128 WholeTimes(Int128 a, Int128 b) {
-  if (b == 0) throw std::domain_error("dec_whole");
+  if (b == 0) throw std::domain_error(kZeroDivisionMessage);
   if (FitsCell64(a) && FitsCell64(b) && b != -1) {
     return static_cast<Int128>(static_cast<std::int64_t>(a) / static_cast<std::int64_t>(b)) * Decimal::kOne;
   }
   Int128 units = 0;
   if (__builtin_mul_overflow(b == -1 ? Negate(a) : a / b, static_cast<Int128>(Decimal::kOne), &units)) {
-    throw std::overflow_error("dec_whole");
+    throw std::overflow_error(kTooLargeMessage);
   }
   return units;
 }
 
 Int128 RestOf(Int128 a, Int128 b) {
-  if (b == 0) throw std::domain_error("dec_rest");
+  if (b == 0) throw std::domain_error(kZeroDivisionMessage);
   return b == -1 ? 0 : a % b;
 }
 

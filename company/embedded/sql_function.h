@@ -15,6 +15,7 @@ using SqlFunction = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 inline constexpr int kSqlFunctionFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 inline constexpr char kTooLargeMessage[] = "حاصل از اندازه یک عدد بزرگتر است";
+inline constexpr char kZeroDivisionMessage[] = "تقسیم بر صفر";
 
 // arguments -1: any number.
 inline void RegisterSqlFunction(sqlite3* db, const char* name, int arguments, SqlFunction function) {
@@ -44,7 +45,7 @@ void GuardedFunction(sqlite3_context* context, Body body) {
   } catch (const std::overflow_error&) {
     sqlite3_result_error(context, kTooLargeMessage, -1);
   } catch (const std::domain_error&) {
-    sqlite3_result_error(context, "تقسیم بر صفر", -1);
+    sqlite3_result_error(context, kZeroDivisionMessage, -1);
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (const std::exception& error) {

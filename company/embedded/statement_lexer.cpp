@@ -16,6 +16,7 @@ class Lexer {
   explicit Lexer(std::string_view statement) : statement_(statement) {}
 
   std::vector<Token> Run() {
+    if (const std::size_t at = statement_.find('\0'); at != statement_.npos) Fail("نویسه تهی در دستور", at);
     std::vector<Token> tokens;
     for (;;) {
       while (at_ < statement_.size() && IsBlank(statement_[at_])) ++at_;
@@ -74,7 +75,6 @@ class Lexer {
   std::string Quoted(std::size_t start) {
     std::string text;
     for (++at_; at_ < statement_.size(); ++at_) {
-      if (statement_[at_] == '\0') Fail("نویسه تهی در متن", at_);
       if (statement_[at_] == '\'') {
         if (Peek(1) != '\'') {
           ++at_;

@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "host/data/connection.h"
+#include "host/services/error_text.h"
 
 namespace goods {
 
@@ -33,7 +34,7 @@ void StreamMessages::ShowTooltipMessage(const TControl& /*beside*/, std::string_
 
 void StreamMessages::ShowError(const std::exception& error) {
   if (dynamic_cast<const StatementCancelled*>(&error) != nullptr) return;
-  Say(error.what());
+  Say(ErrorText(error));
 }
 
 void NoWaiting::ShowWaitting(TForm* /*owner*/, std::string_view /*text*/) {}

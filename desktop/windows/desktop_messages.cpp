@@ -8,7 +8,7 @@
 #include "desktop/windows/message_dialog.h"
 #include "host/core/text.h"
 #include "host/data/connection.h"
-#include "host/data/query.h"
+#include "host/services/error_text.h"
 
 namespace goods {
 namespace {
@@ -74,12 +74,9 @@ void DesktopMessages::ShowError(const std::exception& error) {
   } else if (const auto* refused = dynamic_cast<const DatabaseError*>(&error)) {
     message.text = "پایگاه داده این درخواست را انجام نداد:\n" + std::string(refused->what());
     message.details = refused->Statement();
-  } else if (dynamic_cast<const FilterError*>(&error) != nullptr) {
-    message.text = error.what();
   } else {
-    message.text =
-        "خطای پیش‌بینی‌نشده‌ای روی داد و این کار انجام نشد.";
-    message.details = error.what();
+    message.text = ErrorText(error);
+    if (message.text == kUnexpectedError) message.details = error.what();
   }
   Show(std::move(message));
 }

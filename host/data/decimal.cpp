@@ -13,7 +13,7 @@ namespace {
 constexpr UInt128 kGreatest = ~UInt128{0} >> 1U;
 constexpr UInt128 kOneUnits = static_cast<UInt128>(Decimal::kOne);
 
-[[noreturn]] void ThrowOverflow() { throw std::overflow_error("decimal overflow"); }
+[[noreturn]] void ThrowOverflow() { throw std::overflow_error("حاصل از اندازه یک عدد بزرگتر است."); }
 
 std::optional<Int128> Signed(UInt128 magnitude, bool negative) {
   if (magnitude > kGreatest + (negative ? 1U : 0U)) return std::nullopt;
@@ -157,7 +157,7 @@ Decimal operator*(Decimal a, Decimal b) {
 }
 
 Decimal operator/(Decimal a, Decimal b) {
-  if (b.IsZero()) throw std::domain_error("decimal division by zero");
+  if (b.IsZero()) throw std::domain_error("تقسیم بر صفر ممکن نیست.");
   const Wide scaled = Multiply(Magnitude(a.units_), kOneUnits);
   return Checked(Divide(scaled, Magnitude(b.units_)), a.IsNegative() != b.IsNegative());
 }

@@ -20,7 +20,7 @@ class ExactSum {
   Decimal Total() const {
     const Int128 high = high_ + static_cast<Int128>(low_ >> 64U);
     if (high < std::numeric_limits<std::int64_t>::min() || high > std::numeric_limits<std::int64_t>::max()) {
-      throw std::overflow_error("decimal overflow");
+      throw std::overflow_error("حاصل از اندازه یک عدد بزرگتر است.");
     }
     const UInt128 units = (static_cast<UInt128>(high) << 64U) | static_cast<std::uint64_t>(low_);
     return Decimal::FromUnits(static_cast<Int128>(units));
