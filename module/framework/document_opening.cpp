@@ -128,9 +128,8 @@ bool MayOpen(THost& host, const DocumentRow& row) {
     messages.OpenOther("فايل مورد نظر توسط بخش", "بخش مشابه");
     return false;
   }
-  IRights& rights = host.Rights();
-  if (row.softwarePart && !rights.HavePermission(rights.UserInfo(), *row.softwarePart,
-                                                 kPermissionOpenDocument, false, true, "")) {
+  if (row.softwarePart &&
+      !IsAllowed(host.Rights(), *row.softwarePart, kPermissionOpenDocument, RightQuestion::Logged)) {
     return false;
   }
   if (row.isBusy != nullptr && (host.Documents().*row.isBusy)()) {

@@ -42,7 +42,7 @@ TGoodsAsset_Store_FRM::~TGoodsAsset_Store_FRM() = default;
 
 void TGoodsAsset_Store_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  PrintOption.SoftwarePart = kPartStoreAsset;
+  DescribeWindow(*this);
   SetCommonControls(GoodsAsset_Store_GRD, PrintList_BTN, Exit_BTN);
   GoodsAsset_Store_GRD.SetDataSource(&dataModule_.GoodAsset_Store.Source);
   GoodsAsset_Store_GRD.OnSortChanged = [this] {
@@ -136,9 +136,7 @@ void TGoodsAsset_Store_FRM::Date1_EDTExit() {
 void TGoodsAsset_Store_FRM::btnShow_BTNClick() {
   const TADOQuery& rows = dataModule_.GoodAsset_Store.Query;
   if (!rows.RecNo()) return;
-  IRights& rights = Host().Rights();
-  if (!rights.HavePermission(rights.UserInfo(), kPartStockCard, kPermissionOpenReport, true, true, ""))
-    return;
+  if (!IsAllowed(Host().Rights(), kPartStockCard, kPermissionOpenReport)) return;
   const std::int64_t good = rows.FieldByName("GoodCode").AsInteger();
   if (!dataModule_.Good_HasGardesh(good)) {
     Host().Messages().MsgWithoutGardesh("کالا");

@@ -39,8 +39,7 @@ TOneGoodDetailTransaction_FRM::~TOneGoodDetailTransaction_FRM() = default;
 
 void TOneGoodDetailTransaction_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
-  PrintOption.SoftwarePart = kPartGoodDetail;
+  DescribeWindow(*this);
   SetCommonControls(GoodDetailTransaction_GRD, PrintList_BTN, Exit_BTN);
   TQueryWithSource& rows = dataModule_.OneGoodDetailTransaction;
   GoodDetailTransaction_GRD.SetDataSource(&rows.Source);

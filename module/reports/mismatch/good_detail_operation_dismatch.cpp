@@ -27,8 +27,7 @@ TGoodDetailOperationDismatch_FRM::~TGoodDetailOperationDismatch_FRM() = default;
 
 void TGoodDetailOperationDismatch_FRM::FormCreate() {
   TReportOf::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
-  PrintOption.SoftwarePart = kPartGoodDetail;
+  DescribeWindow(*this);
   SetCommonControls(GoodDetailOperationDismatch_GRD, PrintList_BTN, Exit_BTN);
 
   ShowRows(GoodDetailOperationDismatch_GRD, dataModule_.GoodDetailOperationDismatch.Source);

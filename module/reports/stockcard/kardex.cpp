@@ -35,8 +35,7 @@ TKardex_FRM::~TKardex_FRM() = default;
 
 void TKardex_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspKardex;
-  PrintOption.SoftwarePart = kPartStockCard;
+  DescribeWindow(*this);
   SetCommonControls(Kardex_GRD, PrintList_BTN, Exit_BTN);
 
   Kardex_GRD.SetDataSource(&dataModule_.Kardex.Source);

@@ -31,8 +31,7 @@ TKardexSearch_FRM::~TKardexSearch_FRM() = default;
 
 void TKardexSearch_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspSearchInKardex;
-  PrintOption.SoftwarePart = kPartStockCardSearch;
+  DescribeWindow(*this);
   SetCommonControls(KardexSearch_GRD, PrintReportList_BTN, Exit_BTN);
 
   KardexSearch_GRD.SetDataSource(&dataModule_.KardexSearch.Source);
@@ -54,7 +53,9 @@ void TKardexSearch_FRM::FormCreate() {
 
 void TKardexSearch_FRM::OnCustomParameter(const CustomParameter& parameter) {
   SetShortCut(KardexSearch_GRD);
-  if (parameter.Count() > 0 && parameter.Text(0) == kNegativeMode) {
+  const bool negative = parameter.Count() > 0 && parameter.Text(0) == kNegativeMode;
+  DescribeWindow(*this, Describe(negative ? ReportId::NegativeCard : ReportId::RowSearch));
+  if (negative) {
     const WaitingScope waiting(Host().Waiting(), nullptr, kPreparingReport);
     dataModule_.KardexSearch_Fill_2(parameter.Text(1), parameter.Text(2));
     QeratSearchManager1AfterExecute_PROC();
@@ -172,9 +173,7 @@ void TKardexSearch_FRM::KardexSearch_GRDSortChanged() {
 void TKardexSearch_FRM::KardexSearch_GRDDblClick() {
   TADOQuery& query = dataModule_.KardexSearch.Query;
   if (!query.RecNo()) return;
-  IRights& rights = Host().Rights();
-  if (!rights.HavePermission(rights.UserInfo(), kPartStockCard, kPermissionOpenReport, true, true, ""))
-    return;
+  if (!IsAllowed(Host().Rights(), kPartStockCard, kPermissionOpenReport)) return;
   Host().Documents().Call_KardexKala(query.FieldByName("Code").AsInteger(), 0, "", "");
 }
 

@@ -65,7 +65,7 @@ TGoodTrans_Overall_FRM::~TGoodTrans_Overall_FRM() = default;
 
 void TGoodTrans_Overall_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  PrintOption.SoftwarePart = kPartOverallTurnover;
+  DescribeWindow(*this);
   money_Overall_List_GRD.SetDataSource(&dataModule_.Kardex_Overall_Money.Source);
   tedad_Overall_List_GRD.SetDataSource(&dataModule_.Kardex_Overall_Tedad.Source);
   for (TSmartDBGrid_QRT* grid : {&money_Overall_List_GRD, &tedad_Overall_List_GRD}) {
@@ -198,9 +198,7 @@ void TGoodTrans_Overall_FRM::QeratSearchManager1CustomFilter_DataSet(std::string
 void TGoodTrans_Overall_FRM::btnShow_BTNClick() {
   const TADOQuery* rows = ShownGrid().DataSet();
   if (!rows->RecNo()) return;
-  IRights& rights = Host().Rights();
-  if (!rights.HavePermission(rights.UserInfo(), kPartOverallTurnover, kPermissionOpenReport, true, true, ""))
-    return;
+  if (!IsAllowed(Host().Rights(), kPartOverallTurnover, kPermissionOpenReport)) return;
   const std::int64_t good = rows->FieldByName("KalaCode").AsInteger();
   if (dataModule_.Good_HasGardesh(good)) {
     Host().Documents().Call_KardexKala(good, 0, "", "");

@@ -87,12 +87,8 @@ void TGoodTransaction_FRM::FormCreate() {
 
 void TGoodTransaction_FRM::OnCustomParameter(const CustomParameter& parameter) {
   reportKind_ = static_cast<int>(parameter.Integer(0));
+  DescribeWindow(*this, Describe(IsMoney() ? ReportId::GoodsInMoney : ReportId::GoodsInQuantity));
   PrintOption.SoftwarePart = reportKind_;
-}
-
-bool TGoodTransaction_FRM::HaveRight(int softwarePart, int permission, bool showMessage) const {
-  IRights& rights = Host().Rights();
-  return rights.HavePermission(rights.UserInfo(), softwarePart, permission, showMessage, showMessage, "");
 }
 
 TSmartDBGrid_QRT& TGoodTransaction_FRM::ShownGrid() {

@@ -113,7 +113,6 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   void DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndPart);
 
   bool IsMoney() const { return reportKind_ == kPartCashAsset; }
-  bool HaveRight(int softwarePart, int permission, bool showMessage) const;
   TSmartDBGrid_QRT& ShownGrid();
   std::vector<TSmartDBGrid_QRT*> BothGrids();
   void Open();

@@ -91,8 +91,8 @@ void TGoodTransaction_FRM::GoodTransactionRowChange() {
 
 void TGoodTransaction_FRM::Gar_BTNClick() {
   if (!ListDataSet().RecNo()) return;
-  if (!HaveRight(reportKind_, kPermissionStockCardFromList, true)) return;
-  if (!HaveRight(kPartStockCard, kPermissionOpenReport, true)) return;
+  if (!IsAllowed(Host().Rights(), reportKind_, kPermissionStockCardFromList)) return;
+  if (!IsAllowed(Host().Rights(), kPartStockCard, kPermissionOpenReport)) return;
   const std::int64_t good = CurrentGood();
   if (!dataModule_.ExistGoodTransaction(std::to_string(good))) {
     Host().Messages().MsgWithoutGardesh("کالا");
@@ -119,7 +119,7 @@ void TGoodTransaction_FRM::ShowStockCard(std::int64_t good) {
 
 void TGoodTransaction_FRM::DetailList_BTNClick() {
   if (!ListDataSet().RecNo() || search_ == nullptr) return;
-  if (!HaveRight(kPartGoodDetail, kPermissionOpenReport, true)) return;
+  if (!IsAllowed(Host().Rights(), kPartGoodDetail, kPermissionOpenReport)) return;
   const TPeriodPanel& period = search_->Period_PNL;
   const bool on = AdvSearchOn();
   const bool storeGiven = on && search_->Store_Frame.InUse() && search_->Store_Frame.CodeAsInt() > 0;
