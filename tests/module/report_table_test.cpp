@@ -34,6 +34,7 @@ std::string TextOf(const std::string& file) {
 template <typename Window>
 void ExpectShows(ReportId id, const std::string& parameter) {
   ScriptedHost host;
+  host.Connection().Answer("%", {});
   const Window window(host, 1, Variant(parameter), "");
   const ReportDescription& report = Describe(id);
   EXPECT_EQ(window.Name(), report.form);

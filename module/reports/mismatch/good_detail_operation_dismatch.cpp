@@ -100,8 +100,7 @@ void TGoodDetailOperationDismatch_FRM::OperationsType_CMBChange() { Run(Waiting:
 void TGoodDetailOperationDismatch_FRM::OpenInfo_BTNClick() {
   const TADOQuery& query = dataModule_.GoodDetailOperationDismatch.Query;
   if (!query.RecNo() || !query.FindField("OperationType")) return;
-  OpenDocument(Host(), query.FieldByName("OperationType").AsInteger(),
-               query.FieldByName("OperationCode").AsInteger());
+  OpenDocument(Host(), query.FieldByName("OperationType"), query.FieldByName("OperationCode").AsInteger());
 }
 
 }  // namespace goods

@@ -4,6 +4,8 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
+#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_card_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
@@ -173,8 +175,7 @@ void TKardexSearch_FRM::KardexSearch_GRDSortChanged() {
 void TKardexSearch_FRM::KardexSearch_GRDDblClick() {
   TADOQuery& query = dataModule_.KardexSearch.Query;
   if (!query.RecNo()) return;
-  if (!IsAllowed(Host().Rights(), kPartStockCard, kPermissionOpenReport)) return;
-  Host().Documents().Call_KardexKala(query.FieldByName("Code").AsInteger(), 0, "", "");
+  OpenStockCard(Host(), {kPartStockCard}, nullptr, query.FieldByName("Code").AsInteger());
 }
 
 }  // namespace goods

@@ -6,6 +6,8 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
+#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_card_opening.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
 
@@ -198,13 +200,7 @@ void TGoodTrans_Overall_FRM::QeratSearchManager1CustomFilter_DataSet(std::string
 void TGoodTrans_Overall_FRM::btnShow_BTNClick() {
   const TADOQuery* rows = ShownGrid().DataSet();
   if (!rows->RecNo()) return;
-  if (!IsAllowed(Host().Rights(), kPartOverallTurnover, kPermissionOpenReport)) return;
-  const std::int64_t good = rows->FieldByName("KalaCode").AsInteger();
-  if (dataModule_.Good_HasGardesh(good)) {
-    Host().Documents().Call_KardexKala(good, 0, "", "");
-  } else {
-    Host().Messages().MsgWithoutGardesh("کالا");
-  }
+  OpenStockCard(Host(), {kPartOverallTurnover}, &dataModule_, rows->FieldByName("KalaCode").AsInteger());
 }
 
 void TGoodTrans_Overall_FRM::AdvShapeButton1Click() {

@@ -4,6 +4,7 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
+#include "module/data/good_transactions_dm.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"

@@ -9,8 +9,7 @@
 
 namespace goods {
 
-TGoodTransactionSearch_FRM::TGoodTransactionSearch_FRM(THost& host, TGoodTransactions_DM& data,
-                                                       int reportKind)
+TGoodTransactionSearch_FRM::TGoodTransactionSearch_FRM(THost& host, SelectedListData& data, int reportKind)
     : TBaseSearch_FRM(host, "GoodTransactionSearch_FRM"), data_(data), reportKind_(reportKind) {
   DeclareForm();
   FormCreate();
