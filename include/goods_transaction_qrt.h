@@ -23,7 +23,7 @@ typedef uint_least16_t goods_char16;
 #endif
 
 /* The version of the host packages that this header belongs to. */
-#define GOODS_HOST_VERSION 2
+#define GOODS_HOST_VERSION 3
 
 /* A host: the address of an object of the C++ class goods::THost (host/services/host.h). */
 struct goods_host;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "include/goods_reports.h"
+
 namespace goods {
 namespace {
 
@@ -9,7 +11,7 @@ ReportOpeners OpenersOf(ModuleLibrary& module) {
   ReportOpeners openers{
       .stockCard = [&module](std::int64_t good, std::int64_t store, std::string_view from,
                              std::string_view to) { module.OpenKardex(good, store, from, to); }};
-  if (module.Has(kGoodDetailTransactionsExport)) {
+  if (module.Has(Describe(ReportId::StockByDetails).callerExport)) {
     openers.detailTransactions = [&module](const DetailTransactionsCall& call) {
       module.OpenGoodDetailTransactions(call.good, call.storeGiven, call.store, call.datesGiven, call.from,
                                         call.to, call.tagsGiven, call.tags, call.categoryGiven,

@@ -3,19 +3,16 @@
 #include "desktop/app/category_picker.h"
 #include "desktop/app/entity_picker.h"
 #include "desktop/views/shown_text.h"
-#include "host/data/connection.h"
 
 namespace goods {
 
 std::optional<std::int64_t> DesktopLookups::SelectEntity(TForm* /*owner*/, EntityType type,
                                                          std::int64_t current, std::string_view filter) {
   if (type == EntityType::None) return std::nullopt;
-  try {
+  return AskCompany([&] {
     EntityPicker picker(Company(), static_cast<EntityKind>(type), current, ToQt(filter), parent_());
     return picker.Choose();
-  } catch (const CompanyError& error) {
-    throw DatabaseError(error.what(), "");
-  }
+  });
 }
 
 std::optional<std::vector<std::string>> DesktopLookups::SelectCategories(

@@ -11,11 +11,11 @@
 #include "desktop/app/help_book.h"
 #include "desktop/app/help_viewer.h"
 #include "desktop/app/help_windows.h"
-#include "desktop/app/report_catalog.h"
 #include "desktop/app/services/company_rights.h"
 #include "desktop/app/settings_dialog.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "include/goods_reports.h"
 
 namespace goods {
 namespace {
@@ -42,7 +42,7 @@ MainWindow::MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& sett
   page_ = new StartPage(
       ShownText(companyTitle),
       "گزارش را با کلیدهای جهت‌نما برگزینید و Enter را بزنید.",
-      reports, [this](const ReportEntry& entry) { OpenReport(entry); }, this);
+      reports, [this](const ReportDescription& report) { OpenReport(report); }, this);
   setCentralWidget(page_);
   MakeMenus(reports);
   MakeStatusBar(companyTitle, companyPath);
@@ -55,12 +55,11 @@ MainWindow::~MainWindow() = default;
 std::vector<OfferedReport> MainWindow::OfferedReports() const {
   std::vector<OfferedReport> offered;
   IRights& rights = host_.Rights();
-  for (const ReportEntry& entry : ReportCatalog()) {
-    if (!module_.Has(entry.exportName)) continue;
-    const bool allowed =
-        rights.HavePermission(rights.UserInfo(), entry.softwarePart, kPermissionOpenReport, false, false, "");
+  for (const ReportDescription& report : MenuReports()) {
+    if (!module_.Has(report.exportName)) continue;
+    const bool allowed = IsAllowed(rights, report.softwarePart, report.permission, RightQuestion::Silent);
     offered.push_back(
-        {&entry, allowed ? QString() : ToQt(MissingRightText(entry.softwarePart, kPermissionOpenReport))});
+        {&report, allowed ? QString() : ToQt(MissingRightText(report.softwarePart, report.permission))});
   }
   return offered;
 }
@@ -83,15 +82,16 @@ void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
 
   QMenu& list = *menuBar()->addMenu("گز&ارش‌ها");
   list.setToolTipsVisible(true);
-  const char* group = nullptr;
+  std::string_view group;
   for (const OfferedReport& report : reports) {
-    if (group != nullptr && group != report.entry->group) list.addSeparator();
+    if (!group.empty() && group != report.entry->group) list.addSeparator();
     group = report.entry->group;
-    QAction* action = list.addAction(QString("&%1  %2").arg(report.entry->shortcut).arg(report.entry->title));
+    QAction* action =
+        list.addAction(QString("&%1  %2").arg(report.entry->digit).arg(ToQt(report.entry->title)));
     action->setObjectName(QString(report.entry->exportName) + "_ACT");
-    action->setShortcut(QKeySequence(QString("Ctrl+%1").arg(report.entry->shortcut)));
+    action->setShortcut(QKeySequence(QString("Ctrl+%1").arg(report.entry->digit)));
     action->setEnabled(report.reason.isEmpty());
-    action->setToolTip(report.reason.isEmpty() ? QString(report.entry->description) : report.reason);
+    action->setToolTip(report.reason.isEmpty() ? ToQt(report.entry->about) : report.reason);
     connect(action, &QAction::triggered, this, [this, entry = report.entry] { OpenReport(*entry); });
   }
 
@@ -115,8 +115,8 @@ void MainWindow::MakeStatusBar(const QString& companyTitle, const QString& compa
   add("StatusDate_LBL", "تاریخ: " + ShownText(host_.Windows().NowDate()));
 }
 
-void MainWindow::OpenReport(const ReportEntry& entry) {
-  RunUserAction(host_, [&] { entry.open(module_, entry); });
+void MainWindow::OpenReport(const ReportDescription& report) {
+  RunUserAction(host_, [&] { module_.Open(report); });
 }
 
 void MainWindow::ShowSettings() {

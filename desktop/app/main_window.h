@@ -27,7 +27,7 @@ class MainWindow : public QMainWindow {
   // Shows the window and returns when it is closed.
   MainOutcome Run();
 
-  void OpenReport(const ReportEntry& entry);
+  void OpenReport(const ReportDescription& report);
   void ShowSettings();
 
  protected:

@@ -6,9 +6,9 @@
 #include <QVBoxLayout>
 
 #include "desktop/app/app_look.h"
-#include "desktop/app/report_catalog.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "include/goods_reports.h"
 
 namespace goods {
 namespace {
@@ -18,25 +18,25 @@ constexpr int kHeight = 96;
 
 }  // namespace
 
-ReportCard::ReportCard(const ReportEntry& entry, const QString& reason, QWidget* parent)
+ReportCard::ReportCard(const ReportDescription& report, const QString& reason, QWidget* parent)
     : QPushButton(parent) {
   const bool allowed = reason.isEmpty();
-  setObjectName(entry.exportName);
-  setAccessibleName(entry.title);
-  setAccessibleDescription(allowed ? QString(entry.description) : reason);
+  setObjectName(report.exportName);
+  setAccessibleName(ToQt(report.title));
+  setAccessibleDescription(allowed ? ToQt(report.about) : reason);
   setEnabled(allowed);
   setCursor(allowed ? Qt::PointingHandCursor : Qt::ArrowCursor);
   if (!allowed) setToolTip(reason);
 
-  auto* title = new QLabel(entry.title, this);
+  auto* title = new QLabel(ToQt(report.title), this);
   QFont font = title->font();
   font.setPointSizeF(font.pointSizeF() * 1.15);
   font.setWeight(QFont::DemiBold);
   title->setFont(font);
-  auto* shortcut = new QLabel(QString("Ctrl+%1").arg(entry.shortcut), this);
+  auto* shortcut = new QLabel(QString("Ctrl+%1").arg(report.digit), this);
   shortcut->setForegroundRole(QPalette::PlaceholderText);
   shortcut->setVisible(allowed);
-  auto* about = MutedLabel(entry.description, this);
+  auto* about = MutedLabel(ToQt(report.about), this);
 
   auto* head = new QHBoxLayout;
   head->addWidget(title);

@@ -5,13 +5,13 @@
 
 namespace goods {
 
-struct ReportEntry;
+struct ReportDescription;
 
 // A button with a title, a line about the report and its shortcut. With a reason it is disabled and tells
 // why.
 class ReportCard : public QPushButton {
  public:
-  ReportCard(const ReportEntry& entry, const QString& reason, QWidget* parent);
+  ReportCard(const ReportDescription& report, const QString& reason, QWidget* parent);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;

@@ -11,7 +11,8 @@
 
 #include "desktop/app/app_look.h"
 #include "desktop/app/report_card.h"
-#include "desktop/app/report_catalog.h"
+#include "desktop/views/shown_text.h"
+#include "include/goods_reports.h"
 
 namespace goods {
 namespace {
@@ -59,7 +60,7 @@ int StepOf(int key) {
 }  // namespace
 
 StartPage::StartPage(const QString& title, const QString& subtitle, const std::vector<OfferedReport>& reports,
-                     std::function<void(const ReportEntry&)> open, QWidget* parent)
+                     std::function<void(const ReportDescription&)> open, QWidget* parent)
     : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
@@ -73,13 +74,13 @@ StartPage::StartPage(const QString& title, const QString& subtitle, const std::v
   layout->addSpacing(8);
 
   QGridLayout* grid = nullptr;
-  QString group;
+  std::string_view group;
   int place = 0;
   for (const OfferedReport& report : reports) {
     if (grid == nullptr || group != report.entry->group) {
       group = report.entry->group;
       layout->addSpacing(8);
-      layout->addWidget(GroupLabel(group, page));
+      layout->addWidget(GroupLabel(ToQt(group), page));
       grid = new QGridLayout;
       grid->setSpacing(14);
       grid->setColumnStretch(kCardsInLine, 1);

@@ -7,12 +7,12 @@
 
 namespace goods {
 
-struct ReportEntry;
+struct ReportDescription;
 class ReportCard;
 
 // A report that the library has, and why the user may not open it; empty when the user may.
 struct OfferedReport {
-  const ReportEntry* entry = nullptr;
+  const ReportDescription* entry = nullptr;
   QString reason;
 };
 
@@ -20,7 +20,7 @@ struct OfferedReport {
 class StartPage : public QScrollArea {
  public:
   StartPage(const QString& title, const QString& subtitle, const std::vector<OfferedReport>& reports,
-            std::function<void(const ReportEntry&)> open, QWidget* parent);
+            std::function<void(const ReportDescription&)> open, QWidget* parent);
 
   void FocusFirst();
   bool eventFilter(QObject* watched, QEvent* event) override;

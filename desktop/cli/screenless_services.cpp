@@ -48,6 +48,4 @@ void PrintToFunction::Preview(const PrintJob& job) {
   printed_ = true;
 }
 
-bool NoDocuments::LoadedDLLs(DocumentModule /*module*/) const { return false; }
-
 }  // namespace goods

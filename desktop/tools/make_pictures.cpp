@@ -11,7 +11,6 @@
 #include "desktop/app/desktop_host.h"
 #include "desktop/app/entity_picker.h"
 #include "desktop/app/main_window.h"
-#include "desktop/app/report_catalog.h"
 #include "desktop/app/settings_dialog.h"
 #include "desktop/app/sign_in.h"
 #include "desktop/tools/picture_scenes_reports.h"
@@ -19,6 +18,7 @@
 #include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
 #include "host/components/drop_down.h"
+#include "include/goods_reports.h"
 
 namespace goods {
 namespace {

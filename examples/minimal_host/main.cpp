@@ -19,7 +19,7 @@ struct KeptSettings : ISettings {
   TSettings record;
 };
 
-struct Host : THost, IConnection, IRights, IMessages, IWaiting, IPrinting, IDocuments, ILookups, IWindows {
+struct Host : THost, IConnection, IRights, IMessages, IWaiting, IPrinting, NoDocuments, ILookups, IWindows {
   IConnection& Connection() override { return *this; }
   IRights& Rights() override { return *this; }
   IMessages& Messages() override { return *this; }
@@ -50,28 +50,6 @@ struct Host : THost, IConnection, IRights, IMessages, IWaiting, IPrinting, IDocu
   void ShowWaitting(TForm*, Text) override {}
   void HideWaitting(TForm*, int) override {}
   void Preview(const PrintJob&) override {}
-  bool LoadedDLLs(DocumentModule) const override { return false; }
-  bool IsSellFormShow() const override { return false; }
-  bool IsBuyFormShow() const override { return false; }
-  bool IsReturnFormShow() const override { return false; }
-  bool IsFixProduceFormShow() const override { return false; }
-  bool IsVarProduceFormShow() const override { return false; }
-  bool IsAdvancedProduceFormShow() const override { return false; }
-  bool IsGoodAssignmentRecieptFormShow() const override { return false; }
-  bool IsVoucherShow() const override { return false; }
-  void Call_SaleInvoice(Code, int) override {}
-  void Call_BuyFactor(Code, int) override {}
-  void Call_InvoiceReturns(Code, int, int) override {}
-  void Call_WarehouseTransfer(Code, int) override {}
-  void Call_FixProduce(Code, int) override {}
-  void Call_VarProduce(Code, int) override {}
-  void Call_AdvancedProduce(Code, int) override {}
-  void Call_GoodAssignment(int, Code, int) override {}
-  void Call_GoodReciept(int, Code, int) override {}
-  void Call_GoodGet(Code, int) override {}
-  void Open_Voucher(Code, int) override {}
-  void Call_KardexKala(Code, Code, Text, Text) override {}
-  void Call_GoodDetailTransactions(Code, bool, Code, bool, Text, Text, bool, Text, bool, Text) override {}
   Fields LookupDBs(EntityType, Code, Text) override { return {{"پیچ", "", ""}}; }
   std::optional<Code> SelectEntity(TForm*, EntityType, Code, Text) override { return std::nullopt; }
   std::string ReturnCategoryName(Text) override { return {}; }

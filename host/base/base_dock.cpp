@@ -72,9 +72,8 @@ void TBaseDock_FRM::SetCommonControls(TSmartDBGrid_QRT& grid, TButton& print, TB
 
 void TBaseDock_FRM::BasePrintList_Click() {
   if (!PrintOption.Enabled || printedGrid_ == nullptr) return;
-  IRights& rights = Host().Rights();
-  if (PrintOption.SoftwarePart != 0 && !rights.HavePermission(rights.UserInfo(), PrintOption.SoftwarePart,
-                                                              kPermissionPrintList, true, true, "")) {
+  if (PrintOption.SoftwarePart != 0 &&
+      !IsAllowed(Host().Rights(), PrintOption.SoftwarePart, kPermissionPrintList)) {
     return;
   }
   PrintDBGridEh.Grid = printedGrid_;

@@ -90,6 +90,8 @@ class TFormOptions : public TComponent {
  public:
   using TComponent::TComponent;
   int ComponentSoftwarePart = 0;
+  // The help page of what the window shows, such as "stock-card"; empty where it has none of its own.
+  std::string HelpKeyword;
 };
 
 }  // namespace goods

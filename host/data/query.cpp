@@ -91,13 +91,8 @@ std::optional<std::size_t> TADOQuery::FindComputed(std::string_view name) const 
 }
 
 std::optional<std::size_t> TADOQuery::FindField(std::string_view name) const {
-  const std::size_t stored = Active() ? rows_->Columns().size() : 0;
-  if (Active()) {
-    if (const auto found = rows_->FindColumn(name)) return found;
-  }
-  const auto computed = FindComputed(name);
-  if (!computed) return std::nullopt;
-  return stored + *computed;
+  if (const auto computed = FindComputed(name)) return (Active() ? rows_->Columns().size() : 0) + *computed;
+  return Active() ? rows_->FindColumn(name) : std::nullopt;
 }
 
 Value TADOQuery::Cell(std::size_t position, std::size_t field) const {

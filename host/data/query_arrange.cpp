@@ -46,10 +46,11 @@ class TADOQuery::ColumnFinder {
   explicit ColumnFinder(const TADOQuery& query) : query_(query) {}
 
   const Column* operator()(std::string_view name) {
-    if (const auto stored = query_.rows_->FindColumn(name))
-      return &std::as_const(*query_.rows_).ColumnAt(*stored);
     const auto computed = query_.FindComputed(name);
-    if (!computed) return nullptr;
+    if (!computed) {
+      const auto stored = query_.rows_->FindColumn(name);
+      return stored ? &std::as_const(*query_.rows_).ColumnAt(*stored) : nullptr;
+    }
     RowStore& made = made_[*computed];
     if (made.Columns().empty()) WorkOut(query_.computed_[*computed], made);
     return &std::as_const(made).ColumnAt(0);
@@ -69,9 +70,7 @@ class TADOQuery::ColumnFinder {
   std::map<std::size_t, RowStore> made_;
 };
 
-bool TADOQuery::IsComputed(std::string_view field) const {
-  return Active() && !rows_->FindColumn(field) && FindComputed(field);
-}
+bool TADOQuery::IsComputed(std::string_view field) const { return Active() && FindComputed(field); }
 
 bool TADOQuery::ReadsComputed(const FilterNode& tree) const {
   std::vector<std::string> fields;
@@ -188,12 +187,14 @@ void TADOQuery::ArrangeOpened() {
 
 Decimal TADOQuery::Sum(std::string_view field) const {
   if (!Active()) return Decimal();
-  if (const auto stored = rows_->FindColumn(field)) {
+  const auto computed = FindComputed(field);
+  if (!computed) {
+    const auto stored = rows_->FindColumn(field);
+    if (!stored) return Decimal();
     const Column& column = std::as_const(*rows_).ColumnAt(*stored);
     return mask_.empty() ? column.SumAll() : column.SumMasked(mask_.data());
   }
-  const auto computed = FindComputed(field);
-  if (!computed || computed_[*computed].info.type == ColumnType::Text) return Decimal();
+  if (computed_[*computed].info.type == ColumnType::Text) return Decimal();
   ExactSum sum;
   for (const std::uint32_t row : visible_)
     sum.Add(computed_[*computed].compute(row, *rows_).AsDecimal().Units());

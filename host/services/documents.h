@@ -67,4 +67,32 @@ class IDocuments {
                                            std::string_view category) = 0;
 };
 
+// Opens nothing: the base of a host that has no document windows, or some of them.
+class NoDocuments : public IDocuments {
+ public:
+  bool LoadedDLLs(DocumentModule module) const override;
+  bool IsSellFormShow() const override { return false; }
+  bool IsBuyFormShow() const override { return false; }
+  bool IsReturnFormShow() const override { return false; }
+  bool IsFixProduceFormShow() const override { return false; }
+  bool IsVarProduceFormShow() const override { return false; }
+  bool IsAdvancedProduceFormShow() const override { return false; }
+  bool IsGoodAssignmentRecieptFormShow() const override { return false; }
+  bool IsVoucherShow() const override { return false; }
+  void Call_SaleInvoice(std::int64_t, int) override {}
+  void Call_BuyFactor(std::int64_t, int) override {}
+  void Call_InvoiceReturns(std::int64_t, int, int) override {}
+  void Call_WarehouseTransfer(std::int64_t, int) override {}
+  void Call_FixProduce(std::int64_t, int) override {}
+  void Call_VarProduce(std::int64_t, int) override {}
+  void Call_AdvancedProduce(std::int64_t, int) override {}
+  void Call_GoodAssignment(int, std::int64_t, int) override {}
+  void Call_GoodReciept(int, std::int64_t, int) override {}
+  void Call_GoodGet(std::int64_t, int) override {}
+  void Open_Voucher(std::int64_t, int) override {}
+  void Call_KardexKala(std::int64_t, std::int64_t, std::string_view, std::string_view) override {}
+  void Call_GoodDetailTransactions(std::int64_t, bool, std::int64_t, bool, std::string_view, std::string_view,
+                                   bool, std::string_view, bool, std::string_view) override {}
+};
+
 }  // namespace goods

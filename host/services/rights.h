@@ -59,4 +59,11 @@ class IRights {
   virtual void SetUserEvent(int softwarePart, int permission, std::int64_t code) = 0;
 };
 
+// How a right is asked for: whether a refusal is told to the user, and the question logged.
+enum class RightQuestion { ToldAndLogged, Logged, Silent };
+
+// Whether the signed-in user holds the permission on the part.
+bool IsAllowed(IRights& rights, int softwarePart, int permission,
+               RightQuestion question = RightQuestion::ToldAndLogged);
+
 }  // namespace goods

@@ -25,5 +25,12 @@ std::optional<std::vector<std::string>> ILookups::SelectCategories(
 }
 
 bool IDocuments::DontSavedVouchers(std::string_view /*kind*/) { return false; }
+bool NoDocuments::LoadedDLLs(DocumentModule /*module*/) const { return false; }
+
+bool IsAllowed(IRights& rights, int softwarePart, int permission, RightQuestion question) {
+  return rights.HavePermission(rights.UserInfo(), softwarePart, permission,
+                               question == RightQuestion::ToldAndLogged, question != RightQuestion::Silent,
+                               "");
+}
 
 }  // namespace goods

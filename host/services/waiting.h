@@ -25,11 +25,16 @@ class WaitingScope {
   }
   WaitingScope(const WaitingScope&) = delete;
   WaitingScope& operator=(const WaitingScope&) = delete;
-  ~WaitingScope() { waiting_.HideWaitting(owner_, 0); }
+  ~WaitingScope() {
+    if (!stays_) waiting_.HideWaitting(owner_, 0);
+  }
+  // The indicator stays up behind the scope.
+  void Stay() { stays_ = true; }
 
  private:
   IWaiting& waiting_;
   TForm* owner_;
+  bool stays_ = false;
 };
 
 }  // namespace goods

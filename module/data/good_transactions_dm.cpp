@@ -1,15 +1,32 @@
 #include "module/data/good_transactions_dm.h"
 
-namespace goods {
+#include "module/framework/criteria_text.h"
 
-TGoodTransactions_DM::TGoodTransactions_DM(THost& host, TComponent* owner)
-    : TComponent(owner, "GoodTransactions_DM"), host_(host), connection_(host.Connection()) {
-  // KardexSearch_QRYCalcFields: the rows are numbered as they were read.
-  KardexSearch.Query.AddComputed({"Radif", ColumnType::Integer}, [](std::size_t row, const RowStore&) {
-    return Value(static_cast<std::int64_t>(row) + 1);
-  });
+namespace goods {
+namespace {
+
+constexpr std::string_view kEnglishLayout = "00000409";
+constexpr std::string_view kPersianLayout = "00000429";
+
+}  // namespace
+
+TGoodTransactions_DM::TGoodTransactions_DM(THost& host, TComponent* owner) : DataModuleOf(host, owner) {}
+TGoodTransactions_DM::~TGoodTransactions_DM() = default;
+
+void TGoodTransactions_DM::SerialBarcode_EDTOnEnter(TEdit& /*edit*/) {
+  Host().Windows().ActivateKeyboardLayout(kEnglishLayout);
 }
 
-TGoodTransactions_DM::~TGoodTransactions_DM() = default;
+void TGoodTransactions_DM::SerialBarcode_EDTOnExit(TEdit& /*edit*/) {
+  Host().Windows().ActivateKeyboardLayout(kPersianLayout);
+}
+
+std::string TGoodTransactions_DM::ADDFarsiFilter(std::string_view condition, std::string_view filter) {
+  return AddFarsiFilter(condition, filter);
+}
+
+std::string TGoodTransactions_DM::FarsiFilterOf(const std::vector<std::string>& conditions) {
+  return goods::FarsiFilterOf(conditions);
+}
 
 }  // namespace goods

@@ -2,14 +2,15 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
-#include "module/data/good_transactions_dm.h"
+#include "module/data/data_module.h"
 
 namespace goods {
 
-class TGoodTransactions_DM::Lookup {
+class Lookup {
  public:
-  Lookup(TGoodTransactions_DM& module, std::string statement) : query_(module.general_) {
+  Lookup(DataModule& module, std::string statement) : query_(module.General()) {
     query_.SetSQL(std::move(statement));
     query_.Open();
   }

@@ -6,29 +6,19 @@
 #include "module/reports/asset/goods_asset_store.h"
 #include "module/reports/turnover/good_trans_overall.h"
 
-namespace goods {
-namespace {
-
-// The window lives as long as it is shown.
-template <typename Window>
-void OpenOnce(THost& host, int softwarePart) {
-  if (MayOpenReport(host, softwarePart)) Window(host, kFormMode, Variant(std::string("0")), "").ShowModal();
-}
-
-}  // namespace
-}  // namespace goods
+using namespace goods;
 
 extern "C" {
 
 void Open_GoodTrans_Overall() {
-  goods::RunExport([](goods::THost& host) {
-    goods::OpenOnce<goods::TGoodTrans_Overall_FRM>(host, goods::kPartOverallTurnover);
+  RunExport([](THost& host) {
+    ShowOneShotWindow<TGoodTrans_Overall_FRM, ReportId::OverallTurnover>(host, Variant(std::string("0")), "");
   });
 }
 
 void Open_GoodsAsset_Store() {
-  goods::RunExport([](goods::THost& host) {
-    goods::OpenOnce<goods::TGoodsAsset_Store_FRM>(host, goods::kPartStoreAsset);
+  RunExport([](THost& host) {
+    ShowOneShotWindow<TGoodsAsset_Store_FRM, ReportId::StockPerStore>(host, Variant(std::string("0")), "");
   });
 }
 

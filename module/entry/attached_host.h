@@ -3,9 +3,11 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "host/core/text.h"
 #include "host/services/host.h"
+#include "include/goods_reports.h"
 #include "module/reports/detail/all_good_detail_transaction.h"
 #include "module/reports/detail/good_detail_transaction.h"
 #include "module/reports/mismatch/good_detail_kardex_dismatch.h"
@@ -37,43 +39,54 @@ inline std::string ArgumentText(const char16_t* text) {
   return text == nullptr ? std::string() : FromUtf16(text);
 }
 
-// Whether the user may open the report of that software part.
-inline bool MayOpenReport(THost& host, int softwarePart) {
-  IRights& rights = host.Rights();
-  return rights.HavePermission(rights.UserInfo(), softwarePart, kPermissionOpenReport, true, true, "");
+inline bool MayOpen(THost& host, const ReportDescription& report) {
+  return IsAllowed(host.Rights(), report.softwarePart, report.permission);
 }
 
 // Makes a kept window the first time and hands it the parameter; false, after telling the user, while it is
 // being shown.
-template <typename Window>
-bool PrepareKeptWindow(THost& host, std::unique_ptr<Window>& window, const std::string& parameter,
-                       std::string_view alreadyShown) {
+template <ReportId kReport, typename Window>
+bool PrepareKeptWindow(THost& host, std::unique_ptr<Window>& window, const std::string& parameter) {
+  constexpr const ReportDescription& report = Describe(kReport);
+  static_assert(report.life == ReportLife::Kept);
   if (window == nullptr) {
     window = std::make_unique<Window>(host, kFormMode, Variant(parameter), "");
   } else if (window->Showing()) {
-    host.Messages().ShowSmartMessage(alreadyShown, "", MessageIcon::Information);
+    host.Messages().ShowSmartMessage(report.alreadyShown, "", MessageIcon::Information);
     return false;
   }
   window->SetCustomParameter(Variant(parameter), "");
   return true;
 }
 
-// Makes a guarded window and shows it; it is freed, and the variable empty, when it has been closed or an
-// error comes out of it. Tells the user, and does nothing else, while it is being shown.
-template <typename Window, typename Make>
-void ShowGuardedWindow(THost& host, std::unique_ptr<Window>& window, std::string_view alreadyShown,
-                       Make&& make) {
+// Makes a guarded window of the arguments behind its host and form mode, and shows it; it is freed, and the
+// variable empty, when it has been closed or an error comes out of it. Tells the user, and does nothing else,
+// without the right and while it is being shown.
+template <ReportId kReport, typename Window, typename... Arguments>
+void ShowGuardedWindow(THost& host, std::unique_ptr<Window>& window, Arguments&&... arguments) {
+  constexpr const ReportDescription& report = Describe(kReport);
+  static_assert(report.life == ReportLife::Guarded);
+  if (!MayOpen(host, report)) return;
   if (window != nullptr && window->Showing()) {
-    host.Messages().ShowSmartMessage(alreadyShown, "", MessageIcon::Information);
+    host.Messages().ShowSmartMessage(report.alreadyShown, "", MessageIcon::Information);
     return;
   }
   struct Freed {
     std::unique_ptr<Window>& window;
     ~Freed() { window.reset(); }
   } const scope{window};
-  if (window == nullptr) window = make();
-  window->FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
+  if (window == nullptr)
+    window = std::make_unique<Window>(host, kFormMode, std::forward<Arguments>(arguments)...);
+  window->FormOptions_SFO.ComponentSoftwarePart = report.component;
   window->ShowModal();
+}
+
+// A window that lives as long as it is shown, for a user who may open the report.
+template <typename Window, ReportId kReport, typename... Arguments>
+void ShowOneShotWindow(THost& host, Arguments&&... arguments) {
+  constexpr const ReportDescription& report = Describe(kReport);
+  static_assert(report.life == ReportLife::OneShot);
+  if (MayOpen(host, report)) Window(host, kFormMode, std::forward<Arguments>(arguments)...).ShowModal();
 }
 
 // The boundary of every export: without a host nothing happens; what escapes goes to the host's messages.

@@ -13,24 +13,10 @@ constexpr int kFromAnotherReport = 2;
 
 std::string Flag(std::uint8_t value) { return value != 0 ? "1" : "0"; }
 
-void OpenDetailTransactions(THost& host) {
-  if (!MayOpenReport(host, kPartGoodDetail)) return;
-  ShowGuardedWindow(host, State().detailTransactions, "امکان نمایش مجدد گردش جزئیات کالا وجود ندارد", [&] {
-    return std::make_unique<TGoodDetailTransaction_FRM>(host, kFormMode, Variant(std::to_string(kByTheUser)),
-                                                        "");
-  });
-}
-
-void OpenSearchInDetailTransactions(THost& host) {
-  if (!MayOpenReport(host, kPartGoodDetail)) return;
-  ShowGuardedWindow(host, State().searchInDetail, "امکان نمایش مجدد جستجو در گردش جزئیات کالا وجود ندارد",
-                    [&] { return std::make_unique<TAllGoodDetailTransaction_FRM>(host, kFormMode, ""); });
-}
-
 // The caller was allowed its own report already, so no right is asked for.
 void OpenGoodDetailTransactions(THost& host, const std::string& parameter) {
   TGoodDetailTransaction_FRM window(host, kFormMode, Variant(parameter), "");
-  window.FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
+  window.FormOptions_SFO.ComponentSoftwarePart = Describe(ReportId::StockByDetails).component;
   window.ShowModal();
 }
 
@@ -40,11 +26,16 @@ void OpenGoodDetailTransactions(THost& host, const std::string& parameter) {
 extern "C" {
 
 void Open_DetailTransactions() {
-  goods::RunExport([](goods::THost& host) { goods::OpenDetailTransactions(host); });
+  goods::RunExport([](goods::THost& host) {
+    goods::ShowGuardedWindow<goods::ReportId::StockByDetails>(
+        host, goods::State().detailTransactions, goods::Variant(std::to_string(goods::kByTheUser)), "");
+  });
 }
 
 void Open_SearchInDetailTransactions() {
-  goods::RunExport([](goods::THost& host) { goods::OpenSearchInDetailTransactions(host); });
+  goods::RunExport([](goods::THost& host) {
+    goods::ShowGuardedWindow<goods::ReportId::SearchInDetails>(host, goods::State().searchInDetail, "");
+  });
 }
 
 void Open_GoodDetailTransactions(int32_t good, uint8_t storeGiven, int32_t store, uint8_t datesGiven,

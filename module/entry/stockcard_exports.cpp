@@ -8,8 +8,6 @@
 namespace goods {
 namespace {
 
-constexpr const char* kAlreadyShown = "امکان نمایش مجدد کاردکس وجود ندارد.";
-
 std::string Parameter(int mode, std::int32_t good, std::int32_t store, const std::string& from,
                       const std::string& to) {
   return std::to_string(mode) + ";" + std::to_string(good) + ";" + std::to_string(store) + ";" + from + ";" +
@@ -17,23 +15,22 @@ std::string Parameter(int mode, std::int32_t good, std::int32_t store, const std
 }
 
 void OpenGoodKardex(THost& host) {
-  if (!MayOpenReport(host, kPartStockCard)) return;
+  if (!MayOpen(host, Describe(ReportId::StockCard))) return;
   auto& window = State().goodKardex;
-  if (PrepareKeptWindow(host, window, Parameter(1, 0, 0, "", ""), kAlreadyShown)) window->ShowModal();
+  if (PrepareKeptWindow<ReportId::StockCard>(host, window, Parameter(1, 0, 0, "", ""))) window->ShowModal();
 }
 
 void OpenKardex(THost& host, std::int32_t good, std::int32_t store, const std::string& from,
                 const std::string& to) {
-  host.Waiting().ShowWaitting(nullptr, kPreparingReport);
   auto& window = State().kardex;
-  try {
-    // While the window is shown already the indicator stays up on purpose.
-    if (!PrepareKeptWindow(host, window, Parameter(0, good, store, from, to), kAlreadyShown)) return;
-  } catch (...) {
-    host.Waiting().HideWaitting(nullptr, 0);
-    throw;
+  {
+    WaitingScope waiting(host.Waiting(), nullptr, kPreparingReport);
+    if (!PrepareKeptWindow<ReportId::StockCard>(host, window, Parameter(0, good, store, from, to))) {
+      // While the window is shown already the indicator stays up on purpose.
+      waiting.Stay();
+      return;
+    }
   }
-  host.Waiting().HideWaitting(nullptr, 0);
   window->ShowModal();
 }
 

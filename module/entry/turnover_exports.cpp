@@ -7,10 +7,11 @@
 namespace goods {
 namespace {
 
-void OpenList(THost& host, std::unique_ptr<TGoodTransaction_FRM>& window, int softwarePart,
-              int componentSoftwarePart, std::string_view alreadyShown) {
-  if (!PrepareKeptWindow(host, window, std::to_string(softwarePart), alreadyShown)) return;
-  window->FormOptions_SFO.ComponentSoftwarePart = componentSoftwarePart;
+template <ReportId kReport>
+void OpenList(THost& host, std::unique_ptr<TGoodTransaction_FRM>& window) {
+  constexpr const ReportDescription& report = Describe(kReport);
+  if (!PrepareKeptWindow<kReport>(host, window, std::to_string(report.softwarePart))) return;
+  window->FormOptions_SFO.ComponentSoftwarePart = report.component;
   window->SetIsShowWaitting(false);
   window->SetAutomaticRefresh(true);
   window->ListDataSet().DisableControls();
@@ -18,19 +19,17 @@ void OpenList(THost& host, std::unique_ptr<TGoodTransaction_FRM>& window, int so
 }
 
 void OpenGarKala(THost& host, std::int32_t softwarePart) {
-  if (!MayOpenReport(host, softwarePart)) return;
+  if (!IsAllowed(host.Rights(), softwarePart, kPermissionOpenReport)) return;
   if (softwarePart == kPartAmountAsset) {
-    OpenList(host, State().amountAsset, softwarePart, cspGoodAmountAsset,
-             "امکان نمایش مجدد موجودی کالا وجود ندارد");
+    OpenList<ReportId::GoodsInQuantity>(host, State().amountAsset);
   } else if (softwarePart == kPartCashAsset) {
-    OpenList(host, State().cashAsset, softwarePart, cspGoodCashAsset,
-             "امکان نمایش مجدد موجودی ریالی وجود ندارد");
+    OpenList<ReportId::GoodsInMoney>(host, State().cashAsset);
   }
 }
 
 // The right is asked for twice: here, and by Open_GarKala.
-void OpenAsset(THost& host, std::int32_t softwarePart) {
-  if (MayOpenReport(host, softwarePart)) OpenGarKala(host, softwarePart);
+void OpenAsset(THost& host, ReportId report) {
+  if (MayOpen(host, Describe(report))) OpenGarKala(host, Describe(report).softwarePart);
 }
 
 }  // namespace
@@ -43,11 +42,11 @@ void Open_GarKala(int32_t softwarePart) {
 }
 
 void Open_GoodAmountAsset() {
-  goods::RunExport([](goods::THost& host) { goods::OpenAsset(host, goods::kPartAmountAsset); });
+  goods::RunExport([](goods::THost& host) { goods::OpenAsset(host, goods::ReportId::GoodsInQuantity); });
 }
 
 void Open_GoodCashAsset() {
-  goods::RunExport([](goods::THost& host) { goods::OpenAsset(host, goods::kPartCashAsset); });
+  goods::RunExport([](goods::THost& host) { goods::OpenAsset(host, goods::ReportId::GoodsInMoney); });
 }
 
 }  // extern "C"

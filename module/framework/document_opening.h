@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "host/services/host.h"
+#include "module/framework/movement_types.h"
 
 namespace goods {
 
@@ -15,10 +16,10 @@ enum class DocumentOutcome {
 
 // Opens the document of a stock-card row by its Type and OperationCode, after asking the host whether another
 // part works with the document's module, whether the user may open it, and whether such a window is open
-// already, in this order.
-DocumentOutcome OpenDocument(THost& host, std::int64_t type, std::int64_t operationCode);
+// already, in this order. A row whose type is null, or none that is known, opens nothing.
+DocumentOutcome OpenDocument(THost& host, const Value& type, std::int64_t operationCode);
 
 // The good's own record: a change there may change the stock card, so the card is read again afterwards.
-bool ChangesStockCard(std::int64_t type);
+bool ChangesStockCard(const Value& type);
 
 }  // namespace goods

@@ -1,5 +1,7 @@
 #include "module/framework/report_window.h"
 
+#include <algorithm>
+
 #include "host/core/text.h"
 #include "module/framework/texts.h"
 
@@ -11,6 +13,18 @@ constexpr std::string_view kPrintWarning =
     "باشند، لذا پیشنهاد می شود ستون هایی از داده را که به آن ها نیاز نمی باشد،  از حالت انتخاب خارج کنید.";
 
 }  // namespace
+
+void DescribeWindow(TBaseDock_FRM& window, const ReportDescription& report) {
+  window.FormOptions_SFO.ComponentSoftwarePart = report.component;
+  window.FormOptions_SFO.HelpKeyword = report.name;
+  window.PrintOption.SoftwarePart = report.softwarePart;
+}
+
+void DescribeWindow(TBaseDock_FRM& window) {
+  const auto report = std::find_if(kReports.begin(), kReports.end(),
+                                   [&](const auto& each) { return each.form == window.Name(); });
+  if (report != kReports.end()) DescribeWindow(window, *report);
+}
 
 void AcceptTyping(TForm& window) {
   if (auto* edit = dynamic_cast<TEdit*>(window.ActiveControl())) edit->Accept();

@@ -6,15 +6,22 @@
 #include <string_view>
 #include <vector>
 
+#include "host/base/base_dock.h"
 #include "host/components/edit.h"
-#include "host/components/form.h"
 #include "host/components/standard.h"
 #include "host/frames/general_search_frame.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/range_digit_search_frame.h"
+#include "include/goods_reports.h"
 #include "module/framework/criteria_text.h"
 
 namespace goods {
+
+// The window shows that report: its component software part, its help page, the part whose right printing
+// asks for.
+void DescribeWindow(TBaseDock_FRM& window, const ReportDescription& report);
+// The same by the window's name; of a window with several reports the first in the table.
+void DescribeWindow(TBaseDock_FRM& window);
 
 // What is being typed in the window counts from now on, as if the focus had left the edit.
 void AcceptTyping(TForm& window);

@@ -133,7 +133,7 @@ TEST_F(Lookups, ReturnTagNameStripsTheOuterCommas) {
 }
 
 TEST_F(Lookups, WithoutTagsNothingIsAskedAndNoNameComesBack) {
-  for (const char* none : {"", ",,", " ", "1); drop table TagS; --"}) {
+  for (const char* none : {"", ",,", " ", "1); drop table TagS; --", "3,--5", "--", "1-2", "3,,5"}) {
     EXPECT_EQ(dm.ReturnTagName(none), "") << none;
   }
   EXPECT_TRUE(Sent().empty());

@@ -1,54 +1,57 @@
-#include "module/data/movement_types.h"
+#include "module/framework/movement_types.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "module/framework/document_opening.h"
+#include "tests/scripted/scripted_host.h"
+
 namespace goods {
 namespace {
 
-using enum MovementDirection;
-
 TEST(MovementTypes, TheChoiceListHasFifteenTypesInTheirOrder) {
-  const std::vector<MovementType> expected{
-      {1, "فروش", Outgoing},
-      {2, "خرید", Incoming},
-      {3, "موجودی اول دوره", Incoming},
-      {4, "برگشت از فروش", Incoming},
-      {5, "برگشت از خرید", Outgoing},
-      {6, "حواله از انبار", Outgoing},
-      {7, "حواله به انبار", Incoming},
-      {8, "کالای تولیدی در تولید آنالیز متغیر", Incoming},
-      {9, "کالای مصرفی در تولید آنالیز متغیر", Outgoing},
-      {11, "کالای هزینه شده", Outgoing},
-      {21, "حواله خروج کالا", Outgoing},
-      {22, "رسید ورود کالا", Incoming},
-      {23, "کالای درآمد شده", Incoming},
-      {24, "تقسیم خروج جزییات", Outgoing},
-      {25, "تقسیم ورود جزییات", Incoming},
+  const std::vector<std::pair<int, std::string>> expected{
+      {1, "فروش"},
+      {2, "خرید"},
+      {3, "موجودی اول دوره"},
+      {4, "برگشت از فروش"},
+      {5, "برگشت از خرید"},
+      {6, "حواله از انبار"},
+      {7, "حواله به انبار"},
+      {8, "کالای تولیدی در تولید آنالیز متغیر"},
+      {9, "کالای مصرفی در تولید آنالیز متغیر"},
+      {11, "کالای هزینه شده"},
+      {21, "حواله خروج کالا"},
+      {22, "رسید ورود کالا"},
+      {23, "کالای درآمد شده"},
+      {24, "تقسیم خروج جزییات"},
+      {25, "تقسیم ورود جزییات"},
   };
-  const auto offered = OfferedMovementTypes();
-  ASSERT_EQ(offered.size(), expected.size());
-  for (std::size_t i = 0; i < expected.size(); ++i) {
-    EXPECT_EQ(offered[i].code, expected[i].code);
-    EXPECT_EQ(offered[i].label, expected[i].label);
-    EXPECT_EQ(offered[i].direction, expected[i].direction) << offered[i].code;
+  std::vector<std::pair<int, std::string>> offered;
+  for (const MovementTypeRow& row : kMovementTypes) {
+    if (!row.label.empty()) offered.emplace_back(static_cast<int>(row.type), row.label);
   }
+  EXPECT_EQ(offered, expected);
 }
 
-TEST(MovementTypes, TypesThatOccurOnRowsOnlyAreNotOffered) {
-  for (const int code : {0, 10, 12, 13, 14, 15, 16, 17, 18, 19, 20, 26, -1}) {
-    EXPECT_FALSE(FindOfferedMovementType(code)) << code;
-  }
-  ASSERT_TRUE(FindOfferedMovementType(23));
-  EXPECT_EQ(FindOfferedMovementType(23)->label, "کالای درآمد شده");
+TEST(MovementTypes, ARowWithoutATypeOrWithAnUnknownCodeHasNone) {
+  EXPECT_FALSE(MovementTypeOf(Value()));
+  EXPECT_FALSE(MovementTypeOf(Value(-1)));
+  EXPECT_FALSE(MovementTypeOf(Value(26)));
+  EXPECT_EQ(MovementTypeOf(Value(0)), MovementType::FixedProductionOut);
+  EXPECT_EQ(MovementTypeOf(Value("25")), MovementType::DetailSplitIn);
 }
 
-TEST(MovementTypes, TheDirectionOfARowFollowsTheSignOfItsQuantity) {
-  EXPECT_EQ(DirectionOf(Decimal(5)), Incoming);
-  EXPECT_EQ(DirectionOf(*Decimal::Parse("-0.000000001")), Outgoing);
-  EXPECT_FALSE(DirectionOf(Decimal(0)));
+TEST(DocumentOpening, ARowWithoutATypeOpensNothingAndAsksNobody) {
+  ScriptedHost host;
+  EXPECT_EQ(OpenDocument(host, Value(), 55), DocumentOutcome::NotOpened);
+  EXPECT_EQ(OpenDocument(host, Value(99), 55), DocumentOutcome::NotOpened);
+  EXPECT_FALSE(ChangesStockCard(Value()));
+  EXPECT_TRUE(host.Log.Calls().empty());
+  EXPECT_EQ(OpenDocument(host, Value(0), 55), DocumentOutcome::Opened);
 }
 
 }  // namespace

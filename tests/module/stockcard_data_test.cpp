@@ -140,5 +140,30 @@ TEST_F(NegativeSearch, RadifNumbersTheRowsFromOneWithoutASign) {
   }
 }
 
+TEST_F(NegativeSearch, RadifIsTheWindowsOwnNumberAlsoWhereTheProcedureHasSuchAColumn) {
+  Give("Exec srKardex_Negative", "Radif Code", {{"7", "12"}, {"9", "13"}});
+  dm.KardexSearch_Fill_2("0", "0");
+  TADOQuery& query = dm.KardexSearch.Query;
+  EXPECT_EQ(query.FieldByName("Radif").AsInteger(), 1);
+  query.SetSort("Radif DESC");
+  EXPECT_EQ(query.Cell(0, *query.FindField("Code")).AsText(), "13");
+  EXPECT_EQ(query.Sum("Radif"), Decimal(3));
+}
+
+// A window's module has the queries of its parts and no other.
+TEST_F(NegativeSearch, AModuleOfOnePartHasThatPartsQueriesAlone) {
+  const DataModuleOf<StockCardData> part(host, nullptr);
+  EXPECT_NE(part.FindComponent("Kardex_QRY"), nullptr);
+  EXPECT_EQ(part.FindComponent("CostLevel_QRY"), nullptr);
+  EXPECT_EQ(part.Components().size(), 3U);  // query, source, general query
+  for (const char* stem : {"Kardex", "KardexSearch", "GoodTransaction", "GoodGroup", "Kardex_Overall_Money",
+                           "Kardex_Overall_Tedad", "GoodAsset_Store", "CostLevel", "RialHistory",
+                           "AllGoodDetailTransaction", "OneGoodDetailTransaction", "GoodDetailTransaction",
+                           "GoodDetailKardexDismatch", "GoodDetailOperationDismatch"}) {
+    EXPECT_NE(dm.FindComponent(std::string(stem) + "_QRY"), nullptr) << stem;
+    EXPECT_NE(dm.FindComponent(std::string(stem) + "_DS"), nullptr) << stem;
+  }
+}
+
 }  // namespace
 }  // namespace goods

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "host/core/text.h"
-#include "host/data/connection.h"
 
 namespace goods {
 namespace {
@@ -21,7 +20,7 @@ const std::string* FieldOf(const EntityRecord& record, std::string_view field) {
 std::optional<std::vector<std::string>> CompanyLookups::LookupDBs(EntityType type, std::int64_t code,
                                                                   std::string_view fields) {
   if (type == EntityType::None) return std::nullopt;
-  try {
+  return AskCompany([&]() -> std::optional<std::vector<std::string>> {
     const auto record = company_.FindEntity(static_cast<EntityKind>(type), code);
     if (!record) return std::nullopt;
     std::vector<std::string> texts;
@@ -34,9 +33,7 @@ std::optional<std::vector<std::string>> CompanyLookups::LookupDBs(EntityType typ
       texts.push_back(*text);
     }
     return texts;
-  } catch (const CompanyError& error) {
-    throw DatabaseError(error.what(), "");
-  }
+  });
 }
 
 std::optional<std::int64_t> CompanyLookups::SelectEntity(TForm* /*owner*/, EntityType /*type*/,
@@ -48,37 +45,29 @@ std::optional<std::int64_t> CompanyLookups::SelectEntity(TForm* /*owner*/, Entit
 std::string CompanyLookups::ReturnCategoryName(std::string_view categoryCode) {
   const auto code = ParseInteger(Trim(categoryCode));
   if (!code) return {};
-  try {
-    return company_.CategoryName(*code);
-  } catch (const CompanyError& error) {
-    throw DatabaseError(error.what(), "");
-  }
+  return AskCompany([&] { return company_.CategoryName(*code); });
 }
 
 std::vector<TTag> CompanyLookups::Tags() {
-  try {
+  return AskCompany([&] {
     std::vector<TTag> tags;
     for (TagRecord& tag : company_.Tags()) {
       tags.push_back(
           {std::to_string(tag.code), std::move(tag.name), ParseColor(tag.background).value_or(kWhite)});
     }
     return tags;
-  } catch (const CompanyError& error) {
-    throw DatabaseError(error.what(), "");
-  }
+  });
 }
 
 std::vector<TCategory> CompanyLookups::Categories() {
-  try {
+  return AskCompany([&] {
     std::vector<TCategory> categories;
     for (CategoryRecord& category : company_.Categories()) {
       const std::string parent = category.parent == 0 ? "" : std::to_string(category.parent);
       categories.push_back({std::to_string(category.code), std::move(category.name), parent});
     }
     return categories;
-  } catch (const CompanyError& error) {
-    throw DatabaseError(error.what(), "");
-  }
+  });
 }
 
 }  // namespace goods

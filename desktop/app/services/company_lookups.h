@@ -2,9 +2,21 @@
 #pragma once
 
 #include "company/company.h"
+#include "host/data/connection.h"
 #include "host/services/lookups.h"
 
 namespace goods {
+
+// What a question to the company answers. Where it cannot be answered, the error is the one that look-ups
+// throw.
+template <typename Question>
+auto AskCompany(Question&& question) {
+  try {
+    return question();
+  } catch (const CompanyError& error) {
+    throw DatabaseError(error.what(), "");
+  }
+}
 
 class CompanyLookups : public ILookups {
  public:

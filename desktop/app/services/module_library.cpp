@@ -7,6 +7,7 @@
 
 #include "host/core/text.h"
 #include "host/services/host.h"
+#include "include/goods_reports.h"
 #include "include/goods_transaction_qrt.h"
 
 namespace goods {
@@ -98,6 +99,14 @@ bool ModuleLibrary::Detach() {
 
 void ModuleLibrary::Call(const char* exportName) { As<void()>(Require(exportName))(); }
 
+void ModuleLibrary::Open(const ReportDescription& report) {
+  if (report.id == ReportId::NegativeCard) {
+    OpenKardexNegativ("1", "0", "0");  // the procedure's two values are not given: all dates
+  } else {
+    Call(report.exportName == nullptr ? "" : report.exportName);
+  }
+}
+
 void ModuleLibrary::OpenKardex(std::int64_t good, std::int64_t store, std::string_view from,
                                std::string_view to) {
   auto* open = As<decltype(Open_Kardex)>(Require("Open_Kardex"));
@@ -111,7 +120,7 @@ void ModuleLibrary::OpenGoodDetailTransactions(std::int64_t good, bool storeGive
   // A truth value is a byte, and any but 0 is true.
   using Export = void(std::int32_t, std::uint8_t, std::int32_t, std::uint8_t, const char16_t*,
                       const char16_t*, std::uint8_t, const char16_t*, std::uint8_t, const char16_t*);
-  auto* open = As<Export>(Require(kGoodDetailTransactionsExport));
+  auto* open = As<Export>(Require(Describe(ReportId::StockByDetails).callerExport));
   open(Narrow(good), storeGiven ? 1 : 0, Narrow(store), datesGiven ? 1 : 0, ToUtf16(from).c_str(),
        ToUtf16(to).c_str(), tagsGiven ? 1 : 0, ToUtf16(tags).c_str(), categoryGiven ? 1 : 0,
        ToUtf16(category).c_str());

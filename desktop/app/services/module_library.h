@@ -9,6 +9,7 @@
 
 namespace goods {
 
+struct ReportDescription;
 class THost;
 
 // The module cannot be used. The message is Persian and meant for the user.
@@ -17,8 +18,6 @@ class ModuleError : public std::runtime_error {
   using std::runtime_error::runtime_error;
   ~ModuleError() override;
 };
-
-inline constexpr const char* kGoodDetailTransactionsExport = "Open_GoodDetailTransactions";
 
 class ModuleLibrary {
  public:
@@ -50,8 +49,11 @@ class ModuleLibrary {
   bool Has(const char* exportName) const { return Find(exportName) != nullptr; }
   // Calls an export without arguments; throws ModuleError when the library has none of that name.
   void Call(const char* exportName);
+  // What a menu does: opens the report through its export, with nothing asked for that the user can ask for
+  // in its window. Throws ModuleError where the library has none, or the report has no export for users.
+  void Open(const ReportDescription& report);
   void OpenKardex(std::int64_t good, std::int64_t store, std::string_view from, std::string_view to);
-  // The report of kGoodDetailTransactionsExport; throws ModuleError where the library has none.
+  // The stock by details; throws ModuleError where the library has none.
   void OpenGoodDetailTransactions(std::int64_t good, bool storeGiven, std::int64_t store, bool datesGiven,
                                   std::string_view from, std::string_view to, bool tagsGiven,
                                   std::string_view tags, bool categoryGiven, std::string_view category);

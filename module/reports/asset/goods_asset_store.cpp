@@ -5,6 +5,8 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
+#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_card_opening.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
 
@@ -42,7 +44,7 @@ TGoodsAsset_Store_FRM::~TGoodsAsset_Store_FRM() = default;
 
 void TGoodsAsset_Store_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  PrintOption.SoftwarePart = kPartStoreAsset;
+  DescribeWindow(*this);
   SetCommonControls(GoodsAsset_Store_GRD, PrintList_BTN, Exit_BTN);
   GoodsAsset_Store_GRD.SetDataSource(&dataModule_.GoodAsset_Store.Source);
   GoodsAsset_Store_GRD.OnSortChanged = [this] {
@@ -136,17 +138,9 @@ void TGoodsAsset_Store_FRM::Date1_EDTExit() {
 void TGoodsAsset_Store_FRM::btnShow_BTNClick() {
   const TADOQuery& rows = dataModule_.GoodAsset_Store.Query;
   if (!rows.RecNo()) return;
-  IRights& rights = Host().Rights();
-  if (!rights.HavePermission(rights.UserInfo(), kPartStockCard, kPermissionOpenReport, true, true, ""))
-    return;
-  const std::int64_t good = rows.FieldByName("GoodCode").AsInteger();
-  if (!dataModule_.Good_HasGardesh(good)) {
-    Host().Messages().MsgWithoutGardesh("کالا");
-    return;
-  }
   const bool dates = Period_PNL.InUse();
-  Host().Documents().Call_KardexKala(good, 0, dates ? Period_PNL.Date1_EDT.Text() : "",
-                                     dates ? Period_PNL.Date2_EDT.Text() : "");
+  OpenStockCard(Host(), {kPartStockCard}, &dataModule_, rows.FieldByName("GoodCode").AsInteger(),
+                dates ? Period_PNL.Date1_EDT.Text() : "", dates ? Period_PNL.Date2_EDT.Text() : "");
 }
 
 void TGoodsAsset_Store_FRM::AdvShapeButton1Click() { ShowPrintWarning(Host(), AdvShapeButton1, 0); }

@@ -9,7 +9,7 @@
 
 #include "host/base/base_dock.h"
 #include "host/frames/general_search_frame.h"
-#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_data.h"
 #include "module/framework/period_panel.h"
 #include "module/reports/pricing/price_basis_panel.h"
 
@@ -38,7 +38,7 @@ class TGoodsAsset_Store_FRM : public TBaseDock_FRM {
   void AdvShapeButton1Click();
 
  private:
-  TGoodTransactions_DM dataModule_;
+  DataModuleOf<StoreStockData, PriceData, MovementData> dataModule_;
 
  public:
   TPanel Criteria_PNL{this, "Criteria_PNL", Flow::Row};

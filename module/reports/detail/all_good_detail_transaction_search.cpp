@@ -50,9 +50,8 @@ void TAllGoodDetailTransactionSearch_FRM::LoadStoredProperties() {
 }
 
 bool TAllGoodDetailTransactionSearch_FRM::HaveSelectedListPermission() const {
-  IRights& rights = Host().Rights();
   const int part = SoftwarePart == kPartCashAsset ? kPartCashAsset : kPartAmountAsset;
-  return rights.HavePermission(rights.UserInfo(), part, kPermissionSelectedLists, true, true, "");
+  return IsAllowed(Host().Rights(), part, kPermissionSelectedLists);
 }
 
 bool TAllGoodDetailTransactionSearch_FRM::HaveAdvFilter() const {

@@ -27,8 +27,7 @@ TDetailReport_FRM::~TDetailReport_FRM() = default;
 
 void TDetailReport_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
-  PrintOption.SoftwarePart = kPartGoodDetail;
+  DescribeWindow(*this);
   delayedSearch_.OnHurried = [this] {
     if (!Rows().Query.IsEmpty()) List_GRD.SetFocus();
   };

@@ -39,8 +39,7 @@ TOneGoodDetailTransaction_FRM::~TOneGoodDetailTransaction_FRM() = default;
 
 void TOneGoodDetailTransaction_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
-  PrintOption.SoftwarePart = kPartGoodDetail;
+  DescribeWindow(*this);
   SetCommonControls(GoodDetailTransaction_GRD, PrintList_BTN, Exit_BTN);
   TQueryWithSource& rows = dataModule_.OneGoodDetailTransaction;
   GoodDetailTransaction_GRD.SetDataSource(&rows.Source);
@@ -209,7 +208,7 @@ void TOneGoodDetailTransaction_FRM::OpenInfo_BTNClick() {
   if (!query.RecNo()) return;
   const Value type = query.FieldByName("OperationType");
   const Value code = query.FieldByName("OperationCode");
-  if (OpenDocument(Host(), type.AsInteger(), code.AsInteger()) != DocumentOutcome::Opened) return;
+  if (OpenDocument(Host(), type, code.AsInteger()) != DocumentOutcome::Opened) return;
   {
     const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
     dataModule_.FillDataKardexTransact(ParseInteger(Header_PNL.GoodCode_LBL.Caption()).value_or(0));

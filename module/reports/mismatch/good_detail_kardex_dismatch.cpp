@@ -34,8 +34,7 @@ TGoodDetailKardexDismatch_FRM::~TGoodDetailKardexDismatch_FRM() = default;
 
 void TGoodDetailKardexDismatch_FRM::FormCreate() {
   TReportOf::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
-  PrintOption.SoftwarePart = kPartGoodDetail;
+  DescribeWindow(*this);
   SetCommonControls(GoodDetailKardexDismatch_GRD, PrintList_BTN, Exit_BTN);
 
   ShowRows(GoodDetailKardexDismatch_GRD, dataModule_.GoodDetailKardexDismatch.Source);

@@ -27,8 +27,7 @@ TGoodDetailOperationDismatch_FRM::~TGoodDetailOperationDismatch_FRM() = default;
 
 void TGoodDetailOperationDismatch_FRM::FormCreate() {
   TReportOf::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspGoodDetail;
-  PrintOption.SoftwarePart = kPartGoodDetail;
+  DescribeWindow(*this);
   SetCommonControls(GoodDetailOperationDismatch_GRD, PrintList_BTN, Exit_BTN);
 
   ShowRows(GoodDetailOperationDismatch_GRD, dataModule_.GoodDetailOperationDismatch.Source);
@@ -101,8 +100,7 @@ void TGoodDetailOperationDismatch_FRM::OperationsType_CMBChange() { Run(Waiting:
 void TGoodDetailOperationDismatch_FRM::OpenInfo_BTNClick() {
   const TADOQuery& query = dataModule_.GoodDetailOperationDismatch.Query;
   if (!query.RecNo() || !query.FindField("OperationType")) return;
-  OpenDocument(Host(), query.FieldByName("OperationType").AsInteger(),
-               query.FieldByName("OperationCode").AsInteger());
+  OpenDocument(Host(), query.FieldByName("OperationType"), query.FieldByName("OperationCode").AsInteger());
 }
 
 }  // namespace goods

@@ -21,8 +21,8 @@ std::string LevelText(std::string_view name, bool buy) {
 
 }  // namespace
 
-TPriceBasisPanel::TPriceBasisPanel(TComponent* owner, std::string name, THost& host,
-                                   TGoodTransactions_DM& data, const PriceBasisStyle& style)
+TPriceBasisPanel::TPriceBasisPanel(TComponent* owner, std::string name, THost& host, PriceData& data,
+                                   const PriceBasisStyle& style)
     : TPanel(owner, std::move(name), Flow::Row), host_(host), data_(data), style_(style) {
   LayOut();
   Report_CMB.SetText(std::string(style_.unchosenText));

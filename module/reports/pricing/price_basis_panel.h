@@ -10,7 +10,7 @@
 #include "host/components/grid.h"
 #include "host/components/tabs.h"
 #include "host/services/host.h"
-#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_data.h"
 
 namespace goods {
 
@@ -36,7 +36,7 @@ inline constexpr std::string_view kCostPrice = "بهای تمام شده";
 class TPriceBasisPanel : public TPanel {
  public:
   // host and data must outlive it.
-  TPriceBasisPanel(TComponent* owner, std::string name, THost& host, TGoodTransactions_DM& data,
+  TPriceBasisPanel(TComponent* owner, std::string name, THost& host, PriceData& data,
                    const PriceBasisStyle& style);
 
   int Basis() const { return basis_; }
@@ -92,7 +92,7 @@ class TPriceBasisPanel : public TPanel {
   void SaveNone();
 
   THost& host_;
-  TGoodTransactions_DM& data_;
+  PriceData& data_;
   PriceBasisStyle style_;
   int basis_ = kPriceBasisNone;
   int buyOrSell_ = -1;

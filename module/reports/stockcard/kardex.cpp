@@ -3,6 +3,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "module/data/good_transactions_dm.h"
 #include "module/framework/document_opening.h"
 #include "module/framework/good_header_panel.h"
 #include "module/framework/report_window.h"
@@ -35,8 +36,7 @@ TKardex_FRM::~TKardex_FRM() = default;
 
 void TKardex_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspKardex;
-  PrintOption.SoftwarePart = kPartStockCard;
+  DescribeWindow(*this);
   SetCommonControls(Kardex_GRD, PrintList_BTN, Exit_BTN);
 
   Kardex_GRD.SetDataSource(&dataModule_.Kardex.Source);
@@ -230,8 +230,8 @@ void TKardex_FRM::OpenInfo_BTNClick() {
   if (!query.RecNo()) return;
   const Value type = query.FieldByName("Type");
   const Value operationCode = query.FieldByName("OperationCode");
-  if (OpenDocument(Host(), type.AsInteger(), operationCode.AsInteger()) != DocumentOutcome::Opened) return;
-  if (!ChangesStockCard(type.AsInteger())) return;
+  if (OpenDocument(Host(), type, operationCode.AsInteger()) != DocumentOutcome::Opened) return;
+  if (!ChangesStockCard(type)) return;
 
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   dataModule_.FillDataKardexTransact(Good_SEF.CodeAsInt());

@@ -10,7 +10,7 @@
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/select_entity_frame.h"
 #include "host/frames/select_entity_search_frame.h"
-#include "module/data/good_transactions_dm.h"
+#include "module/data/stockcard_data.h"
 
 namespace goods {
 
@@ -36,7 +36,7 @@ class TKardex_FRM : public TBaseDock_FRM {
   void OpenInfo_BTNClick();
 
  private:
-  TGoodTransactions_DM dataModule_;
+  DataModuleOf<StockCardData> dataModule_;
 
  public:
   TPanel Criteria_PNL{this, "Criteria_PNL", Flow::Column, "شرایط گزارش (Alt+2)"};

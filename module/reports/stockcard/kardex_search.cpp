@@ -4,6 +4,8 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
+#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_card_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
@@ -31,8 +33,7 @@ TKardexSearch_FRM::~TKardexSearch_FRM() = default;
 
 void TKardexSearch_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  FormOptions_SFO.ComponentSoftwarePart = cspSearchInKardex;
-  PrintOption.SoftwarePart = kPartStockCardSearch;
+  DescribeWindow(*this);
   SetCommonControls(KardexSearch_GRD, PrintReportList_BTN, Exit_BTN);
 
   KardexSearch_GRD.SetDataSource(&dataModule_.KardexSearch.Source);
@@ -54,7 +55,9 @@ void TKardexSearch_FRM::FormCreate() {
 
 void TKardexSearch_FRM::OnCustomParameter(const CustomParameter& parameter) {
   SetShortCut(KardexSearch_GRD);
-  if (parameter.Count() > 0 && parameter.Text(0) == kNegativeMode) {
+  const bool negative = parameter.Count() > 0 && parameter.Text(0) == kNegativeMode;
+  DescribeWindow(*this, Describe(negative ? ReportId::NegativeCard : ReportId::RowSearch));
+  if (negative) {
     const WaitingScope waiting(Host().Waiting(), nullptr, kPreparingReport);
     dataModule_.KardexSearch_Fill_2(parameter.Text(1), parameter.Text(2));
     QeratSearchManager1AfterExecute_PROC();
@@ -172,10 +175,7 @@ void TKardexSearch_FRM::KardexSearch_GRDSortChanged() {
 void TKardexSearch_FRM::KardexSearch_GRDDblClick() {
   TADOQuery& query = dataModule_.KardexSearch.Query;
   if (!query.RecNo()) return;
-  IRights& rights = Host().Rights();
-  if (!rights.HavePermission(rights.UserInfo(), kPartStockCard, kPermissionOpenReport, true, true, ""))
-    return;
-  Host().Documents().Call_KardexKala(query.FieldByName("Code").AsInteger(), 0, "", "");
+  OpenStockCard(Host(), {kPartStockCard}, nullptr, query.FieldByName("Code").AsInteger());
 }
 
 }  // namespace goods

@@ -8,7 +8,7 @@
 #include "host/components/search_manager.h"
 #include "host/frames/adv_search_frame.h"
 #include "host/frames/general_search_frame.h"
-#include "module/data/good_transactions_dm.h"
+#include "module/data/stockcard_data.h"
 #include "module/framework/delayed_search.h"
 #include "module/reports/stockcard/kardex_search_adv_search.h"
 
@@ -40,7 +40,7 @@ class TKardexSearch_FRM : public TBaseDock_FRM {
   void KardexSearch_GRDDblClick();
 
  private:
-  TGoodTransactions_DM dataModule_;
+  DataModuleOf<RowSearchData> dataModule_;
 
  public:
   TPanel Criteria_PNL{this, "Criteria_PNL", Flow::Row};

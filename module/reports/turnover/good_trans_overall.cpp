@@ -6,6 +6,8 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
+#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_card_opening.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
 
@@ -65,7 +67,7 @@ TGoodTrans_Overall_FRM::~TGoodTrans_Overall_FRM() = default;
 
 void TGoodTrans_Overall_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  PrintOption.SoftwarePart = kPartOverallTurnover;
+  DescribeWindow(*this);
   money_Overall_List_GRD.SetDataSource(&dataModule_.Kardex_Overall_Money.Source);
   tedad_Overall_List_GRD.SetDataSource(&dataModule_.Kardex_Overall_Tedad.Source);
   for (TSmartDBGrid_QRT* grid : {&money_Overall_List_GRD, &tedad_Overall_List_GRD}) {
@@ -198,15 +200,7 @@ void TGoodTrans_Overall_FRM::QeratSearchManager1CustomFilter_DataSet(std::string
 void TGoodTrans_Overall_FRM::btnShow_BTNClick() {
   const TADOQuery* rows = ShownGrid().DataSet();
   if (!rows->RecNo()) return;
-  IRights& rights = Host().Rights();
-  if (!rights.HavePermission(rights.UserInfo(), kPartOverallTurnover, kPermissionOpenReport, true, true, ""))
-    return;
-  const std::int64_t good = rows->FieldByName("KalaCode").AsInteger();
-  if (dataModule_.Good_HasGardesh(good)) {
-    Host().Documents().Call_KardexKala(good, 0, "", "");
-  } else {
-    Host().Messages().MsgWithoutGardesh("کالا");
-  }
+  OpenStockCard(Host(), {kPartOverallTurnover}, &dataModule_, rows->FieldByName("KalaCode").AsInteger());
 }
 
 void TGoodTrans_Overall_FRM::AdvShapeButton1Click() {

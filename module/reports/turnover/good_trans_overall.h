@@ -10,7 +10,7 @@
 #include "host/components/tabs.h"
 #include "host/frames/general_search_frame.h"
 #include "host/frames/select_entity_search_frame.h"
-#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_data.h"
 #include "module/framework/period_panel.h"
 
 namespace goods {
@@ -41,7 +41,7 @@ class TGoodTrans_Overall_FRM : public TBaseDock_FRM {
   void QeratSearchManager1CustomFilter_DataSet(std::string& filter) const;
 
  private:
-  TGoodTransactions_DM dataModule_;
+  DataModuleOf<OverallTurnoverData, MovementData> dataModule_;
 
  public:
   TPanel Criteria_PNL{this, "Criteria_PNL", Flow::Row};

@@ -4,6 +4,7 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
+#include "module/data/good_transactions_dm.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
@@ -87,12 +88,8 @@ void TGoodTransaction_FRM::FormCreate() {
 
 void TGoodTransaction_FRM::OnCustomParameter(const CustomParameter& parameter) {
   reportKind_ = static_cast<int>(parameter.Integer(0));
+  DescribeWindow(*this, Describe(IsMoney() ? ReportId::GoodsInMoney : ReportId::GoodsInQuantity));
   PrintOption.SoftwarePart = reportKind_;
-}
-
-bool TGoodTransaction_FRM::HaveRight(int softwarePart, int permission, bool showMessage) const {
-  IRights& rights = Host().Rights();
-  return rights.HavePermission(rights.UserInfo(), softwarePart, permission, showMessage, showMessage, "");
 }
 
 TSmartDBGrid_QRT& TGoodTransaction_FRM::ShownGrid() {

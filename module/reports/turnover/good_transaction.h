@@ -12,7 +12,7 @@
 #include "host/frames/general_search_frame.h"
 #include "host/frames/tags_frame.h"
 #include "host/frames/vouchers_warning_frame.h"
-#include "module/data/good_transactions_dm.h"
+#include "module/data/stock_data.h"
 #include "module/framework/delayed_search.h"
 #include "module/framework/groups_panel.h"
 #include "module/reports/pricing/price_basis_panel.h"
@@ -70,7 +70,7 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   void Select_BTNClick();
 
  private:
-  TGoodTransactions_DM dataModule_;
+  DataModuleOf<GoodListData, GoodGroupData, PriceData, MovementData, SelectedListData> dataModule_;
 
  public:
   TPanel Criteria_PNL{this, "Criteria_PNL", Flow::Row};
@@ -113,7 +113,6 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   void DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndPart);
 
   bool IsMoney() const { return reportKind_ == kPartCashAsset; }
-  bool HaveRight(int softwarePart, int permission, bool showMessage) const;
   TSmartDBGrid_QRT& ShownGrid();
   std::vector<TSmartDBGrid_QRT*> BothGrids();
   void Open();

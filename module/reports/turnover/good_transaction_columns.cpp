@@ -21,8 +21,10 @@ void Offer(TSmartDBGrid_QRT& grid, std::string_view field, bool offered) {
 
 void TGoodTransaction_FRM::ApplyColumnSet() {
   const TSettings& settings = Host().Settings().Settings();
-  amountRights_ = IsMoney() && HaveRight(kPartCashAsset, kPermissionAmounts, false);
-  stockValues_ = IsMoney() && HaveRight(kPartCashAsset, kPermissionStockValues, false);
+  amountRights_ =
+      IsMoney() && IsAllowed(Host().Rights(), kPartCashAsset, kPermissionAmounts, RightQuestion::Silent);
+  stockValues_ =
+      IsMoney() && IsAllowed(Host().Rights(), kPartCashAsset, kPermissionStockValues, RightQuestion::Silent);
   const bool wholeAndPart = settings.SecondUnit && settings.WholeAndPart;
   GoodTransactin_List_GRD.SetVisible(!wholeAndPart);
   GoodTransactinDetail_List_GRD.SetVisible(wholeAndPart);
@@ -50,7 +52,8 @@ void TGoodTransaction_FRM::ApplyColumnSet() {
 }
 
 void TGoodTransaction_FRM::ApplyFooterRights() {
-  const bool mayTotal = HaveRight(reportKind_, kPermissionStockValues, false);
+  const bool mayTotal =
+      IsAllowed(Host().Rights(), reportKind_, kPermissionStockValues, RightQuestion::Silent);
   for (TSmartDBGrid_QRT* grid : BothGrids()) {
     for (const char* field : {"SumStock", "Jam_Kol"}) {
       grid->FindColumn(field)->SetFooter(mayTotal ? FooterKind::Sum : FooterKind::None);

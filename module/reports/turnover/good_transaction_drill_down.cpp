@@ -1,5 +1,6 @@
 // What the turnover list opens: its criteria dialog, the tags of its rows, the stock card, the good's
 // details.
+#include "module/data/stock_card_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/texts.h"
 #include "module/reports/turnover/good_transaction.h"
@@ -91,13 +92,9 @@ void TGoodTransaction_FRM::GoodTransactionRowChange() {
 
 void TGoodTransaction_FRM::Gar_BTNClick() {
   if (!ListDataSet().RecNo()) return;
-  if (!HaveRight(reportKind_, kPermissionStockCardFromList, true)) return;
-  if (!HaveRight(kPartStockCard, kPermissionOpenReport, true)) return;
+  const AskedRight rights[] = {{reportKind_, kPermissionStockCardFromList}, {kPartStockCard}};
   const std::int64_t good = CurrentGood();
-  if (!dataModule_.ExistGoodTransaction(std::to_string(good))) {
-    Host().Messages().MsgWithoutGardesh("کالا");
-    return;
-  }
+  if (!MayOpenStockCard(Host(), rights, &dataModule_, good)) return;
   Host().Rights().SetUserEvent(reportKind_, kPermissionStockCardFromList, good);
   ShowStockCard(good);
 }
@@ -119,7 +116,7 @@ void TGoodTransaction_FRM::ShowStockCard(std::int64_t good) {
 
 void TGoodTransaction_FRM::DetailList_BTNClick() {
   if (!ListDataSet().RecNo() || search_ == nullptr) return;
-  if (!HaveRight(kPartGoodDetail, kPermissionOpenReport, true)) return;
+  if (!IsAllowed(Host().Rights(), kPartGoodDetail, kPermissionOpenReport)) return;
   const TPeriodPanel& period = search_->Period_PNL;
   const bool on = AdvSearchOn();
   const bool storeGiven = on && search_->Store_Frame.InUse() && search_->Store_Frame.CodeAsInt() > 0;

@@ -9,8 +9,7 @@
 
 namespace goods {
 
-TGoodTransactionSearch_FRM::TGoodTransactionSearch_FRM(THost& host, TGoodTransactions_DM& data,
-                                                       int reportKind)
+TGoodTransactionSearch_FRM::TGoodTransactionSearch_FRM(THost& host, SelectedListData& data, int reportKind)
     : TBaseSearch_FRM(host, "GoodTransactionSearch_FRM"), data_(data), reportKind_(reportKind) {
   DeclareForm();
   FormCreate();
@@ -39,10 +38,9 @@ void TGoodTransactionSearch_FRM::FormCreate() {
   SelectedList_CMB.SetItemIndex(selectedLists_.SelectedIndex);
   SelectedList_CMBChange();
   SelectedList_CMB.OnChange = [this] { SelectedList_CMBChange(); };
-  IRights& rights = Host().Rights();
-  selectedListPermission_ = rights.HavePermission(
-      rights.UserInfo(), reportKind_ == kPartCashAsset ? kPartCashAsset : kPartAmountAsset,
-      kPermissionSelectedLists, true, true, "");
+  selectedListPermission_ =
+      IsAllowed(Host().Rights(), reportKind_ == kPartCashAsset ? kPartCashAsset : kPartAmountAsset,
+                kPermissionSelectedLists);
   SelectedListEnable(selectedListPermission_);
   boxes_.Load(Host().Settings());
   ranges_.Load(Host().Settings());

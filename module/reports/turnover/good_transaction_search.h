@@ -11,7 +11,7 @@
 #include "host/frames/range_digit_search_frame.h"
 #include "host/frames/select_entity_search_frame.h"
 #include "host/frames/tags_frame.h"
-#include "module/data/good_transactions_dm.h"
+#include "module/data/list_data.h"
 #include "module/framework/period_panel.h"
 
 namespace goods {
@@ -22,7 +22,7 @@ class TGoodTransactionSearch_FRM : public TBaseSearch_FRM {
  public:
   // reportKind is that of the list, 501 or 502; the right to selected lists and the amount range depend on
   // it. data must outlive the dialog.
-  TGoodTransactionSearch_FRM(THost& host, TGoodTransactions_DM& data, int reportKind);
+  TGoodTransactionSearch_FRM(THost& host, SelectedListData& data, int reportKind);
   ~TGoodTransactionSearch_FRM() override;
 
   // What the list hands over before each showing: its statement head, its rows, its own criteria.
@@ -74,7 +74,7 @@ class TGoodTransactionSearch_FRM : public TBaseSearch_FRM {
   bool ShowsAmounts() const;
   std::int64_t SelectedListCode() const;
 
-  TGoodTransactions_DM& data_;
+  SelectedListData& data_;
   int reportKind_;
   bool selectedListPermission_ = false;
   TSelectedListFill selectedLists_;

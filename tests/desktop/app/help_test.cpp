@@ -8,29 +8,15 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextTable>
-#include <map>
 
 #include "desktop/app/help_book.h"
 #include "desktop/app/help_viewer.h"
 #include "desktop/app/main_window.h"
-#include "desktop/app/report_catalog.h"
+#include "include/goods_reports.h"
 #include "tests/desktop/app/kit.h"
 
 namespace goods {
 namespace {
-
-const std::map<std::string, QString> kPageOfExport{
-    {"Open_GoodAmountAsset", "turnover-list.md"},
-    {"Open_GoodCashAsset", "turnover-money.md"},
-    {"Open_GoodTrans_Overall", "overall-turnover.md"},
-    {"Open_GoodsAsset_Store", "store-stock.md"},
-    {"Open_GoodKardex", "stock-card.md"},
-    {"Open_KardexSearch", "row-search.md"},
-    {"Open_KardexNegativ", "negative-card.md"},
-    {"Open_DetailTransactions", "detail-stock.md"},
-    {"Open_SearchInDetailTransactions", "detail-search.md"},
-    {"Open_DetailKardexAsset_Dismatch", "detail-mismatch.md"},
-};
 
 QByteArray PageText(const QString& file) {
   QFile page(":/help/fa/" + file);
@@ -70,21 +56,16 @@ class Help : public DesktopTest {
     return host;
   }
   // The page at F1 in the report; more steps may follow.
-  QString PageOfReport(MainWindow& main, const ReportEntry& entry, std::function<void(QWidget&)> more = {}) {
+  QString PageOfReport(MainWindow& main, const ReportDescription& report,
+                       std::function<void(QWidget&)> more = {}) {
     QString page;
     WhileModal([&](QWidget& window) {
       page = PageAtF1(window);
       if (more) more(window);
     });
-    main.OpenReport(entry);
+    main.OpenReport(report);
     RethrowFailure();
     return page;
-  }
-  const ReportEntry& Entry(std::string_view exportName) {
-    for (const ReportEntry& entry : ReportCatalog()) {
-      if (entry.exportName == exportName) return entry;
-    }
-    throw std::runtime_error("not in the catalogue");
   }
 };
 
@@ -92,9 +73,9 @@ TEST_F(Help, F1ShowsThePageOfEachReportOfTheLibraryAndTheReportKeepsItsFocus) {
   DesktopHost& host = QuietHost();
   MainWindow main(host, Module(), Settings(), "شرکت", "");
   main.show();
-  for (const ReportEntry& entry : ReportCatalog()) {
-    ASSERT_TRUE(Module().Has(entry.exportName)) << entry.exportName;
-    EXPECT_EQ(PageOfReport(main, entry), kPageOfExport.at(entry.exportName)) << entry.exportName;
+  for (const ReportDescription& report : MenuReports()) {
+    ASSERT_TRUE(Module().Has(report.exportName)) << report.exportName;
+    EXPECT_EQ(PageOfReport(main, report), ToQt(report.HelpPage())) << report.exportName;
   }
 }
 
@@ -102,7 +83,7 @@ TEST_F(Help, ADialogOfAReportShowsTheReportsPage) {
   DesktopHost& host = QuietHost();
   MainWindow main(host, Module(), Settings(), "شرکت", "");
   QString page;
-  PageOfReport(main, Entry("Open_GoodAmountAsset"), [&](QWidget& window) {
+  PageOfReport(main, Describe(ReportId::GoodsInQuantity), [&](QWidget& window) {
     WhileModal([&](QWidget& dialog) { page = PageAtF1(dialog); });
     PressKey(window, Qt::Key_F10, Qt::ControlModifier);
   });
@@ -118,9 +99,9 @@ TEST_F(Help, AReportThatAReportOpensShowsItsOwnPage) {
     WhileModal([&](QWidget& opened) { page = PageAtF1(opened); });
     PressKey(window, Qt::Key_F2);
   };
-  PageOfReport(main, Entry("Open_DetailTransactions"), drillDown);
+  PageOfReport(main, Describe(ReportId::StockByDetails), drillDown);
   EXPECT_EQ(page, "one-good-detail.md");
-  PageOfReport(main, Entry("Open_DetailKardexAsset_Dismatch"), drillDown);
+  PageOfReport(main, Describe(ReportId::DetailMismatch), drillDown);
   EXPECT_EQ(page, "operation-mismatch.md");
 }
 
@@ -139,7 +120,7 @@ TEST_F(Help, OnTheMainWindowAndInTheHelpItselfItIsTheIndex) {
 }
 
 TEST(HelpPagesTest, EachHasATitleLinksThatLeadToPagesAndPicturesThatAreThere) {
-  EXPECT_EQ(HelpPages().size(), 13U);
+  ASSERT_EQ(HelpPages().size(), kReports.size() + 1);
   static const QRegularExpression kTarget(R"(\]\(([^)#]+)\))");
   for (const HelpPage& page : HelpPages()) {
     const QString text = QString::fromUtf8(PageText(page.file));

@@ -4,8 +4,8 @@
 #include <QLabel>
 
 #include "desktop/app/report_card.h"
-#include "desktop/app/report_catalog.h"
 #include "desktop/app/settings_dialog.h"
+#include "include/goods_reports.h"
 #include "tests/desktop/app/kit.h"
 
 namespace goods {
@@ -40,7 +40,7 @@ TEST_F(Main, OnlyReportsThatTheLibraryHasAreOffered) {
 
 TEST_F(Main, TheGoodsListsStandFirstOfWhatTheLibraryHas) {
   std::vector<std::string> exports;
-  for (const ReportEntry& entry : ReportCatalog()) exports.emplace_back(entry.exportName);
+  for (const ReportDescription& report : MenuReports()) exports.emplace_back(report.exportName);
   ASSERT_GT(exports.size(), 2U);
   EXPECT_EQ(exports[0], "Open_GoodAmountAsset");
   EXPECT_EQ(exports[1], "Open_GoodCashAsset");
