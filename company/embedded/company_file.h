@@ -11,7 +11,7 @@ namespace goods {
 // "QRTC": marks a SQLite file as a company.
 inline constexpr std::int32_t kCompanyApplicationId = 0x51525443;
 // The schema that this program writes. Kept in the file's user_version.
-inline constexpr int kCompanySchemaVersion = 4;
+inline constexpr int kCompanySchemaVersion = 5;
 
 // Writes an empty company's schema into a new database. No transaction of its own.
 void CreateCompanySchema(Database& db);
