@@ -120,7 +120,8 @@ class ICompany {
 
   virtual std::optional<EntityRecord> FindEntity(EntityKind kind, std::int64_t code) = 0;
   // Entities whose code begins with the text (when it is a number) or whose name holds it, as a Persian
-  // reader compares; by code. An empty text gives the first ones. limit caps the answer.
+  // reader compares, or the abbreviation of a good, store or person; by code. An empty text gives the first
+  // ones. limit caps the answer.
   virtual std::vector<EntityRecord> SearchEntities(EntityKind kind, std::string_view text,
                                                    std::size_t limit) = 0;
 

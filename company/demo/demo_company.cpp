@@ -55,11 +55,10 @@ void CheckOptions(const DemoOptions& options) {
 
 }  // namespace
 
-void MakeDemoCompany(const std::string& path, const DemoOptions& options,
-                     const std::function<void(std::int64_t)>& progress) {
+void MakeDemoCompany(const std::string& path, const DemoOptions& options, const WorkWatcher& watcher) {
   CheckOptions(options);
   try {
-    CompanyWriter writer(path, options.replace);
+    CompanyWriter writer(path, options.replace, watcher);
     writer.SetTitle("شرکت نمونه");
     Random random(options.seed);
     WriteDemoStores(writer, options);
@@ -68,7 +67,9 @@ void MakeDemoCompany(const std::string& path, const DemoOptions& options,
     WriteDemoTables(writer);
     WriteUsers(writer, options.seed);
     {
-      DemoMovements movements(writer, options, goods, people, random, progress);
+      WorkMeter meter(watcher, "ساختن گردش ها", options.movements);
+      DemoMovements movements(writer, options, goods, people, random,
+                              [&meter](std::int64_t made) { meter.Reach(made); });
       movements.Run();
     }
     writer.Finish();

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
+
+#include "company/writer/work_progress.h"
 
 namespace goods {
 
@@ -20,10 +21,9 @@ inline constexpr std::int64_t kBusyGood = 12;
 
 // Writes a demo company over the years 1400 to 1404. The same options give the same bytes. The last good has
 // no movements (when there are two or more); every good whose code leaves 5 on division by 60 may go
-// negative. progress, if given, hears the movements made so far. Users: admin (every right), anbar (a
-// storekeeper, who sees no prices) and guest (may open nothing), each with the login as password. Throws
+// negative. watcher hears the movements made so far, and may stop the work. Users: admin (every right), anbar
+// (a storekeeper, who sees no prices) and guest (may open nothing), each with the login as password. Throws
 // CompanyError.
-void MakeDemoCompany(const std::string& path, const DemoOptions& options,
-                     const std::function<void(std::int64_t)>& progress = {});
+void MakeDemoCompany(const std::string& path, const DemoOptions& options, const WorkWatcher& watcher = {});
 
 }  // namespace goods

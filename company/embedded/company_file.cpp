@@ -83,6 +83,12 @@ constexpr UpgradeStep kUpgradeSteps[] = {
      " FROM Kardex GROUP BY Kala, Anbar;"},
     // Version 3 looked for a combination's movements through all of its good's.
     {3, "CREATE INDEX DetailKardex_ByValue ON DetailKardex(DetailValueID, Anbar, Type, Amount1);"},
+    // Version 4 had no short names of stores and persons, and did not know which files it had taken in.
+    {4,
+     "ALTER TABLE Stores ADD COLUMN AbbName TEXT NOT NULL DEFAULT '';"
+     "ALTER TABLE Persons ADD COLUMN AbbName TEXT NOT NULL DEFAULT '';"
+     "CREATE TABLE Batches(Hash TEXT PRIMARY KEY, AddedAt TEXT NOT NULL, Movements INTEGER NOT NULL) WITHOUT "
+     "ROWID;"},
 };
 
 void Upgrade(Database& db, int version) {

@@ -106,10 +106,13 @@ class EmbeddedCompany : public ICompany {
                                            std::size_t limit) override {
     return Guarded([&] {
       const std::string sought(Trim(text));
-      Statement entities =
-          db_.Prepare(EntitySelect(kind) +
-                      " WHERE ?1 = '' OR instr(fold_persian(e.Name), fold_persian(?1)) > 0"
-                      " OR substr(CAST(e.Code AS TEXT), 1, length(?2)) = ?2 ORDER BY e.Code LIMIT ?3");
+      const bool shortNames =
+          kind == EntityKind::Good || kind == EntityKind::Store || kind == EntityKind::Person;
+      const std::string byShortName =
+          shortNames ? " OR instr(fold_persian(e.AbbName), fold_persian(?1)) > 0" : "";
+      Statement entities = db_.Prepare(
+          EntitySelect(kind) + " WHERE ?1 = '' OR instr(fold_persian(e.Name), fold_persian(?1)) > 0" +
+          byShortName + " OR substr(CAST(e.Code AS TEXT), 1, length(?2)) = ?2 ORDER BY e.Code LIMIT ?3");
       entities.Bind(1, std::string_view(sought));
       entities.Bind(2, std::string_view(AsciiDigits(sought)));
       entities.Bind(3, static_cast<std::int64_t>(limit));

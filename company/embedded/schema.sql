@@ -6,9 +6,12 @@ CREATE TABLE Meta(Key TEXT PRIMARY KEY, Value TEXT NOT NULL) WITHOUT ROWID;
 
 CREATE TABLE Units(Code INTEGER PRIMARY KEY, Name TEXT NOT NULL);
 CREATE TABLE GoodGrps(Code INTEGER PRIMARY KEY, Name TEXT NOT NULL);
-CREATE TABLE Stores(Code INTEGER PRIMARY KEY, Name TEXT NOT NULL, Address TEXT NOT NULL DEFAULT '');
+-- AbbName: a short name that is searched too; of goods, stores and persons whose code was a text elsewhere, that text.
+CREATE TABLE Stores(
+  Code INTEGER PRIMARY KEY, Name TEXT NOT NULL, Address TEXT NOT NULL DEFAULT '', AbbName TEXT NOT NULL DEFAULT '');
 CREATE TABLE Persons(
-  Code INTEGER PRIMARY KEY, Name TEXT NOT NULL, Phone TEXT NOT NULL DEFAULT '', City TEXT NOT NULL DEFAULT '');
+  Code INTEGER PRIMARY KEY, Name TEXT NOT NULL, Phone TEXT NOT NULL DEFAULT '', City TEXT NOT NULL DEFAULT '',
+  AbbName TEXT NOT NULL DEFAULT '');
 CREATE TABLE Categories(Code INTEGER PRIMARY KEY, Name TEXT NOT NULL, ParentCode INTEGER NOT NULL DEFAULT 0);
 
 -- ColorText is a colour as grids take it ("$00BBGGRR"); H-img the same colour for pictures ("#RRGGBB").
@@ -170,6 +173,10 @@ CREATE VIEW GoodInf_VW AS
   JOIN GoodStock s ON s.Kala = g.Code
   JOIN Units u ON u.Code = g.Unit
   JOIN Units u2 ON u2.Code = g.Unit2;
+
+-- The movements that were taken in from files, so that none is taken in twice: a hash of each batch, when it came
+-- ("yyyy-mm-ddThh:mm:ssZ", Gregorian) and its rows.
+CREATE TABLE Batches(Hash TEXT PRIMARY KEY, AddedAt TEXT NOT NULL, Movements INTEGER NOT NULL) WITHOUT ROWID;
 
 CREATE TABLE Users(
   Code INTEGER PRIMARY KEY, Login TEXT NOT NULL UNIQUE, Name TEXT NOT NULL, PasswordHash TEXT NOT NULL,

@@ -1,150 +1,184 @@
 #include "company/interchange/csv_reader.h"
 
-#include <string_view>
+#include <algorithm>
+
+#include "host/core/text.h"
 
 namespace goods {
 
 namespace {
 
-constexpr std::size_t kBlock = 1 << 16;
+constexpr std::size_t kBlock = 1 << 18;
 
-// Whether every byte belongs to a well-formed character; overlong forms and surrogates do not.
-bool IsUtf8(std::string_view text) {
-  for (std::size_t i = 0; i < text.size();) {
-    const auto lead = static_cast<unsigned char>(text[i]);
-    const std::size_t length = lead < 0x80                   ? 1
-                               : lead >= 0xc2 && lead < 0xe0 ? 2
-                               : lead >= 0xe0 && lead < 0xf0 ? 3
-                               : lead >= 0xf0 && lead < 0xf5 ? 4
-                                                             : 0;
-    if (length == 0 || i + length > text.size()) return false;
-    for (std::size_t k = 1; k < length; ++k) {
-      const auto byte = static_cast<unsigned char>(text[i + k]);
-      if ((byte & 0xc0) != 0x80) return false;
-      if (k != 1) continue;
-      if ((lead == 0xe0 && byte < 0xa0) || (lead == 0xed && byte > 0x9f) || (lead == 0xf0 && byte < 0x90) ||
-          (lead == 0xf4 && byte > 0x8f)) {
-        return false;
-      }
+}  // namespace
+
+RowError::~RowError() = default;
+RowSource::~RowSource() = default;
+
+CsvReader::CsvReader(const std::string& path) : file_(path) {}
+
+bool CsvReader::More() {
+  if (ended_) return false;
+  buffer_.erase(0, at_);
+  at_ = 0;
+  // A record that does not fit is looked at again from its beginning, so each block is as long as what is
+  // there.
+  ended_ = !file_.Read(buffer_, std::max(kBlock, buffer_.size()));
+  return !ended_;
+}
+
+void CsvReader::FindSeparator() {
+  std::array<std::size_t, 3> counts{};
+  constexpr std::string_view kSeparators = ",;\t";
+  bool quoted = false;
+  for (const char c : buffer_) {
+    if (c == '"') quoted = !quoted;
+    if (quoted) continue;
+    if (c == '\n') break;
+    const std::size_t found = kSeparators.find(c);
+    if (found != std::string_view::npos) ++counts[found];
+  }
+  const auto most = std::max_element(counts.begin(), counts.end());
+  separator_ = kSeparators[static_cast<std::size_t>(most - counts.begin())];
+  for (const char c : {separator_, '\r', '\n', '"', '\0'}) stops_[static_cast<unsigned char>(c)] = true;
+}
+
+bool CsvReader::SkipEmptyLines() {
+  for (;;) {
+    if (at_ == buffer_.size() && !More()) return false;
+    if (separator_ == 0) FindSeparator();
+    if (buffer_[at_] == '\r') {
+      if (at_ + 1 == buffer_.size() && !More() && buffer_.size() - at_ == 1) return true;
+      if (buffer_[at_ + 1] != '\n') return true;
+      ++at_;
     }
-    i += length;
+    if (buffer_[at_] != '\n') return true;
+    ++at_;
+    ++line_;
+  }
+}
+
+// Skips the line that holds the place, and refuses the record.
+void CsvReader::Fail(std::size_t at, const char* reason) {
+  at_ = at;
+  for (;;) {
+    const std::size_t end = buffer_.find('\n', at_);
+    if (end != std::string::npos) {
+      at_ = end + 1;
+      ++line_;
+      break;
+    }
+    at_ = buffer_.size();
+    if (!More()) break;
+  }
+  throw RowError(reason);
+}
+
+bool CsvReader::ScanQuoted(std::size_t& at, Span& span) {
+  span.begin = ++at;
+  span.quoted = true;
+  for (;;) {
+    const std::size_t found = buffer_.find('"', at);
+    if (found == std::string::npos) {
+      if (!ended_) return false;
+      recordLines_ += static_cast<std::size_t>(
+          std::count(buffer_.begin() + static_cast<std::ptrdiff_t>(span.begin), buffer_.end(), '\n'));
+      at_ = buffer_.size();
+      line_ += recordLines_;
+      throw RowError("گیومه باز مانده است");
+    }
+    if (found + 1 == buffer_.size() && !ended_) return false;
+    at = found + 1;
+    if (at < buffer_.size() && buffer_[at] == '"') {
+      span.doubled = true;
+      ++at;
+      continue;
+    }
+    span.end = found;
+    break;
+  }
+  for (std::size_t i = span.begin; i < span.end; ++i) {
+    bits_ |= static_cast<unsigned char>(buffer_[i]);
+    if (buffer_[i] == '\n') ++recordLines_;
+    if (buffer_[i] == '\0') Fail(at, "نویسه تهی");
+  }
+  if (at < buffer_.size() && buffer_[at] != separator_ && buffer_[at] != '\r' && buffer_[at] != '\n') {
+    line_ += recordLines_;
+    Fail(at, "پس از گیومه پایانی چیزی آمده است");
   }
   return true;
 }
 
-}  // namespace
-
-CsvError::~CsvError() = default;
-
-CsvReader::CsvReader(const std::string& path) : file_(path, std::ios::binary) {
-  if (Fill() && buffer_.starts_with("\xef\xbb\xbf")) at_ = 3;
-}
-
-bool CsvReader::Fill() {
-  buffer_.resize(kBlock);
-  file_.read(buffer_.data(), static_cast<std::streamsize>(kBlock));
-  buffer_.resize(static_cast<std::size_t>(file_.gcount()));
-  at_ = 0;
-  return !buffer_.empty();
-}
-
-int CsvReader::Peek() {
-  if (at_ == buffer_.size() && !Fill()) return kEnd;
-  return static_cast<unsigned char>(buffer_[at_]);
-}
-
-int CsvReader::Get() {
-  const int c = Peek();
-  if (c == kEnd) return c;
-  ++at_;
-  if (c == '\n') ++line_;
-  return c;
-}
-
-void CsvReader::SkipLine() {
-  for (int c = Get(); c != '\n' && c != kEnd; c = Get()) {
-  }
-}
-
-void CsvReader::Fail(const char* reason) {
-  SkipLine();
-  throw CsvError(reason);
-}
-
-bool CsvReader::Next(std::vector<std::string>& fields) {
+bool CsvReader::Scan() {
+  spans_.clear();
+  recordLines_ = 0;
+  bits_ = 0;
+  std::size_t at = at_;
+  const std::size_t size = buffer_.size();
   for (;;) {
-    recordLine_ = line_;
-    const int c = Peek();
-    if (c == kEnd) return false;
-    if (c == '\n') {
-      Get();
-      continue;
-    }
-    if (c == '\r') {
-      Get();
-      if (Peek() != '\n') Fail("CR بدون LF");
-      continue;
-    }
-    ReadRecord(fields);
-    for (const std::string& field : fields) {
-      if (!IsUtf8(field)) throw CsvError("نویسه ها UTF-8 نیستند");
-    }
-    return true;
-  }
-}
-
-void CsvReader::ReadRecord(std::vector<std::string>& fields) {
-  std::size_t count = 0;
-  for (;;) {
-    if (count == fields.size()) fields.emplace_back();
-    std::string& field = fields[count++];
-    field.clear();
-    if (Peek() == '"') {
-      ReadQuoted(field);
+    Span span;
+    if (at < size && buffer_[at] == '"') {
+      if (!ScanQuoted(at, span)) return false;
     } else {
-      ReadPlain(field);
+      span.begin = at;
+      for (; at < size; ++at) {
+        const auto byte = static_cast<unsigned char>(buffer_[at]);
+        if (stops_[byte]) break;
+        bits_ |= byte;
+      }
+      span.end = at;
     }
-    const int after = Peek();
-    if (after == ',') {
-      Get();
+    if (at == size && !ended_) return false;
+    spans_.push_back(span);
+    if (at == size) break;
+    const char c = buffer_[at];
+    if (c == separator_) {
+      ++at;
       continue;
     }
-    if (after == '\r') {
-      Get();
-      if (Peek() != '\n') Fail("CR بدون LF");
+    if (c == '"') Fail(at, "گیومه در میان خانه بی گیومه");
+    if (c == '\0') Fail(at, "نویسه تهی");
+    if (c == '\r') {
+      if (at + 1 == size && !ended_) return false;
+      if (at + 1 == size || buffer_[at + 1] != '\n') Fail(at, "CR بدون LF");
+      ++at;
     }
-    if (after != kEnd) Get();
-    fields.resize(count);
-    return;
+    ++at;
+    ++recordLines_;
+    break;
   }
+  recordEnd_ = at;
+  return true;
 }
 
-void CsvReader::ReadQuoted(std::string& field) {
-  Get();
-  for (;;) {
-    const int c = Get();
-    if (c == kEnd) throw CsvError("گیومه باز مانده است");
-    if (c == 0) Fail("نویسه تهی");
-    if (c != '"') {
-      field += static_cast<char>(c);
+bool CsvReader::Next(std::vector<std::string_view>& fields) {
+  if (!SkipEmptyLines()) return false;
+  recordLine_ = line_;
+  while (!Scan()) More();
+  line_ += recordLines_;
+  fields.clear();
+  std::size_t used = 0;
+  unquoted_.resize(std::max(unquoted_.size(), spans_.size()));
+  for (const Span& span : spans_) {
+    const std::string_view raw = std::string_view(buffer_).substr(span.begin, span.end - span.begin);
+    if (!span.doubled) {
+      fields.push_back(span.quoted ? raw : Trim(raw));
       continue;
     }
-    if (Peek() != '"') break;
-    field += static_cast<char>(Get());
+    std::string& text = unquoted_[used++];
+    text.clear();
+    for (std::size_t i = 0; i < raw.size(); ++i) {
+      text += raw[i];
+      if (raw[i] == '"') ++i;
+    }
+    fields.emplace_back(text);
   }
-  const int after = Peek();
-  if (after != ',' && after != '\r' && after != '\n' && after != kEnd)
-    Fail("پس از گیومه پایانی چیزی آمده است");
-}
-
-void CsvReader::ReadPlain(std::string& field) {
-  for (;;) {
-    const int c = Peek();
-    if (c == ',' || c == '\r' || c == '\n' || c == kEnd) return;
-    if (c == '"') Fail("گیومه در میان خانه بی گیومه");
-    if (c == 0) Fail("نویسه تهی");
-    field += static_cast<char>(Get());
+  at_ = recordEnd_;
+  if ((bits_ & 0x80) == 0) return true;
+  for (const std::string_view field : fields) {
+    if (!IsUtf8(field)) throw RowError("نویسه ها UTF-8 نیستند");
   }
+  return true;
 }
 
 }  // namespace goods

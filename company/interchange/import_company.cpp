@@ -1,275 +1,177 @@
 #include "company/interchange/import_company.h"
 
-#include <filesystem>
-#include <limits>
-#include <map>
-#include <unordered_map>
-#include <unordered_set>
+#include <optional>
 #include <utility>
 
 #include "company/embedded/password.h"
-#include "company/interchange/csv_table.h"
-#include "company/interchange/import_fields.h"
+#include "company/interchange/first_password.h"
+#include "company/interchange/movement_import.h"
+#include "company/interchange/table_import.h"
+#include "company/writer/company_adder.h"
 #include "company/writer/company_writer.h"
-#include "host/core/text.h"
 
 namespace goods {
 
 namespace {
 
-constexpr std::int64_t kLargestCode = std::numeric_limits<std::int32_t>::max();
-constexpr std::int64_t kLargestStore = std::numeric_limits<std::int16_t>::max();
-constexpr std::int64_t kLargestDocument = 999'999'999'999'999;
-constexpr std::size_t kLongestName = 100;
-constexpr int kOpening = 3;
-
-std::string Message(const std::vector<ImportProblem>& problems, std::size_t total) {
-  std::string message = "داده ها پذیرفته نشد و شرکتی ساخته نشد.";
-  for (const ImportProblem& problem : problems) {
-    message += "\n" + problem.file;
-    if (problem.line > 0) message += "، سطر " + std::to_string(problem.line);
-    message += ": " + problem.reason;
-  }
-  if (total > problems.size()) message += "\nو " + std::to_string(total - problems.size()) + " خطای دیگر";
-  return message;
+// The company's title from its own file.
+std::string ReadTitle(const ImportSession& session) {
+  TableReader reader(session.source, kCompanyFile, {{"title|عنوان|نام", true}});
+  if (!reader.Open(false) || !reader.Next()) return "";
+  return std::string(reader.Field(0));
 }
 
-class Import {
- public:
-  Import(const std::string& path, std::string folder, const ImportOptions& options)
-      : folder_(std::move(folder)), writer_(path, options.replace) {}
+void ReadTables(ImportSession& session) {
+  for (const CompanyTable& table : CompanyTables()) {
+    const bool ofUsers = table.entity == Entity::User || std::string_view(table.table) == "UserRights";
+    if (session.adding && ofUsers) continue;
+    TableImport(session, table).Run();
+    if (table.entity == Entity::Group && session.Made(Entity::Group) && !session.adding) {
+      session.db.Run("INSERT INTO GoodGrps(Code, Name) VALUES(0, 'کلیه گروه ها')");
+      session.Book(Entity::Group).Add(0);
+    }
+  }
+  ReadGoodCodes(session, kGoodTagsFile, "tag|برچسب", Entity::Tag, "Tags");
+  ReadGoodCodes(session, kGoodCategoriesFile, "category|دسته", Entity::Category, "category_code");
+}
 
-  ImportCounts Run() {
-    ReadGoods();
-    ReadStores();
-    ReadPersons();
-    ReadMovements();
-    problems_.ThrowIfAny();
-    writer_.AddUser(1, "admin", "مدیر", HashPassword("admin"), true);
-    writer_.Finish();
-    return counts_;
+const char* Reason(Unattached::Kind kind) {
+  switch (kind) {
+    case Unattached::Kind::DetailWithoutMovement:
+      return "کالای این ترکیب گردشی با این ترتیب ندارد";
+    case Unattached::Kind::RepeatedDetail:
+      return "این ترکیب برای این گردش تکراری است";
+    case Unattached::Kind::RemarkWithoutDocument:
+      return "سندی با این نوع و شماره نیست";
+  }
+  return "";
+}
+
+// Reads everything that the files hold. What is found out once the movements are put in order is refused too.
+class WholeImport {
+ public:
+  WholeImport(ImportSession& session, const MovementKinds& kinds)
+      : session_(session),
+        movements_(session, kinds, hash_),
+        details_(DetailMovementsReader(session)),
+        remarks_(RemarksReader(session)) {}
+
+  void Read() {
+    ReadTables(session_);
+    movements_.Run();
+    ReadDetailMovements(session_, details_);
+    ReadRemarks(session_, remarks_);
+  }
+  void RefuseKnownDocuments() const { movements_.RefuseKnownDocuments(); }
+
+  void Refuse(const Unattached& row) const {
+    const bool remark = row.kind == Unattached::Kind::RemarkWithoutDocument;
+    (remark ? remarks_ : details_).RefuseLine(row.tag, Reason(row.kind));
   }
 
-  CompanyWriter& Writer() { return writer_; }
+  // Empty without movements.
+  std::string BatchText() { return hash_.Movements() > 0 ? hash_.Text() : ""; }
 
  private:
-  std::optional<std::int64_t> Code(CsvRow& row, std::int64_t largest) {
-    const std::optional<std::int64_t> code = ReadWhole(row.Field(0), 1, largest);
-    if (!code)
-      row.Refuse("کد «" + std::string(row.Field(0)) + "» عددی از 1 تا " + std::to_string(largest) + " نیست");
-    return code;
-  }
-
-  std::string_view Name(CsvRow& row, std::size_t column, const char* what) {
-    const std::string_view name = row.Field(column);
-    if (name.empty()) row.Refuse(std::string(what) + " خالی است");
-    if (CharCount(name) > kLongestName) row.Refuse(std::string(what) + " بلندتر از 100 نویسه است");
-    return name;
-  }
-
-  // Groups and units are named in the goods' rows; they get codes in the order in which they appear.
-  std::int64_t Named(std::map<std::string, std::int64_t>& known, std::string_view name, const char* insert) {
-    const auto [place, added] =
-        known.try_emplace(std::string(name), static_cast<std::int64_t>(known.size()) + 1);
-    if (added) {
-      Statement statement = writer_.Tables().Prepare(insert);
-      statement.Bind(1, place->second);
-      statement.Bind(2, name);
-      statement.Run();
-    }
-    return place->second;
-  }
-
-  void ReadGoods() {
-    writer_.Tables().Run("INSERT INTO Units VALUES(0, ''); INSERT INTO GoodGrps VALUES(0, 'کلیه گروه ها')");
-    Statement insert = writer_.Tables().Prepare(
-        "INSERT INTO GoodInf(GrpCode, Code, Name, kala_name, Unit, Unit2, Meghdar2, Meghdar_Formool, MinAva, "
-        "Status)"
-        " VALUES(?1, ?2, ?3, ?3, ?4, ?5, nullif(?6, 0), nullif(?6, 0), ?7, 1)");
-    ReadTable(folder_, "goods.csv",
-              {{"code", true},
-               {"name", true},
-               {"group", true},
-               {"unit", true},
-               {"minimum stock|minimum", true},
-               {"second unit|unit2", false},
-               {"second unit ratio|ratio", false}},
-              problems_, [&](CsvRow& row) { ReadGood(row, insert); });
-  }
-
-  void ReadGood(CsvRow& row, Statement& insert) {
-    const std::optional<std::int64_t> code = Code(row, kLargestCode);
-    const std::string_view name = Name(row, 1, "نام کالا");
-    const std::string_view group = Name(row, 2, "گروه");
-    const std::string_view unit = Name(row, 3, "واحد");
-    const std::optional<Decimal> minimum =
-        ReadNumber(row.Field(4).empty() ? "0" : row.Field(4), kLargestQuantity);
-    if (!minimum) row.Refuse("حداقل موجودی «" + std::string(row.Field(4)) + "» عددی پذیرفتنی نیست");
-    const std::optional<Decimal> ratio = Ratio(row);
-    if (code && !goods_.try_emplace(*code, ratio.value_or(Decimal())).second) {
-      row.Refuse("کد کالا " + std::to_string(*code) + " تکراری است");
-    }
-    if (row.Refused()) return;
-    insert.Bind(1, Named(groups_, group, "INSERT INTO GoodGrps(Code, Name) VALUES(?1, ?2)"));
-    insert.Bind(2, *code);
-    insert.Bind(3, name);
-    insert.Bind(4, Named(units_, unit, "INSERT INTO Units(Code, Name) VALUES(?1, ?2)"));
-    insert.Bind(5, row.Field(5).empty()
-                       ? 0
-                       : Named(units_, row.Field(5), "INSERT INTO Units(Code, Name) VALUES(?1, ?2)"));
-    insert.Bind(6, *ratio);
-    insert.Bind(7, *minimum);
-    insert.Run();
-    ++counts_.goods;
-  }
-
-  // First units in a second unit; 0 for a good without one.
-  static std::optional<Decimal> Ratio(CsvRow& row) {
-    if (row.Field(5).empty() && row.Field(6).empty()) return Decimal();
-    if (row.Field(5).empty() || row.Field(6).empty()) {
-      row.Refuse("واحد دوم و نسبت آن باید با هم بیایند");
-      return std::nullopt;
-    }
-    const std::optional<Decimal> ratio = ReadNumber(row.Field(6), kLargestQuantity);
-    if (!ratio || *ratio <= Decimal()) {
-      row.Refuse("نسبت واحد دوم «" + std::string(row.Field(6)) + "» عددی بزرگتر از صفر نیست");
-      return std::nullopt;
-    }
-    return ratio;
-  }
-
-  void ReadCodesAndNames(const char* file, const char* what, std::int64_t largest, const char* insertSql,
-                         std::unordered_set<std::int64_t>& codes, std::size_t& count) {
-    Statement insert = writer_.Tables().Prepare(insertSql);
-    ReadTable(folder_, file, {{"code", true}, {"name", true}}, problems_, [&](CsvRow& row) {
-      const std::optional<std::int64_t> code = Code(row, largest);
-      const std::string_view name = Name(row, 1, what);
-      if (code && !codes.insert(*code).second) row.Refuse("کد " + std::to_string(*code) + " تکراری است");
-      if (row.Refused()) return;
-      insert.Bind(1, *code);
-      insert.Bind(2, name);
-      insert.Run();
-      ++count;
-    });
-  }
-
-  void ReadStores() {
-    ReadCodesAndNames("stores.csv", "نام انبار", kLargestStore,
-                      "INSERT INTO Stores(Code, Name) VALUES(?1, ?2)", stores_, counts_.stores);
-  }
-
-  void ReadPersons() {
-    ReadCodesAndNames("persons.csv", "نام شخص", kLargestCode,
-                      "INSERT INTO Persons(Code, Name) VALUES(?1, ?2)", persons_, counts_.persons);
-  }
-
-  void ReadMovements() {
-    ReadTable(folder_, "movements.csv",
-              {{"date", true},
-               {"good", true},
-               {"store", true},
-               {"person", true},
-               {"movement type|type", true},
-               {"quantity|signed quantity", true},
-               {"unit price|price", true},
-               {"document number|document", true},
-               {"comment", false}},
-              problems_, [&](CsvRow& row) { ReadMovement(row); });
-  }
-
-  // A code that must be one of those read before.
-  template <typename Known>
-  static std::int64_t Reference(CsvRow& row, std::size_t column, const Known& known, const char* what) {
-    const std::optional<std::int64_t> code = ReadWhole(row.Field(column), 1, kLargestCode);
-    if (!code || !known.contains(*code)) {
-      row.Refuse(std::string(what) + " «" + std::string(row.Field(column)) + "» تعریف نشده است");
-      return 0;
-    }
-    return *code;
-  }
-
-  void ReadMovement(CsvRow& row) {
-    Movement movement;
-    const std::optional<std::string> date = ReadDate(row.Field(0));
-    if (!date) row.Refuse("تاریخ «" + std::string(row.Field(0)) + "» درست نیست");
-    movement.good = Reference(row, 1, goods_, "کالا");
-    movement.store = Reference(row, 2, stores_, "انبار");
-    if (!row.Field(3).empty()) movement.person = Reference(row, 3, persons_, "شخص");
-    const std::optional<int> type = ReadMovementType(row.Field(4));
-    if (!type) row.Refuse("نوع گردش «" + std::string(row.Field(4)) + "» شناخته نیست");
-    movement.type = type.value_or(0);
-    ReadQuantityAndPrice(row, movement);
-    ReadDocumentNumber(row, movement);
-    movement.comment = row.Field(8);
-    if (row.Refused() || problems_.Total() > 0) return;
-    movement.date = *date;
-    writer_.Add(movement);
-    ++counts_.movements;
-  }
-
-  void ReadQuantityAndPrice(CsvRow& row, Movement& movement) {
-    const std::optional<Decimal> quantity = ReadNumber(row.Field(5), kLargestQuantity);
-    if (!quantity) {
-      row.Refuse("مقدار «" + std::string(row.Field(5)) + "» عددی تا 4600000000 با حداکثر 9 رقم اعشار نیست");
-    } else if (quantity->IsZero()) {
-      row.Refuse("مقدار صفر است");
-    } else {
-      movement.quantity = *quantity;
-      const auto good = goods_.find(movement.good);
-      if (good != goods_.end() && !SecondQuantity(*quantity, good->second)) {
-        row.Refuse("مقدار در واحد دوم از اندازه بزرگتر است");
-      }
-    }
-    if (row.Field(6).empty()) return;
-    movement.price = ReadNumber(row.Field(6), kLargestPrice);
-    if (!movement.price || movement.price->IsNegative()) {
-      row.Refuse("قیمت «" + std::string(row.Field(6)) +
-                 "» عددی از 0 تا 1000000000000000 با حداکثر 9 رقم اعشار نیست");
-    }
-  }
-
-  // An opening stock belongs to the good's own record, whatever number the file gives.
-  static void ReadDocumentNumber(CsvRow& row, Movement& movement) {
-    if (movement.type == kOpening) {
-      movement.document = movement.good;
-      return;
-    }
-    const std::optional<std::int64_t> number = ReadWhole(row.Field(7), 1, kLargestDocument);
-    if (!number) row.Refuse("شماره سند «" + std::string(row.Field(7)) + "» عددی بزرگتر از صفر نیست");
-    movement.document = number.value_or(0);
-  }
-
-  std::string folder_;
-  ImportProblems problems_;
-  CompanyWriter writer_;
-  ImportCounts counts_;
-  std::map<std::string, std::int64_t> groups_;
-  std::map<std::string, std::int64_t> units_;
-  std::unordered_map<std::int64_t, Decimal> goods_;  // code to ratio
-  std::unordered_set<std::int64_t> stores_;
-  std::unordered_set<std::int64_t> persons_;
+  ImportSession& session_;
+  BatchHash hash_;
+  MovementImport movements_;
+  TableReader details_;
+  TableReader remarks_;
 };
 
-}  // namespace
+void NoteBatch(Database& db, const std::string& batch, std::int64_t movements) {
+  if (batch.empty()) return;
+  Statement note = db.Prepare(
+      "INSERT INTO Batches(Hash, AddedAt, Movements) VALUES(?1, strftime('%Y-%m-%dT%H:%M:%SZ', 'now'), ?2)");
+  note.Bind(1, std::string_view(batch));
+  note.Bind(2, movements);
+  note.Run();
+}
 
-ImportRefused::ImportRefused(std::vector<ImportProblem> problems, std::size_t total)
-    : CompanyError(Message(problems, total)), problems_(std::move(problems)), total_(total) {}
+void RefuseKnownBatch(Database& db, const std::string& batch) {
+  Statement known = db.Prepare("SELECT AddedAt FROM Batches WHERE Hash = ?1");
+  known.Bind(1, std::string_view(batch));
+  if (known.Step()) {
+    throw CompanyError("همین گردش ها پیش از این (" + std::string(known.Text(0)) +
+                       ") به شرکت افزوده شده اند و دوباره افزوده نشدند.");
+  }
+}
 
-ImportRefused::~ImportRefused() = default;
+ImportCounts Counts(ImportSession& session) {
+  ImportCounts counts;
+  counts.goods = static_cast<std::size_t>(session.Count(Entity::Good));
+  counts.stores = static_cast<std::size_t>(session.Count(Entity::Store));
+  counts.persons = static_cast<std::size_t>(session.Count(Entity::Person));
+  counts.movements = static_cast<std::size_t>(session.movements);
+  return counts;
+}
 
-ImportCounts ImportCompany(const std::string& path, const std::string& folder, const ImportOptions& options) {
-  std::error_code error;
-  if (!std::filesystem::is_directory(folder, error)) throw CompanyError("پوشه داده ها پیدا نشد: " + folder);
+template <typename Body>
+ImportCounts WithPersianErrors(const std::string& path, Body body) {
   try {
-    Import import(path, folder, options);
-    const std::filesystem::path named = std::filesystem::absolute(folder).lexically_normal();
-    const std::string name =
-        named.has_filename() ? named.filename().string() : named.parent_path().filename().string();
-    import.Writer().SetTitle(options.title.empty() ? name : options.title);
-    return import.Run();
+    return body();
   } catch (const SqliteError& failure) {
     throw CompanyError(PersianMessage(failure) + " (" + path + ")");
   }
+}
+
+}  // namespace
+
+ImportCounts ImportCompany(const std::string& path, const std::string& from, const ImportOptions& options) {
+  const DataFolder folder(from, options.names);
+  ImportProblems problems;
+  return WithPersianErrors(path, [&] {
+    CompanyWriter writer(path, options.replace, options.watcher);
+    ImportSession session({folder, options.names, problems, options.watcher}, writer.Tables(),
+                          writer.Intake());
+    session.unsignedQuantities = options.unsignedQuantities;
+    session.db.Run("INSERT INTO Units(Code, Name) VALUES(0, '')");
+    session.Book(Entity::Unit).Add(0);
+    std::string title = options.title.empty() ? ReadTitle(session) : options.title;
+    if (title.empty()) title = folder.Title();
+    writer.SetTitle(title);
+    const MovementKinds kinds(session.db);
+    WholeImport import(session, kinds);
+    import.Read();
+    problems.ThrowIfAny();
+    writer.WriteMovements([&](const Unattached& row) { import.Refuse(row); });
+    problems.ThrowIfAny();
+    ImportCounts counts = Counts(session);
+    SetFirstPassword(session.db, options.firstPassword, counts);
+    NoteBatch(session.db, import.BatchText(), session.movements);
+    writer.Finish();
+    return counts;
+  });
+}
+
+ImportCounts AddToCompany(const std::string& path, const std::string& from, const AddOptions& options) {
+  const DataFolder folder(from, options.names);
+  ImportProblems problems;
+  return WithPersianErrors(path, [&] {
+    CompanyAdder adder(path, options.watcher);
+    ImportSession session({folder, options.names, problems, options.watcher}, adder.Tables(), adder.Intake());
+    session.adding = true;
+    session.unsignedQuantities = options.unsignedQuantities;
+    session.hasDocument = [&](std::int64_t kind, std::int64_t number) {
+      return adder.HasDocument(kind, number);
+    };
+    session.touchGood = [&](std::int64_t good) { adder.TouchGood(good); };
+    LoadBooks(session);
+    const MovementKinds kinds(session.db);
+    WholeImport import(session, kinds);
+    import.Read();
+    problems.ThrowIfAny();
+    const std::string batch = import.BatchText();
+    RefuseKnownBatch(session.db, batch);
+    import.RefuseKnownDocuments();
+    problems.ThrowIfAny();
+    adder.WriteMovements([&](const Unattached& row) { import.Refuse(row); });
+    problems.ThrowIfAny();
+    NoteBatch(session.db, batch, session.movements);
+    adder.Finish();
+    return Counts(session);
+  });
 }
 
 }  // namespace goods

@@ -3,11 +3,19 @@
 
 #include <CLI/CLI.hpp>
 #include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "company/interchange/name_map.h"
 
 namespace goods {
 
+// Exit codes.
 inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
+inline constexpr int kDiffers = 3;    // check found differences
+inline constexpr int kStopped = 130;  // by Ctrl+C
 
 struct Command {
   CLI::App* options = nullptr;  // owned by the program's own App
@@ -16,5 +24,28 @@ struct Command {
 
 Command MakeCreateCommand(CLI::App& program);
 Command MakeImportCommand(CLI::App& program);
+Command MakeAddCommand(CLI::App& program);
+Command MakeExportCommand(CLI::App& program);
+Command MakeCheckCommand(CLI::App& program);
+Command MakeInfoCommand(CLI::App& program);
+Command MakeBackupCommand(CLI::App& program);
+
+// What import and add tell of the files that they read.
+struct FileOptions {
+  std::string from;
+  std::string map;
+  std::vector<std::string> columns;
+  std::string problems;
+  bool unsignedQuantities = false;
+  bool quiet = false;
+};
+
+void AddFileOptions(CLI::App& command, FileOptions& options);
+// The names of the map and of the columns. Throws CompanyError.
+NameMap ReadNames(const FileOptions& options);
+// Runs body; the problems of a refusal are written to the file too that the options name.
+int WithProblemsFile(const FileOptions& options, const std::function<int()>& body);
+// The first line of a file, for passwords. Throws CompanyError.
+std::string ReadPasswordFile(const std::string& path);
 
 }  // namespace goods

@@ -3,6 +3,7 @@
 
 #include "command.h"
 #include "company/demo/demo_company.h"
+#include "progress_line.h"
 
 namespace goods {
 
@@ -10,6 +11,7 @@ Command MakeCreateCommand(CLI::App& program) {
   struct Line {
     std::string file;
     DemoOptions options;
+    bool quiet = false;
   };
   const auto line = std::make_shared<Line>();
   CLI::App* create = program.add_subcommand("create", "Write a demo company");
@@ -21,8 +23,10 @@ Command MakeCreateCommand(CLI::App& program) {
   create->add_option("--seed", line->options.seed, "The same seed gives the same file")
       ->capture_default_str();
   create->add_flag("--force", line->options.replace, "Replace an existing file");
+  create->add_flag("--quiet", line->quiet, "Show no progress");
   return {create, [line] {
-            MakeDemoCompany(line->file, line->options);
+            MakeDemoCompany(line->file, line->options, MakeProgressLine(line->quiet));
+            EndProgressLine();
             return kDone;
           }};
 }

@@ -1,32 +1,87 @@
 #include <iostream>
-#include <memory>
-#include <string>
 
 #include "command.h"
 #include "company/interchange/import_company.h"
+#include "progress_line.h"
 
 namespace goods {
+
+namespace {
+
+void PrintCounts(const ImportCounts& counts) {
+  std::cout << counts.goods << " goods, " << counts.stores << " stores, " << counts.persons << " persons, "
+            << counts.movements << " movements\n";
+}
+
+void PrintPasswords(const ImportCounts& counts) {
+  if (!counts.firstPassword.empty()) {
+    std::cout << "گذرواژه کاربر " << counts.firstLogin << ": " << counts.firstPassword
+              << "\nاین گذرواژه دوباره نشان داده نمی شود.\n";
+  }
+  if (counts.withoutPassword.empty()) return;
+  std::cout << "این کاربران تا گذرواژه ای نگیرند وارد نمی شوند:";
+  for (const std::string& login : counts.withoutPassword) std::cout << " " << login;
+  std::cout << "\n";
+}
+
+}  // namespace
 
 Command MakeImportCommand(CLI::App& program) {
   struct Line {
     std::string file;
-    std::string folder;
-    ImportOptions options;
+    std::string title;
+    std::string passwordFile;
+    bool force = false;
+    FileOptions files;
   };
   const auto line = std::make_shared<Line>();
-  CLI::App* import = program.add_subcommand("import", "Write a company from CSV files; see docs/import.md");
+  CLI::App* import =
+      program.add_subcommand("import", "Write a company from CSV, XLSX or ODS files; see docs/import.md");
   import->add_option("FILE", line->file, "The company file to write")->required();
-  import
-      ->add_option("--from", line->folder,
-                   "The folder with goods.csv, stores.csv, persons.csv, movements.csv")
-      ->required();
-  import->add_option("--title", line->options.title, "The company's name; the folder's name when not given");
-  import->add_flag("--force", line->options.replace, "Replace an existing file");
+  AddFileOptions(*import, line->files);
+  import->add_option("--title", line->title, "The company's name; that of the files when not given");
+  import->add_option("--password-file", line->passwordFile,
+                     "The first user's password is the first line of this file; a random one when not given");
+  import->add_flag("--force", line->force, "Replace an existing file");
   return {import, [line] {
-            const ImportCounts counts = ImportCompany(line->file, line->folder, line->options);
-            std::cout << counts.goods << " goods, " << counts.stores << " stores, " << counts.persons
-                      << " persons, " << counts.movements << " movements\n";
-            return kDone;
+            return WithProblemsFile(line->files, [&] {
+              ImportOptions options;
+              options.title = line->title;
+              options.replace = line->force;
+              options.names = ReadNames(line->files);
+              options.unsignedQuantities = line->files.unsignedQuantities;
+              if (!line->passwordFile.empty()) options.firstPassword = ReadPasswordFile(line->passwordFile);
+              options.watcher = MakeProgressLine(line->files.quiet);
+              const ImportCounts counts = ImportCompany(line->file, line->files.from, options);
+              EndProgressLine();
+              PrintCounts(counts);
+              PrintPasswords(counts);
+              return kDone;
+            });
+          }};
+}
+
+Command MakeAddCommand(CLI::App& program) {
+  struct Line {
+    std::string file;
+    FileOptions files;
+  };
+  const auto line = std::make_shared<Line>();
+  CLI::App* add = program.add_subcommand(
+      "add", "Add movements and changed goods, stores, persons, ... to a company; all of them or nothing");
+  add->add_option("FILE", line->file, "The company file")->required();
+  AddFileOptions(*add, line->files);
+  return {add, [line] {
+            return WithProblemsFile(line->files, [&] {
+              AddOptions options;
+              options.names = ReadNames(line->files);
+              options.unsignedQuantities = line->files.unsignedQuantities;
+              options.watcher = MakeProgressLine(line->files.quiet);
+              const ImportCounts counts = AddToCompany(line->file, line->files.from, options);
+              EndProgressLine();
+              PrintCounts(counts);
+              return kDone;
+            });
           }};
 }
 

@@ -1,22 +1,33 @@
-// goods-company: makes company files.
+// goods-company: makes, fills, checks and copies company files.
 #include <exception>
 #include <iostream>
 #include <vector>
 
 #include "command.h"
+#include "company/writer/work_progress.h"
+#include "progress_line.h"
 
 int main(int argc, char** argv) {
-  CLI::App program("Makes company files for the goods reports.");
+  CLI::App program("Makes, fills, checks and copies company files for the goods reports.");
   program.require_subcommand(1);
-  const std::vector<goods::Command> commands = {goods::MakeCreateCommand(program),
-                                                goods::MakeImportCommand(program)};
+  program.footer(
+      "Ends with 0, with 1 after an error, with 3 when check finds differences, with 130 when stopped.");
+  const std::vector<goods::Command> commands = {
+      goods::MakeCreateCommand(program), goods::MakeImportCommand(program), goods::MakeAddCommand(program),
+      goods::MakeExportCommand(program), goods::MakeCheckCommand(program),  goods::MakeInfoCommand(program),
+      goods::MakeBackupCommand(program)};
   CLI11_PARSE(program, argc, argv);
   try {
     for (const goods::Command& command : commands) {
       if (command.options->parsed()) return command.run();
     }
     return goods::kFailed;
+  } catch (const goods::WorkStopped& stopped) {
+    goods::EndProgressLine();
+    std::cerr << stopped.what() << "\n";
+    return goods::kStopped;
   } catch (const std::exception& error) {
+    goods::EndProgressLine();
     std::cerr << error.what() << "\n";
     return goods::kFailed;
   }

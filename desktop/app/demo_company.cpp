@@ -6,6 +6,7 @@
 #include <QProgressDialog>
 #include <QStandardPaths>
 #include <QTimer>
+#include <algorithm>
 #include <atomic>
 #include <exception>
 #include <thread>
@@ -38,7 +39,10 @@ void MakeWithProgress(const std::string& path, QWidget* parent) {
   std::exception_ptr failure;
   std::thread worker([&] {
     try {
-      MakeDemoCompany(path, options, [&made](std::int64_t movements) { made = movements; });
+      MakeDemoCompany(path, options, [&made](const WorkProgress& progress) {
+        made = std::max(made.load(), progress.done);
+        return true;
+      });
     } catch (...) {
       failure = std::current_exception();
     }

@@ -110,7 +110,8 @@ constexpr char kMakeOlder[] =
     "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument; DROP INDEX DetailKardex_ByValue;"
     "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
     "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
-    "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; PRAGMA user_version = 1";
+    "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
+    "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches; PRAGMA user_version = 1";
 
 TEST_F(CompanyFileTest, AnOlderCompanyIsBroughtUpToDate) {
   constexpr char kInStores[] =
