@@ -100,8 +100,6 @@ void CheckTables(Database& db) {
 
 }  // namespace
 
-CompanyError::~CompanyError() = default;
-
 void CreateCompanySchema(Database& db) {
   db.Run("PRAGMA application_id = " + std::to_string(kCompanyApplicationId));
   db.Run("PRAGMA user_version = " + std::to_string(kCompanySchemaVersion));
