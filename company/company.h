@@ -143,10 +143,16 @@ class ICompany {
   virtual std::vector<BusyGood> ListBusyGoods(std::size_t limit) = 0;
 };
 
-// Opens the company that a description names: "file:PATH", or a path alone (UTF-8), is a company file.
-// An older file is brought up to date first; a file marked read-only is opened for reading, and its derived
+// Opens the company that a description names: "file:PATH", or a path alone (UTF-8), is a company file;
+// "server:ADDRESS" is a database on a server, its address with the password as docs/server.md writes it. An
+// older file is brought up to date first; a file marked read-only is opened for reading, and its derived
 // figures then cannot be refreshed. Throws CompanyError when there is no such company, or when it is damaged,
 // cut short or newer than this program, or locked by another one; a file is then as it was.
 std::unique_ptr<ICompany> OpenCompany(const std::string& description);
+
+bool IsOnServer(const std::string& description);
+// The description as it may be shown and kept: without a password. Throws CompanyError when it cannot be
+// read.
+std::string ShownDescription(const std::string& description);
 
 }  // namespace goods

@@ -8,6 +8,7 @@ namespace goods {
 
 inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
+inline constexpr int kDifferences = 3;
 
 struct Command {
   CLI::App* options = nullptr;  // owned by the program's own App
@@ -16,5 +17,7 @@ struct Command {
 
 Command MakeCreateCommand(CLI::App& program);
 Command MakeImportCommand(CLI::App& program);
+Command MakeDeployCommand(CLI::App& program);
+Command MakeVerifyCommand(CLI::App& program);
 
 }  // namespace goods
