@@ -1,6 +1,7 @@
 // What a host asks of a company database beside running statements: sign-in, rights, look-ups, documents.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -10,6 +11,8 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "host/services/lookups.h"
 
 namespace goods {
 
@@ -37,8 +40,7 @@ struct UserRecord {
   bool everyRight = false;
 };
 
-// What can be looked up by code; the numbers of EntityType, and two more.
-enum class EntityKind { Store = 1, Person = 2, Good = 6, GoodGroup = 16, Category = 17, Unit = 18 };
+using EntityKind = EntityType;
 
 // unit and unit2 are the names of a good's units; empty for other kinds and where there is none.
 struct EntityRecord {
@@ -46,6 +48,18 @@ struct EntityRecord {
   std::string name;
   std::string unit;
   std::string unit2;
+};
+
+// What is known of one good. unitKind (1 to 5): which measures its details use. detailTitles: what it keeps
+// at its five positions, empty where it keeps none.
+struct GoodRecord {
+  std::int64_t code = 0;
+  std::string name;
+  std::string unit;
+  std::string unit2;
+  std::string abbreviation;
+  int unitKind = 2;
+  std::array<std::string, 5> detailTitles;
 };
 
 // The documents behind the rows of a stock card. DetailSplit has no window of its own.
@@ -125,12 +139,7 @@ class ICompany {
   virtual std::vector<EntityRecord> SearchEntities(EntityKind kind, std::string_view text,
                                                    std::size_t limit) = 0;
 
-  // The fields (joined with ";") of the first row of a table whose key field has the given value, as texts;
-  // none when there is no such row. Of GoodInf, Unit and Unit2 are the names of the units, and
-  // D1Title to D5Title the titles of the good's details, empty where it keeps none. A table or field
-  // that is not there throws.
-  virtual std::optional<std::vector<std::string>> Lookup(std::string_view table, std::string_view keyField,
-                                                         std::string_view key, std::string_view fields) = 0;
+  virtual std::optional<GoodRecord> FindGood(std::int64_t code) = 0;
   // Empty for an unknown code.
   virtual std::string CategoryName(std::int64_t code) = 0;
   // All of them, by code.
@@ -144,13 +153,19 @@ class ICompany {
   virtual std::vector<BusyGood> ListBusyGoods(std::size_t limit) = 0;
 };
 
-// Opens the company file at path (UTF-8). An older file is brought up to date first; a file marked read-only
-// is opened for reading, and its derived figures then cannot be refreshed. Throws CompanyError when the file
-// is missing, is no company, is damaged, cut short or newer than this program, holds anything but a company's
-// tables, or is locked by another program; the file is then as it was. Nothing that the file defines is run.
-// progress, which may be null, hears of long work (bringing a large company up to date) and can stop it:
-// OpeningCancelled. Once the file is renamed, deleted or replaced, everything that is asked of the company
-// fails with a message.
-std::unique_ptr<ICompany> OpenCompany(const std::string& path, IStatementProgress* progress = nullptr);
+// Opens the company that a description names: "file:PATH", or a path alone (UTF-8), is a company file;
+// "server:ADDRESS" is a database on a server, its address with the password as docs/server.md writes it. An
+// older file is brought up to date first; a file marked read-only is opened for reading, and its derived
+// figures then cannot be refreshed. Throws CompanyError when there is no such company, or when it is damaged,
+// cut short or newer than this program, holds anything but a company's tables, or is locked by another one; a
+// file is then as it was. Nothing that a file defines is run. progress, which may be null, hears of long work
+// (bringing a large company up to date) and can stop it: OpeningCancelled. Once a file is renamed, deleted or
+// replaced, everything that is asked of the company fails with a message.
+std::unique_ptr<ICompany> OpenCompany(const std::string& description, IStatementProgress* progress = nullptr);
+
+bool IsOnServer(const std::string& description);
+// The description as it may be shown and kept: without a password. Throws CompanyError when it cannot be
+// read.
+std::string ShownDescription(const std::string& description);
 
 }  // namespace goods

@@ -1,5 +1,6 @@
 #include "company/embedded/catalog.h"
 
+#include "company/embedded/look_up_views.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -13,6 +14,27 @@ constexpr const char* kReadable[] = {
     "DetailTypes",  "DetailTypesItems", "DetailValues",      "GoodDetails",
     "DetailKardex", "SelectedLists",    "SelectedListGoods", "MovementTypes",
     "GoodStock",    "GoodStoreStock",   "RialiStock",        "PlantedMismatches"};
+
+CatalogColumn ColumnDeclared(std::string_view declaration) {
+  const std::vector<std::string> words = Split(Trim(declaration), ' ');
+  CatalogColumn column;
+  column.name = words.at(0);
+  column.quantity = words.at(1) == "quantity";
+  column.type = column.quantity || words[1] == "decimal" ? ColumnType::Decimal
+                : words[1] == "integer"                  ? ColumnType::Integer
+                                                         : ColumnType::Text;
+  return column;
+}
+
+CatalogTable TableOf(const LookUpView& view) {
+  CatalogTable table;
+  table.name = view.name;
+  table.sql = std::string("(") + view.select + ")";
+  for (const std::string& declaration : Split(view.columns, ',')) {
+    table.columns.push_back(ColumnDeclared(declaration));
+  }
+  return table;
+}
 
 }  // namespace
 
@@ -28,6 +50,7 @@ Catalog::Catalog(Database& db) {
   for (const char* name : kReadable) {
     CatalogTable table;
     table.name = name;
+    table.sql = std::string("\"") + name + "\"";
     columns.Bind(1, std::string_view(name));
     while (columns.Step()) {
       CatalogColumn column;
@@ -42,6 +65,7 @@ Catalog::Catalog(Database& db) {
     columns.Reset();
     tables_.push_back(std::move(table));
   }
+  for (const LookUpView& view : LookUpViews()) tables_.push_back(TableOf(view));
 }
 
 const CatalogTable* Catalog::Find(std::string_view table) const {

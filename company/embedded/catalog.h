@@ -18,6 +18,7 @@ struct CatalogColumn {
 
 struct CatalogTable {
   std::string name;
+  std::string sql;  // what a FROM reads: the quoted name, or a SELECT in parentheses
   std::vector<CatalogColumn> columns;
   // Null when there is no such column; letter case of A to Z apart.
   const CatalogColumn* Find(std::string_view column) const;

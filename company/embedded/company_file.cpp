@@ -140,9 +140,6 @@ void Watched(Database& db, const std::string& path, IStatementProgress* progress
 
 }  // namespace
 
-CompanyError::~CompanyError() = default;
-OpeningCancelled::~OpeningCancelled() = default;
-
 void CreateCompanySchema(Database& db) {
   db.Run("PRAGMA application_id = " + std::to_string(kCompanyApplicationId));
   db.Run("PRAGMA user_version = " + std::to_string(kCompanySchemaVersion));

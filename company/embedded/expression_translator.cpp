@@ -147,9 +147,10 @@ Term ExpressionTranslator::Function(const Expression& call) {
   if (name == "isnull" && count == 2) return IfNull(call);
   if (name == "abs" && count == 1) return Absolute(call);
   if (name == "stuff" && count == 4) return Stuff(call);
+  if (name == "charindex" && count == 2) return CharIndex(call);
   if (count == 1 && (name == "sum" || name == "min" || name == "max")) return Aggregate(name, call);
-  if (name == "isnull" || name == "abs" || name == "stuff" || name == "sum" || name == "min" ||
-      name == "max") {
+  if (name == "isnull" || name == "abs" || name == "stuff" || name == "charindex" || name == "sum" ||
+      name == "min" || name == "max") {
     Fail("شمار ورودی های «" + call.text + "» درست نیست", call.offset);
   }
   Fail("تابع «" + call.text + "» شناخته نیست", call.offset);
@@ -188,6 +189,20 @@ Term ExpressionTranslator::Stuff(const Expression& call) {
   term.type = TermType::Text;
   term.sql = "(substr(" + text.sql + ", 1, " + start.sql + " - 1) || " + with.sql + " || substr(" + text.sql +
              ", " + start.sql + " + " + length.sql + "))";
+  return term;
+}
+
+// The empty text is nowhere.
+Term ExpressionTranslator::CharIndex(const Expression& call) {
+  const Term sought = Translate(call.children[0]);
+  const Term text = Translate(call.children[1]);
+  if (sought.type != TermType::Text || text.type != TermType::Text) {
+    Fail("«" + call.text + "» تنها برای متن است", call.offset);
+  }
+  Term term;
+  term.type = TermType::Integer;
+  term.sql = "iif(" + sought.sql + " = '', 0, instr(fold_persian(" + text.sql + "), fold_persian(" +
+             sought.sql + ")))";
   return term;
 }
 

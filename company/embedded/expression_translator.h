@@ -53,6 +53,7 @@ class ExpressionTranslator {
   Term IfNull(const Expression& call);
   Term Absolute(const Expression& call);
   Term Stuff(const Expression& call);
+  Term CharIndex(const Expression& call);
   Term Aggregate(const std::string& name, const Expression& call);
 
   int insideAggregate_ = 0;

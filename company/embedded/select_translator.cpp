@@ -82,7 +82,7 @@ class SelectTranslator final : public ExpressionTranslator {
       }
       sources_.push_back(source);
       sql += sql.empty() ? " FROM " : " JOIN ";
-      sql += QuotedName(source.table->name) + " AS " + QuotedName(source.alias);
+      sql += source.table->sql + " AS " + QuotedName(source.alias);
       if (reference.on) sql += " ON " + NoAggregates(*reference.on, "ON").sql;
     }
     return sql;

@@ -14,7 +14,7 @@ namespace goods {
 // Exit codes.
 inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
-inline constexpr int kDiffers = 3;    // check found differences
+inline constexpr int kDiffers = 3;    // check or verify found differences
 inline constexpr int kStopped = 130;  // by Ctrl+C
 
 struct Command {
@@ -29,6 +29,8 @@ Command MakeExportCommand(CLI::App& program);
 Command MakeCheckCommand(CLI::App& program);
 Command MakeInfoCommand(CLI::App& program);
 Command MakeBackupCommand(CLI::App& program);
+Command MakeDeployCommand(CLI::App& program);
+Command MakeVerifyCommand(CLI::App& program);
 
 // What import and add tell of the files that they read.
 struct FileOptions {

@@ -11,11 +11,14 @@ int main(int argc, char** argv) {
   CLI::App program("Makes, fills, checks and copies company files for the goods reports.");
   program.require_subcommand(1);
   program.footer(
-      "Ends with 0, with 1 after an error, with 3 when check finds differences, with 130 when stopped.");
+      "Ends with 0, with 1 after an error, with 3 when check or verify finds differences, with 130 when "
+      "stopped.");
   const std::vector<goods::Command> commands = {
-      goods::MakeCreateCommand(program), goods::MakeImportCommand(program), goods::MakeAddCommand(program),
-      goods::MakeExportCommand(program), goods::MakeCheckCommand(program),  goods::MakeInfoCommand(program),
-      goods::MakeBackupCommand(program)};
+      goods::MakeCreateCommand(program), goods::MakeImportCommand(program),
+      goods::MakeAddCommand(program),    goods::MakeExportCommand(program),
+      goods::MakeCheckCommand(program),  goods::MakeInfoCommand(program),
+      goods::MakeBackupCommand(program), goods::MakeDeployCommand(program),
+      goods::MakeVerifyCommand(program)};
   CLI11_PARSE(program, argc, argv);
   try {
     for (const goods::Command& command : commands) {

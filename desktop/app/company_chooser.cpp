@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "desktop/app/app_look.h"
+#include "desktop/app/server_dialog.h"
 #include "desktop/documents/plain_table.h"
 #include "desktop/views/shown_text.h"
 
@@ -50,15 +51,7 @@ void CompanyChooser::LayOut() {
       list_);
   demo->setData(kPathRole, QString());
   demo->setSizeHint(RowSize(*list_));
-  for (const QString& path : settings_.RecentCompanies()) {
-    const QFileInfo file(path);
-    auto* item = new QListWidgetItem(
-        file.completeBaseName() + "\n" + QChar(0x2066) + QDir::toNativeSeparators(path) + QChar(0x2069),
-        list_);
-    item->setData(kPathRole, path);
-    item->setToolTip(path);
-    item->setSizeHint(RowSize(*list_));
-  }
+  for (const QString& path : settings_.RecentCompanies()) AddRecent(path);
   list_->setCurrentRow(list_->count() > 1 ? 1 : 0);
   connect(list_, &QListWidget::itemActivated, this, &CompanyChooser::OpenCurrent);
 
@@ -68,6 +61,10 @@ void CompanyChooser::LayOut() {
   open->setDefault(true);
   auto* browse = buttons->addButton("پرونده دیگر…  F3", QDialogButtonBox::ActionRole);
   browse->setObjectName("Browse_BTN");
+  auto* server = buttons->addButton("سرور…  F4", QDialogButtonBox::ActionRole);
+  server->setObjectName("Server_BTN");
+  connect(server, &QPushButton::clicked, this, [this] { OpenServer({}); });
+  connect(new QShortcut(Qt::Key_F4, this), &QShortcut::activated, this, [this] { OpenServer({}); });
   buttons->addButton("خروج  Esc", QDialogButtonBox::RejectRole)->setObjectName("Exit_BTN");
   connect(buttons, &QDialogButtonBox::accepted, this, &CompanyChooser::OpenCurrent);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -86,12 +83,24 @@ void CompanyChooser::LayOut() {
   list_->setFocus();
 }
 
+void CompanyChooser::AddRecent(const QString& description) {
+  const bool server = IsOnServer(FromQt(description));
+  const QString name = server ? QString("شرکت روی سرور") : QFileInfo(description).completeBaseName();
+  const QString place = server ? description : QDir::toNativeSeparators(description);
+  auto* item = new QListWidgetItem(name + "\n" + QChar(0x2066) + place + QChar(0x2069), list_);
+  item->setData(kPathRole, description);
+  item->setToolTip(description);
+  item->setSizeHint(RowSize(*list_));
+}
+
 void CompanyChooser::OpenCurrent() {
   const QListWidgetItem* item = list_->currentItem();
   if (item == nullptr) return;
   const QString path = item->data(kPathRole).toString();
   if (path.isEmpty()) {
     OpenDemo();
+  } else if (IsOnServer(FromQt(path))) {
+    OpenServer(path);
   } else {
     OpenFile(path);
   }
@@ -112,13 +121,17 @@ void CompanyChooser::OpenDemo() {
 
 void CompanyChooser::OpenFile(const QString& path) {
   Open(path, false);
-  if (opened_.company != nullptr) settings_.AddRecentCompany(path);
+  if (opened_.company != nullptr) settings_.AddRecentCompany(opened_.path);
+}
+
+void CompanyChooser::OpenServer(const QString& known) {
+  if (const auto description = ServerDialog(known, this).Ask()) OpenFile(ToQt(*description));
 }
 
 void CompanyChooser::Open(const QString& path, bool demo) {
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
-    opened_ = {OpenCompany(FromQt(path)), path, demo};
+    opened_ = {OpenCompany(FromQt(path)), ToQt(ShownDescription(FromQt(path))), demo};
     QApplication::restoreOverrideCursor();
     accept();
   } catch (const CompanyError& error) {

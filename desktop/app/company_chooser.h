@@ -15,12 +15,12 @@ namespace goods {
 
 struct OpenedCompany {
   std::unique_ptr<ICompany> company;
-  QString path;
+  QString path;  // or the description of a company on a server, without its password
   bool demo = false;
 };
 
-// Lists the demo company and the files that were opened before. Stays until a company is open or the user
-// gives up: what keeps one from opening is said in the window.
+// Lists the demo company and the files and databases that were opened before. Stays until a company is open
+// or the user gives up: what keeps one from opening is said in the window.
 class CompanyChooser : public QDialog {
  public:
   // Makes the demo company where it is missing and gives back its path; throws CompanyError.
@@ -35,11 +35,14 @@ class CompanyChooser : public QDialog {
   // What the list's rows and the button do; public for who picks a file in another way.
   void OpenDemo();
   void OpenFile(const QString& path);
+  // known: the description of a company on a server that was kept, or empty; the password is asked.
+  void OpenServer(const QString& known);
 
  private:
   void LayOut();
   void OpenCurrent();
   void BrowseForFile();
+  void AddRecent(const QString& description);
   void Open(const QString& path, bool demo);
   void ShowProblem(const QString& text);
 

@@ -10,7 +10,7 @@ std::optional<std::int64_t> DesktopLookups::SelectEntity(TForm* /*owner*/, Entit
                                                          std::int64_t current, std::string_view filter) {
   if (type == EntityType::None) return std::nullopt;
   return AskCompany([&] {
-    EntityPicker picker(Company(), static_cast<EntityKind>(type), current, ToQt(filter), parent_());
+    EntityPicker picker(Company(), type, current, ToQt(filter), parent_());
     return picker.Choose();
   });
 }

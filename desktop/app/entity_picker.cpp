@@ -35,6 +35,8 @@ QString TitleOf(EntityKind kind) {
       return "انتخاب دسته";
     case EntityKind::Unit:
       return "انتخاب واحد";
+    case EntityKind::None:
+      break;
   }
   return {};
 }

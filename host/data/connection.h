@@ -36,8 +36,8 @@ class StatementCancelled : public DatabaseError {
   ~StatementCancelled() override;
 };
 
-// Hears how a statement gets on. Called on the thread that runs it, at least every 4096 rows and every 50 ms
-// of work.
+// Hears how a statement gets on. Called on the thread that asked for it, at least every 4096 rows and every
+// 50 ms, also while a driver blocks.
 class IStatementProgress {
  public:
   virtual ~IStatementProgress();
@@ -46,6 +46,11 @@ class IStatementProgress {
 };
 
 // A statement text reaches the database byte for byte. One statement a call.
+//
+// Threads: one thread at a time uses a connection. A connection may read on a thread of its own, but progress
+// is always asked on the calling thread, within 50 ms of the last time even when the driver blocks for
+// minutes, and a call that is told to stop comes back at once, whatever the driver does. The caller sees rows
+// only when the call has returned. blocking_work.h is the way for drivers that block.
 class IConnection {
  public:
   virtual ~IConnection();

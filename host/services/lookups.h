@@ -13,7 +13,16 @@ namespace goods {
 
 class TForm;
 
-enum class EntityType : int { None = 0, Store = 1, Person = 2, Good = 6, GoodGroup = 16 };
+// The kinds of entities; the first five have published numbers.
+enum class EntityType : int {
+  None = 0,
+  Store = 1,
+  Person = 2,
+  Good = 6,
+  GoodGroup = 16,
+  Category = 17,
+  Unit = 18
+};
 
 // A tag that goods can carry, with its colour as 0xRRGGBB.
 struct TTag {

@@ -81,19 +81,38 @@ TEST_F(CompanyTest, EntitiesAreSearchedByTheBeginningOfTheCodeOrAnyPartOfTheName
   EXPECT_TRUE(codes("%", 10).empty());
 }
 
-TEST_F(CompanyTest, LookupGivesFieldsAsTexts) {
-  using Fields = std::vector<std::string>;
-  EXPECT_EQ(company_->Lookup("GoodInf", "Code", "12", "Name;Unit;Unit2"),
-            (Fields{"روغن آفتابگردان سرخ کردنی", "لیتر", "کارتن"}));
-  EXPECT_EQ(company_->Lookup("GoodInf", "Code", "12", "Meghdar_Formool"), (Fields{"12"}));
-  const auto titles = company_->Lookup("GoodInf", "Code", "12", "UnitKind;D1Title;d5title");
-  ASSERT_TRUE(titles);
-  EXPECT_EQ(titles->size(), 3U);
-  EXPECT_THROW(company_->Lookup("GoodInf", "Code", "12", "D6Title"), CompanyError);
-  EXPECT_EQ(company_->Lookup("Stores", "Code", "999", "Name"), std::nullopt);
-  EXPECT_THROW(company_->Lookup("Users", "Code", "1", "PasswordHash"), CompanyError);
-  EXPECT_THROW(company_->Lookup("Stores", "Code", "1", "Secret"), CompanyError);
-  EXPECT_THROW(company_->Lookup("Stores", "Code\" = 1 --", "1", "Name"), CompanyError);
+TEST_F(CompanyTest, AGoodIsKnownWithItsUnitsAndTheTitlesOfItsDetails) {
+  const std::optional<GoodRecord> good = company_->FindGood(12);
+  ASSERT_TRUE(good.has_value());
+  EXPECT_EQ(good->name, "روغن آفتابگردان سرخ کردنی");
+  EXPECT_EQ(good->unit, "لیتر");
+  EXPECT_EQ(good->unit2, "کارتن");
+  Database db(SmallDemoPath(), SQLITE_OPEN_READONLY);
+  EXPECT_EQ(good->unitKind, db.AskInteger("SELECT UnitKind FROM GoodInf WHERE Code = 12"));
+  Statement details = db.Prepare(
+      "SELECT gd.Kala, gd.Position, d.Title FROM GoodDetails gd JOIN DetailTypes d ON d.ID = gd.DetailID");
+  int titles = 0;
+  while (details.Step()) {
+    const auto position = static_cast<std::size_t>(details.Integer(1)) - 1;
+    EXPECT_EQ(company_->FindGood(details.Integer(0))->detailTitles.at(position), details.Text(2));
+    ++titles;
+  }
+  EXPECT_GT(titles, 0);
+  EXPECT_EQ(company_->FindGood(999), std::nullopt);
+}
+
+TEST_F(CompanyTest, ASearchedTextIsNothingButText) {
+  for (const char* text : {"'", "' OR 1 = 1 --", "''", "[", "_", "%", "\\", "N'x'"}) {
+    EXPECT_TRUE(company_->SearchEntities(EntityType::Good, text, 5).empty()) << text;
+  }
+}
+
+TEST_F(CompanyTest, ADescriptionWithItsKindOpensTheSameFile) {
+  EXPECT_EQ(OpenCompany("file:" + SmallDemoPath())->Title(), company_->Title());
+}
+
+TEST_F(CompanyTest, UsersAreNotAmongWhatStatementsRead) {
+  EXPECT_NE(Refusal(*company_->OpenConnection(), "SELECT PasswordHash FROM Users"), "");
 }
 
 TEST_F(CompanyTest, CategoriesHaveNames) {

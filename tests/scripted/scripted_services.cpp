@@ -236,6 +236,10 @@ std::string EntityName(EntityType type) {
       return "Good";
     case EntityType::GoodGroup:
       return "GoodGroup";
+    case EntityType::Category:
+      return "Category";
+    case EntityType::Unit:
+      return "Unit";
   }
   return "EntityType " + std::to_string(static_cast<int>(type));
 }

@@ -1,5 +1,5 @@
 -- Rows of documents whose details do not add up to the row's quantity, of goods that keep details; in the order of
--- good, date and row number.
+-- good, date, row number and store.
 -- OperationAmount and DetailAmount are positive in the row's direction, as the document writes them;
 -- details that go the other way are negative. Details in another store than their row's, or whose row is missing,
 -- make a row of their own with OperationAmount 0.
@@ -65,4 +65,4 @@ WHERE TRUE
   AND dec_cmp(m.OperationAmount, @ToOperationAmount) <= 0 -- when @ToOperationAmount
   AND dec_cmp(m.DetailAmount, @FromDetailAmount) >= 0 -- when @FromDetailAmount
   AND dec_cmp(m.DetailAmount, @ToDetailAmount) <= 0 -- when @ToDetailAmount
-ORDER BY m.Kala, m.Date, m.Radif
+ORDER BY m.Kala, m.Date, m.Radif, m.Anbar

@@ -1,5 +1,6 @@
 #include "desktop/app/services/company_lookups.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/core/text.h"
@@ -7,30 +8,44 @@
 namespace goods {
 namespace {
 
-// The field of a record, null for a name that it does not have.
-const std::string* FieldOf(const EntityRecord& record, std::string_view field) {
-  if (SameText(field, "Name")) return &record.name;
-  if (SameText(field, "Unit")) return &record.unit;
-  if (SameText(field, "Unit2")) return &record.unit2;
-  return nullptr;
+using Texts = std::vector<std::pair<std::string, std::string>>;
+
+// What may be asked of an entity, by field name.
+Texts TextsOf(const GoodRecord& good) {
+  Texts texts = {{"Name", good.name},
+                 {"Unit", good.unit},
+                 {"Unit2", good.unit2},
+                 {"AbbName", good.abbreviation},
+                 {"UnitKind", std::to_string(good.unitKind)}};
+  for (std::size_t i = 0; i < good.detailTitles.size(); ++i) {
+    texts.emplace_back("D" + std::to_string(i + 1) + "Title", good.detailTitles[i]);
+  }
+  return texts;
+}
+
+std::optional<Texts> FindTexts(ICompany& company, EntityType type, std::int64_t code) {
+  if (type == EntityType::None) return std::nullopt;
+  if (type == EntityType::Good) {
+    const auto good = company.FindGood(code);
+    return good ? std::optional(TextsOf(*good)) : std::nullopt;
+  }
+  const auto record = company.FindEntity(type, code);
+  return record ? std::optional(Texts{{"Name", record->name}}) : std::nullopt;
 }
 
 }  // namespace
 
 std::optional<std::vector<std::string>> CompanyLookups::LookupDBs(EntityType type, std::int64_t code,
                                                                   std::string_view fields) {
-  if (type == EntityType::None) return std::nullopt;
   return AskCompany([&]() -> std::optional<std::vector<std::string>> {
-    const auto record = company_.FindEntity(static_cast<EntityKind>(type), code);
-    if (!record) return std::nullopt;
+    const auto known = FindTexts(company_, type, code);
+    if (!known) return std::nullopt;
     std::vector<std::string> texts;
     for (const std::string& field : Split(fields, ';')) {
-      const std::string* text = FieldOf(*record, field);
-      if (text == nullptr && type == EntityType::Good) {
-        return company_.Lookup("GoodInf", "Code", std::to_string(code), fields);
-      }
-      if (text == nullptr) throw CompanyError("این مشخصه وجود ندارد: " + field);
-      texts.push_back(*text);
+      const auto found = std::find_if(known->begin(), known->end(),
+                                      [&](const auto& text) { return SameText(text.first, field); });
+      if (found == known->end()) throw CompanyError("این مشخصه وجود ندارد: " + field);
+      texts.push_back(found->second);
     }
     return texts;
   });

@@ -1,9 +1,11 @@
 #include "desktop/app/company_chooser.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <fstream>
 
+#include "desktop/app/server_dialog.h"
 #include "tests/desktop/app/kit.h"
 
 namespace goods {
@@ -51,6 +53,36 @@ TEST_F(Chooser, ADemoCompanyThatCannotBeMadeIsToldInTheWindow) {
     PressKey(window, Qt::Key_Escape);
   });
   EXPECT_EQ(chooser.Choose().company, nullptr);
+}
+
+// Nobody listens on port 1.
+TEST_F(Chooser, AServerThatDoesNotAnswerIsToldAndNothingOfItIsKept) {
+  CompanyChooser chooser(Settings(), NoDemo);
+  WhileModal([&](QWidget& window) {
+    chooser.OpenFile("server:host=127.0.0.1;port=1;database=Sherkat;user=anbar;password=secret");
+    EXPECT_TRUE(window.isVisible());
+    const QString problem = dynamic_cast<QLabel&>(Child(window, "Problem_LBL")).text();
+    EXPECT_FALSE(problem.isEmpty());
+    EXPECT_FALSE(problem.contains("secret"));
+    PressKey(window, Qt::Key_Escape);
+  });
+  EXPECT_EQ(chooser.Choose().company, nullptr);
+  EXPECT_EQ(Settings().RecentCompanies(), QStringList());
+}
+
+TEST_F(Chooser, AServersAddressIsAskedWithWhatWasKeptOfIt) {
+  ServerDialog dialog("server:SERVER=10.0.0.5;PORT=1500;DATABASE={My Company};UID=anbar");
+  std::optional<std::string> description;
+  WhileModal([](QWidget& window) {
+    EXPECT_EQ(dynamic_cast<QLineEdit&>(Child(window, "Host_EDT")).text(), "10.0.0.5:1500");
+    EXPECT_EQ(dynamic_cast<QLineEdit&>(Child(window, "Password_EDT")).text(), "");
+    dynamic_cast<QLineEdit&>(Child(window, "Password_EDT")).setText("a;b}c");
+    PressKey(window, Qt::Key_Return);
+  });
+  description = dialog.Ask();
+  EXPECT_EQ(description,
+            "server:host={10.0.0.5};port={1500};database={My Company};user={anbar};password={a;b}}c}");
+  EXPECT_EQ(ShownDescription(*description).find("a;b"), std::string::npos);
 }
 
 }  // namespace

@@ -2,13 +2,16 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QThread>
 #include <QTimer>
+#include <atomic>
 #include <memory>
 
 #include <gtest/gtest.h>
 
 #include "desktop/windows/message_dialog.h"
 #include "host/core/jalali.h"
+#include "host/data/blocking_work.h"
 #include "tests/desktop/views/kit.h"
 
 namespace goods::testing {
@@ -152,6 +155,63 @@ TEST(Waiting, EscCancelsAStatementAndNothingElseGetsThrough) {
   EXPECT_NE(shown.find("ردیف خوانده شد"), std::string::npos);
   EXPECT_FALSE(form.Kardex_QRY.Active());
   EXPECT_FALSE(host.waiting.PanelVisible());
+}
+
+// A connection whose driver blocks, deaf to every wish to stop, and counts rows before it does.
+class BlockingConnection : public IConnection {
+ public:
+  static constexpr int kBlocksMs = 3000;
+  void Open(std::string_view statement, RowStore& /*into*/, IStatementProgress* progress) override {
+    const auto rows = std::make_shared<std::atomic<std::size_t>>(0);
+    const WorkOutcome outcome = BlockingWork::Run(
+        progress, rows,
+        [rows] {
+          rows->store(1234);
+          QThread::msleep(kBlocksMs);
+        },
+        [] {});
+    if (outcome != WorkOutcome::Ended) throw StatementCancelled("cancelled", std::string(statement));
+  }
+  void Execute(std::string_view /*statement*/, IStatementProgress* /*progress*/) override {}
+};
+
+TEST(Waiting, AWindowLivesWhileTheDriverBlocksAndEscReturnsAtOnce) {
+  TestHost host;
+  BlockingConnection blocking;
+  WaitingConnection connection(blocking, host.waiting);
+  TCard_FRM form(host);
+  TADOQuery query(&form, "Blocked_QRY", connection);
+  query.SetSQL("Exec Blocks");
+  int ticks = 0;
+  QTimer ticking;
+  QObject::connect(&ticking, &QTimer::timeout, [&] { ++ticks; });
+  std::string shown;
+  QElapsedTimer sinceEsc;
+  bool cancelled = false;
+  qint64 returned = BlockingConnection::kBlocksMs;
+  Later([&] {
+    ticking.start(50);
+    Later(
+        [&] {
+          shown = host.waiting.ShownText();
+          sinceEsc.start();
+          QTest::keyClick(host.windows.ViewOf(form), Qt::Key_Escape);
+        },
+        1000);
+    try {
+      query.Open();
+    } catch (const StatementCancelled&) {
+      cancelled = true;
+      returned = sinceEsc.elapsed();
+    }
+    form.Close();
+  });
+  form.ShowModal();
+  EXPECT_TRUE(cancelled);
+  EXPECT_LE(returned, 200);
+  EXPECT_GE(ticks, 5);
+  EXPECT_NE(shown.find("۱,۲۳۴"), std::string::npos) << shown;
+  EXPECT_FALSE(query.Active());
 }
 
 TEST(Waiting, AQuickStatementShowsNothing) {

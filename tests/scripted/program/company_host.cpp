@@ -10,20 +10,24 @@
 #include <vector>
 
 #include "company/company.h"
-#include "host/core/text.h"
 
 namespace goods {
 namespace {
 
 std::optional<ScriptedLookups::Entity> Find(ICompany& company, EntityType type, std::int64_t code) {
-  const auto found = company.FindEntity(static_cast<EntityKind>(type), code);
-  if (!found) return std::nullopt;
-  ScriptedLookups::Entity entity{{"Name", found->name}, {"Unit", found->unit}, {"Unit2", found->unit2}};
-  if (type != EntityType::Good) return entity;
-  constexpr const char* kDetailFields = "UnitKind;D1Title;D2Title;D3Title;D4Title;D5Title";
-  const auto values = company.Lookup("GoodInf", "Code", std::to_string(code), kDetailFields);
-  const std::vector<std::string> names = Split(kDetailFields, ';');
-  for (std::size_t i = 0; values && i < names.size(); ++i) entity[names[i]] = (*values)[i];
+  if (type != EntityType::Good) {
+    const auto found = company.FindEntity(type, code);
+    return found ? std::optional(ScriptedLookups::Entity{{"Name", found->name}}) : std::nullopt;
+  }
+  const auto good = company.FindGood(code);
+  if (!good) return std::nullopt;
+  ScriptedLookups::Entity entity{{"Name", good->name},
+                                 {"Unit", good->unit},
+                                 {"Unit2", good->unit2},
+                                 {"UnitKind", std::to_string(good->unitKind)}};
+  for (std::size_t i = 0; i < good->detailTitles.size(); ++i) {
+    entity["D" + std::to_string(i + 1) + "Title"] = good->detailTitles[i];
+  }
   return entity;
 }
 

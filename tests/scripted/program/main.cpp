@@ -14,7 +14,7 @@
 namespace {
 
 constexpr const char* kUsage =
-    "usage: goods-cases [--company FILE] [--only NUMBER] CASEFILE...\n"
+    "usage: goods-cases [--company FILE | --server ADDRESS] [--only NUMBER] CASEFILE...\n"
     "       goods-cases --grammar\n";
 
 struct Options {
@@ -32,6 +32,8 @@ std::optional<Options> ReadOptions(const std::vector<std::string>& arguments) {
       options.grammar = true;
     } else if (arguments[i] == "--company" && hasNext) {
       options.company = arguments[++i];
+    } else if (arguments[i] == "--server" && hasNext) {
+      options.company = "server:" + arguments[++i];
     } else if (arguments[i] == "--only" && hasNext) {
       const auto number = goods::ParseInteger(arguments[++i]);
       if (!number || *number < 1 || *number > 100'000) return std::nullopt;

@@ -1,10 +1,11 @@
-#include "company/embedded/documents.h"
+#include "company/kit/documents.h"
 
 #include <array>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "company/kit/look_ups.h"
 #include "host/data/display_format.h"
 
 namespace goods {
@@ -72,46 +73,41 @@ void AddLine(DocumentView& view, const char* caption, std::string_view text) {
   if (!text.empty()) view.header.emplace_back(caption, std::string(text));
 }
 
-bool ReadGoodHeader(Database& db, std::int64_t code, DocumentView& view) {
-  Statement good = db.Prepare(
-      "SELECT g.Name, gg.Name, u.Name, u2.Name, g.AbbName, g.Meghdar_Formool, g.MinAva, g.ConsumerPrice, "
-      "g.Position,"
-      " s.Mogodi, s.gheymat_miangin FROM GoodInf g JOIN GoodGrps gg ON gg.Code = g.GrpCode"
-      " JOIN Units u ON u.Code = g.Unit JOIN Units u2 ON u2.Code = g.Unit2 JOIN GoodStock s ON s.Kala = "
-      "g.Code"
-      " WHERE g.Code = ?1");
-  good.Bind(1, code);
-  if (!good.Step()) return false;
+bool ReadGoodHeader(LookUps& lookUps, std::int64_t code, DocumentView& view) {
+  const LookUpRows good = lookUps.Ask(
+      "SELECT e.Name, e.GroupName, e.UnitName, e.Unit2Name, e.AbbName, e.Meghdar_Formool, e.MinAva, "
+      "e.ConsumerPrice, e.Position, e.Mogodi, e.gheymat_miangin FROM GoodRecordLookUp_VW e WHERE e.Code = " +
+      std::to_string(code));
+  if (good.Count() == 0) return false;
   AddLine(view, "کد کالا :", std::to_string(code));
-  AddLine(view, "نام کالا :", good.Text(0));
-  AddLine(view, "گروه کالا :", good.Text(1));
-  AddLine(view, "واحد :", good.Text(2));
-  AddLine(view, "واحد 2 :", good.Text(3));
-  if (!good.IsNull(5)) AddLine(view, "نسبت دو واحد :", Quantity(good.Number(5)));
-  AddLine(view, "بارکد :", good.Text(4));
-  AddLine(view, "جای کالا :", good.Text(8));
-  AddLine(view, "حداقل موجودی :", Quantity(good.Number(6)));
-  AddLine(view, "فی مصرف کننده :", Amount(good.Number(7)));
-  AddLine(view, "موجودی :", Quantity(good.Number(9)));
-  AddLine(view, "قیمت میانگین :", Amount(good.Number(10)));
+  AddLine(view, "نام کالا :", good.Text(0, 0));
+  AddLine(view, "گروه کالا :", good.Text(0, 1));
+  AddLine(view, "واحد :", good.Text(0, 2));
+  AddLine(view, "واحد 2 :", good.Text(0, 3));
+  if (!good.IsNull(0, 5)) AddLine(view, "نسبت دو واحد :", Quantity(good.Number(0, 5)));
+  AddLine(view, "بارکد :", good.Text(0, 4));
+  AddLine(view, "جای کالا :", good.Text(0, 8));
+  AddLine(view, "حداقل موجودی :", Quantity(good.Number(0, 6)));
+  AddLine(view, "فی مصرف کننده :", Amount(good.Number(0, 7)));
+  AddLine(view, "موجودی :", Quantity(good.Number(0, 9)));
+  AddLine(view, "قیمت میانگین :", Amount(good.Number(0, 10)));
   return true;
 }
 
-bool ReadHeader(Database& db, const KindText& kind, std::int64_t code, DocumentView& view) {
-  Statement header = db.Prepare(
-      "SELECT d.Date, d.Percode, p.Name, s.Name, t.Name, d.Comment FROM Documents d"
-      " LEFT JOIN Persons p ON p.Code = d.Percode LEFT JOIN Stores s ON s.Code = d.Anbar"
-      " LEFT JOIN Stores t ON t.Code = d.ToAnbar WHERE d.Kind = ?1 AND d.Code = ?2");
-  header.Bind(1, static_cast<std::int64_t>(kind.kind));
-  header.Bind(2, code);
-  if (!header.Step()) return false;
+bool ReadHeader(LookUps& lookUps, const KindText& kind, std::int64_t code, DocumentView& view) {
+  const LookUpRows header = lookUps.Ask(
+      "SELECT e.Date, e.Percode, e.PersonName, e.StoreName, e.ToStoreName, e.Comment FROM DocumentLookUp_VW "
+      "e "
+      "WHERE e.Kind = " +
+      std::to_string(static_cast<int>(kind.kind)) + " AND e.Code = " + std::to_string(code));
+  if (header.Count() == 0) return false;
   AddLine(view, "شماره :", std::to_string(code));
-  AddLine(view, "تاریخ :", header.Text(0));
-  if (kind.person != nullptr && header.Integer(1) != 0) AddLine(view, kind.person, header.Text(2));
+  AddLine(view, "تاریخ :", header.Text(0, 0));
+  if (kind.person != nullptr && header.Integer(0, 1) != 0) AddLine(view, kind.person, header.Text(0, 2));
   const bool transfer = kind.kind == DocumentKind::Transfer;
-  AddLine(view, transfer ? "از انبار :" : "انبار :", header.Text(3));
-  if (transfer) AddLine(view, "به انبار :", header.Text(4));
-  AddLine(view, "شرح :", header.Text(5));
+  AddLine(view, transfer ? "از انبار :" : "انبار :", header.Text(0, 3));
+  if (transfer) AddLine(view, "به انبار :", header.Text(0, 4));
+  AddLine(view, "شرح :", header.Text(0, 5));
   return true;
 }
 
@@ -125,31 +121,33 @@ std::string TypeList(DocumentKind kind) {
   return types;
 }
 
-void ReadRows(Database& db, const KindText& kind, std::int64_t code, DocumentView& view) {
+void ReadRows(LookUps& lookUps, const KindText& kind, std::int64_t code, DocumentView& view) {
   view.columns = {{"ردیف", true}, {"کد کالا", true}, {"نام کالا", false}, {"انبار", false}};
   if (kind.rowKinds) view.columns.push_back({"نوع", false});
   for (const char* caption : {"مقدار", "فی", "مبلغ"}) view.columns.push_back({caption, true});
   view.columns.insert(view.columns.end() - 2, DocumentColumn{"واحد", false});
 
-  Statement rows = db.Prepare(
-      "SELECT k.OperationRow, k.Kala, g.Name, s.Name, m.Name, dec_abs(k.Tedad), u.Name, k.Fi,"
-      " dec_mul(dec_abs(k.Tedad), k.Fi), k.Date FROM Kardex k JOIN GoodInf g ON g.Code = k.Kala"
-      " JOIN Units u ON u.Code = g.Unit LEFT JOIN Stores s ON s.Code = k.Anbar"
-      " JOIN MovementTypes m ON m.Type = k.Type WHERE k.Type IN (" +
-      TypeList(kind.kind) + ") AND k.OperationCode = ?1 ORDER BY k.OperationRow, k.Radif");
-  rows.Bind(1, code);
+  const LookUpRows rows = lookUps.Ask(
+      "SELECT e.OperationRow, e.Kala, e.KalaName, e.StoreName, e.MovementName, e.Tedad, e.UnitName, e.Fi, "
+      "e.Radif "
+      "FROM DocumentRowLookUp_VW e WHERE e.Type IN (" +
+      TypeList(kind.kind) + ") AND e.OperationCode = " + std::to_string(code) +
+      " ORDER BY e.OperationRow, e.Radif");
   Decimal quantities;
   Decimal amounts;
-  while (rows.Step()) {
-    quantities += rows.Number(5);
-    amounts += rows.Number(8);
-    std::vector<std::string> cells = {std::string(rows.Text(0)), std::string(rows.Text(1)),
-                                      std::string(rows.Text(2)), std::string(rows.Text(3))};
-    if (kind.rowKinds) cells.emplace_back(rows.Text(4));
-    cells.push_back(Quantity(rows.Number(5)));
-    cells.emplace_back(rows.Text(6));
-    cells.push_back(Amount(rows.Number(7)));
-    cells.push_back(Amount(rows.Number(8)));
+  for (std::size_t row = 0; row < rows.Count(); ++row) {
+    const Decimal quantity = rows.Number(row, 5).Abs();
+    const Decimal price = rows.Number(row, 7);
+    const Decimal amount = quantity * price;
+    quantities += quantity;
+    amounts += amount;
+    std::vector<std::string> cells = {rows.Text(row, 0), rows.Text(row, 1), rows.Text(row, 2),
+                                      rows.Text(row, 3)};
+    if (kind.rowKinds) cells.push_back(rows.Text(row, 4));
+    cells.push_back(Quantity(quantity));
+    cells.push_back(rows.Text(row, 6));
+    cells.push_back(Amount(price));
+    cells.push_back(Amount(amount));
     view.rows.push_back(std::move(cells));
   }
   view.totals = {{"تعداد ردیف :", std::to_string(view.rows.size())},
@@ -164,15 +162,15 @@ std::optional<DocumentKind> DocumentKindOfMovement(int type) {
   return kKindOfType[static_cast<std::size_t>(type)];
 }
 
-std::optional<DocumentView> ReadDocument(Database& db, DocumentKind kind, std::int64_t code) {
+std::optional<DocumentView> ReadDocument(LookUps& lookUps, DocumentKind kind, std::int64_t code) {
   for (const KindText& text : kKinds) {
     if (text.kind != kind) continue;
     DocumentView view;
     view.title = text.title;
-    const bool found =
-        kind == DocumentKind::GoodRecord ? ReadGoodHeader(db, code, view) : ReadHeader(db, text, code, view);
+    const bool found = kind == DocumentKind::GoodRecord ? ReadGoodHeader(lookUps, code, view)
+                                                        : ReadHeader(lookUps, text, code, view);
     if (!found) return std::nullopt;
-    ReadRows(db, text, code, view);
+    ReadRows(lookUps, text, code, view);
     return view;
   }
   return std::nullopt;

@@ -1,0 +1,18 @@
+// Filling a company's tables on a server from a company file.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "company/server/server_session.h"
+
+namespace goods {
+
+// Copies every table of the file, block by block, in the transaction of the caller; the tables must be empty
+// and without their triggers. told as in DeployOptions; may be empty. Throws CompanyError.
+void FillFromFile(ServerSession& session, const std::string& path,
+                  const std::function<bool(std::string_view table, std::int64_t rows)>& told);
+
+}  // namespace goods

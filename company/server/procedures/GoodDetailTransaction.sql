@@ -1,0 +1,134 @@
+-- The stock of each good at each combination of detail values, and with @StoreSeparation 1 in each store: the sum of the
+-- movements that meet the criteria; in the order of good and combination. @HaveAmount 0: one row for each movement type.
+CREATE PROCEDURE dbo.GoodDetailTransaction
+  @StoreSeparation bigint = 0,
+  @HaveAmount bigint = 1,
+  @TitleID bigint = NULL,
+  @Title nvarchar(4000) = NULL,
+  @DetailID1 bigint = NULL,
+  @Detail1Value1 nvarchar(4000) = NULL,
+  @Detail1Value2 nvarchar(4000) = NULL,
+  @DetailID2 bigint = NULL,
+  @Detail2Value1 nvarchar(4000) = NULL,
+  @Detail2Value2 nvarchar(4000) = NULL,
+  @DetailID3 bigint = NULL,
+  @Detail3Value1 nvarchar(4000) = NULL,
+  @Detail3Value2 nvarchar(4000) = NULL,
+  @DetailID4 bigint = NULL,
+  @Detail4Value1 nvarchar(4000) = NULL,
+  @Detail4Value2 nvarchar(4000) = NULL,
+  @DetailID5 bigint = NULL,
+  @Detail5Value1 nvarchar(4000) = NULL,
+  @Detail5Value2 nvarchar(4000) = NULL,
+  @GoodTags nvarchar(4000) = NULL,
+  @GoodCategoryCode bigint = NULL,
+  @GoodSelectedListCode bigint = NULL,
+  @GoodSelectedListNot bigint = 0,
+  @GoodCode bigint = NULL,
+  @GoodGroupCode bigint = NULL,
+  @FromGoodCode bigint = NULL,
+  @ToGoodCode bigint = NULL,
+  @FromAnbar bigint = NULL,
+  @ToAnbar bigint = NULL,
+  @Anbar bigint = NULL,
+  @FromDate nvarchar(4000) = NULL,
+  @ToDate nvarchar(4000) = NULL AS
+BEGIN
+  SET NOCOUNT ON;
+  DECLARE @titleAsked bigint = ISNULL(@TitleID, 0);
+  DECLARE @part nvarchar(4000) = dbo.FoldPersian(@Title);
+  DECLARE @number decimal(38,9) = dbo.NumberIn(@Title);
+  DECLARE @tagsAsked int = CASE WHEN REPLACE(REPLACE(ISNULL(@GoodTags, N''), N',', N''), N' ', N'') = N'' THEN 0 ELSE 1 END;
+  DECLARE @type1 bigint = (SELECT DetailType FROM dbo.DetailTypes WHERE ID = @DetailID1);
+  DECLARE @type2 bigint = (SELECT DetailType FROM dbo.DetailTypes WHERE ID = @DetailID2);
+  DECLARE @type3 bigint = (SELECT DetailType FROM dbo.DetailTypes WHERE ID = @DetailID3);
+  DECLARE @type4 bigint = (SELECT DetailType FROM dbo.DetailTypes WHERE ID = @DetailID4);
+  DECLARE @type5 bigint = (SELECT DetailType FROM dbo.DetailTypes WHERE ID = @DetailID5);
+  -- The category and those below it.
+  CREATE TABLE #below(Code bigint NOT NULL PRIMARY KEY);
+  IF @GoodCategoryCode IS NOT NULL
+  BEGIN
+    INSERT INTO #below(Code) VALUES(@GoodCategoryCode);
+    WHILE @@ROWCOUNT > 0
+      INSERT INTO #below(Code)
+      SELECT c.Code FROM dbo.Categories c
+      WHERE c.ParentCode IN (SELECT b.Code FROM #below b) AND c.Code NOT IN (SELECT b.Code FROM #below b);
+  END;
+  SELECT ISNULL(m.Anbar, 0) AS Anbar, ISNULL(s.Name, N'') AS AnbarName, g.Code, g.Name,
+         dbo.DetailJoined(dbo.DetailJoined(dbo.DetailJoined(dbo.DetailJoined(dbo.DetailJoined(N'', t1.Title, v.D1Value), t2.Title, v.D2Value), t3.Title, v.D3Value), t4.Title, v.D4Value), t5.Title, v.D5Value) AS DetailValues,
+         v.D1Value, v.D2Value, v.D3Value, v.D4Value, v.D5Value, CAST(m.Amount AS decimal(38,9)) AS SumDetailKardex,
+         u.Name AS UnitName, m.ID AS DetailValueID, m.Type, g.Code AS Kala
+  FROM (SELECT g.Code AS Kala, v.ID AS ID, SUM(d.Amount1) AS Amount,
+               CASE WHEN @StoreSeparation = 1 THEN d.Anbar END AS Anbar, CASE WHEN @HaveAmount = 0 THEN d.Type END AS Type
+        FROM dbo.GoodInf g
+        JOIN dbo.SearchNames n ON n.Kind = 6 AND n.Code = g.Code
+        JOIN dbo.DetailKardex d ON d.Kala = g.Code
+        JOIN dbo.DetailValues v ON v.ID = d.DetailValueID AND (v.Kala = g.Code OR @FromDate IS NOT NULL OR @ToDate IS NOT NULL)
+        LEFT JOIN dbo.GoodDetails p1 ON p1.Kala = g.Code AND p1.Position = 1
+        LEFT JOIN dbo.DetailTypes t1 ON t1.ID = p1.DetailID
+        LEFT JOIN dbo.GoodDetails p2 ON p2.Kala = g.Code AND p2.Position = 2
+        LEFT JOIN dbo.DetailTypes t2 ON t2.ID = p2.DetailID
+        LEFT JOIN dbo.GoodDetails p3 ON p3.Kala = g.Code AND p3.Position = 3
+        LEFT JOIN dbo.DetailTypes t3 ON t3.ID = p3.DetailID
+        LEFT JOIN dbo.GoodDetails p4 ON p4.Kala = g.Code AND p4.Position = 4
+        LEFT JOIN dbo.DetailTypes t4 ON t4.ID = p4.DetailID
+        LEFT JOIN dbo.GoodDetails p5 ON p5.Kala = g.Code AND p5.Position = 5
+        LEFT JOIN dbo.DetailTypes t5 ON t5.ID = p5.DetailID
+        WHERE (@GoodCode IS NULL OR g.Code = @GoodCode)
+    AND (@FromGoodCode IS NULL OR g.Code >= @FromGoodCode)
+    AND (@ToGoodCode IS NULL OR g.Code <= @ToGoodCode)
+    AND (@GoodGroupCode IS NULL OR g.GrpCode = @GoodGroupCode)
+    AND (@tagsAsked = 0 OR dbo.SharesCode(g.Tags, @GoodTags) = 1)
+    AND (@GoodCategoryCode IS NULL OR EXISTS (SELECT 1 FROM #below b WHERE CHARINDEX(N',' + CONVERT(nvarchar(20), b.Code) + N',', g.category_code) > 0))
+    AND (@GoodSelectedListCode IS NULL
+         OR CASE WHEN g.Code IN (SELECT l.Kala FROM dbo.SelectedListGoods l WHERE l.ListCode = @GoodSelectedListCode) THEN 1 ELSE 0 END
+            = CASE WHEN ISNULL(@GoodSelectedListNot, 0) = 0 THEN 1 ELSE 0 END)
+    AND (@DetailID1 IS NULL OR dbo.DetailBetween(@type1,
+             CASE @DetailID1 WHEN p1.DetailID THEN v.D1Value WHEN p2.DetailID THEN v.D2Value WHEN p3.DetailID THEN v.D3Value
+             WHEN p4.DetailID THEN v.D4Value WHEN p5.DetailID THEN v.D5Value END,
+             @Detail1Value1, @Detail1Value2) = 1)
+    AND (@DetailID2 IS NULL OR dbo.DetailBetween(@type2,
+             CASE @DetailID2 WHEN p1.DetailID THEN v.D1Value WHEN p2.DetailID THEN v.D2Value WHEN p3.DetailID THEN v.D3Value
+             WHEN p4.DetailID THEN v.D4Value WHEN p5.DetailID THEN v.D5Value END,
+             @Detail2Value1, @Detail2Value2) = 1)
+    AND (@DetailID3 IS NULL OR dbo.DetailBetween(@type3,
+             CASE @DetailID3 WHEN p1.DetailID THEN v.D1Value WHEN p2.DetailID THEN v.D2Value WHEN p3.DetailID THEN v.D3Value
+             WHEN p4.DetailID THEN v.D4Value WHEN p5.DetailID THEN v.D5Value END,
+             @Detail3Value1, @Detail3Value2) = 1)
+    AND (@DetailID4 IS NULL OR dbo.DetailBetween(@type4,
+             CASE @DetailID4 WHEN p1.DetailID THEN v.D1Value WHEN p2.DetailID THEN v.D2Value WHEN p3.DetailID THEN v.D3Value
+             WHEN p4.DetailID THEN v.D4Value WHEN p5.DetailID THEN v.D5Value END,
+             @Detail4Value1, @Detail4Value2) = 1)
+    AND (@DetailID5 IS NULL OR dbo.DetailBetween(@type5,
+             CASE @DetailID5 WHEN p1.DetailID THEN v.D1Value WHEN p2.DetailID THEN v.D2Value WHEN p3.DetailID THEN v.D3Value
+             WHEN p4.DetailID THEN v.D4Value WHEN p5.DetailID THEN v.D5Value END,
+             @Detail5Value1, @Detail5Value2) = 1)
+    AND (@Anbar IS NULL OR d.Anbar = @Anbar)
+    AND (@FromAnbar IS NULL OR d.Anbar >= @FromAnbar)
+    AND (@ToAnbar IS NULL OR d.Anbar <= @ToAnbar)
+    AND (@FromDate IS NULL OR d.Date >= @FromDate)
+    AND (@ToDate IS NULL OR d.Date <= @ToDate)
+    AND (@titleAsked <> 1 OR g.Code = @number)
+    AND (@titleAsked <> 2 OR dbo.Holds(n.Name, @part) = 1)
+    AND (@titleAsked <> 3 OR d.Anbar IN (SELECT sn.Code FROM dbo.SearchNames sn WHERE sn.Kind = 1 AND dbo.Holds(sn.Name, @part) = 1))
+    AND (@titleAsked <> 4 OR dbo.Holds(dbo.FoldPersian(dbo.DetailJoined(dbo.DetailJoined(dbo.DetailJoined(dbo.DetailJoined(dbo.DetailJoined(N'', t1.Title, v.D1Value), t2.Title, v.D2Value), t3.Title, v.D3Value), t4.Title, v.D4Value), t5.Title, v.D5Value)), @part) = 1)
+        GROUP BY g.Code, v.ID, CASE WHEN @StoreSeparation = 1 THEN d.Anbar END, CASE WHEN @HaveAmount = 0 THEN d.Type END
+        HAVING @titleAsked <> 5 OR SUM(d.Amount1) = @number) m
+  JOIN dbo.GoodInf g ON g.Code = m.Kala
+  JOIN dbo.DetailValues v ON v.ID = m.ID
+  LEFT JOIN dbo.Stores s ON s.Code = m.Anbar
+  LEFT JOIN dbo.Units u ON u.Code = g.Unit
+  LEFT JOIN dbo.GoodDetails p1 ON p1.Kala = g.Code AND p1.Position = 1
+  LEFT JOIN dbo.DetailTypes t1 ON t1.ID = p1.DetailID
+  LEFT JOIN dbo.GoodDetails p2 ON p2.Kala = g.Code AND p2.Position = 2
+  LEFT JOIN dbo.DetailTypes t2 ON t2.ID = p2.DetailID
+  LEFT JOIN dbo.GoodDetails p3 ON p3.Kala = g.Code AND p3.Position = 3
+  LEFT JOIN dbo.DetailTypes t3 ON t3.ID = p3.DetailID
+  LEFT JOIN dbo.GoodDetails p4 ON p4.Kala = g.Code AND p4.Position = 4
+  LEFT JOIN dbo.DetailTypes t4 ON t4.ID = p4.DetailID
+  LEFT JOIN dbo.GoodDetails p5 ON p5.Kala = g.Code AND p5.Position = 5
+  LEFT JOIN dbo.DetailTypes t5 ON t5.ID = p5.DetailID
+  ORDER BY m.Kala, m.ID, m.Anbar, m.Type
+  OPTION (RECOMPILE);
+END
+GO

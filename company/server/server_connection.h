@@ -1,0 +1,46 @@
+// Statements on a database server.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/data/connection.h"
+
+namespace goods {
+
+// How long things may take, in seconds; 0 waits for ever.
+struct ServerTimeouts {
+  int login = 15;
+  int statement = 600;
+  // Waiting for what another session has locked.
+  int lock = 30;
+};
+
+// The statement text goes to the server as it is, over ODBC; rows come in blocks. The driver blocks, so a
+// statement with a listener runs on a thread of its own (host/data/blocking_work.h); cancelling is the
+// driver's SQLCancel, and where the driver is deaf to it the connection is left behind and a new one made for
+// the next statement. When the server is gone every statement throws ConnectionLost: the host makes a new
+// connection at the user's next action. What the server says reaches the user in its own words.
+class ServerConnection : public IConnection {
+ public:
+  // connectionString: of ODBC. Connects at once; throws DatabaseError.
+  explicit ServerConnection(std::string connectionString, ServerTimeouts timeouts = {});
+  ~ServerConnection() override;
+  void Open(std::string_view statement, RowStore& into, IStatementProgress* progress = nullptr) override;
+  void Execute(std::string_view statement, IStatementProgress* progress = nullptr) override;
+
+  struct Session;
+
+ private:
+  void Connect();
+  // into null: rows are dropped.
+  void Run(std::string_view statement, RowStore* into, IStatementProgress* progress);
+
+  std::string connectionString_;
+  ServerTimeouts timeouts_;
+  std::shared_ptr<Session> session_;
+  bool lost_ = false;
+};
+
+}  // namespace goods

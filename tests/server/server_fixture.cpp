@@ -1,0 +1,193 @@
+#include "server_fixture.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <set>
+#include <stdexcept>
+
+#include <unistd.h>
+
+#include "company/server/server_company.h"
+#include "company/server/server_session.h"
+#include "host/core/text.h"
+
+namespace goods {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string UniqueName() {
+  static std::atomic<int> count{0};
+  return "goods_test_" + std::to_string(getpid()) + "_" + std::to_string(++count);
+}
+
+bool IsStatement(std::string_view text) {
+  const std::string begin = LowerAscii(Trim(text).substr(0, 7));
+  return begin.starts_with("exec ") || begin.starts_with("select ");
+}
+
+// The text between a line's quotes, with what is escaped in it; none for another line.
+std::optional<std::string> QuotedLine(std::string_view line) {
+  line = Trim(line);
+  if (line.size() < 2 || line.front() != '"' || line.back() != '"') return std::nullopt;
+  std::string text;
+  for (std::size_t i = 1; i + 1 < line.size(); ++i) {
+    if (line[i] != '\\') {
+      text += line[i];
+      continue;
+    }
+    const char c = line[++i];
+    text += c == 'n' ? '\n' : c == 'r' ? '\r' : c == 't' ? '\t' : c;
+  }
+  return text;
+}
+
+struct Answer {
+  std::optional<std::string> refusal;
+  RowStore rows;
+};
+
+Answer Ask(IConnection& connection, const std::string& statement) {
+  Answer answer;
+  try {
+    connection.Open(statement, answer.rows);
+  } catch (const DatabaseError& error) {
+    answer.refusal = error.what();
+  }
+  return answer;
+}
+
+std::string Compared(const RowStore& file, const RowStore& server) {
+  if (file.Columns().size() != server.Columns().size()) {
+    return "columns: " + std::to_string(file.Columns().size()) + " and " +
+           std::to_string(server.Columns().size());
+  }
+  for (std::size_t i = 0; i < file.Columns().size(); ++i) {
+    const ColumnInfo& a = file.Columns()[i];
+    const ColumnInfo& b = server.Columns()[i];
+    const bool unnamed = a.name.starts_with("Column");
+    if (!unnamed && !SameText(a.name, b.name)) return "column " + a.name + " is " + b.name;
+    // An empty result or a column of nulls tells nothing of its type.
+    if (a.type != b.type && file.Count() != 0) {
+      const bool numbers = a.type != ColumnType::Text && b.type != ColumnType::Text;
+      bool allNull = true;
+      for (std::size_t row = 0; row < file.Count(); ++row) allNull = allNull && file.ColumnAt(i).IsNull(row);
+      if (!numbers && !allNull) return "type of column " + a.name;
+    }
+  }
+  if (file.Count() != server.Count()) {
+    return "rows: " + std::to_string(file.Count()) + " and " + std::to_string(server.Count());
+  }
+  for (std::size_t row = 0; row < file.Count(); ++row) {
+    for (std::size_t i = 0; i < file.Columns().size(); ++i) {
+      const Value a = file.Cell(row, i);
+      const Value b = server.Cell(row, i);
+      if (a == b) continue;
+      return "row " + std::to_string(row) + ", " + file.Columns()[i].name + ": " +
+             (a.IsNull() ? "null" : a.AsText()) + " and " + (b.IsNull() ? "null" : b.AsText());
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+bool HasServer() {
+  const char* server = std::getenv("GOODS_SERVER");
+  return server != nullptr && *server != '\0';
+}
+
+ServerAddress TheServer() {
+  if (!HasServer()) throw std::runtime_error("GOODS_SERVER is not set");
+  return ServerAddress(std::getenv("GOODS_SERVER"));
+}
+
+TestDatabase::TestDatabase() : name_(UniqueName()) {}
+
+TestDatabase::~TestDatabase() {
+  try {
+    ServerAddress server = TheServer();
+    server.Set("DATABASE", "master");
+    ServerSession session(server.ConnectionString());
+    if (!session.AskText("SELECT DB_NAME(DB_ID(" + ServerText(name_) + "))").empty()) {
+      session.Run("DROP DATABASE " + ServerName(name_));
+    }
+  } catch (const CompanyError& error) {
+    std::fprintf(stderr, "%s stays: %s\n", name_.c_str(), error.what());
+  }
+}
+
+ServerAddress TestDatabase::Address() const {
+  ServerAddress address = TheServer();
+  address.Set("DATABASE", name_);
+  return address;
+}
+
+void TestDatabase::Deploy(const std::string& from) const { DeployCompany({TheServer(), name_, from, {}}); }
+
+TwoEngines::TwoEngines(const DemoOptions& options)
+    : path_((fs::path(GOODS_TEST_FILES) / (UniqueName() + ".company")).string()) {
+  fs::create_directories(GOODS_TEST_FILES);
+  MakeDemoCompany(path_, options);
+  database_.Deploy(path_);
+  file_ = OpenCompany(path_);
+  server_ = OpenServerCompany(database_.Address().ConnectionString(), "");
+  fileConnection_ = file_->OpenConnection();
+  serverConnection_ = server_->OpenConnection();
+}
+
+TwoEngines::~TwoEngines() {
+  fileConnection_ = nullptr;
+  serverConnection_ = nullptr;
+  file_ = nullptr;
+  server_ = nullptr;
+  std::error_code error;
+  fs::remove(path_, error);
+}
+
+std::string TwoEngines::Difference(const std::string& statement) {
+  const Answer file = Ask(*fileConnection_, statement);
+  const Answer server = Ask(*serverConnection_, statement);
+  if (file.refusal && server.refusal) return {};
+  ++answered_;
+  rows_ += file.rows.Count();
+  if (file.refusal) return "only the file refuses: " + *file.refusal;
+  if (server.refusal) return "only the server refuses: " + *server.refusal;
+  return Compared(file.rows, server.rows);
+}
+
+std::vector<std::string> StatementsOfTheWalk() {
+  std::ifstream walk(fs::path(GOODS_TEST_SOURCES) / "end_to_end" / "walk_through.txt");
+  std::set<std::string> statements;
+  for (std::string line; std::getline(walk, line);) {
+    if (line.starts_with("    ") && IsStatement(line)) statements.insert(line.substr(4));
+  }
+  return {statements.begin(), statements.end()};
+}
+
+std::vector<std::string> StatementsOfTheCaseFiles() {
+  std::set<std::string> statements;
+  for (const fs::directory_entry& entry :
+       fs::recursive_directory_iterator(fs::path(GOODS_TEST_SOURCES) / "reports")) {
+    if (entry.path().extension() != ".case" && entry.path().extension() != ".inc") continue;
+    std::ifstream file(entry.path());
+    for (std::string line; std::getline(file, line);) {
+      if (const std::optional<std::string> text = QuotedLine(line); text && IsStatement(*text))
+        statements.insert(*text);
+    }
+  }
+  return {statements.begin(), statements.end()};
+}
+
+RowStore AskServer(IConnection& connection, std::string_view statement) {
+  RowStore rows;
+  connection.Open(statement, rows);
+  return rows;
+}
+
+}  // namespace goods
