@@ -51,8 +51,8 @@ class DelayedSearch {
   void TakeEnter(TKey& key);
   std::function<void()> OnHurried;
   // While it is true the wait goes on, however long ago the last key was: what stands in the edit is no value
-  // yet. Where it is not set, the edit with the focus is asked. OnHeld is called when the quiet time has passed
-  // so.
+  // yet. Where it is not set, the edit with the focus is asked. OnHeld is called when the quiet time has
+  // passed so.
   std::function<bool()> Hold;
   std::function<void()> OnHeld;
   // Ends the wait without a run; closing the window does so too.
