@@ -1,14 +1,18 @@
 #include "host/base/base_dock.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <utility>
 
 namespace goods {
 namespace {
 
 constexpr int kPrintOptions = 5;
+
+constexpr std::string_view kFormSuffix = "_FRM";
+
+std::string GridSettingsFile(std::string_view report, std::int64_t first, std::int64_t second) {
+  return std::string(report) + "_" + std::to_string(first) + "_" + std::to_string(second) + ".ini";
+}
 
 bool Contains(const std::vector<const TControl*>& controls, const TControl& control) {
   return std::find(controls.begin(), controls.end(), &control) != controls.end();
@@ -55,7 +59,9 @@ void TBaseDock_FRM::SetPopMenu(TControl& control) {
 bool TBaseDock_FRM::HasShortCut(const TControl& control) const { return Contains(withShortCut_, control); }
 bool TBaseDock_FRM::HasPopMenu(const TControl& control) const { return Contains(withPopMenu_, control); }
 
-void TBaseDock_FRM::SetCommonControls(TSmartDBGrid_QRT& grid, TButton& print, TButton& exit) {
+void TBaseDock_FRM::SetCommonControls(TSmartDBGrid_QRT& grid, TButton& print, TButton& exit,
+                                      GridLayout layout) {
+  if (layout == GridLayout::Kept) KeepLayout(grid);
   printedGrid_ = &grid;
   printButton_ = &print;
   exitButton_ = &exit;
@@ -82,26 +88,36 @@ bool TBaseDock_FRM::PreparePrint() { return true; }
 
 void TBaseDock_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& /*lines*/) {}
 
-std::string TBaseDock_FRM::GridSettingsFile(std::string_view report, std::int64_t first,
-                                            std::int64_t second) const {
-  const std::string folder = Host().Settings().GetSettingFilePath();
-  if (folder.empty()) return {};
-  return folder + "/" + std::string(report) + "_" + std::to_string(first) + "_" + std::to_string(second) +
-         ".ini";
-}
-
 void TBaseDock_FRM::LoadGridSettings(TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
                                      std::int64_t second) {
-  std::ifstream file(GridSettingsFile(report, first, second), std::ios::binary);
-  if (!file) return;
-  grid.LoadLayout(std::string(std::istreambuf_iterator<char>(file), {}));
+  const auto text = Host().Settings().ReadSettingFile(GridSettingsFile(report, first, second));
+  if (text) grid.LoadLayout(*text);
 }
 
 void TBaseDock_FRM::SaveGridSettings(const TSmartDBGrid_QRT& grid, std::string_view report,
                                      std::int64_t first, std::int64_t second) {
-  const std::string path = GridSettingsFile(report, first, second);
-  if (path.empty()) return;
-  std::ofstream(path, std::ios::binary | std::ios::trunc) << grid.SaveLayout();
+  Host().Settings().WriteSettingFile(GridSettingsFile(report, first, second), grid.SaveLayout());
+}
+
+void TBaseDock_FRM::KeepLayout(TSmartDBGrid_QRT& grid) {
+  const auto same = [&grid](const KeptLayout& each) { return each.grid == &grid; };
+  if (std::any_of(layouts_.begin(), layouts_.end(), same)) return;
+  std::string_view report = Name();
+  if (report.ends_with(kFormSuffix)) report.remove_suffix(kFormSuffix.size());
+  std::string file =
+      GridSettingsFile(report, PrintOption.SoftwarePart, static_cast<std::int64_t>(layouts_.size()));
+  if (const auto text = Host().Settings().ReadSettingFile(file)) grid.LoadLayout(*text);
+  layouts_.push_back({&grid, std::move(file), grid.SaveLayout()});
+}
+
+void TBaseDock_FRM::FormClose() {
+  for (KeptLayout& layout : layouts_) {
+    std::string now = layout.grid->SaveLayout();
+    if (now != layout.text && Host().Settings().WriteSettingFile(layout.file, now)) {
+      layout.text = std::move(now);
+    }
+  }
+  TForm::FormClose();
 }
 
 void TBaseDock_FRM::FormKeyDown(TKey& key) {
