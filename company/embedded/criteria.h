@@ -7,7 +7,7 @@
 //   -- criterion equals F integer|decimal|text on <expression>
 //   -- criterion codes F on <expression>                  @F and the cell are codes joined with ","; any in
 //   both
-//   -- criterion range F integer|decimal|text on <expression>   @FromF, @ToF: both ends belong to it
+//   -- criterion range F integer|decimal|text|date on <expression>   @FromF, @ToF: both ends belong to it
 //
 // Each declares its parameters too. A parameter that is null asks nothing, and so does a list
 // of codes without a code; an end of a range that is null is open. @NotF=1, of a range @NotRangeF=1, turns

@@ -19,6 +19,8 @@ namespace {
   throw std::logic_error("procedure " + std::string(name) + ": " + std::string(line));
 }
 
+constexpr std::string_view kDate = "date";
+
 ColumnType TypeNamed(std::string_view procedure, std::string_view type) {
   if (type == "integer") return ColumnType::Integer;
   if (type == "decimal") return ColumnType::Decimal;
@@ -68,7 +70,9 @@ void ReadDeclaration(Procedure& procedure, std::string_view line, std::vector<Cr
   if (kind == "parameter") {
     ProcedureParameter parameter;
     parameter.name = TakeWord(line);
-    parameter.type = TypeNamed(procedure.name, TakeWord(line));
+    const std::string_view type = TakeWord(line);
+    parameter.emptyIsNull = type == kDate;
+    parameter.type = parameter.emptyIsNull ? ColumnType::Text : TypeNamed(procedure.name, type);
     if (parameter.name.size() < 2 || parameter.name[0] != '@') Broken(procedure.name, whole);
     if (!line.empty()) {
       if (TakeWord(line) != "default") Broken(procedure.name, whole);
@@ -212,6 +216,8 @@ ProcedureCall MatchProcedure(const ExecStatement& exec, std::string_view stateme
       throw StatementError("پارامتر «" + parameter.name + "» باید " + KindName(parameter.type) + " باشد",
                            statement, argument.offset);
     }
+    const auto* text = std::get_if<std::string>(&*value);
+    if (parameter.emptyIsNull && text != nullptr && Trim(*text).empty()) value = NullValue{};
     call.values[index] = *std::move(value);
   }
   for (std::size_t i = 0; i < parameters.size(); ++i) {

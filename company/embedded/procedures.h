@@ -1,7 +1,7 @@
 // The company's procedures. Each is a file of procedures/: declarations in comment lines, then plain SQLite
 // SQL.
 //
-//   -- parameter @Name integer|decimal|text [default <number | 'text' | null>]
+//   -- parameter @Name integer|decimal|text|date [default <number | 'text' | null>]
 //   -- column Name integer|decimal|text          one line a result column, in order
 //   -- column Name decimal running [within Column]   the body gives the cells that are added up
 //   -- column Name decimal product Column Column     the body gives NULL in its place
@@ -11,10 +11,10 @@
 //   -- writes                                    changes derived figures; runs in a transaction
 //   -- native                                    there is no body: native_procedures.h has it, in C++
 //
-// A parameter without a default must be given. The body names parameters as they are declared; they are
-// bound, decimals as decimal cells. A procedure that writes may hold several statements and returns no rows;
-// another one holds a single SELECT, and may have lines that stand in some calls only (see
-// conditional_lines.h).
+// A parameter without a default must be given. A date is a text whose empty one is null: an open end of a
+// period. The body names parameters as they are declared; they are bound, decimals as decimal cells. A
+// procedure that writes may hold several statements and returns no rows; another one holds a single SELECT,
+// and may have lines that stand in some calls only (see conditional_lines.h).
 #pragma once
 
 #include <functional>
@@ -33,6 +33,7 @@ namespace goods {
 struct ProcedureParameter {
   std::string name;  // with its "@"
   ColumnType type = ColumnType::Text;
+  bool emptyIsNull = false;
   bool required = true;
   Literal value;  // the default
 };

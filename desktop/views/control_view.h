@@ -31,6 +31,10 @@ class ControlView : public QObject {
   // The least width that lines it up with its neighbours; 0 for none.
   void SetAlignedWidth(int width);
   int AlignedWidth() const { return alignedWidth_; }
+  // What stands in the control has to be put right before it is left. The user is told, and the focus stays.
+  virtual bool HoldsFocus() { return false; }
+  // The key must not go on to the window for that reason.
+  virtual bool HoldsKey(const TKey& /*key*/) { return false; }
   // Another view took the place of one that this view points to.
   virtual void Connected() {}
 

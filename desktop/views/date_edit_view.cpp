@@ -1,6 +1,7 @@
 #include "desktop/views/date_edit_view.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -45,8 +46,55 @@ DateEditView::DateEditView(FormView& form, TDateEdit& edit, QWidget* parent) : E
 
 int DateEditView::ExtraWidth() const { return Scaled(kIconSize + 8, Line()); }
 
+TDateEdit& DateEditView::Date() const { return static_cast<TDateEdit&>(Control()); }
+
+bool DateEditView::HoldsImpossibleDate() const { return Date().CanFocus() && Date().HoldsImpossibleDate(); }
+
+void DateEditView::SayWhy() {
+  Act([this] {
+    Date().SetProblem(kNoSuchDate);
+    Form().Form().Host().Messages().ShowTooltipMessage(Date(), kNoSuchDate);
+  });
+}
+
+bool DateEditView::HoldsFocus() {
+  if (!HoldsImpossibleDate()) return false;
+  SayWhy();
+  return true;
+}
+
+// What moves the caret, edits, or asks for the calendar or the help goes on.
+bool DateEditView::HoldsKey(const TKey& key) {
+  if (!HoldsImpossibleDate()) return false;
+  if (key.Is(Key::Escape)) {
+    Act([this] { Date().GiveBackLastGoodDate(); });
+    return true;
+  }
+  const bool functionKey = key.key >= Key::F1 && key.key <= Key::F12;
+  const bool asks = key.Is(Key::F1) || key.Is(Key::F4) || key.IsAlt(Key::Down);
+  const bool leaves = key.key == Key::Enter || key.key == Key::Tab || functionKey || key.alt;
+  if (!leaves || asks) return false;
+  SayWhy();
+  return true;
+}
+
+// The mouse, or a letter of the keyboard accelerators, elsewhere in the window.
+bool DateEditView::LeavesByMouse(QObject* watched, const QEvent& event) const {
+  const bool leaves = event.type() == QEvent::MouseButtonPress ||
+                      event.type() == QEvent::MouseButtonDblClick || event.type() == QEvent::TouchBegin ||
+                      event.type() == QEvent::Shortcut;
+  auto* widget = leaves ? qobject_cast<QWidget*>(watched) : nullptr;
+  return widget != nullptr && widget->window() == Line().window() && widget != &Line() &&
+         !Line().isAncestorOf(widget);
+}
+
 bool DateEditView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
+  if (watched != &Line()) return LeavesByMouse(watched, *event) && HoldsFocus();
+  if (event->type() == QEvent::FocusIn) {
+    qApp->installEventFilter(this);  // only here, so that other events do not pass by this view
+  } else if (event->type() == QEvent::FocusOut) {
+    qApp->removeEventFilter(this);
+  } else if (event->type() == QEvent::KeyPress) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const bool altDown = key->key() == Qt::Key_Down && key->modifiers().testFlag(Qt::AltModifier);
     if (altDown || key->key() == Qt::Key_F4) {

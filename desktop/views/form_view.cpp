@@ -139,7 +139,13 @@ void FormView::FocusFirst() {
 }
 
 void FormView::FocusCame(const TControl& control) {
-  if (form_.ActiveControl() == &control) return;
+  TControl* active = form_.ActiveControl();
+  if (active == &control) return;
+  if (ControlView* view = active == nullptr ? nullptr : ViewOf(*active);
+      view != nullptr && view->HoldsFocus()) {
+    SyncFocus();
+    return;
+  }
   Run([&] { form_.SetActiveControl(const_cast<TControl*>(&control)); });
 }
 
@@ -158,6 +164,9 @@ void FormView::SyncFocus() {
 bool FormView::HandleKey(QKeyEvent& event) {
   const TKey key = KeyFromQt(event);
   if (key.IsConsumed()) return false;
+  const TControl* active = form_.ActiveControl();
+  ControlView* view = active == nullptr ? nullptr : ViewOf(*active);
+  if (view != nullptr && view->HoldsKey(key)) return true;
   bool consumed = true;
   const QPointer<FormView> alive(this);
   Run([&] { consumed = form_.KeyDown(key); });

@@ -19,7 +19,7 @@ constexpr int kPollMs = 15;
 // A handler that posts to its own window, as a delayed search does, must not keep the processor busy.
 constexpr int kRepostMs = 10;
 
-QString PlaceKey(const FormView& view) { return "windows/" + view.objectName(); }
+QString PlaceKey(const FormView& view) { return "windows/" + ToQt(view.Form().Section()); }
 
 bool KeepsPlaces() { return !QCoreApplication::organizationName().isEmpty(); }
 

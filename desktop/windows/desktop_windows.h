@@ -13,8 +13,8 @@
 
 namespace goods {
 
-// Lives as long as the QApplication. The size and place of each window are kept under its name in QSettings,
-// as far as the application has an organisation name.
+// Lives as long as the QApplication. The size and place of each window are kept under its section in
+// QSettings, as far as the application has an organisation name.
 class DesktopWindows : public QObject, public IWindows {
  public:
   DesktopWindows();

@@ -2,19 +2,18 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <system_error>
 #include <utility>
 
 namespace goods {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr int kPrintOptions = 5;
-constexpr std::uintmax_t kLargestLayout = 1 << 20;  // bytes
+
+constexpr std::string_view kFormSuffix = "_FRM";
+
+std::string GridSettingsFile(std::string_view report, std::int64_t first, std::int64_t second) {
+  return std::string(report) + "_" + std::to_string(first) + "_" + std::to_string(second) + ".ini";
+}
 
 bool Contains(const std::vector<const TControl*>& controls, const TControl& control) {
   return std::find(controls.begin(), controls.end(), &control) != controls.end();
@@ -61,7 +60,9 @@ void TBaseDock_FRM::SetPopMenu(TControl& control) {
 bool TBaseDock_FRM::HasShortCut(const TControl& control) const { return Contains(withShortCut_, control); }
 bool TBaseDock_FRM::HasPopMenu(const TControl& control) const { return Contains(withPopMenu_, control); }
 
-void TBaseDock_FRM::SetCommonControls(TSmartDBGrid_QRT& grid, TButton& print, TButton& exit) {
+void TBaseDock_FRM::SetCommonControls(TSmartDBGrid_QRT& grid, TButton& print, TButton& exit,
+                                      GridLayout layout) {
+  if (layout == GridLayout::Kept) KeepLayout(grid);
   printedGrid_ = &grid;
   printButton_ = &print;
   exitButton_ = &exit;
@@ -87,39 +88,36 @@ bool TBaseDock_FRM::PreparePrint() { return true; }
 
 void TBaseDock_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& /*lines*/) {}
 
-std::string TBaseDock_FRM::GridSettingsFile(std::string_view report, std::int64_t first,
-                                            std::int64_t second) const {
-  const std::string folder = Host().Settings().GetSettingFilePath();
-  if (folder.empty()) return {};
-  return folder + "/" + std::string(report) + "_" + std::to_string(first) + "_" + std::to_string(second) +
-         ".ini";
-}
-
 void TBaseDock_FRM::LoadGridSettings(TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
                                      std::int64_t second) {
-  const std::string path = GridSettingsFile(report, first, second);
-  std::error_code error;
-  if (!fs::is_regular_file(path, error) || fs::file_size(path, error) > kLargestLayout) return;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return;
-  grid.LoadLayout(std::string(std::istreambuf_iterator<char>(file), {}));
+  const auto text = Host().Settings().ReadSettingFile(GridSettingsFile(report, first, second));
+  if (text) grid.LoadLayout(*text);
 }
 
 void TBaseDock_FRM::SaveGridSettings(const TSmartDBGrid_QRT& grid, std::string_view report,
                                      std::int64_t first, std::int64_t second) {
-  const std::string path = GridSettingsFile(report, first, second);
-  if (path.empty()) return;
-  std::error_code error;
-  const fs::file_type there = fs::symlink_status(path, error).type();
-  if (there != fs::file_type::regular && there != fs::file_type::not_found) return;
-  // Written aside and moved into place, so that a full disk leaves the layout that was kept before.
-  const std::string aside = path + ".new";
-  fs::remove(aside, error);
-  std::ofstream file(aside, std::ios::binary | std::ios::trunc);
-  file << grid.SaveLayout();
-  file.close();
-  if (file) fs::rename(aside, path, error);
-  if (!file || error) fs::remove(aside, error);
+  Host().Settings().WriteSettingFile(GridSettingsFile(report, first, second), grid.SaveLayout());
+}
+
+void TBaseDock_FRM::KeepLayout(TSmartDBGrid_QRT& grid) {
+  const auto same = [&grid](const KeptLayout& each) { return each.grid == &grid; };
+  if (std::any_of(layouts_.begin(), layouts_.end(), same)) return;
+  std::string_view report = Name();
+  if (report.ends_with(kFormSuffix)) report.remove_suffix(kFormSuffix.size());
+  std::string file =
+      GridSettingsFile(report, PrintOption.SoftwarePart, static_cast<std::int64_t>(layouts_.size()));
+  if (const auto text = Host().Settings().ReadSettingFile(file)) grid.LoadLayout(*text);
+  layouts_.push_back({&grid, std::move(file), grid.SaveLayout()});
+}
+
+void TBaseDock_FRM::FormClose() {
+  for (KeptLayout& layout : layouts_) {
+    std::string now = layout.grid->SaveLayout();
+    if (now != layout.text && Host().Settings().WriteSettingFile(layout.file, now)) {
+      layout.text = std::move(now);
+    }
+  }
+  TForm::FormClose();
 }
 
 void TBaseDock_FRM::FormKeyDown(TKey& key) {

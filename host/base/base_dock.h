@@ -56,7 +56,8 @@ class TBaseDock_FRM : public TForm {
   virtual void PrintDBGridEhBeforePrint(std::vector<std::string>& lines);
 
   // The layout of a grid, kept per report and two numbers in the file <report>_<first>_<second>.ini of the
-  // settings folder. A file that is not there, or cannot be read or written, changes nothing.
+  // settings folder, which is written whole or not at all. A file that is not there, or cannot be read or
+  // written, changes nothing.
   void LoadGridSettings(TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
                         std::int64_t second);
   void SaveGridSettings(const TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
@@ -64,6 +65,8 @@ class TBaseDock_FRM : public TForm {
 
   // F9 prints and Esc closes through these buttons, as far as they can be clicked.
   void FormKeyDown(TKey& key) override;
+  // Writes the layouts that the user has changed.
+  void FormClose() override;
 
   TFormOptions FormOptions_SFO{this, "FormOptions_SFO"};
   TPrintDBGridEh PrintDBGridEh{this, "PrintDBGridEh"};
@@ -73,15 +76,29 @@ class TBaseDock_FRM : public TForm {
   void Initialise();
   // A new custom parameter is there to be read.
   virtual void OnCustomParameter(const CustomParameter& parameter);
-  // Names the window's buttons for the common keys and its grid for printing, and wires them.
-  void SetCommonControls(TSmartDBGrid_QRT& grid, TButton& print, TButton& exit);
+  // Whether the base keeps a grid's layout from one window to the next, or the window's own rules set its
+  // columns.
+  enum class GridLayout { Kept, Own };
+  // Names the window's buttons for the common keys and its grid for printing, and wires them. A layout that
+  // is kept is loaded when its grid is named for the first time, the columns being there, and written as the
+  // window closes: under the window's name without "_FRM", its print right's software part, and the number of
+  // the grid, from 0.
+  void SetCommonControls(TSmartDBGrid_QRT& grid, TButton& print, TButton& exit,
+                         GridLayout layout = GridLayout::Kept);
 
  private:
-  std::string GridSettingsFile(std::string_view report, std::int64_t first, std::int64_t second) const;
+  struct KeptLayout {
+    TSmartDBGrid_QRT* grid;
+    std::string file;
+    std::string text;  // as it was loaded or written last
+  };
+
+  void KeepLayout(TSmartDBGrid_QRT& grid);
 
   int formMode_;
   Variant customParameter_;
   std::string settingsName_;
+  std::vector<KeptLayout> layouts_;
   TSmartDBGrid_QRT* printedGrid_ = nullptr;
   TButton* printButton_ = nullptr;
   TButton* exitButton_ = nullptr;

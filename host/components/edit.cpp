@@ -16,9 +16,11 @@ bool AllDigits(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
+bool IsDigits(std::string_view text) { return text.size() <= kMaxDigits && AllDigits(text); }
+
 bool IsInteger(std::string_view text) {
   if (text.starts_with('-')) text.remove_prefix(1);
-  return text.size() <= kMaxDigits && AllDigits(text);
+  return IsDigits(text);
 }
 
 bool IsAmount(std::string_view text) {
@@ -42,6 +44,8 @@ bool IsTimeInTheMaking(std::string_view text) {
 
 bool Fits(InputKind kind, std::string_view text) {
   switch (kind) {
+    case InputKind::Digits:
+      return IsDigits(text);
     case InputKind::Integer:
       return IsInteger(text);
     case InputKind::Amount:
@@ -53,7 +57,20 @@ bool Fits(InputKind kind, std::string_view text) {
     case InputKind::Text:
       break;
   }
-  return text.find_first_of("\r\n") == std::string_view::npos;
+  return text.find_first_of(std::string_view("\r\n\0", 3)) == std::string_view::npos;
+}
+
+bool HasDigit(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// An amount as a statement writes it: no separators, a digit on both sides of a point.
+std::string PlainAmount(std::string_view text) {
+  std::string plain = ReplaceAll(text, ",", "");
+  const std::size_t digits = plain.starts_with('-') ? 1 : 0;
+  if (plain.substr(digits).starts_with('.')) plain.insert(digits, "0");
+  if (plain.ends_with('.')) plain.pop_back();
+  return plain;
 }
 
 std::string TwoDigits(const std::string& part) { return part.size() == 1 ? "0" + part : part; }
@@ -103,6 +120,7 @@ bool TEdit::Store(std::string_view text) {
   if (plain == text_) return true;
   text_ = plain;
   caret_ = std::min(caret_, static_cast<int>(CharCount(text_)));
+  if (kind_ == InputKind::Date && !HalfTyped()) SetProblem("");
   Changed();
   if (OnChange) OnChange();
   return true;
@@ -116,12 +134,41 @@ bool TEdit::SetText(std::string_view text) {
 
 bool TEdit::TypeText(std::string_view text) { return Store(text); }
 
+std::string TEdit::Completed() const {
+  if (kind_ == InputKind::Date) return CompletedDate(text_);
+  return kind_ == InputKind::Time ? CompletedTime(text_) : text_;
+}
+
 void TEdit::Accept() {
-  if (kind_ == InputKind::Date) Store(CompletedDate(text_));
-  if (kind_ == InputKind::Time) Store(CompletedTime(text_));
+  Store(Completed());
+  if (kind_ == InputKind::Date) {
+    SetProblem(HalfTyped() ? kNoSuchDate : "");
+    if (!HalfTyped()) lastGoodDate_ = text_;
+  }
   if (text_ == accepted_) return;
   accepted_ = text_;
   if (OnAccept) OnAccept();
+}
+
+bool TEdit::HoldsValue() const {
+  switch (kind_) {
+    case InputKind::Digits:
+    case InputKind::Integer:
+    case InputKind::Amount:
+      return HasDigit(text_);
+    case InputKind::Date:
+      return IsValidDate();
+    case InputKind::Time:
+      return IsValidTime();
+    case InputKind::Text:
+      break;
+  }
+  return !text_.empty();
+}
+
+std::string TEdit::Value() const {
+  if (!HoldsValue()) return {};
+  return kind_ == InputKind::Amount ? PlainAmount(text_) : text_;
 }
 
 std::int64_t TEdit::AsInteger() const { return ParseInteger(text_).value_or(0); }
@@ -163,6 +210,11 @@ void TEdit::DoKey(TKey& key) {
 void TEdit::DoExit() {
   Accept();
   TControl::DoExit();
+}
+
+bool TDateEdit::HoldsImpossibleDate() const {
+  const std::string completed = Completed();
+  return !completed.empty() && !IsValidJalali(completed);
 }
 
 }  // namespace goods

@@ -1,5 +1,5 @@
-// Edits. The kind of input is enforced here, whoever sets the text: a code edit can never hold anything but a
-// number, which is what keeps the bare values in statements safe.
+// Edits. The kind of input is enforced here, whoever sets the text, and what is read as a value is one:
+// Value() of a code edit is a number or nothing, which is what keeps the bare values in statements safe.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +11,13 @@
 
 namespace goods {
 
-// Text: anything on one line. Integer: an optional "-" and at most 18 digits. Amount: an optional "-", digits
-// with "," as thousands separators, and one "." with at most nine decimals. Date: up to ten digits and "/", a
-// Jalali date while it is being typed. Time: up to five digits and ":", hours and minutes. Persian and Arabic
-// digits are taken as 0 to 9 in all kinds but Text.
-enum class InputKind { Text, Integer, Amount, Date, Time };
+// Text: anything on one line. Digits: at most 18 digits. Integer: the same behind an optional "-". Amount: an
+// optional "-", digits with "," as thousands separators, and one "." with at most nine decimals. Date: up to
+// ten digits and "/", a Jalali date while it is being typed. Time: up to five digits and ":", hours and
+// minutes. Persian and Arabic digits are taken as 0 to 9 in all kinds but Text.
+enum class InputKind { Text, Digits, Integer, Amount, Date, Time };
+
+inline constexpr const char* kNoSuchDate = "این تاریخ در تقویم وجود ندارد.";
 
 class TEdit : public TControl {
  public:
@@ -34,11 +36,25 @@ class TEdit : public TControl {
   // What a view calls at each key: OnChange only; the text is accepted later.
   bool TypeText(std::string_view text);
   // The end of typing (Enter, or the focus goes): completes a date ("14010305", "1401/3/5") or a time ("930",
-  // "9:5"), then OnAccept when the text is another than the one accepted before.
+  // "9:5"), marks a date that does not exist as a problem until it is another one, then OnAccept when the
+  // text is another than the one accepted before.
   void Accept();
   void Clear() { SetText(""); }
 
-  // Integer kind: the number, 0 when empty.
+  // Whether the text is a value of its kind: a number with a digit in it, a date or a time that exists, any
+  // text but the empty one.
+  bool HoldsValue() const;
+  // Something is there that is no value of the kind, or none yet: "-", ".", "1404/1". Nothing of it may go
+  // out.
+  bool HalfTyped() const { return !text_.empty() && !HoldsValue(); }
+  // The value as statements take it, a number without thousands separators ("1,250." is 1250, ".5" is 0.5);
+  // empty without a value.
+  std::string Value() const;
+
+  // The text as the reader knows it, separators included; empty without a value.
+  std::string TextOfValue() const { return HoldsValue() ? text_ : std::string(); }
+
+  // The number of the kinds Digits and Integer, 0 without one.
   std::int64_t AsInteger() const;
   // Date kind: the text is a date that exists.
   bool IsValidDate() const;
@@ -62,21 +78,34 @@ class TEdit : public TControl {
   void DoExit() override;
   void DoKey(TKey& key) override;
 
+ protected:
+  // The text as Accept completes it.
+  std::string Completed() const;
+  // The last accepted date that exists, or the empty text.
+  const std::string& LastGoodDate() const { return lastGoodDate_; }
+
  private:
   bool Store(std::string_view text);
 
   InputKind kind_;
   std::string text_;
   std::string accepted_;
+  std::string lastGoodDate_;
   std::string problem_;
   std::string placeholder_;
   int caret_ = 0;
 };
 
-// An edit of a Jalali date; views give it a calendar to drop down.
+// An edit of a Jalali date; views give it a calendar to drop down, and do not let go of the focus while it
+// holds an impossible date.
 class TDateEdit : public TEdit {
  public:
   TDateEdit(TComponent* owner, std::string name) : TEdit(owner, std::move(name), InputKind::Date) {}
+
+  // Neither empty nor a date, nor what Accept completes to one.
+  bool HoldsImpossibleDate() const;
+  // Back to the date that was accepted last and exists, or to none.
+  void GiveBackLastGoodDate() { SetText(LastGoodDate()); }
 };
 
 }  // namespace goods

@@ -7,7 +7,8 @@
 
 namespace goods {
 
-TForm::TForm(THost& host, std::string name) : TControl(nullptr, std::move(name)), host_(host) {}
+TForm::TForm(THost& host, std::string name)
+    : TControl(nullptr, std::move(name)), host_(host), section_(Name()) {}
 
 TForm::~TForm() = default;
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "host/components/control.h"
 #include "host/services/host.h"
@@ -27,6 +28,11 @@ class TForm : public TControl {
   ~TForm() override;
 
   THost& Host() const { return host_; }
+
+  // The section of the user's settings under which the host keeps the window's place and size; its name,
+  // unless the window gives another.
+  const std::string& Section() const { return section_; }
+  void SetSection(std::string section) { section_ = std::move(section); }
 
   // Shows the window and returns its modal result when it is closed. Throws std::logic_error while it is
   // showing.
@@ -72,6 +78,7 @@ class TForm : public TControl {
 
  private:
   THost& host_;
+  std::string section_;
   bool showing_ = false;
   int modalResult_ = kModalNone;
   TControl* activeControl_ = nullptr;

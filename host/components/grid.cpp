@@ -23,7 +23,7 @@ std::string SortField(const std::string& name) {
 }  // namespace
 
 TGridColumn::TGridColumn(TSmartDBGrid_QRT& grid, std::string fieldName, std::string caption)
-    : grid_(grid), fieldName_(std::move(fieldName)), caption_(std::move(caption)) {}
+    : grid_(grid), name_(std::move(fieldName)), fieldName_(name_), caption_(std::move(caption)) {}
 
 TGridColumn& TGridColumn::SetFieldName(std::string fieldName) {
   if (fieldName == fieldName_) return *this;
@@ -134,6 +134,7 @@ void TSmartDBGrid_QRT::SetDataSource(TDataSource* source) {
   if (source_ != nullptr) {
     sourceChanged_ = source_->Changed.Connect([this] {
       selection_.clear();
+      DropForeignSort();
       RefreshFooters();
     });
     sourceScrolled_ = source_->Scrolled.Connect([this] { Changed(); });
@@ -211,6 +212,7 @@ void TSmartDBGrid_QRT::RefreshFooters() {
 }
 
 void TSmartDBGrid_QRT::TitleClick(const TGridColumn& column, bool add) {
+  if (!CanSortBy(column.FieldName())) return;
   const auto same = [&](const TSortKey& key) { return SameText(key.FieldName, column.FieldName()); };
   const auto found = std::find_if(sort_.begin(), sort_.end(), same);
   std::vector<TSortKey> keys;
@@ -231,9 +233,29 @@ void TSmartDBGrid_QRT::TitleClick(const TGridColumn& column, bool add) {
 }
 
 void TSmartDBGrid_QRT::SetSortKeys(std::vector<TSortKey> keys) {
-  sort_ = std::move(keys);
+  std::vector<TSortKey> before = std::exchange(sort_, std::move(keys));
+  try {
+    ApplySort();
+  } catch (...) {
+    sort_ = std::move(before);
+    throw;
+  }
   Changed();
   if (OnSortChanged) OnSortChanged();
+}
+
+bool TSmartDBGrid_QRT::CanSortBy(const std::string& field) const {
+  const TADOQuery* query = DataSet();
+  return query == nullptr || !query->Active() || query->FindField(field);
+}
+
+// A closed query keeps the order for the rows to come.
+void TSmartDBGrid_QRT::ApplySort() {
+  if (TADOQuery* query = DataSet(); query != nullptr) query->SetSort(GetSort());
+}
+
+void TSmartDBGrid_QRT::DropForeignSort() {
+  std::erase_if(sort_, [this](const TSortKey& key) { return !CanSortBy(key.FieldName); });
 }
 
 void TSmartDBGrid_QRT::SortFollows(std::string_view before, const std::string& now) {
@@ -241,6 +263,7 @@ void TSmartDBGrid_QRT::SortFollows(std::string_view before, const std::string& n
                                 [before](const TSortKey& each) { return SameText(each.FieldName, before); });
   if (key == sort_.end()) return;
   key->FieldName = now;
+  if (CanSortBy(now)) ApplySort();
   if (OnSortChanged) OnSortChanged();
 }
 
@@ -274,8 +297,8 @@ void TSmartDBGrid_QRT::DoubleClick() {
 std::string TSmartDBGrid_QRT::SaveLayout() const {
   std::string text;
   for (const auto& column : columns_) {
-    text += column->FieldName() + "=" + std::to_string(column->Width()) + "," +
-            (column->Visible() ? "1" : "0") + "\n";
+    text +=
+        column->Name() + "=" + std::to_string(column->Width()) + "," + (column->Visible() ? "1" : "0") + "\n";
   }
   return text;
 }
@@ -288,7 +311,7 @@ void TSmartDBGrid_QRT::LoadLayout(std::string_view text) {
     const std::vector<std::string> values = Split(Trim(std::string_view(line).substr(equals + 1)), ',');
     const std::int64_t width = values.size() == 2 ? ParseInteger(values[0]).value_or(0) : 0;
     const auto found = std::find_if(columns_.begin(), columns_.end(), [&](const auto& column) {
-      return SameText(column->FieldName(), line.substr(0, equals));
+      return SameText(column->Name(), line.substr(0, equals));
     });
     if (width < 10 || width > 4000 || found == columns_.end()) continue;
     TGridColumn& column = **found;

@@ -36,6 +36,8 @@ class TGridColumn {
  public:
   TGridColumn(TSmartDBGrid_QRT& grid, std::string fieldName, std::string caption);
 
+  // Who the column is, whatever it shows: the field that it was made with. Layouts are kept by it.
+  const std::string& Name() const { return name_; }
   const std::string& FieldName() const { return fieldName_; }
   // The same column shows another field from now on, such as a running figure within one store. A sort by the
   // column becomes a sort by that field, and fires OnSortChanged.
@@ -68,6 +70,7 @@ class TGridColumn {
 
  private:
   TSmartDBGrid_QRT& grid_;
+  std::string name_;
   std::string fieldName_;
   std::string caption_;
   std::string formatText_;
@@ -114,8 +117,9 @@ class TSmartDBGrid_QRT : public TControl {
   void RefreshFooters();
 
   // The user's sort; a click on a title sorts by it, a second click the other way round, a third lifts it.
-  // With add, the column joins the keys that are there. Fires OnSortChanged; the window puts the text of
-  // GetSort on its query.
+  // With add, the column joins the keys that are there. The grid puts the text of GetSort on its query, a
+  // closed one keeps it for the rows to come, then fires OnSortChanged. A column whose field the rows do not
+  // have sorts nothing and bears no mark.
   void TitleClick(const TGridColumn& column, bool add = false);
   const std::vector<TSortKey>& SortKeys() const { return sort_; }
   void SetSortKeys(std::vector<TSortKey> keys);
@@ -147,8 +151,9 @@ class TSmartDBGrid_QRT : public TControl {
   // function.
   const IReportTable& Table() const { return *table_; }
 
-  // Layout: order, visibility and width of the columns as text lines, for a settings file. Columns that the
-  // text does not name, and names that the grid does not have, are left alone.
+  // Layout: order, visibility and width of the columns as text lines, by the columns' own names, for a
+  // settings file. Columns that the text does not name, and names that the grid does not have, are left
+  // alone.
   std::string SaveLayout() const;
   void LoadLayout(std::string_view text);
 
@@ -156,6 +161,10 @@ class TSmartDBGrid_QRT : public TControl {
   friend class TGridColumn;
   class Table_;
   void SortFollows(std::string_view before, const std::string& now);
+  bool CanSortBy(const std::string& field) const;
+  void ApplySort();
+  // Marks of fields that the rows at hand do not have go.
+  void DropForeignSort();
 
   TDataSource* source_ = nullptr;
   Subscription sourceChanged_;

@@ -1,5 +1,7 @@
 #include "host/components/stored_properties.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "host/core/text.h"
@@ -27,64 +29,122 @@ std::string Lines(std::string_view value) {
   return lines;
 }
 
+// The last line of that name.
+std::optional<std::string> ValueIn(const std::vector<std::string>& lines, std::string_view name) {
+  std::optional<std::string> value;
+  for (const std::string& line : lines) {
+    const std::size_t equals = line.find('=');
+    if (equals != std::string::npos && SameText(line.substr(0, equals), name)) {
+      value = Lines(std::string_view(line).substr(equals + 1));
+    }
+  }
+  return value;
+}
+
 }  // namespace
 
 TStoredProperties::TStoredProperties(TComponent* owner, std::string name, std::string section)
     : TComponent(owner, std::move(name)), section_(std::move(section)) {}
 
+void TStoredProperties::Add(std::string name, std::function<std::string()> read,
+                            std::function<bool(const std::string&)> write) {
+  if (!together_) ++groups_;
+  properties_.push_back({std::move(name), std::move(read), std::move(write), groups_});
+}
+
+void TStoredProperties::KeepTogether(const std::function<void()>& keep) {
+  ++groups_;
+  together_ = true;
+  keep();
+  together_ = false;
+}
+
 void TStoredProperties::Keep(TCheckBox& box) {
-  properties_.push_back({PathOf(box) + ".Checked", [&box] { return std::string(box.Checked() ? "1" : "0"); },
-                         [&box](const std::string& value) {
-                           if (value == "0" || value == "1") box.SetChecked(value == "1");
-                         }});
+  Add(
+      PathOf(box) + ".Checked", [&box] { return std::string(box.Checked() ? "1" : "0"); },
+      [&box](const std::string& value) {
+        if (value != "0" && value != "1") return false;
+        box.SetChecked(value == "1");
+        return true;
+      });
 }
 
 void TStoredProperties::Keep(TComboBox& combo) {
-  properties_.push_back({PathOf(combo) + ".ItemIndex", [&combo] { return std::to_string(combo.ItemIndex()); },
-                         [&combo](const std::string& value) {
-                           const auto index = ParseInteger(value);
-                           if (index && *index >= 0 &&
-                               *index < static_cast<std::int64_t>(combo.Items().size())) {
-                             combo.SetItemIndex(static_cast<int>(*index));
-                           }
-                         }});
+  Add(
+      PathOf(combo) + ".ItemIndex", [&combo] { return std::to_string(combo.ItemIndex()); },
+      [&combo](const std::string& value) {
+        const auto index = ParseInteger(value);
+        if (!index || *index < 0 || *index >= static_cast<std::int64_t>(combo.Items().size())) return false;
+        combo.SetItemIndex(static_cast<int>(*index));
+        return true;
+      });
 }
 
 void TStoredProperties::Keep(TEdit& edit) {
-  properties_.push_back({PathOf(edit) + ".Text", [&edit] { return edit.Text(); },
-                         [&edit](const std::string& value) { edit.SetText(value); }});
+  Add(
+      PathOf(edit) + ".Text", [&edit] { return edit.Text(); },
+      [&edit](const std::string& value) {
+        const std::string before = edit.Text();
+        if (!edit.SetText(value)) return false;
+        if (!edit.HalfTyped()) return true;
+        edit.SetText(before);
+        return false;
+      });
 }
 
 void TStoredProperties::Keep(TSmartDBGrid_QRT& grid) {
-  properties_.push_back({PathOf(grid) + ".Layout", [&grid] { return grid.SaveLayout(); },
-                         [&grid](const std::string& value) { grid.LoadLayout(value); }});
+  Add(
+      PathOf(grid) + ".Layout", [&grid] { return grid.SaveLayout(); },
+      [&grid](const std::string& value) {
+        grid.LoadLayout(value);
+        return true;
+      });
 }
 
 void TStoredProperties::KeepWidth(TControl& control) {
-  properties_.push_back({PathOf(control) + ".Width", [&control] { return std::to_string(control.Width()); },
-                         [&control](const std::string& value) {
-                           const auto width = ParseInteger(value);
-                           if (width && *width > 0 && *width <= kWidest) {
-                             control.SetWidth(static_cast<int>(*width));
-                           }
-                         }});
+  Add(
+      PathOf(control) + ".Width", [&control] { return std::to_string(control.Width()); },
+      [&control](const std::string& value) {
+        const auto width = ParseInteger(value);
+        if (!width || *width <= 0 || *width > kWidest) return false;
+        control.SetWidth(static_cast<int>(*width));
+        return true;
+      });
+}
+
+bool TStoredProperties::Knows(std::string_view name) const {
+  return std::any_of(properties_.begin(), properties_.end(),
+                     [name](const Property& property) { return SameText(property.name, name); });
+}
+
+void TStoredProperties::Restore(Group group, const std::vector<std::string>& lines) {
+  std::vector<std::string> before;
+  for (const Property& property : group) before.push_back(property.read());
+  const bool refused = std::any_of(group.begin(), group.end(), [&lines](const Property& property) {
+    const auto value = ValueIn(lines, property.name);
+    return value && !property.write(*value);
+  });
+  if (!refused) return;
+  for (std::size_t i = 0; i < group.size(); ++i) group[i].write(before[i]);
 }
 
 void TStoredProperties::Load(const ISettings& settings) {
   const std::vector<std::string> lines = Split(settings.ReadSection(section_), '\n');
-  for (const Property& property : properties_) {
-    for (const std::string& line : lines) {
-      const std::size_t equals = line.find('=');
-      if (equals != std::string::npos && SameText(line.substr(0, equals), property.name)) {
-        property.write(Lines(std::string_view(line).substr(equals + 1)));
-      }
-    }
+  for (std::size_t from = 0; from < properties_.size();) {
+    std::size_t to = from + 1;
+    while (to < properties_.size() && properties_[to].group == properties_[from].group) ++to;
+    Restore(Group(properties_).subspan(from, to - from), lines);
+    from = to;
   }
 }
 
 void TStoredProperties::Save(ISettings& settings) const {
   std::string text;
   for (const Property& property : properties_) text += property.name + "=" + OneLine(property.read()) + "\n";
+  for (const std::string& line : Split(settings.ReadSection(section_), '\n')) {
+    const std::size_t equals = line.find('=');
+    if (equals != std::string::npos && !Knows(line.substr(0, equals))) text += line + "\n";
+  }
   settings.WriteSection(section_, text);
 }
 

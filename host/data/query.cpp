@@ -20,6 +20,14 @@ FilterTest EqualTest(std::string_view field, const Value& value) {
   return test;
 }
 
+// A NUL would end the text on its way to some databases, and with it the literal that it stands in.
+void RefuseNul(const std::string& statement) {
+  if (statement.find('\0') != std::string::npos) {
+    throw DatabaseError("متن درخواست نویسه NUL دارد",
+                        ReplaceAll(statement, std::string_view("\0", 1), "\\0"));
+  }
+}
+
 }  // namespace
 
 FilterError::~FilterError() = default;
@@ -37,6 +45,7 @@ void TADOQuery::Open() {
   Clear();
   try {
     const std::string statement = sql_;
+    RefuseNul(statement);
     auto rows = std::make_unique<RowStore>();
     connection_.Open(statement, *rows, nullptr);
     rows->Finish();
@@ -56,6 +65,7 @@ void TADOQuery::Open() {
 
 void TADOQuery::ExecSQL() {
   const std::string statement = sql_;
+  RefuseNul(statement);
   connection_.Execute(statement, nullptr);
 }
 

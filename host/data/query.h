@@ -37,10 +37,10 @@ class FilterError : public std::runtime_error {
 //      visible rows are an index over the row store. "Position" below means a place among the visible rows.
 //   3. Close gives the rows back.
 // A statement that fails leaves the query closed and empty, its text, filter and sort as they were, and
-// throws. Filter and sort outlive Close and are applied by the next Open; where they no longer fit its
-// columns they are dropped.
-// Signals come when the query is whole again: a listener may call it, change it or destroy it, and what a
-// listener throws reaches the caller with the change made.
+// throws; so does one with a NUL in it, which never goes out. Filter and sort outlive Close and are applied
+// by the next Open; where they no longer fit its columns they are dropped. Signals come when the query is
+// whole again: a listener may call it, change it or destroy it, and what a listener throws reaches the caller
+// with the change made.
 class TADOQuery : public TComponent {
  public:
   // connection must outlive the query.

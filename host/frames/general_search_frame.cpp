@@ -14,8 +14,8 @@ TGeneral_Search_Frame::TGeneral_Search_Frame(TComponent* owner, std::string name
     const bool given = !GeneralSearch_EDT.Text().empty();
     if (GeneralSearch_CHK.Checked() != given) {
       GeneralSearch_CHK.SetChecked(given);  // its own click brings the criterion up to date
-    } else {
-      ControlsChanged();
+    } else if (!ControlsChanged() && given) {
+      Search.NotifyChange();
     }
   };
 }
@@ -41,7 +41,7 @@ void TGeneral_Search_Frame::FillSearch() {
       break;
   }
   Search.Operator = Search.Kind == DataKind::Text ? SearchOperator::Contains : SearchOperator::Equals;
-  Search.Value = GeneralSearch_EDT.Text();
+  Search.Value = GeneralSearch_EDT.HoldsValue() ? GeneralSearch_EDT.Text() : std::string();
 }
 
 }  // namespace goods

@@ -8,8 +8,9 @@
 
 namespace goods {
 
-// A text that is typed ticks the box, an emptied edit unticks it. Every key changes the criterion: a window
-// that runs a statement waits for the typing to end.
+// A text that is typed ticks the box, an emptied edit unticks it. Every key of it notifies, whether or not it
+// changes what is asked (a point behind a number, a separator): a window that runs a statement waits for the
+// typing to end. A number that is half typed asks for nothing.
 class TGeneral_Search_Frame : public TSearchFrame {
  public:
   TGeneral_Search_Frame(TComponent* owner, std::string name, std::string caption);

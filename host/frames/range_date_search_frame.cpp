@@ -8,7 +8,6 @@
 namespace goods {
 namespace {
 
-constexpr const char* kNoSuchDate = "این تاریخ در تقویم وجود ندارد.";
 constexpr const char* kNoSuchTime = "ساعت باید از 00:00 تا 23:59 باشد.";
 
 std::string DateOrEmpty(const TDateEdit& edit) { return edit.IsValidDate() ? edit.Text() : std::string(); }
@@ -67,8 +66,7 @@ void TRange_Date_Search_Frame::FillSearch() {
 
 // A date in the making leaves the criterion as it was, so that the rows do not flicker while it is typed.
 void TRange_Date_Search_Frame::DateChanged(TDateEdit& edit) {
-  if (!edit.IsValidDate() && !edit.Text().empty()) return;
-  edit.SetProblem("");
+  if (edit.HalfTyped()) return;
   const bool given = !RangeDate_From_EDT.Text().empty() || !RangeDate_To_EDT.Text().empty();
   if (RangeDate_CHK.Checked() != given) {
     RangeDate_CHK.SetChecked(given);
@@ -78,10 +76,8 @@ void TRange_Date_Search_Frame::DateChanged(TDateEdit& edit) {
 }
 
 void TRange_Date_Search_Frame::DateAccepted(TDateEdit& edit) {
-  const bool wrong = !edit.Text().empty() && !edit.IsValidDate();
-  edit.SetProblem(wrong ? kNoSuchDate : "");
   ControlsChanged();
-  if (wrong) TellProblem(edit);
+  if (edit.HalfTyped()) TellProblem(edit);
 }
 
 void TRange_Date_Search_Frame::TimeAccepted(TEdit& edit) {

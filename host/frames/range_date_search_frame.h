@@ -9,7 +9,7 @@
 namespace goods {
 
 // An end that is empty is open. A date that is given ticks the box, two emptied edits untick it. A date that
-// does not exist marks its edit, is left out of the criterion, and is told to the user when the edit is
+// does not exist marks its edit, is left out of the criterion, and the user hears of it when the edit is
 // accepted; what was typed stays. Times of the day may be shown beside the dates. Movements
 // carry a date alone, so a time is checked and kept like a date but is no part of the criterion.
 class TRange_Date_Search_Frame : public TSearchFrame {
@@ -21,6 +21,8 @@ class TRange_Date_Search_Frame : public TSearchFrame {
   // The dates as they count: empty where the edit is empty or holds no date.
   const std::string& FromDate() const { return Search.From; }
   const std::string& ToDate() const { return Search.To; }
+  // Ticked, with a date at one end at least.
+  bool InUse() const { return RangeDate_CHK.Checked() && !(FromDate().empty() && ToDate().empty()); }
   void Clear() override;
   // The time edits are hidden until a window asks for them.
   void ShowTimes();

@@ -3,6 +3,11 @@
 #include <utility>
 
 namespace goods {
+namespace {
+
+constexpr std::string_view kNotGiven = "0";
+
+}  // namespace
 
 TRange_Digit_Search_Frame::TRange_Digit_Search_Frame(TComponent* owner, std::string name, std::string caption,
                                                      InputKind kind)
@@ -37,6 +42,21 @@ void TRange_Digit_Search_Frame::SetRange(std::string_view from, std::string_view
   RangeDigit_To_EDT.SetText(to);
 }
 
+bool TRange_Digit_Search_Frame::AsksForNothing() const {
+  const auto open = [](const TEdit& edit) { return !edit.HoldsValue() || edit.Text() == kNotGiven; };
+  return open(RangeDigit_From_EDT) && open(RangeDigit_To_EDT);
+}
+
+std::string TRange_Digit_Search_Frame::FromValue() const {
+  return AsksForNothing() ? std::string() : RangeDigit_From_EDT.Value();
+}
+
+std::string TRange_Digit_Search_Frame::ToValue() const {
+  return AsksForNothing() ? std::string() : RangeDigit_To_EDT.Value();
+}
+
+bool TRange_Digit_Search_Frame::InUse() const { return RangeDigit_CHK.Checked() && !AsksForNothing(); }
+
 void TRange_Digit_Search_Frame::Clear() {
   SetRange("", "");
   RangeDigit_CHK.SetChecked(false);
@@ -50,8 +70,9 @@ void TRange_Digit_Search_Frame::FillSearch() {
   RangeDigit_From_EDT.SetKind(kind);
   RangeDigit_To_EDT.SetKind(kind);
   Search.Operator = SearchOperator::Range;
-  Search.From = RangeDigit_From_EDT.Text();
-  Search.To = RangeDigit_To_EDT.Text();
+  // The reader's phrase keeps the separators.
+  Search.From = FromValue().empty() ? std::string() : RangeDigit_From_EDT.Text();
+  Search.To = ToValue().empty() ? std::string() : RangeDigit_To_EDT.Text();
 }
 
 }  // namespace goods

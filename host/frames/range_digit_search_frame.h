@@ -8,8 +8,9 @@
 
 namespace goods {
 
-// Both ends included; an end that is empty is open. A criterion is in use while the box is ticked and an end
-// is given; a number that is typed ticks the box, two emptied edits untick it. A field whose kind is Amount
+// Both ends included; an end that is empty or half typed is open. A criterion is in use while the box is
+// ticked and an end is given; two ends that are open or "0" ask for nothing, while "0" beside another value
+// is a bound. A number that is typed ticks the box, two emptied edits untick it. A field whose kind is Amount
 // takes decimals and thousands separators.
 class TRange_Digit_Search_Frame : public TSearchFrame {
  public:
@@ -17,6 +18,12 @@ class TRange_Digit_Search_Frame : public TSearchFrame {
                             InputKind kind = InputKind::Integer);
 
   void SetRange(std::string_view from, std::string_view to);
+  // The ends as statements take them (TEdit::Value): empty where open, and both where the range asks for
+  // nothing.
+  std::string FromValue() const;
+  std::string ToValue() const;
+  // Ticked, and asks for something.
+  bool InUse() const;
   void Clear() override;
 
   TCheckBox RangeDigit_CHK;
@@ -31,6 +38,8 @@ class TRange_Digit_Search_Frame : public TSearchFrame {
   void FillSearch() override;
 
  private:
+  bool AsksForNothing() const;
+
   InputKind kind_;
 };
 

@@ -47,8 +47,8 @@ void TSearchFrame::ShowItems(std::size_t chosen) {
   ControlsChanged();
 }
 
-void TSearchFrame::ControlsChanged() {
-  if (showingItems_) return;
+bool TSearchFrame::ControlsChanged() {
+  if (showingItems_) return false;
   const std::string condition = Search.DataSetCondition();
   const std::string parameters = Search.ProcParams();
   const std::size_t chosen = Chosen();
@@ -60,7 +60,9 @@ void TSearchFrame::ControlsChanged() {
   Search.Active = check_.Checked();
   Search.Exclude = reverse_.Checked();
   FillSearch();
-  if (Search.DataSetCondition() != condition || Search.ProcParams() != parameters) Search.NotifyChange();
+  if (Search.DataSetCondition() == condition && Search.ProcParams() == parameters) return false;
+  Search.NotifyChange();
+  return true;
 }
 
 void TSearchFrame::LayOut() {

@@ -44,7 +44,8 @@ class TSearchFrame : public TPanel {
 
   // Copies the controls' state into Search.
   virtual void FillSearch() = 0;
-  void ControlsChanged();
+  // Whether it notified.
+  bool ControlsChanged();
   // Places and wires the shared controls; what the frame itself adds comes after them.
   void LayOut();
 

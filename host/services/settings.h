@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,10 @@ class ISettings {
   virtual void WriteSection(std::string_view section, std::string_view text);
   // The folder of the per-report settings files, without a separator at its end; empty when none is kept.
   virtual std::string GetSettingFilePath() const = 0;
+  // The text of a file of that folder; none when it is not there or cannot be read.
+  virtual std::optional<std::string> ReadSettingFile(std::string_view name) const;
+  // Writes the file whole or not at all: false when it could not be written, and what was there stays.
+  virtual bool WriteSettingFile(std::string_view name, std::string_view text);
 };
 
 }  // namespace goods

@@ -42,9 +42,12 @@ void DetailData::ComboBoxFill_WithItems(TComboBox& combo) {
 void DetailData::ComboBoxFill_WithObjectID(TComboBox& combo, const std::vector<std::string>& rows) {
   std::vector<TComboItem> items{{"  انتخاب کنید...", 0, ""}};
   for (const std::string& row : rows) {
-    const std::vector<std::string> parts = Split(row, ';');
-    if (parts.size() < 2) continue;
-    items.push_back({parts[1], ParseInteger(parts[0]).value_or(0), row});
+    const std::size_t code = row.find(';');
+    const std::size_t end = row.rfind(';');
+    if (code == std::string::npos) continue;
+    // The title may hold the mark itself.
+    std::string title = end == code ? row.substr(code + 1) : row.substr(code + 1, end - code - 1);
+    items.push_back({std::move(title), ParseInteger(row.substr(0, code)).value_or(0), row});
   }
   combo.SetItems(std::move(items));
 }

@@ -22,6 +22,12 @@ void DelayedSearch::TakeEnter(TKey& key) {
 // A window that is being closed runs nothing more.
 bool DelayedSearch::Ended() const { return !pending_ || window_.ModalResult() != kModalNone; }
 
+bool DelayedSearch::Held() const {
+  if (Hold) return Hold();
+  const auto* edit = dynamic_cast<const TEdit*>(window_.ActiveControl());
+  return edit != nullptr && edit->HalfTyped();
+}
+
 bool DelayedSearch::Ready(bool& toldHeld) const {
   if (Ended()) return true;
   if (!hurried_ && window_.Host().Windows().TickCount() - lastKey_ < kQuietTime) return false;

@@ -51,7 +51,8 @@ class DelayedSearch {
   void TakeEnter(TKey& key);
   std::function<void()> OnHurried;
   // While it is true the wait goes on, however long ago the last key was: what stands in the edit is no value
-  // yet. OnHeld is called when the quiet time has passed so.
+  // yet. Where it is not set, the edit with the focus is asked. OnHeld is called when the quiet time has
+  // passed so.
   std::function<bool()> Hold;
   std::function<void()> OnHeld;
   // Ends the wait without a run; closing the window does so too.
@@ -59,7 +60,7 @@ class DelayedSearch {
 
  private:
   bool Ended() const;
-  bool Held() const { return Hold && Hold(); }
+  bool Held() const;
   // Whether the wait is over; tells once where only Hold keeps it up.
   bool Ready(bool& toldHeld) const;
   void RunEnded();

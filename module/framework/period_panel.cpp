@@ -27,10 +27,6 @@ TPeriodPanel::TPeriodPanel(TComponent* owner, std::string name, BeforePeriodBox 
   for (TDateEdit* edit : {&Date1_EDT, &Date2_EDT}) {
     edit->SetWidth(kDateWidth);
     edit->SetEnabled(false);
-    edit->OnAccept = [edit] {
-      const bool wrong = !edit->Text().empty() && !edit->IsValidDate();
-      edit->SetProblem(wrong ? "این تاریخ وجود ندارد." : "");
-    };
   }
   Date1_EDT.OnExit = [this] {
     if (OnFromExit) OnFromExit();

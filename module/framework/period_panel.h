@@ -14,7 +14,7 @@ namespace goods {
 enum class BeforePeriodBox { KeepsItsState, IsUnticked };
 
 // The dates can be typed, and AvalDore_CHK ticked, while Date_CHK is ticked. A date that does not exist marks
-// its edit and counts as not given; nothing is told.
+// its edit and counts as not given, without a message.
 class TPeriodPanel : public TPanel {
  public:
   TPeriodPanel(TComponent* owner, std::string name, BeforePeriodBox onUntick);

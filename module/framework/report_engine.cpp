@@ -188,7 +188,7 @@ bool TReport_FRM::RowsAreOpen() const {
 
 bool TReport_FRM::HalfTyped() const {
   const auto* edit = dynamic_cast<const TEdit*>(ActiveControl());
-  return edit != nullptr && IsHalfTyped(*edit);
+  return edit != nullptr && edit->HalfTyped();
 }
 
 bool TReport_FRM::CriteriaChanged() const {

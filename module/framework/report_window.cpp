@@ -30,31 +30,13 @@ void AcceptTyping(TForm& window) {
   if (auto* edit = dynamic_cast<TEdit*>(window.ActiveControl())) edit->Accept();
 }
 
-std::string ValueOf(const TEdit& edit) {
-  const std::string& text = edit.Text();
-  switch (edit.Kind()) {
-    case InputKind::Integer:
-    case InputKind::Amount:
-      return text.find_first_of("0123456789") == std::string::npos ? std::string() : text;
-    case InputKind::Date:
-      return edit.IsValidDate() ? text : std::string();
-    case InputKind::Time:
-      return edit.IsValidTime() ? text : std::string();
-    case InputKind::Text:
-      break;
-  }
-  return text;
-}
-
-bool IsHalfTyped(const TEdit& edit) { return !edit.Text().empty() && ValueOf(edit).empty(); }
-
 CriteriaRange RangeOf(const TRange_Digit_Search_Frame& frame) {
-  return {frame.RangeDigit_CHK.Checked(), ValueOf(frame.RangeDigit_From_EDT),
-          ValueOf(frame.RangeDigit_To_EDT)};
+  return {frame.RangeDigit_CHK.Checked(), frame.RangeDigit_From_EDT.TextOfValue(),
+          frame.RangeDigit_To_EDT.TextOfValue()};
 }
 
 CriteriaRange RangeOf(const TRange_Date_Search_Frame& frame) {
-  return {frame.RangeDate_CHK.Checked(), ValueOf(frame.RangeDate_From_EDT), ValueOf(frame.RangeDate_To_EDT)};
+  return {frame.RangeDate_CHK.Checked(), frame.FromDate(), frame.ToDate()};
 }
 
 void Press(TKey& key, TButton& button) {
@@ -64,11 +46,11 @@ void Press(TKey& key, TButton& button) {
 
 std::string GeneralSearchParam(const TGeneral_Search_Frame& search,
                                std::span<const std::string_view> parameters) {
-  const std::string& value = search.GeneralSearch_EDT.Text();
+  const TEdit& edit = search.GeneralSearch_EDT;
   const int item = search.GeneralSearch_CMB.ItemIndex();
   const bool named = item >= 0 && static_cast<std::size_t>(item) < parameters.size();
-  if (value.empty() || !search.GeneralSearch_CHK.Checked() || !named) return {};
-  return std::string(parameters[static_cast<std::size_t>(item)]) + "=" + QuotedStr(value);
+  if (!edit.HoldsValue() || !search.GeneralSearch_CHK.Checked() || !named) return {};
+  return std::string(parameters[static_cast<std::size_t>(item)]) + "=" + QuotedStr(edit.Text());
 }
 
 void ShowPrintWarning(THost& host, const TControl& button, int width) {

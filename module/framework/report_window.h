@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/base/base_dock.h"
-#include "host/components/edit.h"
+#include "host/components/form.h"
 #include "host/components/standard.h"
 #include "host/frames/general_search_frame.h"
 #include "host/frames/range_date_search_frame.h"
@@ -25,12 +25,6 @@ void DescribeWindow(TBaseDock_FRM& window);
 
 // What is being typed in the window counts from now on, as if the focus had left the edit.
 void AcceptTyping(TForm& window);
-
-// The edit's text as a criterion: empty while it is not yet a value of the edit's kind ("-", ".", half a
-// date).
-std::string ValueOf(const TEdit& edit);
-// The edit holds something that is not a value yet.
-bool IsHalfTyped(const TEdit& edit);
 
 // A frame's range as a criterion.
 CriteriaRange RangeOf(const TRange_Digit_Search_Frame& frame);

@@ -38,7 +38,7 @@ class TTitleSearchPanel : public TPanel {
     return GoodDetailSearch_CMB.ItemIndex() < 0 ? 0 : GoodDetailSearch_CMB.ItemIndex();
   }
   // As a criterion: empty while nothing, or no value yet, stands in the edit.
-  std::string Text() const { return ValueOf(GoodDetailSearch_EDT); }
+  std::string Text() const { return GoodDetailSearch_EDT.TextOfValue(); }
   // Both silently.
   void Preset(int item, const std::string& text);
   // Sets the edit up for the chosen column, as choosing does.

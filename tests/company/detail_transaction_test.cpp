@@ -149,6 +149,24 @@ TEST_F(AllGoodsTest, NullAndAnUntouchedDialogAskNothing) {
       all);
 }
 
+TEST_F(AllGoodsTest, AnEmptyDateIsAnOpenEnd) {
+  Open(41);
+  const std::string date = rows_[rows_.size() / 2].date;
+  for (const std::string procedure :
+       {"AllGoodDetailTransaction", "GoodDetailTransaction", "OneGoodDetailTransaction",
+        "DetailOperation_Dismatch", "srKardex", "srKardex_Negative"}) {
+    const auto ask = [&](const std::string& dates) { return Run("EXEC " + procedure + " " + dates); };
+    const std::string positional = procedure == "srKardex_Negative" ? "'','','9'," : "";
+    const std::string from = positional + "@FromDate = '" + date + "'";
+    const std::string to = "@ToDate = '" + date + "'";
+    EXPECT_EQ(ask(from + ",@ToDate = ''"), ask(from)) << procedure;
+    EXPECT_EQ(ask(positional + "@FromDate = ''," + to), ask(positional + to)) << procedure;
+    EXPECT_EQ(ask(positional + "@FromDate = '',@ToDate = ''"), ask(positional + "@FromDate = Null"))
+        << procedure;
+  }
+  EXPECT_FALSE(All("@FromDate = '" + date + "',@ToDate = ''").empty());
+}
+
 TEST_F(AllGoodsTest, AnyNumberBesidesZeroTurnsTheSelectedListRound) {
   Open(42);
   const Rows others = All("@GoodSelectedListCode=1,@GoodSelectedListNot=-1");

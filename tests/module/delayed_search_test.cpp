@@ -195,5 +195,12 @@ TEST(ProgramChangeTest, TheBoxCarriesTheTagForAScope) {
   EXPECT_EQ(box.Tag, 5);
 }
 
+TEST_F(DelayedSearchTest, AHalfTypedNumberIsWaitedForWhileItHasTheFocus) {
+  window.Search_EDT.SetKind(InputKind::Integer);
+  While({[this] { window.Search_EDT.SetFocus(); }, Type(0, "-"), Pass(3000), Runs(0), Type(0, "-5"),
+         Pass(500), Runs(1), Type(0, "-"), Pass(1000), Runs(1), [this] { window.SetActiveControl(nullptr); },
+         Pass(500), Runs(2)});
+}
+
 }  // namespace
 }  // namespace goods

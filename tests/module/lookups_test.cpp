@@ -43,10 +43,12 @@ TEST_F(Lookups, ComboBoxFillWithItemsOffersTheDetailsByTitle) {
   EXPECT_EQ(combo.ItemObject(), 0);
 }
 
-TEST_F(Lookups, ComboBoxFillWithObjectIdSplitsEachRowAtItsSemicolons) {
+TEST_F(Lookups, ComboBoxFillWithObjectIdTakesTheCodeBeforeTheFirstSemicolonAndTheTextUpToTheLast) {
   TComboBox combo(nullptr, "Any_CMB");
-  TGoodTransactions_DM::ComboBoxFill_WithObjectID(combo, {"7;هفت;", "8;هشت;"});
-  EXPECT_EQ(TextsOf(combo), (Texts{"  انتخاب کنید...", "هفت", "هشت"}));
+  TGoodTransactions_DM::ComboBoxFill_WithObjectID(combo,
+                                                  {"7;هفت;", "8;هشت;", "9;نه; و ده;", "10;;;", "11;باز"});
+  EXPECT_EQ(TextsOf(combo), (Texts{"  انتخاب کنید...", "هفت", "هشت", "نه; و ده", ";", "باز"}));
+  EXPECT_EQ(combo.Items()[3].Object, 9);
   EXPECT_EQ(combo.Items()[1].Object, 7);
   EXPECT_EQ(combo.Items()[2].Object, 8);
   EXPECT_TRUE(Sent().empty());

@@ -17,8 +17,8 @@
 -- parameter @FromAnbar integer default null
 -- parameter @ToAnbar integer default null
 -- parameter @Anbar integer default null
--- parameter @FromDate text default null
--- parameter @ToDate text default null
+-- parameter @FromDate date default null
+-- parameter @ToDate date default null
 -- column OperationDate text
 -- column Anbar integer
 -- column AnbarName text

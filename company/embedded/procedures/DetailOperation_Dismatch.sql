@@ -13,8 +13,8 @@
 -- parameter @OperationAmount decimal default null
 -- parameter @DetailAmount decimal default null
 -- parameter @OperationType integer default null
--- parameter @FromDate text default null
--- parameter @ToDate text default null
+-- parameter @FromDate date default null
+-- parameter @ToDate date default null
 -- parameter @FromOperationCode integer default null
 -- parameter @ToOperationCode integer default null
 -- parameter @FromOperationRow integer default null

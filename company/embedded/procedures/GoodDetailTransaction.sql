@@ -15,8 +15,8 @@
 -- parameter @FromAnbar integer default null
 -- parameter @ToAnbar integer default null
 -- parameter @Anbar integer default null
--- parameter @FromDate text default null
--- parameter @ToDate text default null
+-- parameter @FromDate date default null
+-- parameter @ToDate date default null
 -- column Anbar integer
 -- column AnbarName text
 -- column Code integer

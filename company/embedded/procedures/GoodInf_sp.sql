@@ -35,7 +35,7 @@
 -- criterion range Mogodi2 decimal on ifnull(dec_whole(f.Mogodi, nullif(g.Meghdar_Formool, 0)), 0)
 -- criterion range gheymat_miangin decimal on f.gheymat_miangin
 -- criterion range Jam_Kol decimal on dec_mul(f.Mogodi, f.gheymat_miangin)
--- criterion range OperationDate text on nullif(f.OperationDate, '')
+-- criterion range OperationDate date on nullif(f.OperationDate, '')
 -- column GrpCode integer
 -- column Code integer
 -- column Name text

@@ -14,8 +14,8 @@
 -- parameter @Title text default null
 -- parameter @PerCode integer default null
 -- parameter @Anbar integer default null
--- parameter @FromDate text default null
--- parameter @ToDate text default null
+-- parameter @FromDate date default null
+-- parameter @ToDate date default null
 -- column Date text
 -- column Anbar integer
 -- column AnbarName text

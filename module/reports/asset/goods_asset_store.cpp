@@ -45,7 +45,8 @@ TGoodsAsset_Store_FRM::~TGoodsAsset_Store_FRM() = default;
 void TGoodsAsset_Store_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
   DescribeWindow(*this);
-  SetCommonControls(GoodsAsset_Store_GRD, PrintList_BTN, Exit_BTN);
+  SetCommonControls(GoodsAsset_Store_GRD, PrintList_BTN, Exit_BTN, GridLayout::Own);
+  SetSection("GoodsAsset_Store");
   GoodsAsset_Store_GRD.SetDataSource(&dataModule_.GoodAsset_Store.Source);
   GoodsAsset_Store_GRD.OnSortChanged = [this] {
     TADOQuery& rows = dataModule_.GoodAsset_Store.Query;

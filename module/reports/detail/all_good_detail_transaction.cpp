@@ -21,7 +21,7 @@ TAllGoodDetailTransaction_FRM::~TAllGoodDetailTransaction_FRM() = default;
 
 void TAllGoodDetailTransaction_FRM::FormCreate() {
   TDetailReport_FRM::FormCreate();
-  SetCommonControls(List_GRD, PrintList_BTN, Exit_BTN);
+  SetCommonControls(List_GRD, PrintList_BTN, Exit_BTN, GridLayout::Own);
   TListDetail_FRAME1.DetailFields_QRT1.SetDataSource(&Rows().Source);
   TGoodTransactions_DM::ComboBoxOperationFill_WithItems(OperationsType_CMB);
   OperationsType_CMB.OnChange = [this] { OperationsType_CMBChange(); };

@@ -97,16 +97,15 @@ void DetailCriteria::AddGood(const TSelectEntity_Search_Frame& good) {
 }
 
 void DetailCriteria::AddCodeRange(const TRange_Digit_Search_Frame& range) {
-  const std::string& from = range.RangeDigit_From_EDT.Text();
-  const std::string& to = range.RangeDigit_To_EDT.Text();
-  if (!range.RangeDigit_CHK.Checked() || from == kNoCode || to == kNoCode) return;
-  if (from.empty() && to.empty()) return;  // the box alone, as it was kept from an earlier run
+  const TEdit& from = range.RangeDigit_From_EDT;
+  const TEdit& to = range.RangeDigit_To_EDT;
+  if (!range.InUse() || from.Text() == kNoCode || to.Text() == kNoCode) return;
   const auto item = static_cast<std::size_t>(std::max(range.RangeDigit_CMB.ItemIndex(), 0));
   if (item >= style_.ranges.size()) return;
   const CodeRangeKind& kind = style_.ranges[item];
-  Add(kind.from, from);
-  Add(kind.to, to);
-  Say(std::string(kind.caption) + from + " تا: " + to);
+  if (from.HoldsValue()) Add(kind.from, from.Value());
+  if (to.HoldsValue()) Add(kind.to, to.Value());
+  Say(std::string(kind.caption) + from.TextOfValue() + " تا: " + to.TextOfValue());
 }
 
 // A store that cannot be seen, because stores are totalled, is not asked for.
@@ -118,11 +117,11 @@ void DetailCriteria::AddStore(const TSelectEntity_Search_Frame& store) {
 
 void DetailCriteria::AddDates(const TRange_Date_Search_Frame& dates) {
   if (!dates.RangeDate_CHK.Checked() || dates.RangeDate_CMB.ItemIndex() != 0) return;
-  const std::string& from = dates.RangeDate_From_EDT.Text();
-  const std::string& to = dates.RangeDate_To_EDT.Text();
+  const std::string& from = dates.FromDate();
+  const std::string& to = dates.ToDate();
   Add("@FromDate", QuotedStr(from));
   Add("@ToDate", QuotedStr(to));
-  Say("تاریخ عملیات از: " + from + " تا: " + to);
+  if (dates.InUse()) Say("تاریخ عملیات از: " + from + " تا: " + to);
 }
 
 }  // namespace goods

@@ -44,8 +44,9 @@ void TDetailReport_FRM::FormCreate() {
       delayedSearch_.Typed(kValueComboTyped);
     }
   };
-  for (TEdit* edit : {&DetailRow1.FromGoodDetail_EDT, &DetailRow1.ToGoodDetail_EDT}) {
-    edit->OnKeyDown = [this](TKey& key) { delayedSearch_.TakeEnter(key); };
+  for (TControl* typed : std::initializer_list<TControl*>{
+           &DetailRow1.FromGoodDetail_EDT, &DetailRow1.ToGoodDetail_EDT, &DetailRow1.GoodDetail_CMB}) {
+    typed->OnKeyDown = [this](TKey& key) { delayedSearch_.TakeEnter(key); };
   }
   DetailRow1.FromGoodDetail_EDT.OnChange = [this] {
     if (!busy_) delayedSearch_.Typed(kLowerEditTyped);
@@ -108,9 +109,9 @@ void TDetailReport_FRM::SetProcParams(std::string& parameters) {
   filterCaption_ = criteria.Caption();
 }
 
-// A run reads every criterion as it stands, so what waits for the typing to end has nothing left to do.
 void TDetailReport_FRM::Rerun(int mode) {
-  delayedSearch_.Cancel();
+  delayedSearch_.Cancel();  // a run reads every criterion as it stands
+  const DelayedSearch::RunScope running(delayedSearch_);
   if (!shown_) return;
   std::string parameters;
   SetProcParams(parameters);

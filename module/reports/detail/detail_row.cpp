@@ -13,7 +13,22 @@ std::string Numbered(std::string_view before, int number, std::string_view behin
   return std::string(before) + std::to_string(number) + std::string(behind);
 }
 
+// The first item of the lists, which stands for no choice.
+constexpr const char* kPrompt = "  انتخاب کنید ...";
+
+void SpellPrompt(TComboBox& list) {
+  std::vector<TComboItem> items = list.Items();
+  if (items.empty()) return;
+  const int chosen = list.ItemIndex();
+  items.front().Text = kPrompt;
+  const auto onChange = std::exchange(list.OnChange, nullptr);
+  list.SetItems(std::move(items));
+  list.SetItemIndex(chosen);
+  list.OnChange = onChange;
+}
+
 bool Given(std::string_view text) { return !Trim(text).empty(); }
+bool Given(const TEdit& edit) { return edit.HoldsValue() && Given(edit.Text()); }
 
 }  // namespace
 
@@ -56,7 +71,10 @@ TDetailRow::TDetailRow(TComponent* window, int number, std::string caption)
   Place(ToGoodDetailDate_EDT);
 }
 
-void TDetailRow::Fill(TGoodTransactions_DM& data) { data.ComboBoxFill_WithItems(GoodDetailSelectSearch_CMB); }
+void TDetailRow::Fill(TGoodTransactions_DM& data) {
+  data.ComboBoxFill_WithItems(GoodDetailSelectSearch_CMB);
+  SpellPrompt(GoodDetailSelectSearch_CMB);
+}
 
 void TDetailRow::ApplySelection(TGoodTransactions_DM& data) {
   type_ = 0;  // a detail that cannot be read has no condition, least of all that of the one before
@@ -64,6 +82,7 @@ void TDetailRow::ApplySelection(TGoodTransactions_DM& data) {
       GoodDetailSelectSearch_CMB,
       {GoodDetail_CMB, FromGoodDetailDate_EDT, ToGoodDetailDate_EDT, FromGoodDetail_EDT, ToGoodDetail_EDT,
        FromGoodDetail_LBL, ToGoodDetail_LBL});
+  SpellPrompt(GoodDetail_CMB);
 }
 
 void TDetailRow::Clear(TGoodTransactions_DM& data) {
@@ -86,8 +105,8 @@ std::optional<DetailCondition> TDetailRow::Condition() const {
   const auto range = [&](const std::string& from, const std::string& to) {
     return DetailCondition{from, to, title + " از: " + from + " تا: " + to};
   };
-  const std::string& lower = FromGoodDetail_EDT.Text();
-  const std::string& upper = ToGoodDetail_EDT.Text();
+  const TEdit& lower = FromGoodDetail_EDT;
+  const TEdit& upper = ToGoodDetail_EDT;
   switch (type_) {
     case kPickedValue:
       if (GoodDetail_CMB.ItemIndex() > 0) return one(GoodDetail_CMB.Text());
@@ -98,12 +117,12 @@ std::optional<DetailCondition> TDetailRow::Condition() const {
       return std::nullopt;
     case kNumber:
     case kOtherNumber:
-      if (Given(lower)) return range(lower, Given(upper) ? upper : lower);
+      if (Given(lower)) return range(lower.Text(), Given(upper) ? upper.Text() : lower.Text());
       return std::nullopt;
     case kDate:
-      return range(FromGoodDetailDate_EDT.Text(), ToGoodDetailDate_EDT.Text());
+      return range(FromGoodDetailDate_EDT.TextOfValue(), ToGoodDetailDate_EDT.TextOfValue());
     case kOneValue:
-      if (Given(lower)) return one(lower);
+      if (Given(lower)) return one(lower.Text());
       return std::nullopt;
     default:
       return std::nullopt;

@@ -40,7 +40,7 @@ TOneGoodDetailTransaction_FRM::~TOneGoodDetailTransaction_FRM() = default;
 void TOneGoodDetailTransaction_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
   DescribeWindow(*this);
-  SetCommonControls(GoodDetailTransaction_GRD, PrintList_BTN, Exit_BTN);
+  SetCommonControls(GoodDetailTransaction_GRD, PrintList_BTN, Exit_BTN, GridLayout::Own);
   TQueryWithSource& rows = dataModule_.OneGoodDetailTransaction;
   GoodDetailTransaction_GRD.SetDataSource(&rows.Source);
   GoodDetailTransaction_GRD.OnSortChanged = [this] {
@@ -181,7 +181,8 @@ void TOneGoodDetailTransaction_FRM::SetProcParams(std::string& parameters) {
 }
 
 void TOneGoodDetailTransaction_FRM::Rerun(int mode) {
-  delayedSearch_.Cancel();
+  delayedSearch_.Cancel();  // a run reads every criterion as it stands
+  const DelayedSearch::RunScope running(delayedSearch_);
   if (!shown_) return;
   std::string parameters;
   SetProcParams(parameters);

@@ -37,11 +37,11 @@ void TOneGoodDetailTransactionSearch_FRM::AddCriteria(CriteriaText& criteria) co
   addOne(Person_Frame, "@PerCode", "شخص: ");
   addOne(Store_Frame, "@Anbar", "انبار: ");
   if (!Date_Frame.RangeDate_CHK.Checked()) return;
-  const std::string& from = Date_Frame.RangeDate_From_EDT.Text();
-  const std::string& to = Date_Frame.RangeDate_To_EDT.Text();
+  const std::string& from = Date_Frame.FromDate();
+  const std::string& to = Date_Frame.ToDate();
   criteria.Add("@FromDate", QuotedStr(from));
   criteria.Add("@ToDate", QuotedStr(to));
-  criteria.Say("تاریخ از: " + from + " تا : " + to);
+  if (Date_Frame.InUse()) criteria.Say("تاریخ از: " + from + " تا : " + to);
 }
 
 void TOneGoodDetailTransactionSearch_FRM::FormShow() {

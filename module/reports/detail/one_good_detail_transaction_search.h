@@ -16,7 +16,8 @@ class TOneGoodDetailTransactionSearch_FRM : public TBaseSearch_FRM {
   explicit TOneGoodDetailTransactionSearch_FRM(THost& host);
   ~TOneGoodDetailTransactionSearch_FRM() override;
 
-  // Adds the criteria whose boxes are ticked; a code of 0 asks for nothing, dates are sent as they stand.
+  // Adds the criteria whose boxes are ticked; a code of 0 asks for nothing, and neither does an
+  // empty date, which goes out all the same.
   void AddCriteria(CriteriaText& criteria) const;
 
   void FormShow() override;

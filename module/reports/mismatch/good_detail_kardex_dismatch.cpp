@@ -112,8 +112,8 @@ KardexDismatchCriteria TGoodDetailKardexDismatch_FRM::ReadCriteria() const {
       .storesSeparated = StoresSeparations_RDB.Checked(),
       .titleItem = Search_PNL.ItemIndex(),
       .title = Search_PNL.Text(),
-      .difference = {GoodDetailSearchAmount_CMB.ItemIndex() == kDifferenceItem, ValueOf(FromAmount_EDT),
-                     ValueOf(ToAmount_EDT)},
+      .difference = {GoodDetailSearchAmount_CMB.ItemIndex() == kDifferenceItem, FromAmount_EDT.TextOfValue(),
+                     ToAmount_EDT.TextOfValue()},
   };
 }
 

@@ -18,9 +18,9 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
   PreferredHeight = 720;
   Maximised = true;
 
-  Search_PNL.SetItems({{"  کد کالا", InputKind::Integer},
+  Search_PNL.SetItems({{"  کد کالا", InputKind::Digits},
                        {"  نام کالا", InputKind::Text},
-                       {"  کد انبار", InputKind::Integer},
+                       {"  کد انبار", InputKind::Digits},
                        {"  انبار", InputKind::Text}},
                       kGoodNameItem);
 

@@ -13,7 +13,6 @@ namespace goods {
 namespace {
 
 constexpr int kPreTimePanelHeight = 45;
-constexpr std::string_view kReportName = "Kardex";
 
 std::string CodeInUse(const TSelectEntity_Search_Frame& frame) {
   return frame.InUse() ? std::to_string(frame.CodeAsInt()) : std::string();
@@ -57,8 +56,6 @@ void TKardex_FRM::FormCreate() {
   QeratSearchManager1.OnSearchItems_Changed = [this] { QeratSearchManager1SearchItems_Changed(); };
   QeratSearchManager1.OnAfterExecute = [this] { QeratSearchManager1AfterExecute(); };
   QeratSearchManager1.OnAfterExecute_DataSet = [this] { QeratSearchManager1AfterExecute_DataSet(); };
-
-  LoadGridSettings(Kardex_GRD, kReportName, kPartStockCard, 0);
 }
 
 void TKardex_FRM::OnCustomParameter(const CustomParameter& parameter) {
@@ -86,7 +83,6 @@ void TKardex_FRM::FormShow() {
 void TKardex_FRM::FormClose() {
   shown_ = false;
   dataModule_.Kardex.Query.Close();
-  SaveGridSettings(Kardex_GRD, kReportName, kPartStockCard, 0);
   TBaseDock_FRM::FormClose();
 }
 
@@ -140,9 +136,11 @@ void TKardex_FRM::FillCard() {
     return;
   }
   SetPreTimeCaptions({});  // a card that cannot be filled must not stand under another good's figures
+  Good_SEF.SetFilled(false);
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   dataModule_.FillDataKardexTransact(Good_SEF.CodeAsInt());
   ApplyFilter();
+  Good_SEF.SetFilled(true);
 }
 
 void TKardex_FRM::QeratSearchManager1SearchItems_Changed() {

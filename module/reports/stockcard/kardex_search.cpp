@@ -96,9 +96,9 @@ void TKardexSearch_FRM::WindowMessage(int code) {
 
 void TKardexSearch_FRM::Report_BTNClick() { RunReport(); }
 
-// A run reads the text as it stands, so what waits for the typing to end has nothing left to do.
 void TKardexSearch_FRM::RunReport() {
-  delayedSearch_.Cancel();
+  delayedSearch_.Cancel();  // a run reads every criterion as it stands
+  const DelayedSearch::RunScope running(delayedSearch_);
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   QeratSearchManager1.ExecuteFilter_PROC();
 }

@@ -131,7 +131,7 @@ std::optional<std::string> TGoodTrans_Overall_FRM::CommonParameters() {
   std::string text = GeneralSearchParam(GeneralSearch_FRAME, kSearchParameters);
   if (Store_SESF.SelectEntity_CHK.Checked()) {
     TEdit& code = Store_SESF.TSelect_Entity_Frame1.Code_EDT;
-    const std::string store(Trim(code.Text()));
+    const std::string store = code.Value();
     if (store.empty()) {
       Host().Messages().MsgRequiredField("انبار");
       code.SetFocus();

@@ -44,7 +44,7 @@ TGoodTransaction_FRM::~TGoodTransaction_FRM() = default;
 
 void TGoodTransaction_FRM::FormCreate() {
   TBaseDock_FRM::FormCreate();
-  SetCommonControls(GoodTransactin_List_GRD, PrintList_BTN, EXit_BTN);
+  SetCommonControls(GoodTransactin_List_GRD, PrintList_BTN, EXit_BTN, GridLayout::Own);
   for (TSmartDBGrid_QRT* grid : BothGrids()) {
     grid->RightAligned = true;
     grid->SetDataSource(&dataModule_.GoodTransaction.Source);
@@ -202,9 +202,9 @@ void TGoodTransaction_FRM::WindowMessage(int code) {
   delayedSearch_.Handle(code, &GeneralSearch_FRAME.GeneralSearch_EDT);
 }
 
-// A run reads the text as it stands, so what waits for the typing to end has nothing left to do.
 void TGoodTransaction_FRM::RunList() {
-  delayedSearch_.Cancel();
+  delayedSearch_.Cancel();  // a run reads every criterion as it stands
+  const DelayedSearch::RunScope running(delayedSearch_);
   if (formShowing_ || !Showing()) return;
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   ReadList();

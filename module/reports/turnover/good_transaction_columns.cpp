@@ -29,7 +29,7 @@ void TGoodTransaction_FRM::ApplyColumnSet() {
   GoodTransactin_List_GRD.SetVisible(!wholeAndPart);
   GoodTransactinDetail_List_GRD.SetVisible(wholeAndPart);
   TSmartDBGrid_QRT& grid = ShownGrid();
-  SetCommonControls(grid, PrintList_BTN, EXit_BTN);
+  SetCommonControls(grid, PrintList_BTN, EXit_BTN, GridLayout::Own);
   TTags1.Grid = &grid;
 
   ApplySecondUnitItem(settings.SecondUnit);

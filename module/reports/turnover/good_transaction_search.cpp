@@ -75,18 +75,22 @@ void TGoodTransactionSearch_FRM::AddItems() {
   boxes_.Keep(Store_Frame.SelectEntity_CMB);
   boxes_.Keep(Store_Frame.SelectEntity_Reverst_CHK);
   const auto keepRange = [this](TRange_Digit_Search_Frame& frame) {
-    ranges_.Keep(frame.RangeDigit_CMB);
-    ranges_.Keep(frame.RangeDigit_From_EDT);
-    ranges_.Keep(frame.RangeDigit_To_EDT);
-    ranges_.Keep(frame.RangeDigit_Reverst_CHK);
-    ranges_.Keep(frame.RangeDigit_CHK);
+    ranges_.KeepTogether([&] {
+      ranges_.Keep(frame.RangeDigit_CMB);
+      ranges_.Keep(frame.RangeDigit_From_EDT);
+      ranges_.Keep(frame.RangeDigit_To_EDT);
+      ranges_.Keep(frame.RangeDigit_Reverst_CHK);
+      ranges_.Keep(frame.RangeDigit_CHK);
+    });
   };
   keepRange(Code_Frame);
   if (ShowsAmounts()) keepRange(CostRangeSearch_FRAME);
-  ranges_.Keep(Date_Frame.RangeDate_From_EDT);
-  ranges_.Keep(Date_Frame.RangeDate_To_EDT);
-  ranges_.Keep(Date_Frame.RangeDate_Reverst_CHK);
-  ranges_.Keep(Date_Frame.RangeDate_CHK);
+  ranges_.KeepTogether([this] {
+    ranges_.Keep(Date_Frame.RangeDate_From_EDT);
+    ranges_.Keep(Date_Frame.RangeDate_To_EDT);
+    ranges_.Keep(Date_Frame.RangeDate_Reverst_CHK);
+    ranges_.Keep(Date_Frame.RangeDate_CHK);
+  });
 }
 
 void TGoodTransactionSearch_FRM::SetUp(std::string script, TDataSource* source) {
@@ -135,9 +139,9 @@ std::vector<std::string> TGoodTransactionSearch_FRM::FarsiTexts() const {
 bool TGoodTransactionSearch_FRM::HaveAdvFilter() const {
   if (TTags_search_FRM1.HasTags()) return true;
   if (!TCategorySearchFrame1.IsEmpty()) return true;
-  if (Code_Frame.RangeDigit_CHK.Checked()) return true;
-  if (Date_Frame.RangeDate_CHK.Checked()) return true;
-  if (ShowsAmounts() && CostRangeSearch_FRAME.RangeDigit_CHK.Checked()) return true;
+  if (Code_Frame.InUse()) return true;
+  if (Date_Frame.InUse()) return true;
+  if (ShowsAmounts() && CostRangeSearch_FRAME.InUse()) return true;
   if (SelectedList_CMB.ItemIndex() > 0) return true;
   if (Store_Frame.SelectEntity_CHK.Checked()) return true;
   return Period_PNL.InUse();

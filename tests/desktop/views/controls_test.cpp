@@ -116,6 +116,61 @@ TEST_F(Controls, AnImpossibleDateMarksItsEditAndIsTold) {
   EXPECT_TRUE(host.messages.Shown().back().balloon);
 }
 
+TEST_F(Controls, AnImpossibleDateIsNotLeftBehind) {
+  TDateEdit& date = form.Date_RDSF.RangeDate_From_EDT;
+  date.SetText("1402/03/05");
+  QLineEdit& line = Focused(date);
+  line.selectAll();
+  QTest::keyClicks(&line, "1404/12/30");
+  const auto stays = [&](const char* by) {
+    Settle();
+    EXPECT_TRUE(date.Focused()) << by;
+    EXPECT_EQ(date.Text(), "1404/12/30") << by;
+    EXPECT_TRUE(line.property(kProblemProperty).toBool()) << by;
+    EXPECT_EQ(host.messages.Shown().back().text, kNoSuchDate) << by;
+  };
+  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return, Qt::Key_F2, Qt::Key_F9, Qt::Key_F3}) {
+    QTest::keyClick(&line, key);
+    stays("key");
+  }
+  QTest::keyClick(&line, Qt::Key_F2, Qt::ControlModifier);
+  QTest::keyClick(&line, Qt::Key_2, Qt::AltModifier);
+  stays("a key of the window");
+  EXPECT_EQ(form.folds, 0);
+  QTest::mouseClick(view.WidgetOf(form.OpenInfo_BTN), Qt::LeftButton);
+  stays("a click on a button");
+  EXPECT_EQ(form.documents, 0);
+  QTest::mouseClick(view.WidgetOf(form.Search_EDT), Qt::LeftButton);
+  stays("a click into another edit");
+
+  QTest::keyClick(&line, Qt::Key_Escape);
+  Settle();
+  EXPECT_EQ(date.Text(), "1402/03/05");
+  EXPECT_FALSE(line.property(kProblemProperty).toBool());
+  EXPECT_EQ(form.ModalResult(), kModalNone);
+  QTest::keyClick(&line, Qt::Key_Tab);
+  Settle();
+  EXPECT_FALSE(date.Focused());
+}
+
+TEST_F(Controls, AnImpossibleDateIsMendedInItsEditAndTheWindowCanBeClosedOverIt) {
+  TDateEdit& date = form.Date_RDSF.RangeDate_From_EDT;
+  QLineEdit& line = Focused(date);
+  QTest::keyClicks(&line, "1404/12/30");
+  QTest::keyClick(&line, Qt::Key_Backspace);
+  QTest::keyClick(&line, Qt::Key_Backspace);
+  QTest::keyClicks(&line, "29");
+  QTest::keyClick(&line, Qt::Key_Tab);
+  Settle();
+  EXPECT_EQ(date.Text(), "1404/12/29");
+  EXPECT_FALSE(date.Focused());
+  QLineEdit& again = Focused(date);
+  again.selectAll();
+  QTest::keyClicks(&again, "14041");
+  view.close();
+  EXPECT_FALSE(view.isVisible());
+}
+
 TEST_F(Controls, TheCalendarChoosesByKeyboard) {
   form.Date_RDSF.RangeDate_From_EDT.SetText("1402/12/29");
   QLineEdit& line = Focused(form.Date_RDSF.RangeDate_From_EDT);

@@ -122,5 +122,68 @@ TEST(Edit, TheCaretStaysInsideTheText) {
   EXPECT_EQ(edit.Caret(), 1);
 }
 
+TEST(Edit, DigitsTakeNoSign) {
+  TEdit edit(nullptr, "Code_EDT", InputKind::Digits);
+  EXPECT_TRUE(edit.SetText("12۳"));
+  EXPECT_FALSE(edit.TypeText("-"));
+  EXPECT_FALSE(edit.SetText("-5"));
+  EXPECT_EQ(edit.Text(), "123");
+}
+
+TEST(Edit, WhatIsHalfTypedIsNoValue) {
+  TEdit number(nullptr, "Code_EDT", InputKind::Integer);
+  TEdit amount(nullptr, "Amount_EDT", InputKind::Amount);
+  for (const char* text : {"-", ""}) {
+    EXPECT_TRUE(number.TypeText(text));
+    EXPECT_FALSE(number.HoldsValue()) << text;
+    EXPECT_EQ(number.Value(), "") << text;
+    EXPECT_EQ(number.HalfTyped(), *text != '\0') << text;
+  }
+  for (const char* text : {"-", ".", "-.", ",", ""}) {
+    EXPECT_TRUE(amount.TypeText(text));
+    EXPECT_FALSE(amount.HoldsValue()) << text;
+    EXPECT_EQ(amount.Value(), "") << text;
+    EXPECT_EQ(amount.TextOfValue(), "") << text;
+  }
+}
+
+TEST(Edit, AnAmountIsReadAsStatementsTakeIt) {
+  TEdit amount(nullptr, "Amount_EDT", InputKind::Amount);
+  const std::pair<const char*, const char*> values[] = {{"1,250", "1250"},     {"1,250.", "1250"},
+                                                        {".5", "0.5"},         {"-.5", "-0.5"},
+                                                        {"-1,2.50", "-12.50"}, {"0", "0"}};
+  for (const auto& [text, value] : values) {
+    amount.SetText(text);
+    EXPECT_EQ(amount.Value(), value);
+    EXPECT_EQ(amount.TextOfValue(), text);
+  }
+}
+
+TEST(Edit, ADateThatDoesNotExistIsMarkedUntilItIsAnotherOne) {
+  TDateEdit date(nullptr, "Date_EDT");
+  date.SetText("14021229");
+  EXPECT_EQ(date.Problem(), "");
+  date.TypeText("1404/12/30");
+  EXPECT_TRUE(date.HoldsImpossibleDate());
+  EXPECT_TRUE(date.HalfTyped());
+  date.Accept();
+  EXPECT_EQ(date.Problem(), kNoSuchDate);
+  date.TypeText("1404/12/3");
+  EXPECT_FALSE(date.HoldsImpossibleDate());  // it is completed to the third
+  date.TypeText("1404/12");
+  EXPECT_TRUE(date.HoldsImpossibleDate());
+  date.GiveBackLastGoodDate();
+  EXPECT_EQ(date.Text(), "1402/12/29");
+  EXPECT_EQ(date.Problem(), "");
+  date.Clear();
+  EXPECT_FALSE(date.HoldsImpossibleDate());
+}
+
+TEST(Edit, ATextHasNoNul) {
+  TEdit edit(nullptr, "Search_EDT");
+  EXPECT_FALSE(edit.SetText(std::string_view("a\0b", 3)));
+  EXPECT_EQ(edit.Text(), "");
+}
+
 }  // namespace
 }  // namespace goods

@@ -128,5 +128,56 @@ TEST_F(Frames, ClearingEmptiesEverything) {
   EXPECT_EQ(dates.RangeDate_To_EDT.Text(), "");
 }
 
+TEST_F(Frames, ACodeThatCannotBeLookedUpCountsAsNoneUntilEnterAsksAgain) {
+  TSelect_Entity_Frame& frame = store.TSelect_Entity_Frame1;
+  store.SetCode(3);
+  frame.Code_EDT.SetFocus();
+  host.Lookups().FailNext("offline");
+  EXPECT_THROW(frame.Code_EDT.SetText("4"), DatabaseError);
+  EXPECT_EQ(frame.Code_EDT.Text(), "4");
+  EXPECT_NE(frame.Code_EDT.Problem(), "");
+  EXPECT_EQ(frame.Name_LBL.Caption(), "---");
+  EXPECT_EQ(store.CodeAsInt(), 0);
+  EXPECT_FALSE(store.SelectEntity_CHK.Checked());
+  EXPECT_EQ(store.Search.DataSetCondition(), "");
+
+  host.Lookups().Give(EntityType::Store, 4, {{"Name", "انبار شمال"}});
+  form.KeyDown({Key::Enter, false, false, false});
+  EXPECT_EQ(frame.Name_LBL.Caption(), "انبار شمال");
+  EXPECT_EQ(frame.Code_EDT.Problem(), "");
+  EXPECT_EQ(store.Search.DataSetCondition(), "(Anbar = 4)");
+}
+
+TEST_F(Frames, TheProgramAsksAgainForACodeThatCouldNotBeLookedUp) {
+  host.Lookups().FailNext("offline");
+  EXPECT_THROW(store.SetCode(3), DatabaseError);
+  store.SetCode(3);
+  EXPECT_EQ(store.TSelect_Entity_Frame1.Name_LBL.Caption(), "انبار مرکزی");
+  EXPECT_TRUE(store.InUse());
+}
+
+TEST_F(Frames, EnterAsksAgainForACodeWhoseFillingFailed) {
+  TSelect_Entity_Frame good{&form, "Good_SEF"};
+  good.SetEntityType(EntityType::Store);
+  form.Place(good);
+  int fills = 0;
+  good.OnCodeChange = [&] {
+    if (++fills == 1) throw std::runtime_error("deadlock");
+  };
+  good.Code_EDT.SetFocus();
+  EXPECT_THROW(good.Code_EDT.SetText("3"), std::runtime_error);
+  EXPECT_EQ(good.CodeAsInt(), 3);
+  form.KeyDown({Key::Enter, false, false, false});
+  EXPECT_EQ(fills, 2);
+  form.KeyDown({Key::Enter, false, false, false});
+  EXPECT_EQ(fills, 2);
+}
+
+TEST_F(Frames, ACodeThatIsBeingTypedIsNotTheCodeYet) {
+  store.SetCode(3);
+  store.TSelect_Entity_Frame1.Code_EDT.TypeText("37");
+  EXPECT_EQ(store.CodeAsInt(), 3);
+}
+
 }  // namespace
 }  // namespace goods

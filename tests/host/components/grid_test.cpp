@@ -133,5 +133,34 @@ TEST_F(Grid, ItsLayoutIsKeptAsTextAndForeignTextIsIgnored) {
       << "only what the chooser offers can be hidden by a file";
 }
 
+TEST_F(Grid, ATitleClickSortsTheRowsThatAreThereAndThoseToCome) {
+  grid.TitleClick(*grid.FindColumn("Name"));
+  query.Open();
+  EXPECT_EQ(grid.CellText(0, *grid.FindColumn("Name")), "a");
+  grid.TitleClick(*grid.FindColumn("Name"));
+  EXPECT_EQ(grid.CellText(0, *grid.FindColumn("Name")), "c");
+}
+
+TEST_F(Grid, AColumnWithoutAFieldBearsNoMark) {
+  grid.AddColumn("Nothing", "هیچ");
+  grid.TitleClick(*grid.FindColumn("Nothing"));
+  EXPECT_EQ(grid.GetSort(), "Nothing ASC");  // nothing is known of the rows yet
+  query.Open();
+  EXPECT_EQ(grid.GetSort(), "");
+  grid.TitleClick(*grid.FindColumn("Name"));
+  grid.TitleClick(*grid.FindColumn("Nothing"));
+  EXPECT_EQ(grid.GetSort(), "Name ASC");
+}
+
+TEST_F(Grid, ALayoutIsKeptByTheColumnsOwnNameWhateverItShows) {
+  grid.FindColumn("Amount")->SetWidth(77).SetFieldName("RemainInAnbar");
+  const std::string layout = grid.SaveLayout();
+  TSmartDBGrid_QRT other{nullptr, "Rows_GRD"};
+  other.AddColumn("Name", "نام");
+  other.AddColumn("Amount", "مبلغ");
+  other.LoadLayout(layout);
+  EXPECT_EQ(other.FindColumn("Amount")->Width(), 77);
+}
+
 }  // namespace
 }  // namespace goods

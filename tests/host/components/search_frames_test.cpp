@@ -167,5 +167,42 @@ TEST(AdvancedSearchFrame, ALabelsClickTogglesTheBox) {
   EXPECT_EQ(clicks, 2);
 }
 
+TEST_F(SearchFrames, AHalfTypedNumberAsksForNothingAndEveryKeyNotifies) {
+  general.GeneralSearch_CMB.SetItemIndex(1);
+  changes = 0;
+  general.GeneralSearch_EDT.TypeText("-");
+  EXPECT_EQ(general.Search.ProcParams(), "");
+  general.GeneralSearch_EDT.TypeText("-5");
+  EXPECT_EQ(general.Search.ProcParams(), "@Code=-5");
+  amount.RangeDigit_From_EDT.TypeText("5");
+  changes = 0;
+  general.GeneralSearch_EDT.TypeText("-05");
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(SearchFrames, AnEndWithoutAValueIsOpen) {
+  code.RangeDigit_From_EDT.TypeText("-");
+  code.RangeDigit_To_EDT.TypeText("7");
+  EXPECT_TRUE(code.InUse());
+  EXPECT_EQ(code.Search.ProcParams(), "@ToCode=7");
+  EXPECT_EQ(code.Search.DataSetCondition(), "(Code <= 7)");
+  EXPECT_EQ(code.FromValue(), "");
+  EXPECT_EQ(code.ToValue(), "7");
+}
+
+TEST_F(SearchFrames, TwoEndsThatAreOpenOrNoughtAskForNothing) {
+  const std::pair<const char*, const char*> nothing[] = {
+      {"", ""}, {"0", "0"}, {"0", ""}, {"-", "0"}, {"-", ""}};
+  for (const auto& [from, to] : nothing) {
+    code.SetRange(from, to);
+    code.RangeDigit_CHK.SetChecked(true);
+    EXPECT_FALSE(code.InUse()) << from << " " << to;
+    EXPECT_EQ(code.Search.ProcParams(), "") << from << " " << to;
+    EXPECT_EQ(code.Search.FarsiText(), "") << from << " " << to;
+  }
+  code.SetRange("0", "7");
+  EXPECT_EQ(code.Search.ProcParams(), "@FromCode=0,@ToCode=7");
+}
+
 }  // namespace
 }  // namespace goods

@@ -106,5 +106,45 @@ TEST_F(Stored, LetterCaseOfNamesDoesNotMatter) {
   EXPECT_TRUE(box.Checked());
 }
 
+TEST_F(Stored, LinesOfASharedSectionThatNothingHereKnowsAreCarriedOver) {
+  settings.GiveSection("Turnover", "Cost_FRAME.From.Text=5\nText_EDT.Text=old\n\nno line\n");
+  text.SetText("new");
+  stored.Save(settings);
+  const std::string kept = settings.ReadSection("Turnover");
+  EXPECT_NE(kept.find("Cost_FRAME.From.Text=5\n"), std::string::npos);
+  EXPECT_NE(kept.find("Text_EDT.Text=new\n"), std::string::npos);
+  EXPECT_EQ(kept.find("old"), std::string::npos);
+  stored.Save(settings);
+  EXPECT_EQ(settings.ReadSection("Turnover"), kept);
+}
+
+TEST_F(Stored, WhatBelongsTogetherIsRestoredWholeOrNotAtAll) {
+  TStoredProperties range{&window, "Range_PRP", "Range"};
+  range.KeepTogether([&] {
+    range.Keep(combo);
+    range.Keep(number);
+    range.Keep(box);
+  });
+  range.Keep(text);
+  number.SetText("3");
+  const auto load = [&](const std::string& lines) {
+    settings.GiveSection("Range", lines);
+    range.Load(settings);
+  };
+  load("Kind_CMB.ItemIndex=9\nNumber_EDT.Text=12\nPeriod_PNL.All_CHK.Checked=1\nText_EDT.Text=x\n");
+  EXPECT_EQ(combo.ItemIndex(), 0);
+  EXPECT_EQ(number.Text(), "3");
+  EXPECT_FALSE(box.Checked());
+  EXPECT_EQ(text.Text(), "x");
+  load("Kind_CMB.ItemIndex=1\nNumber_EDT.Text=-\nPeriod_PNL.All_CHK.Checked=1\n");
+  EXPECT_EQ(combo.ItemIndex(), 0);
+  EXPECT_EQ(number.Text(), "3");
+  EXPECT_FALSE(box.Checked());
+  load("Kind_CMB.ItemIndex=1\nNumber_EDT.Text=12\nPeriod_PNL.All_CHK.Checked=1\n");
+  EXPECT_EQ(combo.ItemIndex(), 1);
+  EXPECT_EQ(number.Text(), "12");
+  EXPECT_TRUE(box.Checked());
+}
+
 }  // namespace
 }  // namespace goods

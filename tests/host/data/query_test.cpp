@@ -411,6 +411,16 @@ TEST_F(Query, ChangingTheTextWhileItsStatementRunsIsSafe) {
   }
 }
 
+TEST_F(Query, AStatementWithANulNeverGoesOut) {
+  query.Open();
+  query.SetSQL(std::string("Exec P 'a\0b'", 13));
+  EXPECT_THROW(query.Open(), DatabaseError);
+  EXPECT_FALSE(query.Active());
+  EXPECT_THROW(query.ExecSQL(), DatabaseError);
+  EXPECT_EQ(connection.opened.size(), 1U);
+  EXPECT_TRUE(connection.executed.empty());
+}
+
 TEST_F(Query, AnEmptyResultHasFieldsAndNoRow) {
   connection.rows.clear();
   query.SetFilter("Type = 1");

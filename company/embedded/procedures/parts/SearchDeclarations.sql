@@ -4,7 +4,7 @@
 -- criterion name PerName of Persons on k.Percode
 -- criterion name AnbarName of Stores on k.Anbar
 -- criterion range Code integer on k.Kala
--- criterion range Date text on k.Date
+-- criterion range Date date on k.Date
 -- criterion range Varede decimal on max(k.Tedad, 0)
 -- criterion range Sadere decimal on max(-k.Tedad, 0)
 -- criterion range Mab_Varede decimal on iif(k.Tedad > 0, k.Gheymat, 0)
