@@ -7,7 +7,8 @@
 
 namespace goods {
 
-TForm::TForm(THost& host, std::string name) : TControl(nullptr, std::move(name)), host_(host) {}
+TForm::TForm(THost& host, std::string name)
+    : TControl(nullptr, std::move(name)), host_(host), showsMoney_(host.Rights().SeesPrices()) {}
 
 TForm::~TForm() = default;
 
@@ -15,6 +16,7 @@ int TForm::ShowModal() {
   if (showing_) throw std::logic_error("the window " + Name() + " is showing already");
   modalResult_ = kModalNone;
   showing_ = true;
+  showsMoney_ = host_.Rights().SeesPrices();
   // Cleared also when the host's loop throws, so that a kept window can be opened again.
   struct ShowingScope {
     bool& flag;

@@ -28,6 +28,10 @@ class TForm : public TControl {
 
   THost& Host() const { return host_; }
 
+  // Whether what is declared as money is shown here: the user's right (IRights::SeesPrices) when the window
+  // was constructed, and again each time that it is shown.
+  bool ShowsMoney() const { return showsMoney_; }
+
   // Shows the window and returns its modal result when it is closed. Throws std::logic_error while it is
   // showing.
   int ShowModal();
@@ -73,6 +77,7 @@ class TForm : public TControl {
  private:
   THost& host_;
   bool showing_ = false;
+  bool showsMoney_ = true;
   int modalResult_ = kModalNone;
   TControl* activeControl_ = nullptr;
 };
