@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QWheelEvent>
+#include <algorithm>
 #include <functional>
 
 #include "desktop/views/form_view.h"
@@ -59,20 +60,23 @@ ComboView::ComboView(FormView& form, TComboBox& combo, QWidget* parent)
   box->OnDropped = [this, alive = QPointer<ComboView>(this)](bool open) {
     if (alive && combo_.DroppedDown() != open) Act([this, open] { combo_.SetDroppedDown(open); });
   };
-  connect(box, &QComboBox::activated, this,
-          [this](int index) { Act([this, index] { combo_.SetItemIndex(index); }); });
+  connect(box, &QComboBox::activated, this, [this](int row) {
+    Act([this, row] { combo_.SetItemIndex(offered_[static_cast<std::size_t>(row)]); });
+  });
 }
 
 QWidget* ComboView::FocusWidget() const { return widget_; }
 
 void ComboView::RefreshItems() {
   const auto& items = combo_.Items();
-  bool same = widget_->count() == static_cast<int>(items.size());
-  for (int i = 0; same && i < widget_->count(); ++i)
-    same = widget_->itemText(i) == ItemText(items[static_cast<std::size_t>(i)]);
+  offered_ = combo_.OfferedItems();
+  QStringList texts;
+  for (const int item : offered_) texts << ItemText(items[static_cast<std::size_t>(item)]);
+  bool same = widget_->count() == texts.size();
+  for (int i = 0; same && i < widget_->count(); ++i) same = widget_->itemText(i) == texts[i];
   if (same) return;
   widget_->clear();
-  for (const TComboItem& item : items) widget_->addItem(ItemText(item));
+  widget_->addItems(texts);
   widget_->setMaxVisibleItems(15);
 }
 
@@ -100,7 +104,9 @@ void ComboView::Refresh() {
   }
   const int caret = typing ? widget_->lineEdit()->cursorPosition() : 0;
   RefreshItems();
-  if (widget_->currentIndex() != combo_.ItemIndex()) widget_->setCurrentIndex(combo_.ItemIndex());
+  const auto chosen = std::find(offered_.begin(), offered_.end(), combo_.ItemIndex());
+  const int row = chosen == offered_.end() ? -1 : static_cast<int>(chosen - offered_.begin());
+  if (widget_->currentIndex() != row) widget_->setCurrentIndex(row);
   if (typing) RefreshText(caret);
   widget_->setMinimumWidth(combo_.Width() > 0 ? Scaled(combo_.Width(), *widget_) : Scaled(90, *widget_));
   const bool open = widget_->view()->isVisible();

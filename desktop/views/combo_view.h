@@ -20,6 +20,7 @@ class ComboView : public ControlView {
 
   TComboBox& combo_;
   QComboBox* widget_;
+  std::vector<int> offered_;  // the item behind each row of the list
 };
 
 }  // namespace goods

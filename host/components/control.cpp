@@ -28,6 +28,18 @@ void TControl::SetVisible(bool visible) {
   Changed();
 }
 
+void TControl::SetMoney(bool money) {
+  if (money == money_) return;
+  money_ = money;
+  Changed();
+}
+
+bool TControl::Withheld() const {
+  if (!money_) return false;
+  const TForm* form = Form();
+  return form != nullptr && !form->ShowsMoney();
+}
+
 void TControl::SetEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
@@ -51,7 +63,7 @@ void TControl::SetAccessibleName(std::string name) {
 
 bool TControl::CanFocus() const {
   for (const TControl* each = this; each->parent_ != nullptr; each = each->parent_) {
-    if (!each->visible_ || !each->enabled_ || !each->parent_->ShowsContents()) return false;
+    if (!each->Visible() || !each->enabled_ || !each->parent_->ShowsContents()) return false;
   }
   return true;
 }
@@ -94,7 +106,7 @@ TForm* TControl::Form() {
 const TForm* TControl::Form() const { return const_cast<TControl*>(this)->Form(); }
 
 void TControl::Click() {
-  if (visible_ && enabled_ && OnClick) OnClick();
+  if (Visible() && enabled_ && OnClick) OnClick();
 }
 
 void TControl::DoEnter() {

@@ -26,8 +26,14 @@ class TControl : public TComponent {
   // "&" marks the letter of the keyboard accelerator.
   const std::string& Caption() const { return caption_; }
   void SetCaption(std::string caption);
-  bool Visible() const { return visible_; }
+  // False also for money in a window that shows none.
+  bool Visible() const { return visible_ && !Withheld(); }
   void SetVisible(bool visible);
+  // Declares that it shows, asks for or chooses prices or amounts, with all that stands in it.
+  void SetMoney(bool money = true);
+  bool Money() const { return money_; }
+  // Declared as money in a window that shows none.
+  bool Withheld() const;
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
   const std::string& Hint() const { return hint_; }
@@ -89,6 +95,7 @@ class TControl : public TComponent {
   std::string hint_;
   std::string accessibleName_;
   bool visible_ = true;
+  bool money_ = false;
   bool enabled_ = true;
   TControl* parent_ = nullptr;
   std::vector<TControl*> controls_;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/components/form.h"
+
 namespace goods {
 
 void TFieldList::SetDataSource(TDataSource* source) {
@@ -19,9 +21,11 @@ void TFieldList::SetFields(std::vector<TDetailField> fields) {
 std::vector<TFieldList::Entry> TFieldList::Entries() const {
   const TADOQuery* query = source_ == nullptr ? nullptr : source_->DataSet();
   if (query == nullptr || !query->RecNo()) return {};
+  const TForm* form = Form();
+  const bool money = form == nullptr || form->ShowsMoney();
   std::vector<Entry> entries;
   for (const TDetailField& field : fields_) {
-    if (!query->FindField(field.FieldName)) continue;
+    if (!query->FindField(field.FieldName) || (field.Money && !money)) continue;
     const Value value = query->FieldByName(field.FieldName);
     const bool formatted = !field.Format.empty() && !value.IsNull();
     entries.push_back(

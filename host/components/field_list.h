@@ -10,11 +10,13 @@
 
 namespace goods {
 
-// What a field list shows, and in which format; an empty format shows the text as it stands.
+// What a field list shows, and in which format; an empty format shows the text as it stands. Money is left
+// out in a window that shows none.
 struct TDetailField {
   std::string FieldName;
   std::string Caption;
   std::string Format;
+  bool Money = false;
 };
 
 // Follows the cursor of its source. Fields that the query does not have are left out, and so is everything

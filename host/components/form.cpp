@@ -8,7 +8,10 @@
 namespace goods {
 
 TForm::TForm(THost& host, std::string name)
-    : TControl(nullptr, std::move(name)), host_(host), section_(Name()) {}
+    : TControl(nullptr, std::move(name)),
+      host_(host),
+      section_(Name()),
+      showsMoney_(host.Rights().SeesPrices()) {}
 
 TForm::~TForm() = default;
 
@@ -16,6 +19,7 @@ int TForm::ShowModal() {
   if (showing_) throw std::logic_error("the window " + Name() + " is showing already");
   modalResult_ = kModalNone;
   showing_ = true;
+  showsMoney_ = host_.Rights().SeesPrices();
   // Cleared also when the host's loop throws, so that a kept window can be opened again.
   struct ShowingScope {
     bool& flag;

@@ -33,6 +33,9 @@ class TForm : public TControl {
   // unless the window gives another.
   const std::string& Section() const { return section_; }
   void SetSection(std::string section) { section_ = std::move(section); }
+  // Whether what is declared as money is shown here: the user's right (IRights::SeesPrices) when the window
+  // was constructed, and again each time that it is shown.
+  bool ShowsMoney() const { return showsMoney_; }
 
   // Shows the window and returns its modal result when it is closed. Throws std::logic_error while it is
   // showing.
@@ -80,6 +83,7 @@ class TForm : public TControl {
   THost& host_;
   std::string section_;
   bool showing_ = false;
+  bool showsMoney_ = true;
   int modalResult_ = kModalNone;
   TControl* activeControl_ = nullptr;
 };

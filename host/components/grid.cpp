@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/components/form.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -76,6 +77,18 @@ TGridColumn& TGridColumn::SetVisible(bool visible) {
   visible_ = visible;
   grid_.Changed();
   return *this;
+}
+
+TGridColumn& TGridColumn::SetMoney(bool money) {
+  money_ = money;
+  grid_.Changed();
+  return *this;
+}
+
+bool TGridColumn::Withheld() const {
+  if (!money_) return false;
+  const TForm* form = std::as_const(grid_).Form();
+  return form != nullptr && !form->ShowsMoney();
 }
 
 TGridColumn& TGridColumn::SetCustomizable(bool customizable) {
@@ -182,14 +195,15 @@ std::vector<TGridColumn*> TSmartDBGrid_QRT::VisibleColumns() const {
 
 std::string TSmartDBGrid_QRT::CellText(std::size_t position, const TGridColumn& column) const {
   const TADOQuery* query = DataSet();
-  if (query == nullptr || position >= query->RecordCount()) return {};
+  if (query == nullptr || position >= query->RecordCount() || column.Withheld()) return {};
   const auto field = query->FindField(column.FieldName());
   return field ? column.Format().Format(query->Cell(position, *field)) : std::string();
 }
 
 std::string TSmartDBGrid_QRT::FooterText(const TGridColumn& column) const {
   const TADOQuery* query = DataSet();
-  if (column.Footer() == FooterKind::None || query == nullptr || !query->Active()) return {};
+  if (column.Footer() == FooterKind::None || query == nullptr || !query->Active() || column.Withheld())
+    return {};
   const auto known = std::find_if(footers_.begin(), footers_.end(),
                                   [&](const FooterValue& footer) { return footer.column == &column; });
   if (known != footers_.end()) return known->text;
@@ -212,7 +226,7 @@ void TSmartDBGrid_QRT::RefreshFooters() {
 }
 
 void TSmartDBGrid_QRT::TitleClick(const TGridColumn& column, bool add) {
-  if (!CanSortBy(column.FieldName())) return;
+  if (column.Withheld() || !CanSortBy(column.FieldName())) return;
   const auto same = [&](const TSortKey& key) { return SameText(key.FieldName, column.FieldName()); };
   const auto found = std::find_if(sort_.begin(), sort_.end(), same);
   std::vector<TSortKey> keys;
@@ -298,7 +312,7 @@ std::string TSmartDBGrid_QRT::SaveLayout() const {
   std::string text;
   for (const auto& column : columns_) {
     text +=
-        column->Name() + "=" + std::to_string(column->Width()) + "," + (column->Visible() ? "1" : "0") + "\n";
+        column->Name() + "=" + std::to_string(column->Width()) + "," + (column->visible_ ? "1" : "0") + "\n";
   }
   return text;
 }
@@ -316,7 +330,7 @@ void TSmartDBGrid_QRT::LoadLayout(std::string_view text) {
     if (width < 10 || width > 4000 || found == columns_.end()) continue;
     TGridColumn& column = **found;
     column.SetWidth(static_cast<int>(width));
-    if (column.Customizable()) column.SetVisible(values[1] == "1");
+    if (column.customizable_) column.SetVisible(values[1] == "1");
     const auto from = static_cast<std::size_t>(found - columns_.begin());
     if (from >= place) MoveColumn(from, place++);
   }

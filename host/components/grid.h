@@ -55,10 +55,16 @@ class TGridColumn {
   TGridColumn& SetWidth(int width);
   bool AutoFit() const { return autoFit_; }  // takes the room that is left over
   TGridColumn& SetAutoFit(bool autoFit);
-  bool Visible() const { return visible_; }
+  // False also for money in a window that shows none; so is Customizable, and the texts are then empty.
+  bool Visible() const { return visible_ && !Withheld(); }
   TGridColumn& SetVisible(bool visible);
+  // Declares that its figures are prices or amounts.
+  TGridColumn& SetMoney(bool money = true);
+  bool Money() const { return money_; }
+  // Declared as money in a window that shows none.
+  bool Withheld() const;
   // Whether the column chooser offers it.
-  bool Customizable() const { return customizable_; }
+  bool Customizable() const { return customizable_ && !Withheld(); }
   TGridColumn& SetCustomizable(bool customizable);
   TextAlign Align() const { return align_; }
   TGridColumn& SetAlign(TextAlign align);
@@ -80,8 +86,11 @@ class TGridColumn {
   int width_ = 80;
   bool autoFit_ = false;
   bool visible_ = true;
+  bool money_ = false;
   bool customizable_ = true;
   TextAlign align_ = TextAlign::Start;
+
+  friend class TSmartDBGrid_QRT;  // layouts keep what is asked for, whoever may see it
 };
 
 struct TSortKey {

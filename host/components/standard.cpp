@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/components/form.h"
+
 namespace goods {
 
 void TButton::DoKey(TKey& key) {
@@ -87,6 +89,16 @@ void TComboBox::SetItems(std::vector<TComboItem> items) {
 void TComboBox::AddItem(TComboItem item) {
   items_.push_back(std::move(item));
   Changed();
+}
+
+std::vector<int> TComboBox::OfferedItems() const {
+  const TForm* form = Form();
+  const bool money = form == nullptr || form->ShowsMoney();
+  std::vector<int> offered;
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    if (money || !items_[i].Money) offered.push_back(static_cast<int>(i));
+  }
+  return offered;
 }
 
 void TComboBox::ClearItems() { SetItems({}); }

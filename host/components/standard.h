@@ -84,11 +84,13 @@ class TPanel : public TControl {
   bool folded_ = false;
 };
 
-// An entry of a combo box: what is shown, and the number and the text that it stands for.
+// An entry of a combo box: what is shown, and the number and the text that it stands for. A view leaves out
+// one that stands for prices or amounts where they are not shown.
 struct TComboItem {
   std::string Text;
   std::int64_t Object = 0;
   std::string HiddenValue;
+  bool Money = false;
 };
 
 enum class ComboStyle { PickList, Typing };
@@ -100,6 +102,8 @@ class TComboBox : public TControl {
   bool TakesFocus() const override { return true; }
 
   const std::vector<TComboItem>& Items() const { return items_; }
+  // The places of the items that the user is offered: all but those of money in a window that shows none.
+  std::vector<int> OfferedItems() const;
   // Replaces the list; the first item becomes chosen without an event, none of an empty list.
   void SetItems(std::vector<TComboItem> items);
   void AddItem(TComboItem item);

@@ -1,5 +1,6 @@
 #include "host/components/tabs.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/components/form.h"
@@ -42,12 +43,23 @@ std::vector<TTabSheet*> TPageControl::Pages() const {
 
 TTabSheet* TPageControl::ActivePage() const {
   const std::vector<TTabSheet*> pages = Pages();
-  const auto active = static_cast<std::size_t>(active_);
+  const auto active = static_cast<std::size_t>(ActivePageIndex());
   return active < pages.size() ? pages[active] : nullptr;
 }
 
+int TPageControl::ActivePageIndex() const {
+  const std::vector<TTabSheet*> pages = Pages();
+  const auto active = static_cast<std::size_t>(active_);
+  if (active >= pages.size() || !pages[active]->Withheld()) return active_;
+  const auto seen =
+      std::find_if(pages.begin(), pages.end(), [](const TTabSheet* page) { return page->Visible(); });
+  return seen == pages.end() ? active_ : static_cast<int>(seen - pages.begin());
+}
+
 void TPageControl::SetActivePageIndex(int index) {
-  if (index == active_ || index < 0 || index >= static_cast<int>(Pages().size())) return;
+  const std::vector<TTabSheet*> pages = Pages();
+  if (index == active_ || index < 0 || index >= static_cast<int>(pages.size())) return;
+  if (pages[static_cast<std::size_t>(index)]->Withheld()) return;
   const TForm* form = Form();
   const TControl* inside = form == nullptr ? nullptr : form->ActiveControl();
   while (inside != nullptr && inside != ActivePage()) inside = inside->Parent();
@@ -75,7 +87,7 @@ void TPageControl::Turn(bool forward) {
   const std::vector<TTabSheet*> pages = Pages();
   const int count = static_cast<int>(pages.size());
   for (int step = 1; step < count; ++step) {
-    const int index = (active_ + (forward ? step : count - step)) % count;
+    const int index = (ActivePageIndex() + (forward ? step : count - step)) % count;
     if (pages[static_cast<std::size_t>(index)]->Visible()) return SetActivePageIndex(index);
   }
 }

@@ -48,9 +48,10 @@ class TPageControl : public TControl {
   bool TakesFocus() const override { return true; }
 
   std::vector<TTabSheet*> Pages() const;
-  // Null while it has no page.
+  // Null while it has no page. A page of money in a window that shows none gives way to the first visible
+  // one.
   TTabSheet* ActivePage() const;
-  int ActivePageIndex() const { return active_; }
+  int ActivePageIndex() const;
   // Fires OnChange when the page changes, whoever changes it. No such page: nothing. A focus inside the page
   // that is turned away goes to the tabs.
   void SetActivePageIndex(int index);

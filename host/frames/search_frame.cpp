@@ -38,7 +38,7 @@ std::size_t TSearchFrame::Chosen() const { return static_cast<std::size_t>(std::
 
 void TSearchFrame::ShowItems(std::size_t chosen) {
   std::vector<TComboItem> titles;
-  for (const TSearchItem& item : items_) titles.push_back({item.Title, 0, ""});
+  for (const TSearchItem& item : items_) titles.push_back({item.Title, 0, "", item.Money});
   showingItems_ = true;
   kinds_.SetItems(std::move(titles));
   kinds_.SetItemIndex(static_cast<int>(chosen));
@@ -57,7 +57,7 @@ bool TSearchFrame::ControlsChanged() {
     Search.FieldName = items_[chosen].FieldName;
     Search.Kind = items_[chosen].Kind;
   }
-  Search.Active = check_.Checked();
+  Search.Active = check_.Checked() && !Withheld();  // what is not seen does not filter
   Search.Exclude = reverse_.Checked();
   FillSearch();
   if (Search.DataSetCondition() == condition && Search.ProcParams() == parameters) return false;

@@ -16,6 +16,7 @@ struct TSearchItem {
   std::string Title;
   std::string FieldName;
   DataKind Kind = DataKind::Number;
+  bool Money = false;  // a price or an amount
 };
 
 // The frame keeps its TQeratSearch up to date; adding Search to a window's search manager joins the frame to

@@ -57,6 +57,9 @@ class IRights {
                               bool logged, std::string_view text) = 0;
   // Records that the user did what the permission allows, on the thing with the given code.
   virtual void SetUserEvent(int softwarePart, int permission, std::int64_t code) = 0;
+  // Whether the user sees prices and amounts. No report asks: windows withhold what their forms declare as
+  // money (TControl::SetMoney, TGridColumn::SetMoney).
+  virtual bool SeesPrices() const { return true; }
 };
 
 // How a right is asked for: whether a refusal is told to the user, and the question logged.

@@ -36,7 +36,7 @@ TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, Delay
 void TTitleSearchPanel::SetItems(std::vector<TitleSearchItem> items, int chosen) {
   items_ = std::move(items);
   std::vector<TComboItem> entries;
-  for (const TitleSearchItem& item : items_) entries.push_back({item.text, item.object, ""});
+  for (const TitleSearchItem& item : items_) entries.push_back({item.text, item.object, "", item.money});
   const auto onChange = std::exchange(GoodDetailSearch_CMB.OnChange, nullptr);
   GoodDetailSearch_CMB.SetItems(std::move(entries));
   GoodDetailSearch_CMB.SetItemIndex(chosen);

@@ -15,11 +15,13 @@
 
 namespace goods {
 
-// A column that can be searched, the input that it takes, and the number that statements send for it.
+// A column that can be searched, the input that it takes, the number that statements send for it, and whether
+// it holds prices or amounts.
 struct TitleSearchItem {
   std::string text;
   InputKind kind = InputKind::Text;
   std::int64_t object = 0;
+  bool money = false;
 };
 
 // Choosing another column empties the edit and sets its kind of input, without a search of its own for that.

@@ -29,11 +29,14 @@ class ScriptedRights : public IRights {
   bool HavePermission(const TUserInfo& user, int softwarePart, int permission, bool showMessage, bool logged,
                       std::string_view text) override;
   void SetUserEvent(int softwarePart, int permission, std::int64_t code) override;
+  void SetSeesPrices(bool sees) { seesPrices_ = sees; }
+  bool SeesPrices() const override { return seesPrices_; }
 
  private:
   CallLog& log_;
   TUserInfo user_{1, "کاربر"};
   bool all_ = true;
+  bool seesPrices_ = true;
   std::map<std::pair<int, int>, bool> rights_;
 };
 

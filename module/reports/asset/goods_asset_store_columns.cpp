@@ -41,6 +41,7 @@ void TGoodsAsset_Store_FRM::DeclareGroup(const std::string& prefix, const std::s
   const auto number = [&](const char* suffix, const char* caption, std::string_view format, int width) {
     GoodsAsset_Store_GRD.AddColumn(prefix + suffix, title + caption)
         .SetDisplayFormat(format)
+        .SetMoney(format == kAmountFormat)
         .SetFooterFormat(format)
         .SetFooter(FooterKind::Sum)
         .SetWidth(width);
@@ -85,6 +86,7 @@ TGridColumn& TGoodsAsset_Store_FRM::AddStoreColumn(std::size_t at, const std::st
   const TGridColumn& model = *GoodsAsset_Store_GRD.FindColumn(like);
   TGridColumn& added = GoodsAsset_Store_GRD.InsertColumn(at, field, caption);
   added.SetDisplayFormat(model.DisplayFormatText())
+      .SetMoney(model.Money())
       .SetAutoFit(model.AutoFit())
       .SetFooter(model.Footer())
       .SetWidth(kQuantityWidth);

@@ -16,8 +16,8 @@ void TAllGoodDetailTransaction_FRM::DeclareForm() {
                        {"  شرح", InputKind::Text},
                        {"  وارده", InputKind::Integer},
                        {"  صادره", InputKind::Integer},
-                       {"  مبلغ واحد", InputKind::Amount},
-                       {"  مبلغ کل", InputKind::Amount}},
+                       {"  مبلغ واحد", InputKind::Amount, 0, true},
+                       {"  مبلغ کل", InputKind::Amount, 0, true}},
                       1);
   OperationsType_LBL.FocusControl = &OperationsType_CMB;
   OperationsType_CMB.SetAccessibleName("نوع عملیات");
@@ -31,21 +31,22 @@ void TAllGoodDetailTransaction_FRM::DeclareForm() {
 
   DeclareColumns();
   TListDetail_FRAME1.SetHeight(130);
-  TListDetail_FRAME1.DetailFields_QRT1.SetFields({{"OperationDate", "تاریخ", ""},
-                                                  {"AnbarName", "انبار", ""},
-                                                  {"Name", "نام کالا", ""},
-                                                  {"Comment", "شرح", ""},
-                                                  {"Varede", "مقدار وارده", std::string(kQuantityFormat)},
-                                                  {"Sadere", "مقدار صادره", std::string(kQuantityFormat)},
-                                                  {"fullname", "نام شخص", ""},
-                                                  {"Amount", "مبلغ واحد", std::string(kAmountFormat)},
-                                                  {"TotalAmount", "مبلغ کل", std::string(kAmountFormat)},
-                                                  {"D1Value", "جزئیات 1", ""},
-                                                  {"D2Value", "جزئیات 2", ""},
-                                                  {"D3Value", "جزئیات 3", ""},
-                                                  {"D4Value", "جزئیات 4", ""},
-                                                  {"D5Value", "جزئیات 5", ""},
-                                                  {"DetailValues", "جـــــزئیات", ""}});
+  TListDetail_FRAME1.DetailFields_QRT1.SetFields(
+      {{"OperationDate", "تاریخ", ""},
+       {"AnbarName", "انبار", ""},
+       {"Name", "نام کالا", ""},
+       {"Comment", "شرح", ""},
+       {"Varede", "مقدار وارده", std::string(kQuantityFormat)},
+       {"Sadere", "مقدار صادره", std::string(kQuantityFormat)},
+       {"fullname", "نام شخص", ""},
+       {"Amount", "مبلغ واحد", std::string(kAmountFormat), true},
+       {"TotalAmount", "مبلغ کل", std::string(kAmountFormat), true},
+       {"D1Value", "جزئیات 1", ""},
+       {"D2Value", "جزئیات 2", ""},
+       {"D3Value", "جزئیات 3", ""},
+       {"D4Value", "جزئیات 4", ""},
+       {"D5Value", "جزئیات 5", ""},
+       {"DetailValues", "جـــــزئیات", ""}});
   Body_PNL.Splitter = true;
   Body_PNL.Place(List_GRD, 1);
   Body_PNL.Place(TListDetail_FRAME1);
@@ -69,7 +70,10 @@ void TAllGoodDetailTransaction_FRM::DeclareColumns() {
   };
   const auto number = [&](const char* field, const char* caption, std::string_view format,
                           int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
+    return grid.AddColumn(field, caption)
+        .SetDisplayFormat(format)
+        .SetMoney(format == kAmountFormat)
+        .SetWidth(width);
   };
 
   text("OperationDate", "تاریخ", 94);

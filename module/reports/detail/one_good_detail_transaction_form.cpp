@@ -47,8 +47,8 @@ void TOneGoodDetailTransaction_FRM::DeclareColumns() {
       .SetWidth(60)
       .SetFooter(FooterKind::Sum)
       .SetFooterFormat(kQuantityFormat);
-  grid.AddColumn("KardexAmount", "مبلغ واحد").SetWidth(100).SetDisplayFormat(kAmountFormat);
-  grid.AddColumn("TotalAmount", "مبلغ کل").SetWidth(100).SetDisplayFormat(kAmountFormat);
+  grid.AddColumn("KardexAmount", "مبلغ واحد").SetWidth(100).SetDisplayFormat(kAmountFormat).SetMoney();
+  grid.AddColumn("TotalAmount", "مبلغ کل").SetWidth(100).SetDisplayFormat(kAmountFormat).SetMoney();
 }
 
 }  // namespace goods

@@ -61,8 +61,8 @@ std::vector<TitleSearchItem> UnitSearchItems(std::int64_t kind, const std::strin
   for (const Measure& each : MeasuresOf(kind, unit, unit2)) {
     items.push_back({each.searchText, InputKind::Amount, each.code});
   }
-  items.push_back({"  قیمت واحد", InputKind::Amount, kUnitPrice});
-  items.push_back({"  قیمت کل", InputKind::Amount, kTotalPrice});
+  items.push_back({"  قیمت واحد", InputKind::Amount, kUnitPrice, true});
+  items.push_back({"  قیمت کل", InputKind::Amount, kTotalPrice, true});
   return items;
 }
 

@@ -38,6 +38,7 @@ TPriceBasisPanel::TPriceBasisPanel(TComponent* owner, std::string name, THost& h
 }
 
 void TPriceBasisPanel::LayOut() {
+  SetMoney();
   Stock_CHK.CaptionShown = false;
   Stock_CHK.SetAccessibleName("فی کالا بر اساس");
   Report_CMB.SetAccessibleName("مبنای قیمت");

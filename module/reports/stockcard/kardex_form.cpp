@@ -24,6 +24,10 @@ void TKardex_FRM::DeclareForm() {
     value->Emphasis = true;
   }
 
+  for (TLabel* money : {&PreMiangin_Cap_LBL, &PreMiangin_LBL, &PreMablagh_Cap_LBL, &PreMablagh_LBL}) {
+    money->SetMoney();
+  }
+
   Good_PNL.Place(Good_LBL);
   Good_PNL.Place(Good_SEF, 1);
   for (TLabel* label : {&Unit_Cap_LBL, &Unit_LBL, &Unit2_Cap_LBL, &Unit2_LBL}) Good_PNL.Place(*label);
@@ -67,7 +71,10 @@ void TKardex_FRM::DeclareColumns() {
   };
   const auto number = [&](const char* field, const char* caption, std::string_view format,
                           int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
+    return grid.AddColumn(field, caption)
+        .SetDisplayFormat(format)
+        .SetMoney(format == kAmountFormat)
+        .SetWidth(width);
   };
 
   text("Date", "تاریخ", 86);

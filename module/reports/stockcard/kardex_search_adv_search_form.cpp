@@ -19,6 +19,7 @@ void TKardexSearch_AdvSearch_FRM::DeclareForm() {
                                   {"فی صادره", "Mab_Sadere", DataKind::Amount},
                                   {"مبلغ وارده", "Gheymat_Varede", DataKind::Amount},
                                   {"مبلغ صادره", "Gheymat_Sadere", DataKind::Amount}});
+  SearchRangeCost_FRAME.SetMoney();
   SearchRangeDate_FRAME.SetItems({{"تاریخ", "Date", DataKind::Text}});
   SearchRangeDate_FRAME.ShowTimes();
   SearchStore_FRAME.SetItems({{"نام انبار", "AnbarName", DataKind::Text}});

@@ -32,7 +32,10 @@ void TKardexSearch_FRM::DeclareColumns() {
   };
   const auto number = [&](const char* field, const char* caption, std::string_view format,
                           int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
+    return grid.AddColumn(field, caption)
+        .SetDisplayFormat(format)
+        .SetMoney(format == kAmountFormat)
+        .SetWidth(width);
   };
 
   text("Radif", "ردیف", 60).SetFooter(FooterKind::Count);

@@ -34,6 +34,7 @@ void TGoodTrans_Overall_FRM::DeclareForm() {
   tedad_Overall_List_GRD.SetAccessibleName("موجودی مقداری");
   DeclareColumns(money_Overall_List_GRD, kAmountFormat, kAmountWidth, "مانده بر اساس بهای تمام شده");
   DeclareColumns(tedad_Overall_List_GRD, kQuantityFormat, kQuantityWidth, "مانده");
+  ReialyTab.SetMoney();
   ReialyTab.Place(money_Overall_List_GRD, 1);
   TedadyTab.Place(tedad_Overall_List_GRD, 1);
   Mojodi_PGC.Place(ReialyTab);
@@ -53,7 +54,11 @@ void TGoodTrans_Overall_FRM::DeclareForm() {
 void TGoodTrans_Overall_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, std::string_view format, int width,
                                             const char* remained) {
   const auto number = [&](const char* field, const char* caption) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetFooter(FooterKind::Sum).SetWidth(width);
+    return grid.AddColumn(field, caption)
+        .SetDisplayFormat(format)
+        .SetMoney(format == kAmountFormat)
+        .SetFooter(FooterKind::Sum)
+        .SetWidth(width);
   };
   grid.FixedColumns = kFixedColumns;
   grid.AddColumn("KalaCode", "کد کالا").SetWidth(70);

@@ -63,7 +63,10 @@ void TGoodTransaction_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndP
   };
   const auto number = [&](const char* field, const char* caption, std::string_view format,
                           int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetDisplayFormat(format).SetWidth(width);
+    return grid.AddColumn(field, caption)
+        .SetDisplayFormat(format)
+        .SetMoney(format == kAmountFormat)
+        .SetWidth(width);
   };
 
   text("Code", "کد", 60);

@@ -19,6 +19,7 @@ void TGoodTransactionSearch_FRM::DeclareForm() {
   SelectedList_PNL.Place(DisplayType_CHK);
   SelectedList_PNL.Place(DisplayType_LBL, 1);
 
+  CostRangeSearch_FRAME.SetMoney();
   Go_BTN.SetVisible(false);
   Go_BTN.SetEnabled(false);
   Buttons_PNL.Place(Go_BTN);

@@ -151,6 +151,10 @@ void AddRightSteps(StepTable& table) {
     table.Add("all rights " + word, [granted](CaseRun& run, const Step&, const Arguments&) {
       run.Host().Rights().SetAll(granted);
     });
+    table.Add(granted ? "prices shown" : "prices hidden",
+              [granted](CaseRun& run, const Step&, const Arguments&) {
+                run.Host().Rights().SetSeesPrices(granted);
+              });
   }
 }
 
