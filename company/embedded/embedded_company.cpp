@@ -9,6 +9,7 @@
 #include "company/embedded/row_reader.h"
 #include "company/embedded/sqlite.h"
 #include "company/kit/statement_company.h"
+#include "host/core/text.h"
 
 namespace goods {
 

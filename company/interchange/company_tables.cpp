@@ -47,7 +47,7 @@ constexpr TableField kColors[] = {Code("code|کد", "code", 0, kAnyCode), Text("
 constexpr TableField kTags[] = {
     Code("code|کد", "Code", 1, kAnyCode),
     Name("name|نام|عنوان", "Name"),
-    {"color|رنگ", "color_code", FieldKind::Color, true, 0, kAnyCode, Entity::Color}};
+    {"color|رنگ", "color_code", FieldKind::Colour, true, 0, kAnyCode, Entity::Colour}};
 constexpr TableField kStores[] = {
     Code("code|کد|کد انبار", "Code", 1, kLargestStore), Name("name|نام|نام انبار|عنوان", "Name"),
     Text("address|نشانی|آدرس", "Address"), Text("abbreviation|نام کوتاه", "AbbName")};
@@ -121,7 +121,7 @@ constexpr CompanyTable kTables[] = {
     {"groups|گروه ها|گروه کالا", "GoodGrps", Entity::Group, 1, kGroups, "گروه"},
     {"units|واحدها|واحد", "Units", Entity::Unit, 1, kUnits, "واحد"},
     {"categories|دسته ها", "Categories", Entity::Category, 1, kCategories, "دسته"},
-    {"colors|رنگ ها", "colors", Entity::Color, 1, kColors, "رنگ"},
+    {"colors|رنگ ها", "colors", Entity::Colour, 1, kColors, "رنگ"},
     {"tags|برچسب ها", "TagS", Entity::Tag, 1, kTags, "برچسب"},
     {"stores|انبارها|انبار", "Stores", Entity::Store, 1, kStores, "انبار"},
     {"persons|اشخاص|طرف حساب ها", "Persons", Entity::Person, 1, kPersons, "شخص"},

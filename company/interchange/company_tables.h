@@ -17,7 +17,7 @@ enum class Entity {
   Store,
   Person,
   Category,
-  Color,
+  Colour,
   Tag,
   DetailType,
   Combination,
@@ -34,10 +34,10 @@ enum class FieldKind {
   Ratio,   // decimal above 0; empty is none
   Text,
   Flag,
-  Link,   // code of an entity; empty is 0 where low is 0
-  Name,   // name of a group or a unit, made where it is not known; read, not written
-  Color,  // code of a colour, or a colour as "#RRGGBB"
-  Login   // login of a user
+  Link,    // code of an entity; empty is 0 where low is 0
+  Name,    // name of a group or a unit, made where it is not known; read, not written
+  Colour,  // code of a colour, or a colour as "#RRGGBB"
+  Login    // login of a user
 };
 
 // names: titles of the column joined with "|", the first one that of docs/import.md and of an export. column:

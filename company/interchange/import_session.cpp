@@ -74,7 +74,7 @@ void LoadBooks(ImportSession& session) {
   Load(db, session.Book(Entity::Store), "SELECT Code, AbbName FROM Stores");
   Load(db, session.Book(Entity::Person), "SELECT Code, AbbName FROM Persons");
   Load(db, session.Book(Entity::Category), "SELECT Code FROM Categories");
-  Load(db, session.Book(Entity::Color), "SELECT code FROM colors");
+  Load(db, session.Book(Entity::Colour), "SELECT code FROM colors");
   Load(db, session.Book(Entity::Tag), "SELECT Code FROM TagS");
   Load(db, session.Book(Entity::DetailType), "SELECT ID FROM DetailTypes");
   Load(db, session.Book(Entity::Combination), "SELECT ID FROM DetailValues");

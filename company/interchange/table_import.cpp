@@ -176,7 +176,7 @@ bool TableImport::ReadField(std::size_t field, Value& value) {
       return ReadText(field, text, value);
     case FieldKind::Name:
       return ReadName(field, text, value);
-    case FieldKind::Color:
+    case FieldKind::Colour:
       return ReadColor(field, text, value);
     case FieldKind::Link:
     case FieldKind::Login:
@@ -271,7 +271,7 @@ bool TableImport::ReadColor(std::size_t field, std::string_view text, Value& val
   value.type = Value::Type::Whole;
   const std::string grid = GridColor(text);
   if (grid.empty()) return ReadLink(field, text, value);
-  CodeBook& book = session_.Book(Entity::Color);
+  CodeBook& book = session_.Book(Entity::Colour);
   const auto [place, added] = colors_.try_emplace(grid, book.Largest() + 1);
   value.whole = place->second;
   if (!added) return true;

@@ -4,6 +4,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QTimer>
+#include <QWidget>
 #include <utility>
 
 // Tries the shortcuts, as the windowing system's own keys do before they become a key press. Exported by Qt
