@@ -63,7 +63,7 @@ void MovementImport::Run() {
     reader_.RefuseLine(reader_.Line(), "ستون quantity در سرستون نیست");
     return;
   }
-  if (session_.adding) {
+  if (session_.adding && !reader_.Has(kDocument)) {
     Statement numbers = session_.db.Prepare("SELECT Kind, max(Code) FROM Documents GROUP BY Kind");
     while (numbers.Step()) {
       const std::int64_t kind = numbers.Integer(0);

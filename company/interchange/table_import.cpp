@@ -61,8 +61,8 @@ void TableImport::Run() {
 void TableImport::GiveTextsNumbers() {
   ImportProblems unheard;
   const WorkWatcher silent;
-  TableReader codes({session_.source.folder, session_.source.names, unheard, silent}, table_.names,
-                    Titles(table_));
+  const ImportSource again{session_.source.folder, session_.source.names, unheard, silent};
+  TableReader codes(again, table_.names, Titles(table_));
   if (!codes.Open(false)) return;
   const TableField& field = table_.fields[0];
   std::vector<std::string> texts;

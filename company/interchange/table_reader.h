@@ -33,6 +33,7 @@ struct ColumnTitle {
 // Reads record by record. What is wrong with a record is noted as a problem, and reading goes on.
 class TableReader {
  public:
+  // source must outlive it.
   TableReader(const ImportSource& source, std::string_view table, std::vector<ColumnTitle> columns);
 
   // Finds the file and its columns. False when the file is not there, which is a problem where it is
