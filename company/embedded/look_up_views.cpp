@@ -6,14 +6,17 @@ namespace {
 
 constexpr const char* kNamed = "Code integer, Name text, CodeText text, SearchName text";
 
-// SearchName has the abbreviation too, which is what imported texts for codes become. It needs no folding
-// here: CHARINDEX folds both of its texts.
+// SearchName has the abbreviation too, which is what imported texts for codes become, but for a bar code
+// of digits alone: a few digits of it would find too much. It needs no folding here: CHARINDEX folds both of
+// its texts.
 constexpr LookUpView kViews[] = {
     {"StoreLookUp_VW", kNamed,
-     "SELECT Code, Name, CAST(Code AS TEXT) AS CodeText, Name || ' ' || ifnull(AbbName, '') AS SearchName "
+     "SELECT Code, Name, CAST(Code AS TEXT) AS CodeText, Name || ' ' || CASE WHEN AbbName GLOB '*[^0-9]*' "
+     "THEN AbbName ELSE '' END AS SearchName "
      "FROM Stores"},
     {"PersonLookUp_VW", kNamed,
-     "SELECT Code, Name, CAST(Code AS TEXT) AS CodeText, Name || ' ' || ifnull(AbbName, '') AS SearchName "
+     "SELECT Code, Name, CAST(Code AS TEXT) AS CodeText, Name || ' ' || CASE WHEN AbbName GLOB '*[^0-9]*' "
+     "THEN AbbName ELSE '' END AS SearchName "
      "FROM Persons"},
     {"GroupLookUp_VW", kNamed,
      "SELECT Code, Name, CAST(Code AS TEXT) AS CodeText, Name AS SearchName FROM GoodGrps"},
@@ -25,7 +28,8 @@ constexpr LookUpView kViews[] = {
      "Code integer, Name text, CodeText text, SearchName text, Unit text, Unit2 text, AbbName text, UnitKind "
      "integer, "
      "D1Title text, D2Title text, D3Title text, D4Title text, D5Title text",
-     "SELECT g.Code, g.Name, CAST(g.Code AS TEXT) AS CodeText, g.Name || ' ' || ifnull(g.AbbName, '') AS "
+     "SELECT g.Code, g.Name, CAST(g.Code AS TEXT) AS CodeText, g.Name || ' ' || CASE WHEN g.AbbName GLOB "
+     "'*[^0-9]*' THEN g.AbbName ELSE '' END AS "
      "SearchName, u.Name AS Unit, u2.Name "
      "AS Unit2, "
      "g.AbbName, g.UnitKind, "

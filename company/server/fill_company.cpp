@@ -217,7 +217,9 @@ void FillSearchNames(Database& db, ServerSession& session) {
       block.Integer(searched.kind);
       block.Integer(rows.Integer(0));
       block.Text(FoldPersian(rows.Text(1)));
-      block.Text(FoldPersian(rows.Text(2)));
+      // A bar code of digits alone is not searched: a few digits of it would find too much.
+      const bool digits = rows.Text(2).find_first_not_of("0123456789") == std::string_view::npos;
+      block.Text(digits ? std::string() : FoldPersian(rows.Text(2)));
       block.EndRow();
     }
   }

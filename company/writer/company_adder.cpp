@@ -86,7 +86,8 @@ bool CompanyAdder::HasDocument(std::int64_t kind, std::int64_t number) {
 
 void CompanyAdder::WriteMovements(const std::function<void(const Unattached&)>& unattached) {
   // Triggers of a file are not run; a new good gets its row of stored figures here.
-  db_.Run("INSERT INTO GoodStock(Kala) SELECT Code FROM GoodInf WHERE Code NOT IN (SELECT Kala FROM GoodStock)");
+  db_.Run(
+      "INSERT INTO GoodStock(Kala) SELECT Code FROM GoodInf WHERE Code NOT IN (SELECT Kala FROM GoodStock)");
   RecordSorter cards(path_);
   std::string packed;
   {

@@ -75,7 +75,7 @@ class CardWriter {
 
 }  // namespace
 
-CompanyWriter::CompanyWriter(const std::string& path, bool replace, WorkWatcher watcher)
+CompanyWriter::CompanyWriter(const std::string& path, bool replace, WorkWatcher watcher) try
     : path_(path),
       replace_(replace),
       watcher_(std::move(watcher)),
@@ -96,6 +96,8 @@ CompanyWriter::CompanyWriter(const std::string& path, bool replace, WorkWatcher 
     throw CompanyError(PersianMessage(failure) + " (" + path_ + ")");
   }
   intake_.emplace(file_.TargetPath(), *kinds_, 0);
+} catch (const FileError& failure) {
+  throw CompanyError(failure.what());
 }
 
 CompanyWriter::~CompanyWriter() = default;
@@ -169,7 +171,11 @@ void CompanyWriter::Finish() {
   db_.reset();
   const WorkMeter saving(watcher_, kSaving, 0);
   const RestingCompany old(file_.TargetPath(), replace_);
-  file_.Commit();
+  try {
+    file_.Commit();
+  } catch (const FileError& failure) {
+    throw CompanyError(failure.what());
+  }
 }
 
 void RefreshValuation(Database& db) {

@@ -287,7 +287,8 @@ TEST_F(RealFiles, AFolderMayHoldAWorkbookInPlaceOfAFile) {
             {{"Sheet1",
               {{"code", "name", "group", "unit"}, {"G-1", "یک", "الف", "عدد"}, {"G-2", "", "الف", "عدد"}}}});
   ImportOptions options;
-  EXPECT_EQ(ImportProblemsOf(folder, options), (Rows{"goods.xlsx:3: نام کالا خالی است"}));
+  EXPECT_EQ(ImportProblemsOf(folder, options),
+            (Rows{"goods.xlsx:3: نام کالا خالی است", "movements.csv:3: کالا «G-2» تعریف نشده است"}));
 }
 
 void PutNumber(std::string& bytes, std::uint32_t value, int size) {

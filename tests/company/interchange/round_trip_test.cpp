@@ -3,6 +3,7 @@
 #include <regex>
 
 #include "company/demo/random.h"
+#include "host/core/text.h"
 #include "interchange_fixture.h"
 
 namespace goods {
@@ -19,7 +20,7 @@ const std::vector<std::string>& WalkStatements() {
       const std::string text = line.substr(begin);
       if (text.starts_with("Exec ") || text.starts_with("exec ") || text.starts_with("Select ") ||
           text.starts_with("select ") || text.starts_with("SELECT ") || text.starts_with("EXEC ")) {
-        statements.push_back(text);
+        statements.push_back(ReplaceAll(ReplaceAll(text, "\\r", "\r"), "\\n", "\n"));
       }
     }
     return statements;
