@@ -144,7 +144,8 @@ TEST_F(StrangerTest, ATriggerThatWaitsForTheUpgradeDoesNotRun) {
       "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument; DROP INDEX DetailKardex_ByValue;"
       "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
       "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
-      "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; PRAGMA user_version = 1;"
+      "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
+      "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches; PRAGMA user_version = 1;"
       "CREATE TRIGGER Gift AFTER INSERT ON GoodStoreStock BEGIN UPDATE Users SET EveryRight = 1; END");
   IsRefused(kForeign);
 }
@@ -265,7 +266,8 @@ TEST_F(StrangerTest, TheUpgradeOfALargeCompanyCanBeStopped) {
       "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument; DROP INDEX DetailKardex_ByValue;"
       "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
       "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
-      "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; PRAGMA user_version = 1");
+      "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
+      "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches; PRAGMA user_version = 1");
   const std::string before = ReadFile(file_.Path());
   Stop stop;
   EXPECT_THROW(OpenCompany(file_.Path(), &stop), OpeningCancelled);

@@ -143,8 +143,8 @@ TurnoverCriterion Dates(const std::string& from, const std::string& to, std::uin
   std::string parameters = ends == 1 ? "" : "@FromOperationDate='" + from + "'";
   if (ends != 0) parameters += (ends == 1 ? "@To" : ",@To") + ("OperationDate='" + to + "'");
   return {parameters, [=](const TurnoverRow& row) {
-            return !row.operationDate.empty() && (ends == 1 || from <= row.operationDate) &&
-                   (ends == 0 || row.operationDate <= to);
+            return !row.operationDate.empty() && (ends == 1 || from.empty() || from <= row.operationDate) &&
+                   (ends == 0 || to.empty() || row.operationDate <= to);
           }};
 }
 
@@ -349,7 +349,14 @@ TurnoverCriterion RandomTurnoverCriterion(int kind, const std::vector<TurnoverRo
     criterion = Range(field, kNumbers[kind - 4], from, kNumbers[kind - 4](any()), random() % 3);
   } else if (kind == 13) {
     const std::string from = any().operationDate;
-    criterion = Dates(from, any().operationDate, random() % 3);
+    const std::string to = any().operationDate;
+    const std::uint64_t ends = random() % 3;
+    criterion = Dates(from, to, ends);
+    // An empty date is an open end, and a range that is open on both sides asks nothing, turned round or not.
+    if ((ends == 1 || from.empty()) && (ends == 0 || to.empty())) {
+      return {criterion.parameters + (exclude ? ",@NotRange" + field + "=1" : ""),
+              [](const TurnoverRow&) { return true; }};
+    }
   } else {
     criterion = Codes(field, kind == 14 ? &TurnoverRow::HasTag : &TurnoverRow::HasCategory, random);
   }

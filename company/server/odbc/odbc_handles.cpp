@@ -20,7 +20,7 @@ SQLHENV Environment() {
   static const SQLHENV environment = [] {
     SQLHENV made = SQL_NULL_HENV;
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &made))) {
-      throw OdbcError("unixODBC", "HY001", 0);
+      throw OdbcError("کتابخانه ODBC آماده نشد.", "HY001", 0);
     }
     SQLSetEnvAttr(made, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
     return made;
@@ -85,13 +85,13 @@ OdbcError DiagnosticOf(SQLSMALLINT kind, SQLHANDLE handle) {
     if (first.state.empty()) first = next;
     if (text.find(next.text) == std::string::npos) text += (text.empty() ? "" : "\n") + next.text;
   }
-  if (first.state.empty()) return OdbcError("ODBC", "HY000", 0);
+  if (first.state.empty()) return OdbcError("درایور ODBC پیامی نداد.", "HY000", 0);
   return OdbcError(text, first.state, first.native);
 }
 
 void Check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle) {
   if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA) return;
-  if (result == SQL_INVALID_HANDLE) throw OdbcError("ODBC", "HY000", 0);
+  if (result == SQL_INVALID_HANDLE) throw OdbcError("درایور ODBC پیامی نداد.", "HY000", 0);
   throw DiagnosticOf(kind, handle);
 }
 

@@ -214,67 +214,6 @@ TEST(Waiting, AWindowLivesWhileTheDriverBlocksAndEscReturnsAtOnce) {
   EXPECT_FALSE(query.Active());
 }
 
-// 40,000,000 rows of a "slow" statement would take longer than the test waits: Esc ends it after a second.
-TEST(Waiting, KeysTypedDuringARunOfASecondAreDeliveredAfterItInOrder) {
-  TestHost host;
-  TCard_FRM form(host);
-  std::string during;
-  QElapsedTimer ran;
-  Later([&] {
-    QWidget* edit = host.windows.WidgetOf(form.Search_EDT);
-    form.Search_EDT.SetFocus();
-    Settle();
-    ran.start();
-    Later([&] { QTest::keyClicks(edit, "ab"); }, 300);
-    Later([&] { QTest::keyClicks(edit, "cd"); }, 600);
-    Later([&] { QTest::keyClick(edit, Qt::Key_Backspace); }, 700);
-    Later([&] { QTest::keyClick(edit, Qt::Key_2, Qt::AltModifier); }, 800);
-    Later(
-        [&] {
-          during = form.Search_EDT.Text();
-          QTest::keyClick(edit, Qt::Key_Escape);
-        },
-        1000);
-    EXPECT_THROW(form.Fill(40000000, "slow"), StatementCancelled);
-    EXPECT_GE(ran.elapsed(), 1000);
-    EXPECT_EQ(form.Search_EDT.Text(), "");
-    QTest::keyClick(edit, Qt::Key_E);  // typed after the others
-    host.windows.ProcessMessages([&] { return form.folds > 0; });
-    host.windows.ProcessMessages([&] { return form.Search_EDT.Text().size() == 4; });
-    form.Close();
-  });
-  form.ShowModal();
-  EXPECT_EQ(during, "");
-  EXPECT_EQ(form.Search_EDT.Text(), "abce");
-  EXPECT_EQ(form.folds, 1);
-}
-
-TEST(Waiting, AKeyThatOpensAWindowIsFollowedByKeysInThatWindow) {
-  TestHost host;
-  TCard_FRM form(host);
-  TCard_FRM second(host);
-  form.OpenInfo_BTN.OnClick = [&] {
-    second.OnShow = [&] { second.Search_EDT.SetFocus(); };
-    second.ShowModal();
-  };
-  Later([&] {
-    QWidget* view = host.windows.ViewOf(form);
-    Later(
-        [view] {
-          QTest::keyClick(view, Qt::Key_F2);
-          QTest::keyClicks(view, "xy");
-          QTest::keyClick(view, Qt::Key_Escape);
-        },
-        300);
-    EXPECT_THROW(form.Fill(40000000, "slow"), StatementCancelled);
-    Later([&] { second.Close(); }, 500);
-    Later([&] { form.Close(); }, 600);
-  });
-  form.ShowModal();
-  EXPECT_EQ(second.Search_EDT.Text(), "xy");
-  EXPECT_EQ(form.Search_EDT.Text(), "");
-}
-
 TEST(Waiting, AQuickStatementShowsNothing) {
   TestHost host;
   TCard_FRM form(host);
