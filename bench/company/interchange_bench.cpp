@@ -5,6 +5,7 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <string>
 #include <vector>
 
@@ -142,7 +143,13 @@ void WriteBatch(const fs::path& folder, std::int64_t rows, std::int64_t goods) {
 
 }  // namespace
 
-int main() {
+int main(int count, char** /*arguments*/) {
+  if (count > 1) {
+    std::cout << "Measures import, export and addition of a company beside a bare SQLite loop. "
+                 "GOODS_BENCH_GOODS and\n"
+                 "GOODS_BENCH_MOVEMENTS set its size. Takes no arguments.\n";
+    return 0;
+  }
   DemoOptions options;
   options.goods = Setting("GOODS_BENCH_GOODS", 20'000);
   options.stores = 50;
