@@ -37,6 +37,11 @@ std::string Beginning(const std::string& name) {
   return "." + name.substr(0, kLongestName) + "-" + Hexadecimal(Digest(name)) + ".";
 }
 
+// A temporary file, and what a database that wrote it may have left beside it.
+void RemoveTemporary(FileLayer& layer, const std::string& path) {
+  for (const char* beside : {"-journal", "-wal", "-shm", ""}) layer.Remove(path + beside);
+}
+
 std::uint64_t RandomNumber() {
   std::random_device device;
   return static_cast<std::uint64_t>(device()) << 32 | device();
@@ -120,7 +125,7 @@ bool WholeFile::AnotherWriterIsAtWork() {
     bool taken = false;
     if (layer_.TryLock(opened, taken) != 0) continue;
     if (!taken) return true;
-    if (state.owner == layer_.User()) layer_.Remove(path);
+    if (state.owner == layer_.User()) RemoveTemporary(layer_, path);
   }
   return false;
 }
@@ -185,6 +190,7 @@ void WholeFile::MoveIntoPlace() {
     throw;
   }
   finished_ = true;
+  RemoveTemporary(layer_, temporary_);  // what a database left beside it
   int opened = -1;
   int error = layer_.OpenFolder(target_.folder, opened);
   if (error == 0) {
@@ -203,7 +209,7 @@ void WholeFile::Discard() noexcept {
   FileState there;
   const bool unseen = identity_.kind == FileKind::None;  // made a moment ago, and looking at it failed
   if (unseen || (layer_.Look(temporary_, false, there) == 0 && there.SameFile(identity_)))
-    layer_.Remove(temporary_);
+    RemoveTemporary(layer_, temporary_);
   handle_.Close();
 }
 

@@ -52,8 +52,11 @@ RestingCompany::RestingCompany(const std::string& path, bool replace) {
     const bool inUse = failure.Code() == SQLITE_BUSY || failure.Code() == SQLITE_LOCKED;
     if (inUse) throw CompanyError(PersianMessage(failure) + " (" + path + ")");
   }
-  const std::vector<std::string> leftovers = Leftovers(path);
-  if (!leftovers.empty()) Refuse(leftovers.front());
+  for (const std::string& leftover : Leftovers(path)) {
+    // With the lock in hand: a journal that was worth anything has been played back, this one holds nothing.
+    const bool spent = lock_ && leftover.ends_with("-journal") && fs::is_regular_file(leftover, error);
+    if (!spent || !fs::remove(leftover, error)) Refuse(leftover);
+  }
 }
 
 }  // namespace goods

@@ -103,6 +103,13 @@ TEST_F(LossesTest, ALeftoverThatCannotBeUndoneIsToldAndNothingIsChanged) {
   fs::remove_all(journal);
 }
 
+TEST_F(LossesTest, AJournalWithNothingInItIsNoObstacle) {
+  WriteFile(file_.Path() + "-journal", std::string(512, '\0'));
+  MakeDemoCompany(file_.Path(), Demo(30));
+  EXPECT_EQ(NamesBeside(file_.Path()), 0U);
+  EXPECT_EQ(GoodsIn(file_.Path()), 30U);
+}
+
 TEST_F(LossesTest, ALeftoverWithoutItsCompanyIsToldUnlessReplacingIsAskedFor) {
   fs::remove(file_.Path());
   WriteFile(file_.Path() + "-journal", "old pages");
