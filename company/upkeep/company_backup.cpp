@@ -3,6 +3,7 @@
 #include "company/company.h"
 #include "company/embedded/company_file.h"
 #include "company/files/whole_file.h"
+#include "company/writer/resting_company.h"
 
 namespace goods {
 
@@ -41,7 +42,9 @@ void CopyPages(Database& from, Database& to, const WorkWatcher& watcher) {
 
 void BackUpCompany(const std::string& path, const std::string& to, const BackupOptions& options) {
   PrepareCompanyFile(path);
-  WholeFile file(to, {.replace = options.replace, .ownerOnly = true, .forbidden = {path}});
+  WholeFile file(to,
+                 {.replace = options.replace, .ownerOnly = true, .forbidden = {path}, .overDatabases = true});
+  { const RestingCompany old(file.TargetPath(), options.replace); }
   try {
     RunStoppable([&] {
       Database from(path, SQLITE_OPEN_READONLY);
@@ -60,6 +63,7 @@ void BackUpCompany(const std::string& path, const std::string& to, const BackupO
   } catch (const SqliteError& failure) {
     throw CompanyError(PersianMessage(failure) + " (" + path + ")");
   }
+  const RestingCompany old(file.TargetPath(), options.replace);
   file.Commit();
 }
 

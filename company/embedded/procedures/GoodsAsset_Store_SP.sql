@@ -2,7 +2,7 @@
 -- each: -1 the quantity; -2 its whole second units and -3 the part left over, as the lists of goods count them
 -- (0 and all of it where the good has no second unit); -Cost the quantity at the unit price that RialiStock_SP
 -- prepared last. S1 to S50 are the first fifty stores by code; there are columns for those that exist.
--- Decided here: @StoreCodes is joined with ","; a code may repeat. -1 at its head stands for the stock before
+-- @StoreCodes is joined with ","; a code may repeat. -1 at its head stands for the stock before
 -- the period (B0) and 0 for the other stores (E0); both groups are always there, so neither asks for anything.
 -- A store that is not in the list counts among the others, as do those past the fiftieth, and its own figures
 -- are null. What is no code of a store is passed over.
