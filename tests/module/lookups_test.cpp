@@ -199,24 +199,30 @@ TEST(ADDFarsiFilter, KeepsTheBlanksOfTheCondition) {
   EXPECT_EQ(TGoodTransactions_DM::ADDFarsiFilter(" a ", "b"), "b ( a )");
 }
 
+// Called as a member of the part that it belongs to.
+template <auto Operation>
+void Fetch(TGoodTransactions_DM& module, std::string_view parameters, TForm* window, int mode, bool shown) {
+  (module.*Operation)(parameters, window, mode, shown);
+}
+
 struct DetailReport {
   const char* head;
-  void (TGoodTransactions_DM::*fetch)(std::string_view, TForm*, int, bool);
+  void (*fetch)(TGoodTransactions_DM&, std::string_view, TForm*, int, bool);
 };
 
 constexpr DetailReport kDetailReports[] = {
-    {" EXEC AllGoodDetailTransaction ", &TGoodTransactions_DM::AllGoodDetailTransaction_GetAll},
-    {" EXEC OneGoodDetailTransaction ", &TGoodTransactions_DM::OneGoodDetailTransaction_GetAll},
-    {" EXEC GoodDetailTransaction ", &TGoodTransactions_DM::GoodDetailTransaction_GetAll},
-    {" EXEC DetailKardexAsset_Dismatch ", &TGoodTransactions_DM::GoodDetailKardexDismatch_GetAll},
-    {" EXEC DetailOperation_Dismatch ", &TGoodTransactions_DM::GoodDetailOperationDismatch_GetAll},
+    {" EXEC AllGoodDetailTransaction ", &Fetch<&TGoodTransactions_DM::AllGoodDetailTransaction_GetAll>},
+    {" EXEC OneGoodDetailTransaction ", &Fetch<&TGoodTransactions_DM::OneGoodDetailTransaction_GetAll>},
+    {" EXEC GoodDetailTransaction ", &Fetch<&TGoodTransactions_DM::GoodDetailTransaction_GetAll>},
+    {" EXEC DetailKardexAsset_Dismatch ", &Fetch<&TGoodTransactions_DM::GoodDetailKardexDismatch_GetAll>},
+    {" EXEC DetailOperation_Dismatch ", &Fetch<&TGoodTransactions_DM::GoodDetailOperationDismatch_GetAll>},
 };
 
 TEST_F(Lookups, EachDetailReportFetchesUnderTheWaitingIndicatorWhenAskedFor) {
   Give(" EXEC %", "Kala", {{"1"}});
   TForm window(host, "Detail_FRM");
   for (const DetailReport& report : kDetailReports) {
-    (dm.*report.fetch)("@A = 1", &window, 1, true);
+    report.fetch(dm, "@A = 1", &window, 1, true);
     EXPECT_EQ(SentCalls(),
               (Texts{"ShowWaitting(Detail_FRM, \"سیستم در حال فراخوانی اطلاعات می باشد\")",
                      "Open(\"" + std::string(report.head) + "@A = 1\")", "HideWaitting(Detail_FRM, 0)"}));
@@ -226,13 +232,13 @@ TEST_F(Lookups, EachDetailReportFetchesUnderTheWaitingIndicatorWhenAskedFor) {
 TEST_F(Lookups, EachDetailReportFetchesSilentlyOtherwiseAndKeepsItsTrailingBlank) {
   Give(" EXEC %", "Kala", {{"1"}});
   for (const DetailReport& report : kDetailReports) {
-    (dm.*report.fetch)("", nullptr, 0, true);
+    report.fetch(dm, "", nullptr, 0, true);
     EXPECT_EQ(SentCalls(), Texts{"Open(\"" + std::string(report.head) + "\")"});
   }
 }
 
 TEST_F(Lookups, NoDetailReportRunsBeforeItsWindowIsShown) {
-  for (const DetailReport& report : kDetailReports) (dm.*report.fetch)("", nullptr, 1, false);
+  for (const DetailReport& report : kDetailReports) report.fetch(dm, "", nullptr, 1, false);
   EXPECT_TRUE(SentCalls().empty());
 }
 
