@@ -208,7 +208,7 @@ TEST(Waiting, AWindowLivesWhileTheDriverBlocksAndEscReturnsAtOnce) {
   });
   form.ShowModal();
   EXPECT_TRUE(cancelled);
-  EXPECT_LE(returned, 200);
+  EXPECT_LT(returned, BlockingConnection::kBlocksMs / 2);  // long before the driver lets go
   EXPECT_GE(ticks, 5);
   EXPECT_NE(shown.find("۱,۲۳۴"), std::string::npos) << shown;
   EXPECT_FALSE(query.Active());
