@@ -1,26 +1,35 @@
-# Every target of the project compiles with these; a warning stops the build.
+# How every target of the project compiles. What stands here reaches this folder and those below it, not a project that
+# includes this one.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_C_STANDARD 11)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
-if(NOT CMAKE_BUILD_TYPE)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
-# g++ 12 reports these two wrongly: -Wrestrict for one-character std::string literals, -Wmaybe-uninitialized for
-# the empty state of std::variant and std::optional. The sanitizer build finds real ones.
-add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -Wno-restrict -Wno-maybe-uninitialized)
+# With GOODS_WARNINGS a warning stops the build. g++ 12 reports two of them wrongly: -Wrestrict for one-character
+# std::string literals, -Wmaybe-uninitialized for the empty state of std::variant and std::optional. The sanitizer build
+# finds real ones.
+if(GOODS_WARNINGS)
+  add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-Wno-restrict -Wno-maybe-uninitialized)
+  endif()
+endif()
 if(GOODS_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-find_program(CCACHE ccache)
-if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
-  set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+if(PROJECT_IS_TOP_LEVEL)
+  find_program(CCACHE ccache)
+  if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+  endif()
 endif()

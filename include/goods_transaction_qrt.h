@@ -9,6 +9,9 @@
 
 #include <stdint.h>
 
+/* GOODS_HOST_VERSION: the version of the host packages that the including program is compiled with. */
+#include "goods_host_version.h"
+
 #ifdef __cplusplus
 extern "C" {
 typedef char16_t goods_char16;
@@ -22,9 +25,6 @@ typedef uint_least16_t goods_char16;
 #define GOODS_EXPORT
 #endif
 
-/* The version of the host packages that this header belongs to. */
-#define GOODS_HOST_VERSION 3
-
 /* A host: the address of an object of the C++ class goods::THost (host/services/host.h). */
 struct goods_host;
 
@@ -32,6 +32,10 @@ struct goods_host;
  * the host is attached, 0 when the version is another one, host is null, or a host is attached already. Shows
  * no window and runs no statement. */
 GOODS_EXPORT int32_t Goods_AttachHost(int32_t version, struct goods_host* host);
+
+/* Why the last Goods_AttachHost returned 0: a sentence for the user, in UTF-8; the empty text after one that
+ * returned 1, and before any. The library's; valid until the next Goods_AttachHost. */
+GOODS_EXPORT const char* Goods_AttachProblem(void);
 
 /* Frees the kept windows and lets the host go. Returns 1; or 0, and nothing changes, when no host is attached
  * or a report is being shown. Without a host every Open_ function does nothing. */

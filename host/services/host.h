@@ -13,9 +13,6 @@
 
 namespace goods {
 
-// Grows by one with every change that a report or a host compiled before would not survive.
-inline constexpr int kHostVersion = 3;
-
 // Each service lives as long as the host object and is used on the user-interface thread only.
 class THost {
  public:

@@ -35,8 +35,11 @@ class Exports : public testing::Test {
 TEST(Attaching, RefusesAnotherVersionNoHostAndASecondHost) {
   ScriptedHost host;
   EXPECT_EQ(Goods_AttachHost(GOODS_HOST_VERSION + 1, Address(host)), 0);
+  EXPECT_NE(std::string(Goods_AttachProblem()).find("هر دو را از یک نسخه بسازید"), std::string::npos);
   EXPECT_EQ(Goods_AttachHost(GOODS_HOST_VERSION, nullptr), 0);
+  EXPECT_STREQ(Goods_AttachProblem(), "میزبانی داده نشده است.");
   EXPECT_EQ(Goods_AttachHost(GOODS_HOST_VERSION, Address(host)), 1);
+  EXPECT_STREQ(Goods_AttachProblem(), "");
   ScriptedHost other;
   EXPECT_EQ(Goods_AttachHost(GOODS_HOST_VERSION, Address(other)), 0);
   EXPECT_TRUE(host.Log.Calls().empty());

@@ -84,8 +84,13 @@ void* ModuleLibrary::Require(const char* exportName) const {
 void ModuleLibrary::Attach(THost& host) {
   auto* attach = As<decltype(Goods_AttachHost)>(Require("Goods_AttachHost"));
   if (attach(GOODS_HOST_VERSION, reinterpret_cast<goods_host*>(&host)) != 1) {
-    throw ModuleError("کتابخانه گزارش‌ها با این برنامه همخوان نیست: " +
-                      path_);
+    std::string problem =
+        "کتابخانه گزارش‌ها با این برنامه همخوان نیست: " + path_;
+    if (Has("Goods_AttachProblem")) {
+      problem += "\n";
+      problem += As<decltype(Goods_AttachProblem)>(Require("Goods_AttachProblem"))();
+    }
+    throw ModuleError(problem);
   }
   attached_ = true;
 }
