@@ -41,6 +41,12 @@ void CriteriaText::AddDates(const CriteriaRange& range) {
   Add("@ToDate", QuotedStr(range.to));
 }
 
+void CriteriaText::AddOne(std::string_view name, std::string_view label, const CriteriaCode& one) {
+  if (one.code == 0) return;
+  Add(name, std::to_string(one.code));
+  Say(std::string(label) + one.CodeAndName());
+}
+
 void CriteriaText::Say(std::string_view phrase) { caption = AddFarsiFilter(phrase, caption); }
 
 }  // namespace goods

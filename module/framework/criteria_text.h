@@ -1,6 +1,7 @@
 // CriteriaText: the criteria of a report as they are put together, as parameters and in Persian.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,15 @@ struct CriteriaRange {
   bool AsksNothing() const;
 };
 
+// One good, group, store or person; the code 0 asks for none.
+struct CriteriaCode {
+  std::int64_t code = 0;
+  std::string name;
+
+  // "code - name", as criteria are told.
+  std::string CodeAndName() const { return std::to_string(code) + " - " + name; }
+};
+
 // Parameters and phrases read in the order in which they are added.
 struct CriteriaText {
   std::string parameters;
@@ -37,6 +47,8 @@ struct CriteriaText {
   void AddNumbers(std::string_view fromName, std::string_view toName, const CriteriaRange& range);
   // Both dates, quoted; one that is not given as ''.
   void AddDates(const CriteriaRange& range);
+  // The code, bare, and behind the label code and name; nothing for the code 0.
+  void AddOne(std::string_view name, std::string_view label, const CriteriaCode& one);
   void Say(std::string_view phrase);
 };
 

@@ -9,8 +9,9 @@ void DelayedSearch::Typed(int message) {
   lastKey_ = windows.TickCount();
   lastMessage_ = message;
   pending_ = true;
-  hurried_ = false;
+  hurried_ = held_ = false;
   windows.PostMessage(window_, message);
+  if (OnTyped) OnTyped();
 }
 
 void DelayedSearch::TakeEnter(TKey& key) {
@@ -28,11 +29,11 @@ bool DelayedSearch::Held() const {
   return edit != nullptr && edit->HalfTyped();
 }
 
-bool DelayedSearch::Ready(bool& toldHeld) const {
+bool DelayedSearch::Ready() {
   if (Ended()) return true;
   if (!hurried_ && window_.Host().Windows().TickCount() - lastKey_ < kQuietTime) return false;
   if (!Held()) return true;
-  if (!std::exchange(toldHeld, true) && OnHeld) OnHeld();
+  if (!std::exchange(held_, true) && OnHeld) OnHeld();
   return false;
 }
 
@@ -47,9 +48,8 @@ bool DelayedSearch::Handle(int message, TEdit* edit) {
   // asks again when it ends.
   if (waiting_ || runs_ > 0) return true;
   waiting_ = true;
-  bool toldHeld = false;
   try {
-    window_.Host().Windows().ProcessMessages([&] { return Ready(toldHeld); });
+    window_.Host().Windows().ProcessMessages([&] { return Ready(); });
   } catch (...) {
     waiting_ = false;
     throw;

@@ -45,6 +45,8 @@ class DelayedSearch {
   bool Handle(int message, TEdit* edit);
   // Whether typed text still waits for its run.
   bool Pending() const { return pending_; }
+  // The quiet time has passed, and only Hold keeps the wait up.
+  bool IsHeld() const { return pending_ && held_; }
   // Ends the wait with a run at once; OnHurried is called when it has been made.
   void Hurry() { hurried_ = pending_; }
   // Enter in an edit whose text waits for its run hurries it, and goes no further.
@@ -55,6 +57,8 @@ class DelayedSearch {
   // passed so.
   std::function<bool()> Hold;
   std::function<void()> OnHeld;
+  // A key was told of.
+  std::function<void()> OnTyped;
   // Ends the wait without a run; closing the window does so too.
   void Cancel() { pending_ = hurried_ = false; }
 
@@ -62,7 +66,7 @@ class DelayedSearch {
   bool Ended() const;
   bool Held() const;
   // Whether the wait is over; tells once where only Hold keeps it up.
-  bool Ready(bool& toldHeld) const;
+  bool Ready();
   void RunEnded();
 
   TForm& window_;
@@ -72,6 +76,7 @@ class DelayedSearch {
   int runs_ = 0;  // scopes that live
   bool pending_ = false;
   bool hurried_ = false;
+  bool held_ = false;
   bool waiting_ = false;
 };
 

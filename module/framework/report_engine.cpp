@@ -32,8 +32,8 @@ TReport_FRM::TReport_FRM(THost& host, std::string name, int formMode, Variant cu
       delayedSearch_(*this, [this] { Run(Waiting::Silent); }) {
   CriteriaChanged_LBL.SetVisible(false);
   CriteriaChanged_LBL.SetHint("این ردیف ها با شرایط پیشین خوانده شده است.");
-  delayedSearch_.Hold = [this] { return HalfTyped(); };
   delayedSearch_.OnHeld = [this] { UpdateHint(); };
+  delayedSearch_.OnTyped = [this] { UpdateHint(); };
   delayedSearch_.OnHurried = [this] {
     if (!grids_.empty() && !grids_.front()->DataSet()->IsEmpty()) grids_.front()->SetFocus();
   };
@@ -61,7 +61,7 @@ void TReport_FRM::UseDialog(TADVSearch_Fram& frame, TForm& dialog) {
   WatchCriteria(frame);
   WatchCriteria(dialog);
   OnAction(frame.ADVSearch_BTN, [this, &frame, &dialog] {
-    if (dialog.ShowModal() != kModalOk) return;
+    if (dialog.ShowModal() != kModalOk) return UpdateHint();
     {
       const ProgramChange change(frame.ADVSearch_CHK);
       frame.ADVSearch_CHK.SetChecked(true);
@@ -186,18 +186,13 @@ bool TReport_FRM::RowsAreOpen() const {
   return std::all_of(queries.begin(), queries.end(), [](const TADOQuery* query) { return query->Active(); });
 }
 
-bool TReport_FRM::HalfTyped() const {
-  const auto* edit = dynamic_cast<const TEdit*>(ActiveControl());
-  return edit != nullptr && edit->HalfTyped();
-}
-
 bool TReport_FRM::CriteriaChanged() const {
   return !run_ || !RowsAreOpen() || ParametersNow() != run_->parameters;
 }
 
 // Without rows there is nothing that could be out of date; what is being typed runs by itself in a moment.
 void TReport_FRM::UpdateHint() {
-  const bool mayTell = shown_ && !running_ && run_ && (!delayedSearch_.Pending() || HalfTyped());
+  const bool mayTell = shown_ && !running_ && run_ && (!delayedSearch_.Pending() || delayedSearch_.IsHeld());
   CriteriaChanged_LBL.SetVisible(mayTell && CriteriaChanged());
 }
 

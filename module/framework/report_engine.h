@@ -123,7 +123,6 @@ class TReport_FRM : public TBaseDock_FRM {
   void FetchAndArrange(const CriteriaText& text, Waiting waiting);
   std::vector<TADOQuery*> Queries() const;
   bool RowsAreOpen() const;
-  bool HalfTyped() const;
 
   std::vector<TSmartDBGrid_QRT*> grids_;
   std::vector<Subscription> watched_;

@@ -30,6 +30,11 @@ void AcceptTyping(TForm& window) {
   if (auto* edit = dynamic_cast<TEdit*>(window.ActiveControl())) edit->Accept();
 }
 
+CriteriaCode CodeOf(const TSelectEntity_Search_Frame& frame) {
+  if (!frame.SelectEntity_CHK.Checked() || frame.CodeAsInt() <= 0) return {};
+  return {frame.CodeAsInt(), frame.TSelect_Entity_Frame1.EntityName()};
+}
+
 CriteriaRange RangeOf(const TRange_Digit_Search_Frame& frame) {
   return {frame.RangeDigit_CHK.Checked(), frame.RangeDigit_From_EDT.TextOfValue(),
           frame.RangeDigit_To_EDT.TextOfValue()};

@@ -12,6 +12,7 @@
 #include "host/frames/general_search_frame.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/range_digit_search_frame.h"
+#include "host/frames/select_entity_search_frame.h"
 #include "include/goods_reports.h"
 #include "module/framework/criteria_text.h"
 
@@ -26,6 +27,8 @@ void DescribeWindow(TBaseDock_FRM& window);
 // What is being typed in the window counts from now on, as if the focus had left the edit.
 void AcceptTyping(TForm& window);
 
+// The frame's entity as a criterion, while its box is ticked and its code above 0.
+CriteriaCode CodeOf(const TSelectEntity_Search_Frame& frame);
 // A frame's range as a criterion.
 CriteriaRange RangeOf(const TRange_Digit_Search_Frame& frame);
 CriteriaRange RangeOf(const TRange_Date_Search_Frame& frame);

@@ -1,4 +1,7 @@
 // The stock per store: what cases cannot set, such as a width that the user has dragged.
+#include <functional>
+#include <utility>
+
 #include "module/reports/asset/goods_asset_store.h"
 #include "tests/module/data_module_fixture.h"
 
@@ -15,6 +18,17 @@ class StoreAssetWindow : public DataModuleTest {
          {{"12", "پیچ", "5", "50", "5", "50"}});
     window.ShowModal();
   }
+  // Shows the window again; the user does that and closes it.
+  void WhileShown(const std::function<void()>& action) {
+    bool done = false;
+    host.Windows().OnIdle = [&] {
+      if (std::exchange(done, true)) return false;
+      action();
+      return true;
+    };
+    window.ShowModal();
+    host.Windows().OnIdle = nullptr;
+  }
   TGridColumn& Name() { return *window.GoodsAsset_Store_GRD.FindColumn("GoodName"); }
 
   TGoodsAsset_Store_FRM window{host, 1, Variant(std::string("0")), ""};
@@ -28,7 +42,7 @@ TEST_F(StoreAssetWindow, TheNameColumnTakesTheRoomThatIsLeftOver) {
 TEST_F(StoreAssetWindow, ANameColumnDraggedBelow200GetsAWidthOfItsOwn) {
   const std::function<void()> causes[] = {
       [this] { window.FormResize(); },
-      [this] { window.Search_BTNClick(); },
+      [this] { WhileShown([this] { window.Search_BTNClick(); }); },
       [this] { window.Period_PNL.AvalDore_CHK.SetChecked(!window.Period_PNL.AvalDore_CHK.Checked()); },
   };
   for (const auto& cause : causes) {
@@ -56,9 +70,10 @@ TEST_F(StoreAssetWindow, ShowingItAgainReadsTheStoresOnceAndKeepsTheColumns) {
 
 TEST_F(StoreAssetWindow, ThePrintButtonIsReadyOnShowOnlyAfterAReport) {
   EXPECT_FALSE(window.PrintList_BTN.Enabled());
-  window.Search_BTNClick();
-  window.ShowModal();
-  EXPECT_TRUE(window.PrintList_BTN.Enabled());
+  WhileShown([this] { window.Search_BTNClick(); });
+  bool ready = false;
+  WhileShown([&] { ready = window.PrintList_BTN.Enabled(); });
+  EXPECT_TRUE(ready);
 }
 
 TEST_F(StoreAssetWindow, AStoreColumnTakesFormatFooterAndFittingFromTheTotal) {

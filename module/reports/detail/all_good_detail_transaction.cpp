@@ -25,6 +25,7 @@ void TAllGoodDetailTransaction_FRM::FormCreate() {
   TListDetail_FRAME1.DetailFields_QRT1.SetDataSource(&Rows().Source);
   TGoodTransactions_DM::ComboBoxOperationFill_WithItems(OperationsType_CMB);
   OperationsType_CMB.OnChange = [this] { OperationsType_CMBChange(); };
+  WatchCriteria(Details_PNL);
   SetUpDialog();
 
   stored_.Keep(Search_PNL.GoodDetailSearch_CMB);
@@ -48,37 +49,26 @@ void TAllGoodDetailTransaction_FRM::FormClose() {
   TDetailReport_FRM::FormClose();
 }
 
-const DetailCriteriaStyle& TAllGoodDetailTransaction_FRM::Style() const {
-  static const DetailCriteriaStyle kStyle{
-      .titleCaptions = {"کد کالا : ", "نام کالا : ", "انبار : ", "جزئیات : ", "نام شخص : ", "شرح : ",
-                        "وارده : ", "صادره : ", "مبلغ واحد : ", "مبلغ کل : "},
-      .amountItems = {8, 9},
-      .ranges = {{"@FromGoodCode", "@ToGoodCode", "کالاها از: "},
-                 {"@FromAnbar", "@ToAnbar", "انبارها از: "},
-                 {"@FromGoodGroupCode", "@ToGoodGroupCode", "گروه کالاها از: "}},
-      .goodGroups = true,
-      .storeBeforeRange = false,
-  };
-  return kStyle;
+void TAllGoodDetailTransaction_FRM::ReadOwnCriteria(DetailListCriteria& criteria) const {
+  criteria.report = DetailList::Movements;
+  criteria.operation = OperationsType_CMB.ItemObject();
+  criteria.operationText = OperationsType_CMB.Text();
 }
 
-void TAllGoodDetailTransaction_FRM::AddCriteria(DetailCriteria& criteria) {
-  criteria.AddTitle(Search_PNL);
-  if (OperationsType_CMB.ItemIndex() > 0) {
-    criteria.Add("@OperationType", std::to_string(OperationsType_CMB.ItemObject()));
-    criteria.Say("نوع عملیات :" + OperationsType_CMB.Text());
-  }
+void TAllGoodDetailTransaction_FRM::ResetCriteria() {
+  TDetailReport_FRM::ResetCriteria();
+  OperationsType_CMB.SetItemIndex(0);
 }
 
-void TAllGoodDetailTransaction_FRM::Fetch(const std::string& parameters, int mode) {
-  dataModule_.AllGoodDetailTransaction_GetAll(parameters, this, mode, Shown());
+void TAllGoodDetailTransaction_FRM::Fetch(const std::string& parameters, Waiting waiting) {
+  dataModule_.AllGoodDetailTransaction_GetAll(parameters, this, static_cast<int>(waiting), Shown());
 }
 
 // The list of details stays open over the run, if it was.
 void TAllGoodDetailTransaction_FRM::OperationsType_CMBChange() {
   TComboBox& details = DetailRow1.GoodDetailSelectSearch_CMB;
   const bool dropped = details.DroppedDown();
-  Rerun(0);
+  Run(Waiting::Silent);
   details.SetDroppedDown(dropped);
 }
 

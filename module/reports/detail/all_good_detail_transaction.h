@@ -9,7 +9,7 @@
 
 namespace goods {
 
-// Takes no custom parameter.
+// Takes no custom parameter. Each showing begins with every kind of operation.
 class TAllGoodDetailTransaction_FRM : public TDetailReport_FRM {
  public:
   TAllGoodDetailTransaction_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
@@ -31,9 +31,9 @@ class TAllGoodDetailTransaction_FRM : public TDetailReport_FRM {
   TButton Exit_BTN{this, "Exit_BTN", "خروج Esc"};
 
  protected:
-  const DetailCriteriaStyle& Style() const override;
-  void AddCriteria(DetailCriteria& criteria) override;
-  void Fetch(const std::string& parameters, int mode) override;
+  void ReadOwnCriteria(DetailListCriteria& criteria) const override;
+  void ResetCriteria() override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
   TQueryWithSource& Rows() override { return dataModule_.AllGoodDetailTransaction; }
 
  private:

@@ -52,6 +52,7 @@ void TAllGoodDetailTransaction_FRM::DeclareForm() {
   Body_PNL.Place(TListDetail_FRAME1);
   Buttons_PNL.Place(PrintList_BTN);
   Buttons_PNL.Place(Exit_BTN);
+  Buttons_PNL.Place(CriteriaChanged_LBL);
   Buttons_PNL.Place(TListDetail_FRAME1.View_PNL, 1);
 
   Place(Criteria_PNL);

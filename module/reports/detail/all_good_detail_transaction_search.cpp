@@ -1,7 +1,10 @@
 #include "module/reports/detail/all_good_detail_transaction_search.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
+
+#include "module/framework/report_window.h"
 
 namespace goods {
 
@@ -56,6 +59,29 @@ bool TAllGoodDetailTransactionSearch_FRM::HaveSelectedListPermission() const {
 
 bool TAllGoodDetailTransactionSearch_FRM::HaveAdvFilter() const {
   return TTags_search_FRM1.HasTags() || !TCategorySearchFrame1.IsEmpty();
+}
+
+DetailDialogCriteria TAllGoodDetailTransactionSearch_FRM::Criteria() const {
+  DetailDialogCriteria criteria{
+      .tags = TTags_search_FRM1.Tags(),
+      .tagNames = {},
+      .category = TCategorySearchFrame1.IsEmpty() ? std::string() : TCategorySearchFrame1.Values().back(),
+      .categoryName = {},
+      .details = {},
+      .list = SelectedList_CMB.ItemObject(),
+      .listName = SelectedList_CMB.Text(),
+      .listInverted = DisplayType_CHK.Checked(),
+      .good = CodeOf(Good_SESF),
+      .goodIsGroup = Good_SESF.SelectEntity_CMB.ItemIndex() == 1,
+      .codes = RangeOf(SearchGoodCode_FRAME),
+      .codesItem = std::max(SearchGoodCode_FRAME.RangeDigit_CMB.ItemIndex(), 0),
+      .store = Store_SESF.Visible() ? CodeOf(Store_SESF) : CriteriaCode{},
+      .dates = RangeOf(DateRangeSearch_Frame),
+  };
+  if (DateRangeSearch_Frame.RangeDate_CMB.ItemIndex() != 0) criteria.dates.inUse = false;
+  const auto rows = DetailRows();
+  for (std::size_t i = 0; i < rows.size(); ++i) criteria.details[i] = rows[i]->Criterion();
+  return criteria;
 }
 
 void TAllGoodDetailTransactionSearch_FRM::FillSelectedList() {

@@ -13,6 +13,7 @@
 #include "host/frames/select_entity_search_frame.h"
 #include "host/frames/tags_frame.h"
 #include "module/data/good_transactions_dm.h"
+#include "module/reports/detail/detail_criteria.h"
 #include "module/reports/detail/detail_row.h"
 
 namespace goods {
@@ -28,9 +29,10 @@ class TAllGoodDetailTransactionSearch_FRM : public TBaseSearch_FRM {
   // the quantity list for any other.
   int SoftwarePart = kPartAmountAsset;
   bool HaveSelectedListPermission() const;
-  // Whether tags or a category are chosen.
+  // Whether tags or a category are chosen. For who opens the dialog; its reports look at its box alone.
   bool HaveAdvFilter() const;
-  std::int64_t SelectedListCode() const { return SelectedList_CMB.ItemObject(); }
+  // What stands in it. A store that cannot be seen, because stores are totalled, is not asked for.
+  DetailDialogCriteria Criteria() const;
   // The dialog's settings in their section: read when the report has set it up, and saved from then on as it
   // closes. A report that does not call it leaves the section alone.
   void LoadStoredProperties();

@@ -1,6 +1,7 @@
 #include "module/reports/detail/detail_criteria.h"
 
-#include <algorithm>
+#include <span>
+#include <string_view>
 
 #include "host/core/text.h"
 
@@ -16,112 +17,123 @@ constexpr std::string_view kNoTags = ",,";
 // A range with this in an edit is not asked for.
 constexpr std::string_view kNoCode = "0";
 
-std::string CodeAndName(const TSelectEntity_Search_Frame& frame) {
-  return std::to_string(frame.CodeAsInt()) + " - " + frame.TSelect_Entity_Frame1.EntityName();
+// A column that can be searched: how it is told, and whether its text goes out without thousands separators.
+struct TitleItem {
+  std::string_view caption;
+  bool amount = false;
+};
+
+constexpr std::array kMovementTitles = std::to_array<TitleItem>({{"کد کالا : "},
+                                                                 {"نام کالا : "},
+                                                                 {"انبار : "},
+                                                                 {"جزئیات : "},
+                                                                 {"نام شخص : "},
+                                                                 {"شرح : "},
+                                                                 {"وارده : "},
+                                                                 {"صادره : "},
+                                                                 {"مبلغ واحد : ", true},
+                                                                 {"مبلغ کل : ", true}});
+constexpr std::array kStockTitles = std::to_array<TitleItem>(
+    {{"کد کالا : "}, {"نام کالا : "}, {"انبار : "}, {"جزئیات : "}, {"موجودی : ", true}});
+
+// A kind of codes that the dialog's range can hold.
+struct CodeKind {
+  std::string_view from;
+  std::string_view to;
+  std::string_view caption;
+};
+
+constexpr std::array kCodeKinds =
+    std::to_array<CodeKind>({{"@FromGoodCode", "@ToGoodCode", "کالاها از: "},
+                             {"@FromAnbar", "@ToAnbar", "انبارها از: "},
+                             {"@FromGoodGroupCode", "@ToGoodGroupCode", "گروه کالاها از: "}});
+
+void AddTitle(CriteriaText& text, const DetailListCriteria& criteria) {
+  if (criteria.title.empty()) return;
+  const bool stock = criteria.report == DetailList::Stock;
+  const std::span<const TitleItem> titles =
+      stock ? std::span<const TitleItem>(kStockTitles) : std::span<const TitleItem>(kMovementTitles);
+  const auto at = static_cast<std::size_t>(criteria.titleItem);
+  if (at >= titles.size()) return;
+  text.Add("@TitleID", std::to_string(at + 1));
+  text.Add("@Title", QuotedStr(titles[at].amount ? ReplaceAll(criteria.title, ",", "") : criteria.title));
+  text.Say(std::string(titles[at].caption) + criteria.title);
 }
 
-bool AsksForOne(const TSelectEntity_Search_Frame& frame) {
-  return frame.SelectEntity_CHK.Checked() && frame.CodeAsInt() > 0;
+void AddDetail(CriteriaText& text, int number, const DetailValue& value) {
+  const auto condition = ConditionOf(value);
+  if (!condition) return;
+  const std::string row = std::to_string(number);
+  text.Add("@DetailID" + row, std::to_string(value.detail));
+  text.Add("@Detail" + row + "Value1", QuotedStr(condition->from));
+  text.Add("@Detail" + row + "Value2", QuotedStr(condition->to));
+  text.Say(condition->caption);
+}
+
+void AddTags(CriteriaText& text, const DetailDialogCriteria& dialog) {
+  const std::string tags(Trim(dialog.tags));
+  const bool none = tags.empty() || tags == kNoTags;
+  text.Add("@GoodTags", none ? std::string(kNull) : QuotedStr(tags));
+  if (!none) text.Say("برچسب : " + dialog.tagNames);
+}
+
+void AddSelectedList(CriteriaText& text, const DetailDialogCriteria& dialog) {
+  const bool chosen = dialog.list != 0;
+  text.AddPiece(std::string(kSelectedList) + (chosen ? std::to_string(dialog.list) : std::string(kNull)));
+  if (chosen) {
+    text.Say("لیست انتخابی: " + dialog.listName +
+             (dialog.listInverted ? " - کالاهای لیست نمایش داده نشوند" : ""));
+  }
+  text.AddPiece(std::string(kSelectedListNot) + (dialog.listInverted ? "-1" : "0"));
+}
+
+void AddCodes(CriteriaText& text, const DetailDialogCriteria& dialog) {
+  const CriteriaRange& codes = dialog.codes;
+  if (codes.AsksNothing() || codes.from == kNoCode || codes.to == kNoCode) return;
+  const auto item = static_cast<std::size_t>(dialog.codesItem);
+  if (item >= kCodeKinds.size()) return;
+  text.AddNumbers(kCodeKinds[item].from, kCodeKinds[item].to, codes);
+  text.Say(std::string(kCodeKinds[item].caption) + codes.from + " تا: " + codes.to);
+}
+
+void AddDialog(CriteriaText& text, const DetailDialogCriteria& dialog, DetailList report) {
+  AddTags(text, dialog);
+  if (!dialog.category.empty()) {
+    text.Add("@GoodCategoryCode", dialog.category);
+    text.Say("دسته : " + dialog.categoryName);
+  }
+  for (std::size_t i = 0; i < dialog.details.size(); ++i) {
+    AddDetail(text, static_cast<int>(i) + 2, dialog.details[i]);
+  }
+  AddSelectedList(text, dialog);
+  text.AddOne(dialog.goodIsGroup ? "@GoodGroupCode" : "@GoodCode",
+              dialog.goodIsGroup ? "گروه کالا: " : "کالا: ", dialog.good);
+  const auto addStore = [&] { text.AddOne("@Anbar", "انبار: ", dialog.store); };
+  if (report == DetailList::Stock) addStore();
+  AddCodes(text, dialog);
+  if (report == DetailList::Movements) addStore();
+  if (dialog.dates.AsksNothing()) return;
+  text.AddDates(dialog.dates);
+  text.Say("تاریخ عملیات از: " + dialog.dates.from + " تا: " + dialog.dates.to);
 }
 
 }  // namespace
 
-void DetailCriteria::AddTitle(const TTitleSearchPanel& search) {
-  const std::string text = search.Text();
-  if (text.empty()) return;
-  const int item = search.ItemIndex();
-  const bool amount =
-      std::find(style_.amountItems.begin(), style_.amountItems.end(), item) != style_.amountItems.end();
-  Add("@TitleID", std::to_string(item + 1));
-  Add("@Title", QuotedStr(amount ? ReplaceAll(text, ",", "") : text));
-  Say(std::string(style_.titleCaptions.at(static_cast<std::size_t>(item))) + text);
-}
-
-void DetailCriteria::AddDetailRow(const TDetailRow& row) {
-  const auto condition = row.Condition();
-  if (!condition) return;
-  const std::string number = std::to_string(row.Number());
-  Add("@DetailID" + number, std::to_string(row.DetailID()));
-  Add("@Detail" + number + "Value1", QuotedStr(condition->from));
-  Add("@Detail" + number + "Value2", QuotedStr(condition->to));
-  Say(condition->caption);
-}
-
-void DetailCriteria::AddDialog(const TAllGoodDetailTransactionSearch_FRM& dialog) {
-  AddTags(dialog.TTags_search_FRM1);
-  AddCategory(dialog.TCategorySearchFrame1);
-  for (const TDetailRow* row : dialog.DetailRows()) AddDetailRow(*row);
-  AddSelectedList(dialog);
-  AddGood(dialog.Good_SESF);
-  if (style_.storeBeforeRange) AddStore(dialog.Store_SESF);
-  AddCodeRange(dialog.SearchGoodCode_FRAME);
-  if (!style_.storeBeforeRange) AddStore(dialog.Store_SESF);
-  AddDates(dialog.DateRangeSearch_Frame);
-}
-
-void DetailCriteria::AddTags(const TTags_search_FRM& tags) {
-  const std::string codes(Trim(tags.Tags()));
-  const bool none = codes.empty() || codes == kNoTags;
-  Add("@GoodTags", none ? std::string(kNull) : QuotedStr(codes));
-  if (!none) Say("برچسب : " + data_.ReturnTagName(codes));
-}
-
-void DetailCriteria::AddCategory(const TCategorysearchframe& category) {
-  if (category.IsEmpty()) return;
-  const std::string code = category.Values().back();
-  Add("@GoodCategoryCode", code);
-  Say("دسته : " + host_.Lookups().ReturnCategoryName(code));
-}
-
-void DetailCriteria::AddSelectedList(const TAllGoodDetailTransactionSearch_FRM& dialog) {
-  const std::int64_t list = dialog.SelectedListCode();
-  const bool inverted = dialog.DisplayType_CHK.Checked();
-  text_.AddPiece(std::string(kSelectedList) + (list == 0 ? std::string(kNull) : std::to_string(list)));
-  if (list != 0) {
-    Say("لیست انتخابی: " + dialog.SelectedList_CMB.Text() +
-        (inverted ? " - کالاهای لیست نمایش داده نشوند" : ""));
+CriteriaText TextOf(const DetailListCriteria& criteria) {
+  CriteriaText text;
+  if (criteria.report == DetailList::Stock) {
+    text.AddOne("@GoodGroupCode", "گروه کالا : ", criteria.group);
+    text.Add("@StoreSeparation", criteria.storesSeparated ? "1" : "0");
+    text.Add("@HaveAmount", criteria.everyKind ? "1" : "0");
   }
-  text_.AddPiece(std::string(kSelectedListNot) + (inverted ? "-1" : "0"));
-}
-
-void DetailCriteria::AddGood(const TSelectEntity_Search_Frame& good) {
-  if (!AsksForOne(good)) return;
-  const std::string code = std::to_string(good.CodeAsInt());
-  if (style_.goodGroups && good.SelectEntity_CMB.ItemIndex() == 1) {
-    Add("@GoodGroupCode", code);
-    Say("گروه کالا: " + CodeAndName(good));
-  } else {
-    Add("@GoodCode", code);
-    Say("کالا: " + CodeAndName(good));
+  AddTitle(text, criteria);
+  if (criteria.report == DetailList::Movements && criteria.operation != 0) {
+    text.Add("@OperationType", std::to_string(criteria.operation));
+    text.Say("نوع عملیات :" + criteria.operationText);
   }
-}
-
-void DetailCriteria::AddCodeRange(const TRange_Digit_Search_Frame& range) {
-  const TEdit& from = range.RangeDigit_From_EDT;
-  const TEdit& to = range.RangeDigit_To_EDT;
-  if (!range.InUse() || from.Text() == kNoCode || to.Text() == kNoCode) return;
-  const auto item = static_cast<std::size_t>(std::max(range.RangeDigit_CMB.ItemIndex(), 0));
-  if (item >= style_.ranges.size()) return;
-  const CodeRangeKind& kind = style_.ranges[item];
-  if (from.HoldsValue()) Add(kind.from, from.Value());
-  if (to.HoldsValue()) Add(kind.to, to.Value());
-  Say(std::string(kind.caption) + from.TextOfValue() + " تا: " + to.TextOfValue());
-}
-
-// A store that cannot be seen, because stores are totalled, is not asked for.
-void DetailCriteria::AddStore(const TSelectEntity_Search_Frame& store) {
-  if (!store.Visible() || !AsksForOne(store)) return;
-  Add("@Anbar", std::to_string(store.CodeAsInt()));
-  Say("انبار: " + CodeAndName(store));
-}
-
-void DetailCriteria::AddDates(const TRange_Date_Search_Frame& dates) {
-  if (!dates.RangeDate_CHK.Checked() || dates.RangeDate_CMB.ItemIndex() != 0) return;
-  const std::string& from = dates.FromDate();
-  const std::string& to = dates.ToDate();
-  Add("@FromDate", QuotedStr(from));
-  Add("@ToDate", QuotedStr(to));
-  if (dates.InUse()) Say("تاریخ عملیات از: " + from + " تا: " + to);
+  AddDetail(text, 1, criteria.detail);
+  if (criteria.dialog) AddDialog(text, *criteria.dialog, criteria.report);
+  return text;
 }
 
 }  // namespace goods

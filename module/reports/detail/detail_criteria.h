@@ -1,67 +1,59 @@
-// DetailCriteria: the criteria of a good-detail report, as the parameters of its procedure and in Persian.
+// What the good-detail lists are asked for, and how that is sent and told.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
-#include <string_view>
-#include <vector>
 
-#include "host/services/host.h"
-#include "module/data/good_transactions_dm.h"
 #include "module/framework/criteria_text.h"
-#include "module/framework/title_search_panel.h"
-#include "module/reports/detail/all_good_detail_transaction_search.h"
-#include "module/reports/detail/detail_row.h"
+#include "module/reports/detail/detail_value.h"
 
 namespace goods {
 
-// A kind of codes that the dialog's range can hold, in the order of its list.
-struct CodeRangeKind {
-  std::string_view from;     // "@FromGoodCode"
-  std::string_view to;       // "@ToGoodCode"
-  std::string_view caption;  // "کالاها از: "
+// What stands in the dialog. Names are told, and looked up by whoever asks.
+struct DetailDialogCriteria {
+  std::string tags;  // ",3,7,"; ",," or empty: none
+  std::string tagNames;
+  std::string category;  // code; empty: none
+  std::string categoryName;
+  std::array<DetailValue, 4> details;  // rows 2 to 5
+  std::int64_t list = 0;               // saved list of goods; 0: none
+  std::string listName;
+  bool listInverted = false;
+  CriteriaCode good;
+  bool goodIsGroup = false;
+  CriteriaRange codes;
+  int codesItem = 0;  // 0 goods, 1 stores, 2 groups
+  CriteriaCode store;
+  CriteriaRange dates;
 };
 
-// What differs between the reports.
-struct DetailCriteriaStyle {
-  std::vector<std::string_view> titleCaptions;  // by the item of the column search
-  std::vector<int> amountItems;                 // items whose text goes out without thousands separators
-  std::vector<CodeRangeKind> ranges;
-  bool goodGroups = false;        // the entity frame's second kind is a group
-  bool storeBeforeRange = false;  // the one store goes out before the range of codes
+enum class DetailList { Movements, Stock };
+
+struct DetailListCriteria {
+  DetailList report = DetailList::Movements;
+
+  // The stock alone.
+  CriteriaCode group;
+  bool storesSeparated = false;
+  bool everyKind = true;  // no movement kind is chosen
+
+  // Both. The items are those of the report's own list.
+  int titleItem = 1;
+  std::string title;  // empty: no search
+
+  // The movements alone.
+  std::int64_t operation = 0;  // 0: every kind
+  std::string operationText;
+
+  // Both.
+  DetailValue detail;                          // row 1
+  std::optional<DetailDialogCriteria> dialog;  // while the advanced search is on
 };
 
-// Pieces read in the order in which they are added; texts and dates are quoted, codes bare.
-class DetailCriteria {
- public:
-  // All three must outlive it.
-  DetailCriteria(THost& host, TGoodTransactions_DM& data, const DetailCriteriaStyle& style)
-      : host_(host), data_(data), style_(style) {}
-
-  const std::string& Parameters() const { return text_.parameters; }
-  const std::string& Caption() const { return text_.caption; }
-
-  void Add(std::string_view name, std::string_view value) { text_.Add(name, value); }
-  void Say(std::string_view phrase) { text_.Say(phrase); }
-
-  void AddTitle(const TTitleSearchPanel& search);
-  void AddDetailRow(const TDetailRow& row);
-  // What counts while the advanced search is on.
-  void AddDialog(const TAllGoodDetailTransactionSearch_FRM& dialog);
-
- private:
-  void AddTags(const TTags_search_FRM& tags);
-  void AddCategory(const TCategorysearchframe& category);
-  void AddSelectedList(const TAllGoodDetailTransactionSearch_FRM& dialog);
-  void AddGood(const TSelectEntity_Search_Frame& good);
-  void AddCodeRange(const TRange_Digit_Search_Frame& range);
-  void AddStore(const TSelectEntity_Search_Frame& store);
-  void AddDates(const TRange_Date_Search_Frame& dates);
-
-  THost& host_;
-  TGoodTransactions_DM& data_;
-  const DetailCriteriaStyle& style_;
-  CriteriaText text_;
-};
+// Pieces read in the order in which the criteria stand above, but that the movements' store comes behind the
+// range of codes; texts and dates are quoted, codes bare.
+CriteriaText TextOf(const DetailListCriteria& criteria);
 
 }  // namespace goods

@@ -1,14 +1,16 @@
 #include "module/reports/detail/detail_row.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
+#include <vector>
 
-#include "host/core/text.h"
+#include "module/framework/report_window.h"
 
 namespace goods {
 namespace {
 
 constexpr int kLongestValue = 50;  // characters
-
 std::string Numbered(std::string_view before, int number, std::string_view behind) {
   return std::string(before) + std::to_string(number) + std::string(behind);
 }
@@ -26,9 +28,6 @@ void SpellPrompt(TComboBox& list) {
   list.SetItemIndex(chosen);
   list.OnChange = onChange;
 }
-
-bool Given(std::string_view text) { return !Trim(text).empty(); }
-bool Given(const TEdit& edit) { return edit.HoldsValue() && Given(edit.Text()); }
 
 }  // namespace
 
@@ -92,41 +91,19 @@ void TDetailRow::Clear(TGoodTransactions_DM& data) {
   ApplySelection(data);
 }
 
-std::int64_t TDetailRow::DetailID() const {
-  return GoodDetailSelectSearch_CMB.ItemIndex() > 0 ? GoodDetailSelectSearch_CMB.ItemObject() : 0;
-}
-
-std::optional<DetailCondition> TDetailRow::Condition() const {
-  if (DetailID() == 0) return std::nullopt;
-  const std::string title = "جزئیات " + GoodDetailSelectSearch_CMB.Text();
-  const auto one = [&](const std::string& value) {
-    return DetailCondition{value, value, title + " : " + value};
+DetailValue TDetailRow::Criterion() const {
+  if (GoodDetailSelectSearch_CMB.ItemIndex() <= 0) return {};
+  return {
+      .detail = GoodDetailSelectSearch_CMB.ItemObject(),
+      .title = GoodDetailSelectSearch_CMB.Text(),
+      .type = type_,
+      .listItem = GoodDetail_CMB.ItemIndex(),
+      .value = GoodDetail_CMB.Text(),
+      .from = FromGoodDetail_EDT.TextOfValue(),
+      .to = ToGoodDetail_EDT.TextOfValue(),
+      .fromDate = FromGoodDetailDate_EDT.TextOfValue(),
+      .toDate = ToGoodDetailDate_EDT.TextOfValue(),
   };
-  const auto range = [&](const std::string& from, const std::string& to) {
-    return DetailCondition{from, to, title + " از: " + from + " تا: " + to};
-  };
-  const TEdit& lower = FromGoodDetail_EDT;
-  const TEdit& upper = ToGoodDetail_EDT;
-  switch (type_) {
-    case kPickedValue:
-      if (GoodDetail_CMB.ItemIndex() > 0) return one(GoodDetail_CMB.Text());
-      return std::nullopt;
-    case kTypedValue:
-      // The list's first item stands for no value here too.
-      if (GoodDetail_CMB.ItemIndex() != 0 && Given(GoodDetail_CMB.Text())) return one(GoodDetail_CMB.Text());
-      return std::nullopt;
-    case kNumber:
-    case kOtherNumber:
-      if (Given(lower)) return range(lower.Text(), Given(upper) ? upper.Text() : lower.Text());
-      return std::nullopt;
-    case kDate:
-      return range(FromGoodDetailDate_EDT.TextOfValue(), ToGoodDetailDate_EDT.TextOfValue());
-    case kOneValue:
-      if (Given(lower)) return one(lower.Text());
-      return std::nullopt;
-    default:
-      return std::nullopt;
-  }
 }
 
 }  // namespace goods

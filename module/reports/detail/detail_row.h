@@ -3,21 +3,14 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "host/components/edit.h"
 #include "host/components/standard.h"
 #include "module/data/good_transactions_dm.h"
+#include "module/reports/detail/detail_value.h"
 
 namespace goods {
-
-// What a row asks for: a range, whose ends are equal for a single value, and the phrase that tells it.
-struct DetailCondition {
-  std::string from;
-  std::string to;
-  std::string caption;
-};
 
 // number is 1 to 5. The controls belong to the window, under the names that carry the number.
 class TDetailRow : public TPanel {
@@ -27,15 +20,13 @@ class TDetailRow : public TPanel {
   int Number() const { return number_; }
   // The titles of all details; none is chosen.
   void Fill(TGoodTransactions_DM& data);
-  // Another detail was chosen: the controls of its type are shown, empty.
+  // Another detail was chosen: the controls of its type are shown, empty. Where its type cannot be read they
+  // are hidden, and the error passes on.
   void ApplySelection(TGoodTransactions_DM& data);
   // Back to no detail.
   void Clear(TGoodTransactions_DM& data);
 
-  // The code of the chosen detail; 0 for none.
-  std::int64_t DetailID() const;
-  // None where no detail is chosen, and where its value is not given. Dates are always given.
-  std::optional<DetailCondition> Condition() const;
+  DetailValue Criterion() const;
   // The value is chosen from the detail's list alone.
   bool IsPickList() const { return GoodDetail_CMB.Style() == ComboStyle::PickList; }
 

@@ -1,11 +1,13 @@
 #include "module/reports/detail/good_detail_transaction.h"
 
 #include <array>
+#include <initializer_list>
 #include <utility>
 
 #include "host/core/text.h"
 #include "module/framework/parameter_text.h"
 #include "module/framework/program_change.h"
+#include "module/framework/report_window.h"
 #include "module/reports/detail/one_good_detail_transaction.h"
 
 namespace goods {
@@ -44,12 +46,14 @@ void TGoodDetailTransaction_FRM::FormCreate() {
   TDetailReport_FRM::FormCreate();
   SetCommonControls(List_GRD, PrintList_BTN, Exit_BTN);
   List_GRD.OnDblClick = [this] { OpenInfo_BTN.Click(); };
-  OpenInfo_BTN.OnClick = [this] { OpenInfo_BTNClick(); };
+  OnAction(OpenInfo_BTN, [this] { OpenInfo_BTNClick(); });
   StoresTotals_RDB.SetChecked(true);
   StoresTotals_RDB.OnClick = [this] { StoresTotals_RDBClick(); };
   StoresSeparations_RDB.OnClick = [this] { StoresTotals_RDBClick(); };
   TTab_Search_Frame1.Search_TBC.OnChange = [this] { GoodDetailTabChange(); };
-  Groups_PNL.OnGroupChange = [this] { Rerun(0); };
+  Groups_PNL.OnGroupChange = [this] { Run(Waiting::Silent); };
+  WatchCriteria(Criteria_PNL);
+  WatchCriteria(TTab_Search_Frame1);
   dataModule_.GoodAsset_GetGroup();
   Search_FRM.Good_SESF.SetEntityType(EntityType::Good);
   ApplyStoreSeparation();
@@ -64,7 +68,14 @@ void TGoodDetailTransaction_FRM::OnCustomParameter(const CustomParameter& parame
   const bool tagsGiven = parameter.Integer(7) != 0;
   const bool categoryGiven = parameter.Integer(9) != 0;
 
-  LimitRows(otherReport ? good : 0, "");
+  LimitRows(otherReport ? good : 0);
+  StoresTotals_RDB.SetChecked(true);
+  for (TSearchFrame* frame : std::initializer_list<TSearchFrame*>{&dialog.Good_SESF, &dialog.Store_SESF,
+                                                                  &dialog.DateRangeSearch_Frame}) {
+    frame->Clear();
+  }
+  dialog.TTags_search_FRM1.Clear();
+  dialog.TCategorySearchFrame1.Clear();
   if (good != 0) dialog.Good_SESF.SetCode(good);
   if (storeGiven) {
     StoresSeparations_RDB.SetChecked(true);
@@ -80,10 +91,9 @@ void TGoodDetailTransaction_FRM::OnCustomParameter(const CustomParameter& parame
   if (const auto category = ParseInteger(Trim(parameter.Text(10))); categoryGiven && category) {
     dialog.TCategorySearchFrame1.Category_EDT.SetCodes({std::to_string(*category)});
   }
-  if (good != 0 || storeGiven || datesGiven || tagsGiven || categoryGiven) {
-    const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
-    ADVSearch_Fram1.ADVSearch_CHK.SetChecked(true);
-  }
+  const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
+  ADVSearch_Fram1.ADVSearch_CHK.SetChecked(good != 0 || storeGiven || datesGiven || tagsGiven ||
+                                           categoryGiven);
 }
 
 void TGoodDetailTransaction_FRM::FormShow() {
@@ -104,8 +114,7 @@ void TGoodDetailTransaction_FRM::PresetTags() {
 
 void TGoodDetailTransaction_FRM::FormKeyDown(TKey& key) {
   if (key.Is(Key::F2)) {
-    key.Consume();
-    OpenInfo_BTN.Click();
+    Press(key, OpenInfo_BTN);
   } else if (key.IsCtrl(Key::F11)) {
     key.Consume();
     Groups_PNL.SearchGroup_EDT.SetFocus();
@@ -113,49 +122,36 @@ void TGoodDetailTransaction_FRM::FormKeyDown(TKey& key) {
   TDetailReport_FRM::FormKeyDown(key);
 }
 
-const DetailCriteriaStyle& TGoodDetailTransaction_FRM::Style() const {
-  static const DetailCriteriaStyle kStyle{
-      .titleCaptions = {"کد کالا : ", "نام کالا : ", "انبار : ", "جزئیات : ", "موجودی : "},
-      .amountItems = {4},
-      .ranges = {{"@FromGoodCode", "@ToGoodCode", "کالاها از: "}, {"@FromAnbar", "@ToAnbar", "انبارها از: "}},
-      .goodGroups = false,
-      .storeBeforeRange = true,
-  };
-  return kStyle;
+void TGoodDetailTransaction_FRM::ReadOwnCriteria(DetailListCriteria& criteria) const {
+  criteria.report = DetailList::Stock;
+  criteria.group = {Groups_PNL.Code(), Groups_PNL.GroupName()};
+  criteria.storesSeparated = !StoresTotals_RDB.Checked();
+  criteria.everyKind = TTab_Search_Frame1.TabIndex() == 0;
 }
 
-void TGoodDetailTransaction_FRM::AddCriteria(DetailCriteria& criteria) {
-  if (Groups_PNL.Code() != 0) {
-    criteria.Add("@GoodGroupCode", std::to_string(Groups_PNL.Code()));
-    criteria.Say("گروه کالا : " + Groups_PNL.CodeAndName());
-  }
-  criteria.Add("@StoreSeparation", StoresTotals_RDB.Checked() ? "0" : "1");
-  criteria.Add("@HaveAmount", TTab_Search_Frame1.TabIndex() == 0 ? "1" : "0");
-  criteria.AddTitle(Search_PNL);
+void TGoodDetailTransaction_FRM::ResetCriteria() {
+  TDetailReport_FRM::ResetCriteria();
+  TTab_Search_Frame1.Search_TBC.SetTabIndex(0);
 }
 
-void TGoodDetailTransaction_FRM::Fetch(const std::string& parameters, int mode) {
-  dataModule_.GoodDetailTransaction_GetAll(parameters, this, mode, Shown());
-  shownTab_ = TTab_Search_Frame1.TabIndex();
+void TGoodDetailTransaction_FRM::Fetch(const std::string& parameters, Waiting waiting) {
+  dataModule_.GoodDetailTransaction_GetAll(parameters, this, static_cast<int>(waiting), Shown());
 }
 
 std::string TGoodDetailTransaction_FRM::RowCondition() const {
   return std::string(kTabConditions.at(static_cast<std::size_t>(TTab_Search_Frame1.TabIndex())));
 }
 
-// From one kind to another the rows are there already; only "all" reads other rows.
+// From one kind to another the rows are there already, as long as they are what the criteria ask for.
 void TGoodDetailTransaction_FRM::GoodDetailTabChange() {
-  const int tab = TTab_Search_Frame1.TabIndex();
-  const bool otherRows = (tab == 0) != (shownTab_ == 0) || !Rows().Query.Active();
-  if (otherRows) return Rerun(0);
-  shownTab_ = tab;
-  FilterRows();
-  List_GRD.RefreshFooters();
+  if (!Shown()) return;
+  if (CriteriaChanged()) return Run(Waiting::Silent);
+  ArrangeRows();
 }
 
 void TGoodDetailTransaction_FRM::StoresTotals_RDBClick() {
   ApplyStoreSeparation();
-  Rerun(0);
+  Run(Waiting::Silent);
 }
 
 void TGoodDetailTransaction_FRM::ApplyStoreSeparation() {
@@ -191,8 +187,8 @@ void TGoodDetailTransaction_FRM::OpenInfo_BTNClick() {
   for (const char* field : {"D1Value", "D2Value", "D3Value", "D4Value", "D5Value"}) addField(field);
   add(std::to_string(rows.FieldByName("DetailValueID").AsInteger()));
   add(dates.RangeDate_CHK.Checked() ? "1" : "0");
-  add(dates.RangeDate_From_EDT.Text());
-  add(dates.RangeDate_To_EDT.Text());
+  add(dates.FromDate());
+  add(dates.ToDate());
   add(StoresSeparations_RDB.Checked() ? "1" : "0");
   TOneGoodDetailTransaction_FRM(Host(), 1, Variant(parameter), "").ShowModal();
 }

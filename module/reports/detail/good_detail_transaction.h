@@ -13,7 +13,8 @@ namespace goods {
 // Custom parameter: 0 form mode (1 by the user, 2 from another report), 1 good, 2 store given, 3 store, 4
 // dates given, 5 from, 6 to, 7 tags given, 8 tags, 9 category given, 10 category. What is given is preset in
 // the criteria dialog and ticks the advanced search; a given store separates the stores as well. From another
-// report the rows are limited to the good.
+// report the rows are limited to the good. Each showing begins with every movement kind; each parameter with
+// totalled stores and without a good, store, dates, tags and category of the last one.
 class TGoodDetailTransaction_FRM : public TDetailReport_FRM {
  public:
   TGoodDetailTransaction_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
@@ -42,9 +43,9 @@ class TGoodDetailTransaction_FRM : public TDetailReport_FRM {
 
  protected:
   void OnCustomParameter(const CustomParameter& parameter) override;
-  const DetailCriteriaStyle& Style() const override;
-  void AddCriteria(DetailCriteria& criteria) override;
-  void Fetch(const std::string& parameters, int mode) override;
+  void ReadOwnCriteria(DetailListCriteria& criteria) const override;
+  void ResetCriteria() override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
   TQueryWithSource& Rows() override { return dataModule_.GoodDetailTransaction; }
   std::string RowCondition() const override;
 
@@ -55,7 +56,6 @@ class TGoodDetailTransaction_FRM : public TDetailReport_FRM {
   void PresetTags();
 
   std::vector<std::string> presetTags_;
-  int shownTab_ = 0;
 };
 
 }  // namespace goods

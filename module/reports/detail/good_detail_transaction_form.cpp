@@ -34,6 +34,7 @@ void TGoodDetailTransaction_FRM::DeclareForm() {
   for (TButton* button : {&OpenInfo_BTN, &SearchInDetail_BTN, &PrintList_BTN, &Exit_BTN}) {
     Buttons_PNL.Place(*button);
   }
+  Buttons_PNL.Place(CriteriaChanged_LBL);
 
   Place(Criteria_PNL);
   Place(DetailRow1);

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "host/core/text.h"
-#include "module/framework/criteria_text.h"
 #include "module/framework/document_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
@@ -18,18 +17,16 @@ constexpr std::string_view kReportName = "OneGoodDetailTransaction";
 // Quantities are shown without their sign; amounts keep it.
 constexpr std::string_view kUnsignedQuantityFormat = "#0.####;#0.####;0";
 constexpr std::array<const char*, 5> kMeasures{"Length", "Width", "Amount3", "Amount1", "Amount2"};
-constexpr std::int64_t kUnitPriceItem = 8;
-constexpr std::int64_t kTotalPriceItem = 9;
+constexpr int kFirstTitleItem = 1;
 
 }  // namespace
 
 TOneGoodDetailTransaction_FRM::TOneGoodDetailTransaction_FRM(THost& host, int formMode,
                                                              Variant customParameter,
                                                              std::string settingsName)
-    : TBaseDock_FRM(host, "OneGoodDetailTransaction_FRM", formMode, std::move(customParameter),
-                    std::move(settingsName)),
+    : TReportOf(host, "OneGoodDetailTransaction_FRM", formMode, std::move(customParameter),
+                std::move(settingsName)),
       dataModule_(host, this),
-      delayedSearch_(*this, [this] { Rerun(0); }),
       Search_FRM(host) {
   DeclareForm();
   Initialise();
@@ -38,23 +35,15 @@ TOneGoodDetailTransaction_FRM::TOneGoodDetailTransaction_FRM(THost& host, int fo
 TOneGoodDetailTransaction_FRM::~TOneGoodDetailTransaction_FRM() = default;
 
 void TOneGoodDetailTransaction_FRM::FormCreate() {
-  TBaseDock_FRM::FormCreate();
+  TReportOf::FormCreate();
   DescribeWindow(*this);
   SetCommonControls(GoodDetailTransaction_GRD, PrintList_BTN, Exit_BTN, GridLayout::Own);
-  TQueryWithSource& rows = dataModule_.OneGoodDetailTransaction;
-  GoodDetailTransaction_GRD.SetDataSource(&rows.Source);
-  GoodDetailTransaction_GRD.OnSortChanged = [this] {
-    TADOQuery& query = dataModule_.OneGoodDetailTransaction.Query;
-    if (query.Active()) query.SetSort(GetGridSort(GoodDetailTransaction_GRD));
-  };
+  ShowRows(GoodDetailTransaction_GRD, dataModule_.OneGoodDetailTransaction.Source);
   GoodDetailTransaction_GRD.OnDblClick = [this] { OpenInfo_BTN.Click(); };
-  OpenInfo_BTN.OnClick = [this] { OpenInfo_BTNClick(); };
-  delayedSearch_.OnHurried = [this] {
-    if (!dataModule_.OneGoodDetailTransaction.Query.IsEmpty()) GoodDetailTransaction_GRD.SetFocus();
-  };
-  Search_PNL.OnItemChange = [this] { Rerun(0); };
-  ADVSearch_Fram1.ADVSearch_BTN.OnClick = [this] { ADVSearch_Fram1ADVSearch_BTNClick(); };
-  ADVSearch_Fram1.ADVSearch_CHK.OnClick = [this] { ADVSearch_Fram1ADVSearch_CHKClick(); };
+  OnAction(OpenInfo_BTN, [this] { OpenInfo_BTNClick(); });
+  Search_PNL.OnItemChange = [this] { Run(Waiting::Silent); };
+  WatchCriteria(Search_PNL);
+  UseDialog(ADVSearch_Fram1, Search_FRM);
 }
 
 void TOneGoodDetailTransaction_FRM::OnCustomParameter(const CustomParameter& parameter) {
@@ -99,17 +88,16 @@ void TOneGoodDetailTransaction_FRM::ApplyUnitKind() {
 }
 
 void TOneGoodDetailTransaction_FRM::FormShow() {
-  TBaseDock_FRM::FormShow();
-  shown_ = true;  // also where a store cannot be looked up: then the user's next criterion runs
+  TReportOf::FormShow();
+  SetShown();  // also where a store cannot be looked up: then the user's next criterion runs
   ShowHeader();
-  PresetDialog();
+  PresetCriteria();
   for (const char* field : kMeasures) {
     GoodDetailTransaction_GRD.FindColumn(field)->SetDisplayFormat(kUnsignedQuantityFormat);
   }
   SetShortCut(GoodDetailTransaction_GRD);
   SetPopMenu(GoodDetailTransaction_GRD);
-  Search_PNL.GoodDetailSearch_EDT.SetFocus();
-  Rerun(0);
+  ShowAndRun(Search_PNL.GoodDetailSearch_EDT);
 }
 
 void TOneGoodDetailTransaction_FRM::ShowHeader() {
@@ -129,7 +117,8 @@ void TOneGoodDetailTransaction_FRM::ShowHeader() {
   Details_PNL.SetVisible(any);
 }
 
-void TOneGoodDetailTransaction_FRM::PresetDialog() {
+void TOneGoodDetailTransaction_FRM::PresetCriteria() {
+  Search_PNL.Preset(kFirstTitleItem, "");
   Search_FRM.Del_BTNClick();
   if (opened_.datesGiven) {
     Search_FRM.Date_Frame.SetRange(opened_.from, opened_.to);
@@ -141,11 +130,8 @@ void TOneGoodDetailTransaction_FRM::PresetDialog() {
 }
 
 void TOneGoodDetailTransaction_FRM::FormClose() {
-  shown_ = false;
-  delayedSearch_.Cancel();
-  dataModule_.OneGoodDetailTransaction.Query.Close();
   SaveGridSettings(GoodDetailTransaction_GRD, kReportName, opened_.good, unitKind_);
-  TBaseDock_FRM::FormClose();
+  TReportOf::FormClose();
 }
 
 void TOneGoodDetailTransaction_FRM::FormKeyDown(TKey& key) {
@@ -154,54 +140,22 @@ void TOneGoodDetailTransaction_FRM::FormKeyDown(TKey& key) {
   } else {
     Search_PNL.TakeSearchKeys(key, ADVSearch_Fram1);
   }
-  TBaseDock_FRM::FormKeyDown(key);
+  TReportOf::FormKeyDown(key);
 }
 
-void TOneGoodDetailTransaction_FRM::WindowMessage(int code) {
-  delayedSearch_.Handle(code, &Search_PNL.GoodDetailSearch_EDT);
+OneGoodDetailCriteria TOneGoodDetailTransaction_FRM::ReadCriteria() const {
+  return {
+      .goodCode = opened_.good,
+      .detailValue = opened_.detailValue,
+      .titleId = Search_PNL.Item().object,
+      .titleCaption = Search_PNL.Item().text,
+      .title = Search_PNL.Text(),
+      .dialog = ADVSearch_Fram1.ADVSearch_CHK.Checked() ? std::optional(Search_FRM.Criteria()) : std::nullopt,
+  };
 }
 
-void TOneGoodDetailTransaction_FRM::SetProcParams(std::string& parameters) {
-  parameters.clear();
-  filterCaption_.clear();
-  if (!shown_) return;
-  CriteriaText criteria;
-  criteria.Add("@GoodCode", std::to_string(opened_.good));
-  criteria.Add("@DetailValueID", std::to_string(opened_.detailValue));
-  if (const std::string text = Search_PNL.Text(); !text.empty()) {
-    const TitleSearchItem& item = Search_PNL.Item();
-    const bool price = item.object == kUnitPriceItem || item.object == kTotalPriceItem;
-    criteria.Add("@TitleID", std::to_string(item.object));
-    criteria.Add("@Title", QuotedStr(price ? ReplaceAll(text, ",", "") : text));
-    criteria.Say(item.text + " : " + text);
-  }
-  if (ADVSearch_Fram1.ADVSearch_CHK.Checked()) Search_FRM.AddCriteria(criteria);
-  parameters = std::move(criteria.parameters);
-  filterCaption_ = std::move(criteria.caption);
-}
-
-void TOneGoodDetailTransaction_FRM::Rerun(int mode) {
-  delayedSearch_.Cancel();  // a run reads every criterion as it stands
-  const DelayedSearch::RunScope running(delayedSearch_);
-  if (!shown_) return;
-  std::string parameters;
-  SetProcParams(parameters);
-  dataModule_.OneGoodDetailTransaction_GetAll(parameters, this, mode, shown_);
-  dataModule_.OneGoodDetailTransaction.Query.SetSort(GetGridSort(GoodDetailTransaction_GRD));
-  GoodDetailTransaction_GRD.RefreshFooters();
-}
-
-void TOneGoodDetailTransaction_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
-  if (Search_FRM.ShowModal() != kModalOk) return;
-  {
-    const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
-    ADVSearch_Fram1.ADVSearch_CHK.SetChecked(true);
-  }
-  Rerun(1);
-}
-
-void TOneGoodDetailTransaction_FRM::ADVSearch_Fram1ADVSearch_CHKClick() {
-  if (ADVSearch_Fram1.ADVSearch_CHK.Tag == 0) Rerun(1);
+void TOneGoodDetailTransaction_FRM::Fetch(const std::string& parameters, Waiting waiting) {
+  dataModule_.OneGoodDetailTransaction_GetAll(parameters, this, static_cast<int>(waiting), Shown());
 }
 
 void TOneGoodDetailTransaction_FRM::OpenInfo_BTNClick() {
@@ -214,15 +168,13 @@ void TOneGoodDetailTransaction_FRM::OpenInfo_BTNClick() {
     const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
     dataModule_.FillDataKardexTransact(ParseInteger(Header_PNL.GoodCode_LBL.Caption()).value_or(0));
   }
-  Rerun(1);
+  Run(Waiting::Shown);
   const std::array<Value, 2> key{type, code};
   query.Locate("OperationType;OperationCode", key);
 }
 
-void TOneGoodDetailTransaction_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
-  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
+void TOneGoodDetailTransaction_FRM::AddPrintLines(std::vector<std::string>& lines) {
   lines.push_back("کالا: " + std::to_string(opened_.good) + " - " + opened_.name);
-  AddFilterLine(lines, filterCaption_);
 }
 
 }  // namespace goods

@@ -6,41 +6,33 @@
 #include <string>
 #include <vector>
 
-#include "host/base/base_dock.h"
 #include "host/frames/adv_search_frame.h"
 #include "module/data/good_transactions_dm.h"
-#include "module/framework/delayed_search.h"
 #include "module/framework/good_header_panel.h"
+#include "module/framework/report_engine.h"
 #include "module/framework/title_search_panel.h"
+#include "module/reports/detail/one_good_criteria.h"
 #include "module/reports/detail/one_good_detail_transaction_search.h"
 
 namespace goods {
 
 // Custom parameter: 0 good, 1 its name, 2 unit 1, 3 name of unit 2, 4 unit 2, 5 name of unit 1, 6 store, 7 to
 // 11 the detail values, 12 the combination, 13 dates given, 14 from, 15 to, 16 store given. The titles of the
-// details and the unit kind are the good's own.
-class TOneGoodDetailTransaction_FRM : public TBaseDock_FRM {
+// details and the unit kind are the good's own. Every change of a criterion runs the report. Each showing
+// begins with the parameter's dates and store alone.
+class TOneGoodDetailTransaction_FRM : public TReportOf<OneGoodDetailCriteria> {
  public:
   TOneGoodDetailTransaction_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   ~TOneGoodDetailTransaction_FRM() override;
-
-  // The criteria as parameters; empty, like the filter caption, until the window is shown.
-  void SetProcParams(std::string& parameters);
-  const std::string& FilterCaption() const { return filterCaption_; }
 
   void FormCreate() override;
   void FormShow() override;
   void FormClose() override;
   void FormKeyDown(TKey& key) override;
-  void WindowMessage(int code) override;
-  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
-  void ADVSearch_Fram1ADVSearch_BTNClick();
-  void ADVSearch_Fram1ADVSearch_CHKClick();
   void OpenInfo_BTNClick();
 
  private:
   TGoodTransactions_DM dataModule_;
-  DelayedSearch delayedSearch_;
 
  public:
   TGoodHeaderPanel Header_PNL{this, "Header_PNL"};
@@ -67,6 +59,9 @@ class TOneGoodDetailTransaction_FRM : public TBaseDock_FRM {
 
  protected:
   void OnCustomParameter(const CustomParameter& parameter) override;
+  OneGoodDetailCriteria ReadCriteria() const override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
+  void AddPrintLines(std::vector<std::string>& lines) override;
 
  private:
   struct Opened {
@@ -88,14 +83,11 @@ class TOneGoodDetailTransaction_FRM : public TBaseDock_FRM {
   void ReadGood();
   void ApplyUnitKind();
   void ShowHeader();
-  void PresetDialog();
-  void Rerun(int mode);
+  void PresetCriteria();
 
   Opened opened_;
   std::int64_t unitKind_ = 2;
   std::array<std::string, 5> titles_;
-  bool shown_ = false;
-  std::string filterCaption_;
 };
 
 }  // namespace goods

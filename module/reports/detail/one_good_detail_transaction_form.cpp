@@ -21,6 +21,7 @@ void TOneGoodDetailTransaction_FRM::DeclareForm() {
   Buttons_PNL.Place(OpenInfo_BTN);
   Buttons_PNL.Place(PrintList_BTN);
   Buttons_PNL.Place(Exit_BTN);
+  Buttons_PNL.Place(CriteriaChanged_LBL);
 
   DeclareColumns();
   Place(Header_PNL);

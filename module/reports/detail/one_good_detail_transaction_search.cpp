@@ -1,6 +1,6 @@
 #include "module/reports/detail/one_good_detail_transaction_search.h"
 
-#include "host/core/text.h"
+#include "module/framework/report_window.h"
 
 namespace goods {
 
@@ -27,21 +27,8 @@ TOneGoodDetailTransactionSearch_FRM::TOneGoodDetailTransactionSearch_FRM(THost& 
 
 TOneGoodDetailTransactionSearch_FRM::~TOneGoodDetailTransactionSearch_FRM() = default;
 
-void TOneGoodDetailTransactionSearch_FRM::AddCriteria(CriteriaText& criteria) const {
-  const auto addOne = [&](const TSelectEntity_Search_Frame& frame, const char* name, const char* title) {
-    if (!frame.SelectEntity_CHK.Checked() || frame.CodeAsInt() <= 0) return;
-    const std::string code = std::to_string(frame.CodeAsInt());
-    criteria.Add(name, code);
-    criteria.Say(title + code + " - " + frame.TSelect_Entity_Frame1.EntityName());
-  };
-  addOne(Person_Frame, "@PerCode", "شخص: ");
-  addOne(Store_Frame, "@Anbar", "انبار: ");
-  if (!Date_Frame.RangeDate_CHK.Checked()) return;
-  const std::string& from = Date_Frame.FromDate();
-  const std::string& to = Date_Frame.ToDate();
-  criteria.Add("@FromDate", QuotedStr(from));
-  criteria.Add("@ToDate", QuotedStr(to));
-  if (Date_Frame.InUse()) criteria.Say("تاریخ از: " + from + " تا : " + to);
+OneGoodDetailDialog TOneGoodDetailTransactionSearch_FRM::Criteria() const {
+  return {.person = CodeOf(Person_Frame), .store = CodeOf(Store_Frame), .dates = RangeOf(Date_Frame)};
 }
 
 void TOneGoodDetailTransactionSearch_FRM::FormShow() {

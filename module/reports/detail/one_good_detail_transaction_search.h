@@ -1,12 +1,10 @@
 // TOneGoodDetailTransactionSearch_FRM: the criteria dialog of one good's detail movements.
 #pragma once
 
-#include <string>
-
 #include "host/base/base_search.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/select_entity_search_frame.h"
-#include "module/framework/criteria_text.h"
+#include "module/reports/detail/one_good_criteria.h"
 
 namespace goods {
 
@@ -16,9 +14,7 @@ class TOneGoodDetailTransactionSearch_FRM : public TBaseSearch_FRM {
   explicit TOneGoodDetailTransactionSearch_FRM(THost& host);
   ~TOneGoodDetailTransactionSearch_FRM() override;
 
-  // Adds the criteria whose boxes are ticked; a code of 0 asks for nothing, and neither does an
-  // empty date, which goes out all the same.
-  void AddCriteria(CriteriaText& criteria) const;
+  OneGoodDetailDialog Criteria() const;
 
   void FormShow() override;
   void Del_BTNClick() override;

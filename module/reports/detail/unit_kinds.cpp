@@ -3,19 +3,6 @@
 namespace goods {
 namespace {
 
-// What statements send for a column.
-enum TitleCode : std::int64_t {
-  kPerson = 1,
-  kComment = 2,
-  kAmount1 = 3,
-  kAmount2 = 4,
-  kLength = 5,
-  kWidth = 6,
-  kAmount3 = 7,
-  kUnitPrice = 8,
-  kTotalPrice = 9,
-};
-
 struct Measure {
   std::int64_t code;
   const char* field;

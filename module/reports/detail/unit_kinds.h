@@ -9,6 +9,19 @@
 
 namespace goods {
 
+// What statements send for a column.
+enum TitleCode : std::int64_t {
+  kPerson = 1,
+  kComment = 2,
+  kAmount1 = 3,
+  kAmount2 = 4,
+  kLength = 5,
+  kWidth = 6,
+  kAmount3 = 7,
+  kUnitPrice = 8,
+  kTotalPrice = 9,
+};
+
 // A measure that a unit kind uses: its field and the name that it has there.
 struct UnitMeasure {
   std::string field;

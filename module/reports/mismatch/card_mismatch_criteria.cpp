@@ -28,11 +28,7 @@ constexpr std::array kTitleParameters = std::to_array<TitleParameter>({
 
 CriteriaText TextOf(const KardexDismatchCriteria& criteria) {
   CriteriaText text;
-  if (criteria.groupCode != 0) {
-    const std::string code = std::to_string(criteria.groupCode);
-    text.Add("@GoodGroupCode", code);
-    text.Say("گروه کالا : " + code + " - " + criteria.groupName);
-  }
+  text.AddOne("@GoodGroupCode", "گروه کالا : ", criteria.group);
   if (criteria.storesTotalled) {
     text.Add("@StoreSeparation", "0");
   } else if (criteria.storesSeparated) {

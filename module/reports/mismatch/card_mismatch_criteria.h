@@ -1,7 +1,6 @@
 // What the stock-card mismatch is asked for, and how that is sent and told.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "module/framework/criteria_text.h"
@@ -9,8 +8,7 @@
 namespace goods {
 
 struct KardexDismatchCriteria {
-  std::int64_t groupCode = 0;  // 0: every group
-  std::string groupName;
+  CriteriaCode group;  // 0: every group
   bool storesTotalled = true;
   bool storesSeparated = false;
   int titleItem = 1;  // 0 good code, 1 good name, 2 store code, 3 store name

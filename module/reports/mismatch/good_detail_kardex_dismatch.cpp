@@ -106,8 +106,7 @@ void TGoodDetailKardexDismatch_FRM::FormKeyDown(TKey& key) {
 
 KardexDismatchCriteria TGoodDetailKardexDismatch_FRM::ReadCriteria() const {
   return {
-      .groupCode = Groups_PNL.Code(),
-      .groupName = Groups_PNL.GroupName(),
+      .group = {Groups_PNL.Code(), Groups_PNL.GroupName()},
       .storesTotalled = StoresTotals_RDB.Checked(),
       .storesSeparated = StoresSeparations_RDB.Checked(),
       .titleItem = Search_PNL.ItemIndex(),
