@@ -41,7 +41,10 @@ void TKardex_FRM::FormCreate() {
   Kardex_GRD.SetDataSource(&dataModule_.Kardex.Source);
   Kardex_GRD.OnSortChanged = [this] { Kardex_GRDSortChanged(); };
   Kardex_GRD.OnDblClick = [this] { OpenInfo_BTN.Click(); };
-  OpenInfo_BTN.OnClick = [this] { OpenInfo_BTNClick(); };
+  OpenInfo_BTN.OnClick = [this] {
+    AcceptTyping(*this);
+    OpenInfo_BTNClick();
+  };
 
   Good_SEF.OnCodeChange = [this] { Good_SEFCodeChange(); };
   Date_RDSF.OnCheckClick = [this] { Date_RDSFCheckClick(); };
@@ -69,8 +72,7 @@ void TKardex_FRM::FormShow() {
   Criteria_PNL.SetFolded(true);
   SetShortCut(Kardex_GRD);
   SetPopMenu(Kardex_GRD);
-  // A look-up that fails must not leave a window behind that never counts as shown.
-  RunUserAction(Host(), [this] { ApplyParameter(); });
+  ApplyParameter();
   shown_ = true;
   if (Good_SEF.Enabled()) {
     Good_SEF.Code_EDT.SetFocus();
@@ -97,15 +99,29 @@ void TKardex_FRM::FormKeyDown(TKey& key) {
   }
 }
 
-// Criteria that the parameter leaves out are off, so that a kept window does not show the last call's.
+// Criteria that the parameter leaves out are off, so that a kept window does not show the last call's. What
+// cannot be looked up is told, leaves its own criterion empty, and the rest holds; a good that the caller
+// fixed can then be typed.
 void TKardex_FRM::ApplyParameter() {
   Person_SESF.Clear();
   Store_SESF.Clear();
-  Store_SESF.SetCode(parameter_.Integer(2));
   Date_RDSF.Clear();
-  Date_RDSF.SetRange(parameter_.Text(3), parameter_.Text(4));
+  if (!Preset(Good_SEF, parameter_.Integer(1))) Good_SEF.SetEnabled(true);
+  Preset(Store_SESF, parameter_.Integer(2));
+  // An end alone is no date range.
+  if (!parameter_.Text(3).empty()) Date_RDSF.SetRange(parameter_.Text(3), parameter_.Text(4));
   if (Store_SESF.InUse() || Date_RDSF.RangeDate_CHK.Checked()) Criteria_PNL.SetFolded(false);
-  Good_SEF.SetCode(parameter_.Integer(1));
+}
+
+template <typename Frame>
+bool TKardex_FRM::Preset(Frame& frame, std::int64_t code) {
+  bool found = false;
+  RunUserAction(Host(), [&] {
+    frame.SetCode(code);
+    found = true;
+  });
+  if (!found) frame.SetCode(0);
+  return found;
 }
 
 void TKardex_FRM::ApplySettings() {
@@ -136,31 +152,39 @@ void TKardex_FRM::FillCard() {
     return;
   }
   SetPreTimeCaptions({});  // a card that cannot be filled must not stand under another good's figures
-  Good_SEF.SetFilled(false);
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
+  ReadCard();
+}
+
+// A card that is filled anew starts from no filter and ends on its last row, in whatever order.
+void TKardex_FRM::ReadCard() {
+  Good_SEF.SetFilled(false);
+  TADOQuery& query = dataModule_.Kardex.Query;
+  query.Close();
+  query.SetFilter("");
   dataModule_.FillDataKardexTransact(Good_SEF.CodeAsInt());
-  ApplyFilter();
+  ApplyFilter(CurrentAfter::Last);
   Good_SEF.SetFilled(true);
 }
 
 void TKardex_FRM::QeratSearchManager1SearchItems_Changed() {
   if (!shown_) return;
   if (dataModule_.Kardex.Query.Active()) {
-    ApplyFilter();
+    ApplyFilter(CurrentAfter::TheSame);
   } else {
     ShowRemainderColumns();
     ShowPreTimeData();
   }
 }
 
-// After a filter the row that was current stays so while it is shown; else the last one is.
-void TKardex_FRM::ApplyFilter() {
+// The row that was current stays so while it is shown, where that is wanted; else the last one is.
+void TKardex_FRM::ApplyFilter(CurrentAfter current) {
   const auto before = CurrentRow();
   TADOQuery& query = dataModule_.Kardex.Query;
   ShowRemainderColumns();
   query.DisableControls();
   const auto finish = [&] {
-    if (CurrentRow() != before) query.Last();
+    if (current == CurrentAfter::Last || CurrentRow() != before) query.Last();
     query.EnableControls();
   };
   try {
@@ -232,8 +256,7 @@ void TKardex_FRM::OpenInfo_BTNClick() {
   if (!ChangesStockCard(type)) return;
 
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
-  dataModule_.FillDataKardexTransact(Good_SEF.CodeAsInt());
-  ApplyFilter();
+  ReadCard();
   const Value key[] = {type, operationCode};
   query.Locate("Type;OperationCode", key);
 }

@@ -80,8 +80,13 @@ class TKardex_FRM : public TBaseDock_FRM {
 
   void ApplyParameter();
   void ApplySettings();
+  // Sets the code; false, after telling the user, and the frame is empty, where it cannot be looked up.
+  template <typename Frame>
+  bool Preset(Frame& frame, std::int64_t code);
   void FillCard();
-  void ApplyFilter();
+  void ReadCard();
+  enum class CurrentAfter { TheSame, Last };
+  void ApplyFilter(CurrentAfter current);
   void ShowGood();
   void ShowRemainderColumns();
   void ShowPreTimeData();
