@@ -4,7 +4,6 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
-#include "module/data/good_transactions_dm.h"
 #include "module/data/stock_card_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
@@ -19,9 +18,8 @@ constexpr const char* kNegativeMode = "1";
 
 TKardexSearch_FRM::TKardexSearch_FRM(THost& host, int formMode, Variant customParameter,
                                      std::string settingsName)
-    : TBaseDock_FRM(host, "KardexSearch_FRM", formMode, std::move(customParameter), std::move(settingsName)),
-      dataModule_(host, this),
-      delayedSearch_(*this, [this] { RunReport(); }) {
+    : TReport_FRM(host, "KardexSearch_FRM", formMode, std::move(customParameter), std::move(settingsName)),
+      dataModule_(host, this) {
   DeclareForm();
   Initialise();
 }
@@ -32,15 +30,15 @@ TKardexSearch_FRM::TKardexSearch_FRM(THost& host, int formMode, std::string sett
 TKardexSearch_FRM::~TKardexSearch_FRM() = default;
 
 void TKardexSearch_FRM::FormCreate() {
-  TBaseDock_FRM::FormCreate();
+  TReport_FRM::FormCreate();
   DescribeWindow(*this);
   SetCommonControls(KardexSearch_GRD, PrintReportList_BTN, Exit_BTN);
 
-  KardexSearch_GRD.SetDataSource(&dataModule_.KardexSearch.Source);
-  KardexSearch_GRD.OnSortChanged = [this] { KardexSearch_GRDSortChanged(); };
+  ShowRows(KardexSearch_GRD, dataModule_.KardexSearch.Source);
+  WatchCriteria(Criteria_PNL);
   KardexSearch_GRD.OnDblClick = [this] { KardexSearch_GRDDblClick(); };
-  OpenKardex_BTN.OnClick = [this] { KardexSearch_GRDDblClick(); };
-  Report_BTN.OnClick = [this] { Report_BTNClick(); };
+  OnAction(OpenKardex_BTN, [this] { KardexSearch_GRDDblClick(); });
+  OnAction(Report_BTN, [this] { Report_BTNClick(); });
   ADVSearch_Fram1.ADVSearch_BTN.OnClick = [this] { ADVSearch_Fram1ADVSearch_BTNClick(); };
   ADVSearch_Fram1.ADVSearch_CHK.OnClick = [this] { ADVSearch_Fram1ADVSearch_CHKClick(); };
 
@@ -68,19 +66,14 @@ void TKardexSearch_FRM::OnCustomParameter(const CustomParameter& parameter) {
 }
 
 void TKardexSearch_FRM::FormShow() {
-  TBaseDock_FRM::FormShow();
+  TReport_FRM::FormShow();
   SetPopMenu(KardexSearch_GRD);
+  SetShown();
   SearchComment_Frame.GeneralSearch_EDT.SetFocus();
 }
 
-void TKardexSearch_FRM::FormClose() {
-  delayedSearch_.Cancel();
-  dataModule_.KardexSearch.Query.Close();
-  TBaseDock_FRM::FormClose();
-}
-
 void TKardexSearch_FRM::FormKeyDown(TKey& key) {
-  TBaseDock_FRM::FormKeyDown(key);
+  TReport_FRM::FormKeyDown(key);
   if (key.IsCtrl(Key::F2)) {
     Press(key, Report_BTN);
   } else if (key.IsCtrl(Key::F10)) {
@@ -90,25 +83,35 @@ void TKardexSearch_FRM::FormKeyDown(TKey& key) {
   }
 }
 
-void TKardexSearch_FRM::WindowMessage(int code) {
-  delayedSearch_.Handle(code, &SearchComment_Frame.GeneralSearch_EDT);
+void TKardexSearch_FRM::Report_BTNClick() { Run(Waiting::Shown); }
+
+// What the search manager sends, and says, behind its script.
+std::string TKardexSearch_FRM::ParametersNow() const {
+  std::string parameters = QeratSearchManager1.ProcFilter();
+  return AdvSearchInUse() ? ADDParam(advParameters_, parameters) : parameters;
 }
 
-void TKardexSearch_FRM::Report_BTNClick() { RunReport(); }
+CriteriaText TKardexSearch_FRM::Ask() {
+  CriteriaText text{ParametersNow(), FarsiFilterOf(QeratSearchManager1.FarsiTexts())};
+  if (AdvSearchInUse() && !advFarsiFilter_.empty())
+    text.caption += (text.caption.empty() ? "" : " ") + advFarsiFilter_;
+  return text;
+}
 
-void TKardexSearch_FRM::RunReport() {
-  delayedSearch_.Cancel();  // a run reads every criterion as it stands
-  const DelayedSearch::RunScope running(delayedSearch_);
+void TKardexSearch_FRM::Fetch(const std::string& /*parameters*/, Waiting /*waiting*/) {
+  if (readByDialog_) return;
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   QeratSearchManager1.ExecuteFilter_PROC();
 }
+
+void TKardexSearch_FRM::PlaceRow() { dataModule_.KardexSearch.Query.Last(); }
 
 bool TKardexSearch_FRM::AdvSearchInUse() const {
   return ADVSearch_Fram1.ADVSearch_CHK.Checked() && advSearchDone_;
 }
 
 void TKardexSearch_FRM::QeratSearchManager1SearchItems_Changed() {
-  if (dataModule_.KardexSearch.Query.Active()) delayedSearch_.Typed(kSearchEditTyped);
+  if (dataModule_.KardexSearch.Query.Active()) Typed(kSearchEditTyped);
 }
 
 void TKardexSearch_FRM::QeratSearchManager1CustomFilter_Proc(std::string& parameters) {
@@ -143,7 +146,7 @@ void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
   advSearch_->SetUp(QeratSearchManager1.Script, &dataModule_.KardexSearch.Source,
                     QeratSearchManager1.ProcFilter());
   if (advSearch_->ShowModal() != kModalOk) {
-    if (typed) delayedSearch_.Typed(kSearchEditTyped);
+    if (typed) Typed(kSearchEditTyped);
     return;
   }
   advParameters_ = advSearch_->Parameters();
@@ -151,24 +154,16 @@ void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
   advSearchDone_ = true;
   const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
   ADVSearch_Fram1.ADVSearch_CHK.SetChecked(!Trim(advParameters_).empty());
-  QeratSearchManager1AfterExecute_PROC();
+  readByDialog_ = true;
+  struct ReadByDialog {
+    bool& flag;
+    ~ReadByDialog() { flag = false; }
+  } const rows{readByDialog_};
+  Run(Waiting::Silent);
 }
 
 void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_CHKClick() {
-  if (advSearchDone_ && !advSearchInProgress_ && !Trim(advParameters_).empty()) RunReport();
-}
-
-// The printed page tells what it shows.
-void TKardexSearch_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
-  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
-  std::string filter = TGoodTransactions_DM::FarsiFilterOf(QeratSearchManager1.FarsiTexts());
-  if (AdvSearchInUse() && !advFarsiFilter_.empty()) filter += (filter.empty() ? "" : " ") + advFarsiFilter_;
-  AddFilterLine(lines, filter);
-}
-
-void TKardexSearch_FRM::KardexSearch_GRDSortChanged() {
-  TADOQuery& query = dataModule_.KardexSearch.Query;
-  if (query.Active()) query.SetSort(GetGridSort(KardexSearch_GRD));
+  if (advSearchDone_ && !advSearchInProgress_ && !Trim(advParameters_).empty()) Run(Waiting::Shown);
 }
 
 // The found row's good, over all stores and dates, for a user who may open the stock card.

@@ -4,12 +4,11 @@
 #include <memory>
 #include <string>
 
-#include "host/base/base_dock.h"
 #include "host/components/search_manager.h"
 #include "host/frames/adv_search_frame.h"
 #include "host/frames/general_search_frame.h"
 #include "module/data/stockcard_data.h"
-#include "module/framework/delayed_search.h"
+#include "module/framework/report_engine.h"
 #include "module/reports/stockcard/kardex_search_adv_search.h"
 
 namespace goods {
@@ -17,7 +16,7 @@ namespace goods {
 // Custom parameter: 0 mode ("1": the negative stock card), 1 and 2 the two values of srKardex_Negative, the
 // text "0" for not given. Without one, and with any other mode, the ordinary search. Outside the negative
 // mode nothing runs until the user asks; the negative card runs once, on receiving its parameter.
-class TKardexSearch_FRM : public TBaseDock_FRM {
+class TKardexSearch_FRM : public TReport_FRM {
  public:
   TKardexSearch_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   TKardexSearch_FRM(THost& host, int formMode, std::string settingsName);
@@ -25,10 +24,7 @@ class TKardexSearch_FRM : public TBaseDock_FRM {
 
   void FormCreate() override;
   void FormShow() override;
-  void FormClose() override;
   void FormKeyDown(TKey& key) override;
-  void WindowMessage(int code) override;
-  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
 
   void Report_BTNClick();
   void ADVSearch_Fram1ADVSearch_BTNClick();
@@ -36,7 +32,6 @@ class TKardexSearch_FRM : public TBaseDock_FRM {
   void QeratSearchManager1SearchItems_Changed();
   void QeratSearchManager1CustomFilter_Proc(std::string& parameters);
   void QeratSearchManager1AfterExecute_PROC();
-  void KardexSearch_GRDSortChanged();
   void KardexSearch_GRDDblClick();
 
  private:
@@ -58,16 +53,19 @@ class TKardexSearch_FRM : public TBaseDock_FRM {
 
  protected:
   void OnCustomParameter(const CustomParameter& parameter) override;
+  CriteriaText Ask() override;
+  std::string ParametersNow() const override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
+  void PlaceRow() override;
 
  private:
   void DeclareForm();
   void DeclareColumns();
-  void RunReport();
   bool AdvSearchInUse() const;
 
   std::unique_ptr<TKardexSearch_AdvSearch_FRM> advSearch_;
-  DelayedSearch delayedSearch_;
   bool advSearchInProgress_ = false;
+  bool readByDialog_ = false;  // the run is that of the dialog, whose rows have come
   bool advSearchDone_ = false;
   std::string advParameters_;
   std::string advFarsiFilter_;

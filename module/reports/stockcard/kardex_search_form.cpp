@@ -13,6 +13,7 @@ void TKardexSearch_FRM::DeclareForm() {
   Criteria_PNL.Place(SearchComment_Frame, 1);
   Criteria_PNL.Place(ADVSearch_Fram1);
   Report_PNL.Place(Help_LBL, 1);
+  Report_PNL.Place(CriteriaChanged_LBL);
   Report_PNL.Place(Report_BTN);
   for (TButton* button : {&OpenKardex_BTN, &PrintReportList_BTN, &Exit_BTN}) Buttons_PNL.Place(*button);
 
