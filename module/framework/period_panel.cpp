@@ -65,14 +65,6 @@ void TPeriodPanel::CaptionOnLabel(std::string caption) {
   AvalDore_CHK.SetAccessibleName(SelectEntity_Reverst_LBL.AccessibleName());
 }
 
-std::string TPeriodPanel::FarsiText() const {
-  if (!InUse()) return {};
-  std::string text;
-  if (const auto from = FromDate()) text = "از تاریخ " + *from;
-  if (const auto to = ToDate()) text += (text.empty() ? "تا تاریخ " : " تا تاریخ ") + *to;
-  return text;
-}
-
 void TPeriodPanel::Date_CHKClick() {
   const bool inUse = Date_CHK.Checked();
   Date1_EDT.SetEnabled(inUse);

@@ -7,6 +7,7 @@
 
 #include "host/components/edit.h"
 #include "host/components/standard.h"
+#include "module/framework/general_search.h"
 
 namespace goods {
 
@@ -28,8 +29,7 @@ class TPeriodPanel : public TPanel {
   void Clear();
   // AvalDore_CHK says nothing itself; a label beside it carries the caption and clicks the box.
   void CaptionOnLabel(std::string caption);
-  // The given dates in Persian, as they stand above a printed list; empty while the period is not in use.
-  std::string FarsiText() const;
+  PeriodCriteria Criteria() const { return {InUse(), FromDate(), ToDate(), CountsBefore()}; }
 
   // After the panel's own handling of the boxes, and when the from-date loses the focus.
   std::function<void()> OnDateClick;

@@ -49,15 +49,6 @@ void Press(TKey& key, TButton& button) {
   button.Click();
 }
 
-std::string GeneralSearchParam(const TGeneral_Search_Frame& search,
-                               std::span<const std::string_view> parameters) {
-  const TEdit& edit = search.GeneralSearch_EDT;
-  const int item = search.GeneralSearch_CMB.ItemIndex();
-  const bool named = item >= 0 && static_cast<std::size_t>(item) < parameters.size();
-  if (!edit.HoldsValue() || !search.GeneralSearch_CHK.Checked() || !named) return {};
-  return std::string(parameters[static_cast<std::size_t>(item)]) + "=" + QuotedStr(edit.Text());
-}
-
 void ShowPrintWarning(THost& host, const TControl& button, int width) {
   host.Messages().ShowTooltipMessage(button, kPrintWarning, width);
 }

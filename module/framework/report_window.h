@@ -36,11 +36,6 @@ CriteriaRange RangeOf(const TRange_Date_Search_Frame& frame);
 // The key clicks the button and goes no further.
 void Press(TKey& key, TButton& button);
 
-// "@Name='value'" of the general search, by the chosen item: parameters has a name for each item. Empty
-// without a value, and while the search's box is unticked.
-std::string GeneralSearchParam(const TGeneral_Search_Frame& search,
-                               std::span<const std::string_view> parameters);
-
 // The line above a printed list that tells its criteria; none without criteria.
 void AddFilterLine(std::vector<std::string>& lines, const std::string& filter);
 

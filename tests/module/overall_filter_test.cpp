@@ -13,6 +13,11 @@ class OverallFilter : public DataModuleTest {
     Give("Exec GoodKardex_Overall_Tedad %", "KalaCode kalaname Anbar Buy",
          {{"12", "پیچ 'شش'", "3", "1"}, {"13", "مهره", "3", "2"}, {"14", "واشر", "4", "3"}});
   }
+  // The search button works in a window that is shown.
+  void Search() {
+    window.FormShow();
+    window.Search_BTNClick();
+  }
   TSmartDBGrid_QRT& Amounts() { return window.money_Overall_List_GRD; }
   TSmartDBGrid_QRT& Quantities() { return window.tedad_Overall_List_GRD; }
 
@@ -20,7 +25,7 @@ class OverallFilter : public DataModuleTest {
 };
 
 TEST_F(OverallFilter, TheChosenSearchItemSaysWhichFieldOfTheCurrentAmountRowIsCompared) {
-  window.Search_BTNClick();
+  Search();
   const std::pair<int, const char*> expected[] = {
       {0, "(Kalaname = 'پیچ ''شش''')"}, {1, "(KalaCode = '12')"}, {2, "(Anbar= '3')"}};
   for (const auto& [item, filter] : expected) {
@@ -35,7 +40,7 @@ TEST_F(OverallFilter, TheChosenSearchItemSaysWhichFieldOfTheCurrentAmountRowIsCo
 }
 
 TEST_F(OverallFilter, ItNarrowsTheShownTabOnly) {
-  window.Search_BTNClick();
+  Search();
   window.QeratSearchManager1.ExecuteFilter_DataSet();
   EXPECT_EQ(Amounts().DataSet()->RecordCount(), 1U);
   EXPECT_EQ(Quantities().DataSet()->RecordCount(), 3U);
@@ -47,9 +52,9 @@ TEST_F(OverallFilter, ItNarrowsTheShownTabOnly) {
 }
 
 TEST_F(OverallFilter, TheNextSearchShowsEveryRowAgain) {
-  window.Search_BTNClick();
+  Search();
   window.QeratSearchManager1.ExecuteFilter_DataSet();
-  window.Search_BTNClick();
+  Search();
   EXPECT_EQ(Amounts().DataSet()->Filter(), "");
   EXPECT_EQ(Amounts().DataSet()->RecordCount(), 2U);
 }

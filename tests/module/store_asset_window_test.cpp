@@ -42,14 +42,16 @@ TEST_F(StoreAssetWindow, TheNameColumnTakesTheRoomThatIsLeftOver) {
 TEST_F(StoreAssetWindow, ANameColumnDraggedBelow200GetsAWidthOfItsOwn) {
   const std::function<void()> causes[] = {
       [this] { window.FormResize(); },
-      [this] { WhileShown([this] { window.Search_BTNClick(); }); },
+      [this] { window.Search_BTNClick(); },
       [this] { window.Period_PNL.AvalDore_CHK.SetChecked(!window.Period_PNL.AvalDore_CHK.Checked()); },
   };
   for (const auto& cause : causes) {
-    Name().SetAutoFit(false).SetWidth(120);
-    cause();
-    EXPECT_EQ(Name().Width(), 200);
-    EXPECT_FALSE(Name().AutoFit());
+    WhileShown([&] {
+      Name().SetAutoFit(false).SetWidth(120);
+      cause();
+      EXPECT_EQ(Name().Width(), 200);
+      EXPECT_FALSE(Name().AutoFit());
+    });
   }
 }
 

@@ -1,11 +1,9 @@
 #include "module/reports/asset/goods_asset_store.h"
 
-#include <array>
 #include <utility>
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
-#include "module/data/good_transactions_dm.h"
 #include "module/data/stock_card_opening.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
@@ -15,7 +13,6 @@ namespace {
 
 constexpr std::size_t kMostPrintedColumns = 20;
 constexpr std::string_view kTooManyColumns = "بیشتر بودن تعداد ستون های گزارش از 20 عدد ،";
-constexpr std::array<std::string_view, 2> kSearchParameters{"@GoodCode", "@GoodName"};
 
 constexpr PriceBasisStyle kPriceBasisStyle{
     .softwarePart = kPartStoreAsset,
@@ -32,8 +29,7 @@ constexpr PriceBasisStyle kPriceBasisStyle{
 
 TGoodsAsset_Store_FRM::TGoodsAsset_Store_FRM(THost& host, int formMode, Variant customParameter,
                                              std::string settingsName)
-    : TBaseDock_FRM(host, "GoodsAsset_Store_FRM", formMode, std::move(customParameter),
-                    std::move(settingsName)),
+    : TReportOf(host, "GoodsAsset_Store_FRM", formMode, std::move(customParameter), std::move(settingsName)),
       dataModule_(host, this),
       pnlReport_PNL(this, "pnlReport_PNL", host, dataModule_, kPriceBasisStyle) {
   DeclareForm();
@@ -43,48 +39,42 @@ TGoodsAsset_Store_FRM::TGoodsAsset_Store_FRM(THost& host, int formMode, Variant 
 TGoodsAsset_Store_FRM::~TGoodsAsset_Store_FRM() = default;
 
 void TGoodsAsset_Store_FRM::FormCreate() {
-  TBaseDock_FRM::FormCreate();
+  TReportOf::FormCreate();
   DescribeWindow(*this);
   SetCommonControls(GoodsAsset_Store_GRD, PrintList_BTN, Exit_BTN, GridLayout::Own);
   SetSection("GoodsAsset_Store");
-  GoodsAsset_Store_GRD.SetDataSource(&dataModule_.GoodAsset_Store.Source);
-  GoodsAsset_Store_GRD.OnSortChanged = [this] {
-    TADOQuery& rows = dataModule_.GoodAsset_Store.Query;
-    if (rows.Active()) rows.SetSort(GetGridSort(GoodsAsset_Store_GRD));
-  };
+  ShowRows(GoodsAsset_Store_GRD, dataModule_.GoodAsset_Store.Source);
   GoodsAsset_Store_GRD.OnDblClick = [this] { btnShow_BTN.Click(); };
   Period_PNL.OnBeforeClick = [this] { AvalDore_CHKClick(); };
   Period_PNL.OnFromExit = [this] { Date1_EDTExit(); };
-  Search_BTN.OnClick = [this] { Search_BTNClick(); };
-  btnShow_BTN.OnClick = [this] { btnShow_BTNClick(); };
+  OnAction(Search_BTN, [this] { Search_BTNClick(); });
+  OnAction(btnShow_BTN, [this] { btnShow_BTNClick(); });
+  for (TPanel* panel : {&Criteria_PNL, &Report_PNL}) WatchCriteria(*panel);
+  columns_ = GoodsAsset_Store_GRD.Changed.Connect([this] { UpdateHint(); });
   AdvShapeButton1.OnClick = [this] { AdvShapeButton1Click(); };
   btnShow_BTN.SetEnabled(false);
   ApplyUnitSettings();
 }
 
 void TGoodsAsset_Store_FRM::FormShow() {
-  TBaseDock_FRM::FormShow();
+  TReportOf::FormShow();
   SetShortCut(GoodsAsset_Store_GRD);
   SetPopMenu(GoodsAsset_Store_GRD);
   PrintList_BTN.SetEnabled(reportPrepared_);
   GeneralSearch_FRAME.GeneralSearch_EDT.SetFocus();
   FitGoodName();
+  SetShown();
   pnlReport_PNL.Restore();
   BuildStoreColumns();
 }
 
-void TGoodsAsset_Store_FRM::FormClose() {
-  dataModule_.GoodAsset_Store.Query.Close();
-  TBaseDock_FRM::FormClose();
-}
-
 void TGoodsAsset_Store_FRM::FormResize() {
-  TBaseDock_FRM::FormResize();
+  TReportOf::FormResize();
   FitGoodName();
 }
 
 void TGoodsAsset_Store_FRM::FormKeyDown(TKey& key) {
-  TBaseDock_FRM::FormKeyDown(key);
+  TReportOf::FormKeyDown(key);
   if (key.IsCtrl(Key::F2)) {
     Press(key, Search_BTN);
   } else if (key.Is(Key::F2)) {
@@ -92,43 +82,44 @@ void TGoodsAsset_Store_FRM::FormKeyDown(TKey& key) {
   }
 }
 
-// The list reads newest first.
-std::string TGoodsAsset_Store_FRM::Parameters() const {
-  std::string list = GeneralSearchParam(GeneralSearch_FRAME, kSearchParameters);
-  if (Period_PNL.InUse()) {
-    if (const auto from = Period_PNL.FromDate()) list = ADDParam(list, "@FromDate=" + QuotedStr(*from));
-    if (const auto to = Period_PNL.ToDate()) list = ADDParam(list, "@ToDate=" + QuotedStr(*to));
-  } else {
-    list = ADDParam(list, "@FromDate=''");
-    list = ADDParam(list, "@ToDate='9'");
-  }
-  list = ADDParam(list, "@StoreCodes =" + QuotedStr(StoreCodes()));
-  const bool reverse = GeneralSearch_FRAME.GeneralSearch_Reverst_CHK.Checked();
-  list = ADDParam(list, reverse ? "@Reverse =1" : "@Reverse =0");
-  return ADDParam(list, Period_PNL.AvalDore_CHK.Checked() ? "@CalcBefore =1" : "@CalcBefore =0");
+StoreStockCriteria TGoodsAsset_Store_FRM::ReadCriteria() const {
+  return {
+      .search = GeneralSearchOf(GeneralSearch_FRAME),
+      .period = Period_PNL.Criteria(),
+      .stores = VisibleStores(),
+      .priceBasis = pnlReport_PNL.Basis(),
+      .buyOrSell = pnlReport_PNL.BuyOrSell(),
+      .priceLevel = pnlReport_PNL.LevelCode(),
+      .basisName = pnlReport_PNL.InUse() ? pnlReport_PNL.Report_CMB.Text() : std::string(),
+  };
 }
 
 void TGoodsAsset_Store_FRM::Search_BTNClick() {
-  AcceptTyping(*this);
   BuildStoreColumns();  // where the stores could not be read while the window was being shown
-  RunReport();
+  Run(Waiting::Shown);
+  if (LastRun() == nullptr) return;
+  reportPrepared_ = true;
+  const bool found = !dataModule_.GoodAsset_Store.Query.IsEmpty();
+  btnShow_BTN.SetEnabled(found);
+  PrintList_BTN.SetEnabled(found);
+  GoodsAsset_Store_GRD.SetEnabled(true);
+  if (RunCriteria()->period.countsBefore) NameBeforePeriod();
+  FitGoodName();
 }
 
-void TGoodsAsset_Store_FRM::RunReport() {
+void TGoodsAsset_Store_FRM::Fetch(const std::string& /*parameters*/, Waiting /*waiting*/) {
+  const StoreStockCriteria asked = ReadCriteria();
   btnShow_BTN.SetEnabled(false);
   PrintList_BTN.SetEnabled(false);
-  {
-    const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
-    dataModule_.FillStock(pnlReport_PNL.Basis(), pnlReport_PNL.BuyOrSell(), pnlReport_PNL.LevelCode());
-    dataModule_.GoodAsset_Store_Fill(Parameters());
-  }
-  TADOQuery& rows = dataModule_.GoodAsset_Store.Query;
-  if (!reportPrepared_ && !rows.IsEmpty()) rows.Last();
-  reportPrepared_ = true;
-  btnShow_BTN.SetEnabled(!rows.IsEmpty());
-  PrintList_BTN.SetEnabled(!rows.IsEmpty());
-  GoodsAsset_Store_GRD.SetEnabled(true);
-  FitGoodName();
+  const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
+  dataModule_.FillStock(asked.priceBasis, asked.buyOrSell, asked.priceLevel);
+  dataModule_.GoodAsset_Store_Fill(StockParametersOf(asked));
+}
+
+// The first run ends on its last row.
+void TGoodsAsset_Store_FRM::PlaceRow() {
+  TReportOf::PlaceRow();
+  if (!reportPrepared_) dataModule_.GoodAsset_Store.Query.Last();
 }
 
 void TGoodsAsset_Store_FRM::Date1_EDTExit() {
@@ -166,16 +157,6 @@ std::vector<std::string> TGoodsAsset_Store_FRM::PrintDescription() const {
                           "</Fot>");
   }
   return description;
-}
-
-// The printed page tells what it shows.
-void TGoodsAsset_Store_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
-  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
-  const std::string basis =
-      pnlReport_PNL.InUse() ? "مبنای قیمت: " + pnlReport_PNL.Report_CMB.Text() : std::string();
-  const std::string filter = TGoodTransactions_DM::FarsiFilterOf(
-      {GeneralSearch_FRAME.Search.FarsiText(), Period_PNL.FarsiText(), basis});
-  AddFilterLine(lines, filter);
 }
 
 }  // namespace goods

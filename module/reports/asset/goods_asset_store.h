@@ -7,10 +7,11 @@
 #include <string_view>
 #include <vector>
 
-#include "host/base/base_dock.h"
 #include "host/frames/general_search_frame.h"
 #include "module/data/stock_data.h"
 #include "module/framework/period_panel.h"
+#include "module/framework/report_engine.h"
+#include "module/reports/asset/store_stock_criteria.h"
 #include "module/reports/pricing/price_basis_panel.h"
 
 namespace goods {
@@ -18,18 +19,16 @@ namespace goods {
 // The columns of the stores are made once, while the window is first shown; those that are visible when the
 // user runs the report say which stores are asked for. Only the report button runs it. The custom parameter
 // says nothing.
-class TGoodsAsset_Store_FRM : public TBaseDock_FRM {
+class TGoodsAsset_Store_FRM : public TReportOf<StoreStockCriteria> {
  public:
   TGoodsAsset_Store_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   ~TGoodsAsset_Store_FRM() override;
 
   void FormCreate() override;
   void FormShow() override;
-  void FormClose() override;
   void FormResize() override;
   void FormKeyDown(TKey& key) override;
   bool PreparePrint() override;
-  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
 
   void Search_BTNClick();
   void btnShow_BTNClick();
@@ -70,13 +69,15 @@ class TGoodsAsset_Store_FRM : public TBaseDock_FRM {
   std::size_t PositionOf(std::string_view field) const;
   void NameBeforePeriod();
   void FitGoodName();
-  std::string StoreCodes() const;
+  std::vector<std::int64_t> VisibleStores() const;
 
-  std::string Parameters() const;
-  void RunReport();
+  StoreStockCriteria ReadCriteria() const override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
+  void PlaceRow() override;
   std::vector<std::string> PrintDescription() const;
 
   bool reportPrepared_ = false;
+  Subscription columns_;
   std::optional<std::vector<TComboItem>> stores_;  // by code; none until they were read
 };
 

@@ -122,9 +122,13 @@ void TGoodsAsset_Store_FRM::BuildStoreColumns() {
   }
 }
 
+// Over rows that count the stock before their period stands the period that they were read for.
 void TGoodsAsset_Store_FRM::NameBeforePeriod() {
   const bool wholeAndPart = Host().Settings().Settings().WholeAndPart;
-  const std::string title = "موجودی پیش از " + Period_PNL.Date1_EDT.Text() + " ";
+  const StoreStockCriteria* run = RunCriteria();
+  const bool ofRun = run != nullptr && run->period.countsBefore;
+  const std::string date = ofRun ? run->period.from.value_or("") : Period_PNL.Date1_EDT.Text();
+  const std::string title = "موجودی پیش از " + date + " ";
   const auto name = [&](const char* field, const char* caption) {
     GoodsAsset_Store_GRD.FindColumn(field)->SetCaption(title + caption);
   };
@@ -154,13 +158,12 @@ void TGoodsAsset_Store_FRM::FitGoodName() {
   if (name.Width() < kLeastNameWidth) name.SetAutoFit(false).SetWidth(kLeastNameWidth);
 }
 
-// A store stands in the list once for each of its visible columns.
-std::string TGoodsAsset_Store_FRM::StoreCodes() const {
-  std::string codes = "-1,0,";
+std::vector<std::int64_t> TGoodsAsset_Store_FRM::VisibleStores() const {
+  std::vector<std::int64_t> stores;
   for (const TGridColumn* column : GoodsAsset_Store_GRD.VisibleColumns()) {
-    if (column->FieldName().starts_with('S')) codes += std::to_string(column->Tag) + ",";
+    if (column->FieldName().starts_with('S')) stores.push_back(column->Tag);
   }
-  return codes;
+  return stores;
 }
 
 }  // namespace goods

@@ -20,6 +20,7 @@ void TGoodsAsset_Store_FRM::DeclareForm() {
       "این دکمه را "
       "بزنید؛ در غیر این صورت ممکن است اطلاعات گزارش معتبر نباشد.");
   Report_PNL.Place(pnlReport_PNL, 1);
+  Report_PNL.Place(CriteriaChanged_LBL);
   Report_PNL.Place(Search_BTN);
 
   DeclareColumns();

@@ -6,21 +6,12 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
-#include "module/data/good_transactions_dm.h"
 #include "module/data/stock_card_opening.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
 
 namespace goods {
 namespace {
-
-constexpr std::array<std::string_view, 3> kSearchParameters{"@KalaCode", "@KalaName", "@AbbName"};
-
-// The operation columns, as the mask of each direction numbers them from its lowest bit.
-constexpr std::array<std::string_view, 5> kOutgoingMask{"Sell", "ReturnBuy", "MakeOutPut", "Havale",
-                                                        "kala_Hazine"};
-constexpr std::array<std::string_view, 6> kIncomingMask{"Buy",   "ReturnSell",   "MakeInput",
-                                                        "Resid", "kala_Daramad", "YearStart"};
 
 // The columns whose visibility the printed list is told, in its order. YearStart, an incoming column, stands
 // among the outgoing ones.
@@ -38,10 +29,8 @@ unsigned HiddenMask(const TSmartDBGrid_QRT& grid, std::span<const std::string_vi
   return mask;
 }
 
-std::string WithMasks(const std::string& common, const TSmartDBGrid_QRT& grid) {
-  const std::string outgoing =
-      ADDParam("@script_Sadere_sayer=" + std::to_string(HiddenMask(grid, kOutgoingMask)), common);
-  return ADDParam("@script_Varede_sayer=" + std::to_string(HiddenMask(grid, kIncomingMask)), outgoing);
+HiddenColumns HiddenIn(const TSmartDBGrid_QRT& grid) {
+  return {HiddenMask(grid, kOutgoingMask), HiddenMask(grid, kIncomingMask)};
 }
 
 std::string OneOrNought(bool value) { return value ? "1" : "0"; }
@@ -56,8 +45,7 @@ std::string FilterLiteral(const Value& value) {
 
 TGoodTrans_Overall_FRM::TGoodTrans_Overall_FRM(THost& host, int formMode, Variant customParameter,
                                                std::string settingsName)
-    : TBaseDock_FRM(host, "GoodTrans_Overall_FRM", formMode, std::move(customParameter),
-                    std::move(settingsName)),
+    : TReportOf(host, "GoodTrans_Overall_FRM", formMode, std::move(customParameter), std::move(settingsName)),
       dataModule_(host, this) {
   DeclareForm();
   Initialise();
@@ -66,16 +54,15 @@ TGoodTrans_Overall_FRM::TGoodTrans_Overall_FRM(THost& host, int formMode, Varian
 TGoodTrans_Overall_FRM::~TGoodTrans_Overall_FRM() = default;
 
 void TGoodTrans_Overall_FRM::FormCreate() {
-  TBaseDock_FRM::FormCreate();
+  TReportOf::FormCreate();
   DescribeWindow(*this);
-  money_Overall_List_GRD.SetDataSource(&dataModule_.Kardex_Overall_Money.Source);
-  tedad_Overall_List_GRD.SetDataSource(&dataModule_.Kardex_Overall_Tedad.Source);
+  ShowRows(money_Overall_List_GRD, dataModule_.Kardex_Overall_Money.Source);
+  ShowRows(tedad_Overall_List_GRD, dataModule_.Kardex_Overall_Tedad.Source);
   for (TSmartDBGrid_QRT* grid : {&money_Overall_List_GRD, &tedad_Overall_List_GRD}) {
-    grid->OnSortChanged = [grid] {
-      if (grid->DataSet()->Active()) grid->DataSet()->SetSort(GetGridSort(*grid));
-    };
     grid->OnDblClick = [this] { btnShow_BTN.Click(); };
+    columns_.push_back(grid->Changed.Connect([this] { UpdateHint(); }));
   }
+  for (TPanel* panel : {&Criteria_PNL, &Report_PNL}) WatchCriteria(*panel);
   QeratSearchManager1.OnCustomFilter_DataSet = [this](std::string& filter) {
     QeratSearchManager1CustomFilter_DataSet(filter);
   };
@@ -84,8 +71,8 @@ void TGoodTrans_Overall_FRM::FormCreate() {
 
   Period_PNL.OnDateClick = [this] { Date_CHKClick(); };
   Period_PNL.OnBeforeClick = [this] { AvalDore_CHKClick(); };
-  Search_BTN.OnClick = [this] { Search_BTNClick(); };
-  btnShow_BTN.OnClick = [this] { btnShow_BTNClick(); };
+  OnAction(Search_BTN, [this] { Search_BTNClick(); });
+  OnAction(btnShow_BTN, [this] { btnShow_BTNClick(); });
   AdvShapeButton1.OnClick = [this] { AdvShapeButton1Click(); };
   btnShow_BTN.SetEnabled(false);
   PrintList_BTN.SetEnabled(false);
@@ -102,24 +89,19 @@ void TGoodTrans_Overall_FRM::Mojodi_PGCChange() {
 }
 
 void TGoodTrans_Overall_FRM::FormShow() {
-  TBaseDock_FRM::FormShow();
+  TReportOf::FormShow();
   for (TSmartDBGrid_QRT* grid : {&money_Overall_List_GRD, &tedad_Overall_List_GRD}) {
     SetShortCut(*grid);
     SetPopMenu(*grid);
     grid->FindColumn("sarjame_GhableDore")->SetVisible(false);
     grid->SetEnabled(false);
   }
+  SetShown();
   GeneralSearch_FRAME.GeneralSearch_EDT.SetFocus();
 }
 
-void TGoodTrans_Overall_FRM::FormClose() {
-  dataModule_.Kardex_Overall_Money.Query.Close();
-  dataModule_.Kardex_Overall_Tedad.Query.Close();
-  TBaseDock_FRM::FormClose();
-}
-
 void TGoodTrans_Overall_FRM::FormKeyDown(TKey& key) {
-  TBaseDock_FRM::FormKeyDown(key);
+  TReportOf::FormKeyDown(key);
   if (key.IsCtrl(Key::F2)) {
     Press(key, Search_BTN);
   } else if (key.Is(Key::F2)) {
@@ -127,54 +109,46 @@ void TGoodTrans_Overall_FRM::FormKeyDown(TKey& key) {
   }
 }
 
-std::optional<std::string> TGoodTrans_Overall_FRM::CommonParameters() {
-  std::string text = GeneralSearchParam(GeneralSearch_FRAME, kSearchParameters);
-  if (Store_SESF.SelectEntity_CHK.Checked()) {
-    TEdit& code = Store_SESF.TSelect_Entity_Frame1.Code_EDT;
-    const std::string store = code.Value();
-    if (store.empty()) {
-      Host().Messages().MsgRequiredField("انبار");
-      code.SetFocus();
-      return std::nullopt;
-    }
-    text = ADDParam("@anbarcode=" + store, text);
-  }
-  if (Period_PNL.InUse()) {
-    if (const auto from = Period_PNL.FromDate()) text = ADDParam("@FromDate=" + QuotedStr(*from), text);
-    if (const auto to = Period_PNL.ToDate()) text = ADDParam("@ToDate=" + QuotedStr(*to), text);
-  } else {
-    text = ADDParam("@FromDate=" + QuotedStr("0000/00/00"), text);
-    text = ADDParam("@ToDate=" + QuotedStr("9999/99/99"), text);
-  }
-  const TCheckBox& reverse = GeneralSearch_FRAME.GeneralSearch_Reverst_CHK;
-  text = ADDParam("@Reverst=" + OneOrNought(reverse.Enabled() && reverse.Checked()), text);
-  return ADDParam("@CalcBeforeDatePeriod=" + OneOrNought(Period_PNL.CountsBefore()), text);
+bool TGoodTrans_Overall_FRM::MayRun() {
+  TEdit& code = Store_SESF.TSelect_Entity_Frame1.Code_EDT;
+  if (!Store_SESF.SelectEntity_CHK.Checked() || !code.Value().empty()) return true;
+  Host().Messages().MsgRequiredField("انبار");
+  code.SetFocus();
+  return false;
+}
+
+OverallCriteria TGoodTrans_Overall_FRM::ReadCriteria() const {
+  const TSelect_Entity_Frame& store = Store_SESF.TSelect_Entity_Frame1;
+  const bool byStore = Store_SESF.SelectEntity_CHK.Checked();
+  return {
+      .search = GeneralSearchOf(GeneralSearch_FRAME),
+      .store = byStore ? store.Code_EDT.Value() : std::string(),
+      .storeName = Store_SESF.InUse() ? store.EntityName() : std::string(),
+      .period = Period_PNL.Criteria(),
+      .amounts = HiddenIn(money_Overall_List_GRD),
+      .quantities = HiddenIn(tedad_Overall_List_GRD),
+  };
 }
 
 void TGoodTrans_Overall_FRM::Search_BTNClick() {
-  AcceptTyping(*this);
-  if (const auto common = CommonParameters()) RunReport(*common);
-}
-
-void TGoodTrans_Overall_FRM::RunReport(const std::string& common) {
-  TADOQuery& money = dataModule_.Kardex_Overall_Money.Query;
-  TADOQuery& tedad = dataModule_.Kardex_Overall_Tedad.Query;
-  btnShow_BTN.SetEnabled(false);
-  PrintList_BTN.SetEnabled(false);
-  money.SetFilter("");
-  tedad.SetFilter("");
-  {
-    const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
-    dataModule_.GoodStockAllProc(WithMasks(common, money_Overall_List_GRD),
-                                 WithMasks(common, tedad_Overall_List_GRD));
-  }
+  Run(Waiting::Shown);
+  const bool found =
+      !dataModule_.Kardex_Overall_Money.Query.IsEmpty() || !dataModule_.Kardex_Overall_Tedad.Query.IsEmpty();
   for (TSmartDBGrid_QRT* grid : {&money_Overall_List_GRD, &tedad_Overall_List_GRD}) {
-    grid->RefreshFooters();
-    grid->SetEnabled(true);
+    grid->SetEnabled(LastRun() != nullptr);
   }
-  const bool found = !money.IsEmpty() || !tedad.IsEmpty();
   btnShow_BTN.SetEnabled(found);
   PrintList_BTN.SetEnabled(found);
+}
+
+void TGoodTrans_Overall_FRM::Fetch(const std::string& /*parameters*/, Waiting /*waiting*/) {
+  const OverallCriteria asked = ReadCriteria();
+  btnShow_BTN.SetEnabled(false);
+  PrintList_BTN.SetEnabled(false);
+  dataModule_.Kardex_Overall_Money.Query.SetFilter("");
+  dataModule_.Kardex_Overall_Tedad.Query.SetFilter("");
+  const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
+  dataModule_.GoodStockAllProc(AmountParametersOf(asked), QuantityParametersOf(asked));
 }
 
 void TGoodTrans_Overall_FRM::Date_CHKClick() { Go_BTN.SetEnabled(Period_PNL.InUse()); }
@@ -215,10 +189,11 @@ bool TGoodTrans_Overall_FRM::PreparePrint() {
 std::vector<std::string> TGoodTrans_Overall_FRM::PrintParameters() {
   const TSettings& settings = Host().Settings().Settings();
   const TSmartDBGrid_QRT& grid = ShownGrid();
-  const bool before = Period_PNL.AvalDore_CHK.Checked();
-  const bool dates = Period_PNL.InUse();
-  const std::string& from = Period_PNL.Date1_EDT.Text();
-  const std::string& to = Period_PNL.Date2_EDT.Text();
+  const OverallCriteria asked = RunCriteria() != nullptr ? *RunCriteria() : ReadCriteria();
+  const bool before = asked.period.countsBefore;
+  const bool dates = asked.period.inUse;
+  const std::string from = asked.period.from.value_or("");
+  const std::string to = asked.period.to.value_or("");
   const int decimals = ShowsQuantities() ? settings.QuantityDecimals : settings.AmountDecimals;
 
   std::vector<std::string> parameters;
@@ -235,19 +210,9 @@ std::vector<std::string> TGoodTrans_Overall_FRM::PrintParameters() {
   } else {
     parameters.push_back(dates ? " از تاریخ " + from + " تا تاریخ " + to : "");
   }
-  parameters.push_back(Store_SESF.InUse() ? "انبار  : " + Store_SESF.TSelect_Entity_Frame1.EntityName() : "");
+  parameters.push_back(asked.storeName.empty() ? "" : "انبار  : " + asked.storeName);
   parameters.push_back(dates && before ? " " + from : "");
   return parameters;
-}
-
-// The printed page tells what it shows.
-void TGoodTrans_Overall_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
-  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
-  const std::string store =
-      Store_SESF.InUse() ? "انبار: " + Store_SESF.TSelect_Entity_Frame1.EntityName() : std::string();
-  const std::string filter = TGoodTransactions_DM::FarsiFilterOf(
-      {GeneralSearch_FRAME.Search.FarsiText(), store, Period_PNL.FarsiText()});
-  AddFilterLine(lines, filter);
 }
 
 }  // namespace goods

@@ -1,33 +1,31 @@
 // TGoodTrans_Overall_FRM: what came in and went out of each good, by operation; the stock card in short.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "host/base/base_dock.h"
 #include "host/components/search_manager.h"
 #include "host/components/tabs.h"
 #include "host/frames/general_search_frame.h"
 #include "host/frames/select_entity_search_frame.h"
 #include "module/data/stock_data.h"
 #include "module/framework/period_panel.h"
+#include "module/framework/report_engine.h"
+#include "module/reports/turnover/overall_criteria.h"
 
 namespace goods {
 
 // Amounts and quantities on two tabs, read together when the user asks. The custom parameter says nothing.
 // Operation columns that the user hides flow into the columns of other operations at the next run.
-class TGoodTrans_Overall_FRM : public TBaseDock_FRM {
+class TGoodTrans_Overall_FRM : public TReportOf<OverallCriteria> {
  public:
   TGoodTrans_Overall_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   ~TGoodTrans_Overall_FRM() override;
 
   void FormCreate() override;
   void FormShow() override;
-  void FormClose() override;
   void FormKeyDown(TKey& key) override;
   bool PreparePrint() override;
-  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
 
   void Search_BTNClick();
   void AvalDore_CHKClick();
@@ -70,10 +68,13 @@ class TGoodTrans_Overall_FRM : public TBaseDock_FRM {
 
   TSmartDBGrid_QRT& ShownGrid();
   bool ShowsQuantities() const { return Mojodi_PGC.ActivePage() == &TedadyTab; }
-  // None, after telling the user, while the store box is ticked without a store.
-  std::optional<std::string> CommonParameters();
-  void RunReport(const std::string& common);
+  // While the store box is ticked without a store it cannot be run.
+  bool MayRun() override;
+  OverallCriteria ReadCriteria() const override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
   std::vector<std::string> PrintParameters();
+
+  std::vector<Subscription> columns_;
 };
 
 }  // namespace goods

@@ -28,6 +28,7 @@ void TGoodTrans_Overall_FRM::DeclareForm() {
   Go_BTN.SetEnabled(false);
   Report_PNL.Place(Period_PNL, 1);
   Report_PNL.Place(Go_BTN);
+  Report_PNL.Place(CriteriaChanged_LBL);
   Report_PNL.Place(Search_BTN);
 
   money_Overall_List_GRD.SetAccessibleName("موجودی ریالی");
