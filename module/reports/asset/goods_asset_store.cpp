@@ -95,7 +95,9 @@ StoreStockCriteria TGoodsAsset_Store_FRM::ReadCriteria() const {
 }
 
 void TGoodsAsset_Store_FRM::Search_BTNClick() {
-  BuildStoreColumns();  // where the stores could not be read while the window was being shown
+  // Where they could not be read while the window was being shown.
+  pnlReport_PNL.EnsureRestored();
+  BuildStoreColumns();
   Run(Waiting::Shown);
   if (LastRun() == nullptr) return;
   reportPrepared_ = true;

@@ -130,6 +130,7 @@ void TPriceBasisPanel::RialsHistory_GRDDblClick() {
 }
 
 void TPriceBasisPanel::Choose(int basis, int buyOrSell, int levelCode, const std::string& text) {
+  restored_ = true;  // the choice takes the place of what the settings kept
   basis_ = basis;
   buyOrSell_ = buyOrSell;
   levelCode_ = levelCode;
@@ -156,6 +157,7 @@ void TPriceBasisPanel::Choose(int basis, int buyOrSell, int levelCode, const std
 }
 
 void TPriceBasisPanel::SaveNone() {
+  restored_ = true;
   TSettings& settings = host_.Settings().Settings();
   settings.PriceLevel = false;
   settings.PriceHistory = false;
@@ -164,12 +166,33 @@ void TPriceBasisPanel::SaveNone() {
 }
 
 void TPriceBasisPanel::Restore() {
+  restored_ = false;
   basis_ = kPriceBasisNone;
   buyOrSell_ = -1;
   levelCode_ = -1;
+  try {
+    ReadLists();
+  } catch (...) {
+    // The box would seem to say a basis that nothing is valued at.
+    const ProgramChange change(Stock_CHK);
+    Stock_CHK.SetChecked(false);
+    throw;
+  }
+  TakeOver();
+  restored_ = true;
+}
+
+void TPriceBasisPanel::EnsureRestored() {
+  if (!restored_) Restore();
+}
+
+void TPriceBasisPanel::ReadLists() {
   Report_CMB.SetDroppedDown(false);  // it may have hung open when the window was closed
   data_.RialHistory_Fill();
   data_.CostLevelGet(style_.levels);
+}
+
+void TPriceBasisPanel::TakeOver() {
   const TSettings& settings = host_.Settings().Settings();
   const ProgramChange change(Stock_CHK);
   if (settings.PriceLevel) {

@@ -49,8 +49,12 @@ class TPriceBasisPanel : public TPanel {
   bool Named() const { return InUse() && Report_CMB.Text() != style_.unchosenText; }
 
   // Sets all three to -1, fills the lists, and takes over what the settings keep. The box is ticked, or
-  // unticked, by the program.
+  // unticked, by the program. Throws where the lists cannot be read: the box is unticked then, and nothing is
+  // saved; and what OnBoxClick throws.
   void Restore();
+  // Restores again where that failed the last time and the user has not chosen since; a report whose basis
+  // cannot be known is not run.
+  void EnsureRestored();
 
   // The box was ticked or unticked, whoever did it.
   std::function<void()> OnBoxClick;
@@ -87,6 +91,8 @@ class TPriceBasisPanel : public TPanel {
   TSmartDBGrid_QRT& ShownList();
   void ChooseLevel(int buyOrSell);
   void Choose(int basis, int buyOrSell, int levelCode, const std::string& text);
+  void ReadLists();
+  void TakeOver();
   void RestoreLevel();
   void RestoreHistory();
   void SaveNone();
@@ -97,6 +103,7 @@ class TPriceBasisPanel : public TPanel {
   int basis_ = kPriceBasisNone;
   int buyOrSell_ = -1;
   int levelCode_ = -1;
+  bool restored_ = true;  // what the settings keep was taken over, or never asked for
 };
 
 }  // namespace goods

@@ -68,9 +68,18 @@ void TGoodTransaction_FRM::FormCreate() {
   };
 
   Tags_btn.OnClick = [this] { Tags_btnClick(); };
-  Gar_BTN.OnClick = [this] { Gar_BTNClick(); };
-  DetailList_BTN.OnClick = [this] { DetailList_BTNClick(); };
-  Select_BTN.OnClick = [this] { Select_BTNClick(); };
+  Gar_BTN.OnClick = [this] {
+    AcceptTyping(*this);
+    Gar_BTNClick();
+  };
+  DetailList_BTN.OnClick = [this] {
+    AcceptTyping(*this);
+    DetailList_BTNClick();
+  };
+  Select_BTN.OnClick = [this] {
+    AcceptTyping(*this);
+    Select_BTNClick();
+  };
   Select_BTN.SetVisible(FormMode() == kFormModeChoose);
   ADVSearch_Fram1.ADVSearch_BTN.OnClick = [this] { ADVSearch_Fram1ADVSearch_BTNClick(); };
   ADVSearch_Fram1.ADVSearch_CHK.OnClick = [this] { ADVSearch_Fram1ADVSearch_CHKClick(); };
@@ -206,6 +215,7 @@ void TGoodTransaction_FRM::RunList() {
   delayedSearch_.Cancel();  // a run reads every criterion as it stands
   const DelayedSearch::RunScope running(delayedSearch_);
   if (formShowing_ || !Showing()) return;
+  if (IsMoney()) pnlReport_PNL.EnsureRestored();
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   ReadList();
 }

@@ -76,6 +76,7 @@ void TGoodTransaction_FRM::Stock_CHKClick() {
   if (pnlReport_PNL.InUse()) {
     dataModule_.FillStock(pnlReport_PNL.Basis(), pnlReport_PNL.BuyOrSell(), pnlReport_PNL.LevelCode());
   }
+  if (search_ != nullptr && !pnlReport_PNL.InUse()) search_->NamePriceRange("فی");
   ShowPriceColumns();
   NamePriceColumns();
 }
@@ -83,7 +84,6 @@ void TGoodTransaction_FRM::Stock_CHKClick() {
 // A chosen basis is seen at once; its prices come with the next reading of the list.
 void TGoodTransaction_FRM::PriceBasisChosen() {
   Stock_CHKClick();
-  if (search_ != nullptr) PrepareDialog();
   RunList();
 }
 

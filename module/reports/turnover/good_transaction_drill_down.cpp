@@ -21,8 +21,8 @@ void TGoodTransaction_FRM::PrepareDialog() {
     ADVSearch_Fram1.ADVSearch_CHK.SetEnabled(mayChoose);
     ADVSearch_Fram1.ADVSearch_LBL.SetEnabled(mayChoose);
     search_->SetUp(QeratSearchManager1.Script, &dataModule_.GoodTransaction.Source);
+    if (pnlReport_PNL.Named()) search_->NamePriceRange("في (" + pnlReport_PNL.Report_CMB.Text() + ")");
   }
-  search_->NamePriceRange(pnlReport_PNL.Named() ? "في (" + pnlReport_PNL.Report_CMB.Text() + ")" : "فی");
 }
 
 void TGoodTransaction_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
