@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "company/users.h"
 #include "host/services/lookups.h"
 
 namespace goods {
@@ -33,11 +34,23 @@ class OpeningCancelled : public CompanyError {
   ~OpeningCancelled() override;
 };
 
+// The login has to wait after failed sign-ins; what() says how long.
+class SignInDelayed : public CompanyError {
+ public:
+  explicit SignInDelayed(std::int64_t seconds);
+  ~SignInDelayed() override;
+  std::int64_t Seconds() const { return seconds_; }
+
+ private:
+  std::int64_t seconds_;
+};
+
 struct UserRecord {
   std::int64_t code = 0;
   std::string login;
   std::string name;
   bool everyRight = false;
+  bool seesPrices = false;  // also with every right
 };
 
 using EntityKind = EntityType;
@@ -87,16 +100,26 @@ std::optional<DocumentKind> DocumentKindOfMovement(int type);
 struct DocumentColumn {
   std::string caption;
   bool number = false;  // set right, in Latin reading order
+  bool money = false;   // prices or amounts
+};
+
+struct DocumentLine {
+  std::string caption;
+  std::string text;
+  bool money = false;
 };
 
 // A document as a reader sees it: every text is ready to be shown.
 struct DocumentView {
   std::string title;
-  std::vector<std::pair<std::string, std::string>> header;  // caption, text
+  std::vector<DocumentLine> header;
   std::vector<DocumentColumn> columns;
   std::vector<std::vector<std::string>> rows;  // one text a column
-  std::vector<std::pair<std::string, std::string>> totals;
+  std::vector<DocumentLine> totals;
 };
+
+// The document without its prices and amounts: no column, line or total of them is left.
+DocumentView WithoutPrices(DocumentView view);
 
 // background is a colour text of company data ("$00BBGGRR", "#RRGGBB"), empty for none.
 struct TagRecord {
@@ -118,8 +141,8 @@ struct BusyGood {
   std::int64_t movements = 0;
 };
 
-// An open company. Everything here only reads. One object is used by one thread at a time; connections are
-// independent of it and of each other. Failures throw CompanyError.
+// An open company. Everything here but Users only reads. One object is used by one thread at a time;
+// connections are independent of it and of each other. Failures throw CompanyError.
 class ICompany {
  public:
   virtual ~ICompany();
@@ -128,9 +151,12 @@ class ICompany {
   // A new connection for statements; valid also after the company object is gone.
   virtual std::unique_ptr<IConnection> OpenConnection() = 0;
 
-  // None when the login is unknown or the password is not its own.
+  // None when the login is unknown or the password is not its own; both take as long. After five failures in
+  // a row the login has to wait, longer with each further one, also for another program: SignInDelayed.
   virtual std::optional<UserRecord> SignIn(std::string_view login, std::string_view password) = 0;
   virtual bool HasRight(const UserRecord& user, int softwarePart, int permission) = 0;
+  // The users and their rights. Lives as long as the company.
+  virtual IUsers& Users() = 0;
 
   virtual std::optional<EntityRecord> FindEntity(EntityKind kind, std::int64_t code) = 0;
   // Entities whose code begins with the text (when it is a number) or whose name holds it, as a Persian

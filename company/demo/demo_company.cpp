@@ -32,7 +32,8 @@ constexpr int kStorekeeperRights[][2] = {{501, 6}, {501, 7},  {501, 23}, {501, 3
 void WriteUsers(CompanyWriter& writer, std::uint64_t seed) {
   for (const DemoUser& user : kUsers) {
     const PasswordSalt salt = SaltFrom(std::to_string(seed) + ":" + user.login);
-    writer.AddUser(user.code, user.login, user.name, HashPassword(user.login, salt), user.everyRight);
+    writer.AddUser(user.code, user.login, user.name, HashPassword(user.login, salt), user.everyRight,
+                   user.everyRight);
   }
   Statement right =
       writer.Tables().Prepare("INSERT INTO UserRights(UserCode, Part, Permission) VALUES(2, ?1, ?2)");

@@ -89,6 +89,13 @@ constexpr UpgradeStep kUpgradeSteps[] = {
      "ALTER TABLE Persons ADD COLUMN AbbName TEXT NOT NULL DEFAULT '';"
      "CREATE TABLE Batches(Hash TEXT PRIMARY KEY, AddedAt TEXT NOT NULL, Movements INTEGER NOT NULL) WITHOUT "
      "ROWID;"},
+    // Version 5 knew prices by the rights to stock values alone, and counted no failed sign-ins.
+    {5,
+     "ALTER TABLE Users ADD COLUMN SeesPrices INTEGER NOT NULL DEFAULT 1;"
+     "UPDATE Users SET SeesPrices = EveryRight <> 0 OR EXISTS("
+     " SELECT 1 FROM UserRights r WHERE r.UserCode = Users.Code AND r.Permission IN (24, 5021));"
+     "CREATE TABLE SignInFailures("
+     " Login TEXT PRIMARY KEY, Failures INTEGER NOT NULL, LastFailure INTEGER NOT NULL) WITHOUT ROWID;"},
 };
 
 void Upgrade(Database& db, int version) {

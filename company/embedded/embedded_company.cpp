@@ -1,13 +1,14 @@
 #include "company/embedded/embedded_company.h"
 
+#include <ctime>
 #include <utility>
 
 #include "company/company.h"
 #include "company/embedded/company_file.h"
 #include "company/embedded/embedded_connection.h"
-#include "company/embedded/password.h"
 #include "company/embedded/row_reader.h"
 #include "company/embedded/sqlite.h"
+#include "company/embedded/users.h"
 #include "company/kit/statement_company.h"
 #include "host/core/text.h"
 
@@ -30,7 +31,11 @@ class EmbeddedCompany : public StatementCompany {
   EmbeddedCompany(std::string path, bool writable)
       : path_(std::move(path)),
         writable_(writable),
-        db_(OpenCompanyDatabase(path_, SQLITE_OPEN_READONLY, Access::Read)) {
+        db_(OpenCompanyDatabase(path_, SQLITE_OPEN_READONLY, Access::Read)),
+        users_([this] { return OpenInPlace(SQLITE_OPEN_READONLY, Access::Read); },
+               [this] { return OpenToWrite(); }),
+        guard_([this] { return OpenToWrite(); },
+               [] { return static_cast<std::int64_t>(std::time(nullptr)); }) {
     title_ = Shortened(db_.AskText("SELECT Value FROM Meta WHERE Key = 'Title'"));
   }
 
@@ -45,13 +50,10 @@ class EmbeddedCompany : public StatementCompany {
   }
 
   std::optional<UserRecord> SignIn(std::string_view login, std::string_view password) override {
-    return Guarded([&]() -> std::optional<UserRecord> {
-      Statement user =
-          db_.Prepare("SELECT Code, Login, Name, EveryRight, PasswordHash FROM Users WHERE Login = ?1");
-      user.Bind(1, login);
-      if (!user.Step() || !VerifyPassword(password, std::string(user.Text(4)))) return std::nullopt;
-      return UserRecord{user.Integer(0), std::string(user.Text(1)), Shortened(std::string(user.Text(2))),
-                        user.Integer(3) != 0};
+    return Guarded([&] {
+      std::optional<UserRecord> user = guard_.SignIn(db_, login, password);
+      if (user) user->name = Shortened(std::move(user->name));
+      return user;
     });
   }
 
@@ -67,10 +69,25 @@ class EmbeddedCompany : public StatementCompany {
     });
   }
 
+  IUsers& Users() override { return users_; }
+
  private:
   // What stands under the file's name now may be another company with other users.
   void CheckInPlace() const {
     if (db_.WasMoved()) throw CompanyError(std::string(kMovedMessage));
+  }
+
+  // A handle that reached this company's file.
+  Database OpenInPlace(int flags, Access access) const {
+    CheckInPlace();
+    Database db = OpenCompanyDatabase(path_, flags, access);
+    CheckInPlace();
+    return db;
+  }
+
+  Database OpenToWrite() const {
+    if (!writable_) throw CompanyError("فایل شرکت فقط خواندنی است و چیزی در آن نوشته نمی شود.");
+    return OpenInPlace(SQLITE_OPEN_READWRITE, Access::Write);
   }
 
   template <typename Body>
@@ -87,6 +104,8 @@ class EmbeddedCompany : public StatementCompany {
   std::string path_;
   bool writable_;
   Database db_;
+  EmbeddedUsers users_;
+  SignInGuard guard_;
   std::string title_;
 };
 

@@ -1,5 +1,6 @@
 #include "company/embedded/password.h"
 
+#include <atomic>
 #include <cstddef>
 #include <optional>
 
@@ -13,6 +14,8 @@ namespace {
 
 constexpr unsigned long kMostMemory = crypto_pwhash_MEMLIMIT_INTERACTIVE / 1024;  // KiB
 constexpr unsigned long kMostPasses = 4;
+
+std::atomic<std::uint64_t> workedOut{0};
 
 void Start() {
   if (sodium_init() < 0) throw CompanyError("کتابخانه رمزنگاری آماده نشد.");
@@ -58,6 +61,7 @@ std::string HashPassword(std::string_view password) {
 std::string HashPassword(std::string_view password, const PasswordSalt& salt) {
   static_assert(std::tuple_size_v<PasswordSalt> == crypto_pwhash_SALTBYTES);
   Start();
+  ++workedOut;
   std::array<unsigned char, 32> hash{};
   constexpr unsigned long long kOperations = crypto_pwhash_OPSLIMIT_INTERACTIVE;
   constexpr std::size_t kMemory = crypto_pwhash_MEMLIMIT_INTERACTIVE;
@@ -79,8 +83,31 @@ PasswordSalt SaltFrom(std::string_view text) {
 
 bool VerifyPassword(std::string_view password, const std::string& hash) {
   Start();
-  if (!IsAffordable(hash)) return false;
+  if (!IsAffordable(hash)) return VerifyNothing(password);
+  ++workedOut;
   return crypto_pwhash_str_verify(hash.c_str(), password.data(), password.size()) == 0;
+}
+
+bool VerifyNothing(std::string_view password) {
+  HashPassword(password);
+  return false;
+}
+
+std::uint64_t PasswordHashesWorkedOut() { return workedOut; }
+
+std::string MakePassword() {
+  Start();
+  constexpr std::string_view kSigns = "abcdefghkmnpqrstuvwxyz23456789";
+  constexpr int kGroups = 4;
+  constexpr int kGroupLength = 4;
+  std::string password;
+  for (int group = 0; group < kGroups; ++group) {
+    if (group > 0) password += '-';
+    for (int i = 0; i < kGroupLength; ++i) {
+      password += kSigns[randombytes_uniform(static_cast<std::uint32_t>(kSigns.size()))];
+    }
+  }
+  return password;
 }
 
 }  // namespace goods

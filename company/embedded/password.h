@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,7 +18,14 @@ std::string HashPassword(std::string_view password, const PasswordSalt& salt);
 PasswordSalt SaltFrom(std::string_view text);
 
 // False as well for a hash that is no Argon2id hash, or one that would cost more than 64 MB and four passes
-// to check.
+// to check; that costs what VerifyNothing does.
 bool VerifyPassword(std::string_view password, const std::string& hash);
+// False, after the work of VerifyPassword: what an unknown login costs.
+bool VerifyNothing(std::string_view password);
+// How many hashes this process has worked out, for whichever reason.
+std::uint64_t PasswordHashesWorkedOut();
+
+// Four groups of four letters and digits that are not mistaken for one another: 78 bits.
+std::string MakePassword();
 
 }  // namespace goods

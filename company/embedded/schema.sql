@@ -180,10 +180,13 @@ CREATE TABLE Batches(Hash TEXT PRIMARY KEY, AddedAt TEXT NOT NULL, Movements INT
 
 CREATE TABLE Users(
   Code INTEGER PRIMARY KEY, Login TEXT NOT NULL UNIQUE, Name TEXT NOT NULL, PasswordHash TEXT NOT NULL,
-  EveryRight INTEGER NOT NULL DEFAULT 0);
+  EveryRight INTEGER NOT NULL DEFAULT 0, SeesPrices INTEGER NOT NULL DEFAULT 1);
 CREATE TABLE UserRights(
   UserCode INTEGER NOT NULL REFERENCES Users(Code), Part INTEGER NOT NULL, Permission INTEGER NOT NULL,
   PRIMARY KEY(UserCode, Part, Permission)) WITHOUT ROWID;
+-- Failed sign-ins since the last good one, by what was typed as login; LastFailure in seconds since 1970.
+CREATE TABLE SignInFailures(
+  Login TEXT PRIMARY KEY, Failures INTEGER NOT NULL, LastFailure INTEGER NOT NULL) WITHOUT ROWID;
 
 INSERT INTO MovementTypes(Type, Kind, Sign, PriceIsCost, Name) VALUES
   (0, 1, 1, 1, 'کالای تولیدی در تولید آنالیز ثابت'),

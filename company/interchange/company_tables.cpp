@@ -111,6 +111,7 @@ constexpr TableField kUsers[] = {Code("code|کد", "Code", 1, kAnyCode),
                                  Name("login|نام کاربری", "Login"),
                                  Name("name|نام", "Name"),
                                  {"every right|همه حقوق", "EveryRight", FieldKind::Flag},
+                                 {"sees prices|دیدن قیمت", "SeesPrices", FieldKind::Flag},
                                  Text("password hash|درهم گذرواژه", "PasswordHash")};
 constexpr TableField kRights[] = {
     {"user|کاربر", "UserCode", FieldKind::Login, true, 0, kLongestName, Entity::User},

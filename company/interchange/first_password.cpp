@@ -1,31 +1,9 @@
 #include "company/interchange/first_password.h"
 
-#include <sodium.h>
-
-#include "company/company.h"
 #include "company/embedded/password.h"
+#include "company/embedded/users.h"
 
 namespace goods {
-
-namespace {
-
-constexpr std::string_view kLetters = "abcdefghkmnpqrstuvwxyz23456789";
-constexpr int kGroups = 4;
-constexpr int kGroupLength = 4;
-
-}  // namespace
-
-std::string RandomPassword() {
-  if (sodium_init() < 0) throw CompanyError("کتابخانه رمزنگاری آماده نشد.");
-  std::string password;
-  for (int group = 0; group < kGroups; ++group) {
-    if (group > 0) password += '-';
-    for (int i = 0; i < kGroupLength; ++i) {
-      password += kLetters[randombytes_uniform(static_cast<std::uint32_t>(kLetters.size()))];
-    }
-  }
-  return password;
-}
 
 void SetFirstPassword(Database& db, const std::string& password, ImportCounts& counts) {
   if (db.AskInteger("SELECT count(*) FROM Users WHERE EveryRight <> 0") == 0) {
@@ -35,7 +13,8 @@ void SetFirstPassword(Database& db, const std::string& password, ImportCounts& c
   }
   if (db.AskInteger("SELECT count(*) FROM Users WHERE EveryRight <> 0 AND PasswordHash <> ''") == 0) {
     counts.firstLogin = db.AskText("SELECT Login FROM Users WHERE EveryRight <> 0 ORDER BY Code LIMIT 1");
-    if (password.empty()) counts.firstPassword = RandomPassword();
+    if (!password.empty()) CheckPassword(counts.firstLogin, password);
+    if (password.empty()) counts.firstPassword = MakePassword();
     Statement set = db.Prepare("UPDATE Users SET PasswordHash = ?2 WHERE Login = ?1");
     set.Bind(1, std::string_view(counts.firstLogin));
     set.Bind(2, std::string_view(HashPassword(password.empty() ? counts.firstPassword : password)));

@@ -12,7 +12,4 @@ namespace goods {
 // and notes in counts whose it is. Makes the user admin where nobody has every right.
 void SetFirstPassword(Database& db, const std::string& password, ImportCounts& counts);
 
-// Four groups of four letters and digits that are not mistaken for one another.
-std::string RandomPassword();
-
 }  // namespace goods

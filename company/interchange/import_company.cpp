@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "company/embedded/password.h"
+#include "company/embedded/users.h"
 #include "company/interchange/first_password.h"
 #include "company/interchange/movement_import.h"
 #include "company/interchange/table_import.h"
@@ -119,6 +119,8 @@ ImportCounts WithPersianErrors(const std::string& path, Body body) {
 }  // namespace
 
 ImportCounts ImportCompany(const std::string& path, const std::string& from, const ImportOptions& options) {
+  if (!options.firstPassword.empty())
+    CheckPassword("", options.firstPassword);  // now, not after all the work
   const DataFolder folder(from, options.names);
   ImportProblems problems;
   return WithPersianErrors(path, [&] {

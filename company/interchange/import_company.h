@@ -16,8 +16,9 @@ struct ImportOptions {
   bool replace = false;  // an existing file
   NameMap names;
   bool unsignedQuantities = false;  // the movement type tells what goes out
-  // Of the users that come without a password hash the first one with every right gets this password; empty:
-  // a random one. Without such a user there is one with the login admin.
+  // Of the users that come without a password hash the first one with every right gets this password,
+  // see IUsers for what it may be; empty: a random one. Without such a user there is one with the login
+  // admin.
   std::string firstPassword;
   WorkWatcher watcher;
 };

@@ -69,8 +69,8 @@ constexpr std::array<DocumentKind, 26> kKindOfType = {DocumentKind::FixProductio
 std::string Quantity(Decimal value) { return DisplayFormat(kQuantityFormat).Format(value); }
 std::string Amount(Decimal value) { return DisplayFormat(kAmountFormat).Format(value); }
 
-void AddLine(DocumentView& view, const char* caption, std::string_view text) {
-  if (!text.empty()) view.header.emplace_back(caption, std::string(text));
+void AddLine(DocumentView& view, const char* caption, std::string_view text, bool money = false) {
+  if (!text.empty()) view.header.push_back({caption, std::string(text), money});
 }
 
 bool ReadGoodHeader(LookUps& lookUps, std::int64_t code, DocumentView& view) {
@@ -88,9 +88,9 @@ bool ReadGoodHeader(LookUps& lookUps, std::int64_t code, DocumentView& view) {
   AddLine(view, "بارکد :", good.Text(0, 4));
   AddLine(view, "جای کالا :", good.Text(0, 8));
   AddLine(view, "حداقل موجودی :", Quantity(good.Number(0, 6)));
-  AddLine(view, "فی مصرف کننده :", Amount(good.Number(0, 7)));
+  AddLine(view, "فی مصرف کننده :", Amount(good.Number(0, 7)), true);
   AddLine(view, "موجودی :", Quantity(good.Number(0, 9)));
-  AddLine(view, "قیمت میانگین :", Amount(good.Number(0, 10)));
+  AddLine(view, "قیمت میانگین :", Amount(good.Number(0, 10)), true);
   return true;
 }
 
@@ -124,8 +124,8 @@ std::string TypeList(DocumentKind kind) {
 void ReadRows(LookUps& lookUps, const KindText& kind, std::int64_t code, DocumentView& view) {
   view.columns = {{"ردیف", true}, {"کد کالا", true}, {"نام کالا", false}, {"انبار", false}};
   if (kind.rowKinds) view.columns.push_back({"نوع", false});
-  for (const char* caption : {"مقدار", "فی", "مبلغ"}) view.columns.push_back({caption, true});
-  view.columns.insert(view.columns.end() - 2, DocumentColumn{"واحد", false});
+  view.columns.insert(view.columns.end(),
+                      {{"مقدار", true}, {"واحد", false}, {"فی", true, true}, {"مبلغ", true, true}});
 
   const LookUpRows rows = lookUps.Ask(
       "SELECT e.OperationRow, e.Kala, e.KalaName, e.StoreName, e.MovementName, e.Tedad, e.UnitName, e.Fi, "
@@ -152,7 +152,7 @@ void ReadRows(LookUps& lookUps, const KindText& kind, std::int64_t code, Documen
   }
   view.totals = {{"تعداد ردیف :", std::to_string(view.rows.size())},
                  {"جمع مقدار :", Quantity(quantities)},
-                 {"جمع مبلغ :", Amount(amounts)}};
+                 {"جمع مبلغ :", Amount(amounts), true}};
 }
 
 }  // namespace
@@ -160,6 +160,21 @@ void ReadRows(LookUps& lookUps, const KindText& kind, std::int64_t code, Documen
 std::optional<DocumentKind> DocumentKindOfMovement(int type) {
   if (type < 0 || type >= static_cast<int>(kKindOfType.size())) return std::nullopt;
   return kKindOfType[static_cast<std::size_t>(type)];
+}
+
+DocumentView WithoutPrices(DocumentView view) {
+  for (std::size_t i = view.columns.size(); i-- > 0;) {
+    if (!view.columns[i].money) continue;
+    const auto at = static_cast<std::ptrdiff_t>(i);
+    for (auto& row : view.rows) {
+      if (i < row.size()) row.erase(row.begin() + at);
+    }
+    view.columns.erase(view.columns.begin() + at);
+  }
+  const auto money = [](const DocumentLine& line) { return line.money; };
+  std::erase_if(view.header, money);
+  std::erase_if(view.totals, money);
+  return view;
 }
 
 std::optional<DocumentView> ReadDocument(LookUps& lookUps, DocumentKind kind, std::int64_t code) {

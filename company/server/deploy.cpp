@@ -120,6 +120,18 @@ void GrantReading(ServerSession& session) {
   }
 }
 
+// What later versions of the tables brought.
+void UpgradeTables(ServerSession& session, std::int64_t version) {
+  // Version 1 knew prices by the rights to stock values alone.
+  if (version < 2) {
+    session.Run("ALTER TABLE dbo.Users ADD SeesPrices bigint NOT NULL DEFAULT 1");
+    session.Run(
+        "UPDATE dbo.Users SET SeesPrices = 0 WHERE EveryRight = 0 AND NOT EXISTS (SELECT 1 FROM "
+        "dbo.UserRights "
+        "r WHERE r.UserCode = dbo.Users.Code AND r.Permission IN (24, 5021))");
+  }
+}
+
 // Readers then see one committed state and wait for no writer. A server that has no such setting reads so by
 // itself.
 void ReadSnapshots(ServerSession& session, const std::string& database) {
@@ -153,6 +165,7 @@ void DeployCompany(const DeployOptions& options) {
       if (IsTableScript(script)) RunScript(session, script);
     }
   }
+  if (version) UpgradeTables(session, *version);
   if (!options.from.empty()) {
     for (const ServerScript& script : SchemaScripts()) {
       if (!version || !IsTriggerScript(script)) continue;

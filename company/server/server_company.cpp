@@ -9,6 +9,7 @@
 #include "company/server/server_address.h"
 #include "company/server/server_connection.h"
 #include "company/server/server_session.h"
+#include "company/server/server_users.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -17,7 +18,8 @@ namespace {
 
 class ServerCompany : public StatementCompany {
  public:
-  explicit ServerCompany(const ServerAddress& address) : connectionString_(address.ConnectionString()) {
+  explicit ServerCompany(const ServerAddress& address)
+      : connectionString_(address.ConnectionString()), users_(connectionString_) {
     ServerSession session(connectionString_);
     title_ = session.AskText("SELECT DB_NAME()");
     if (session.AskInteger("SELECT COUNT(*) FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_NAME = N'Meta'") == 0)
@@ -41,20 +43,22 @@ class ServerCompany : public StatementCompany {
   std::optional<UserRecord> SignIn(std::string_view login, std::string_view password) override {
     return Asked([&](LookUps& lookUps) -> std::optional<UserRecord> {
       const LookUpRows user = lookUps.Ask(
-          "SELECT e.Code, e.Login, e.Name, e.EveryRight, e.PasswordHash FROM UserLookUp_VW e WHERE e.Login "
-          "= " +
+          "SELECT e.Code, e.Login, e.Name, e.EveryRight, e.PasswordHash, e.SeesPrices FROM UserLookUp_VW e "
+          "WHERE e.Login = " +
           TextLiteral(login));
-      if (user.Count() != 1 || user.Text(0, 1) != login || !VerifyPassword(password, user.Text(0, 4))) {
-        return std::nullopt;
-      }
+      const bool known = user.Count() == 1 && user.Text(0, 1) == login;
+      if (!(known ? VerifyPassword(password, user.Text(0, 4)) : VerifyNothing(password))) return std::nullopt;
       UserRecord record;
       record.code = user.Integer(0, 0);
       record.login = user.Text(0, 1);
       record.name = user.Text(0, 2);
       record.everyRight = user.Integer(0, 3) != 0;
+      record.seesPrices = record.everyRight || user.Integer(0, 5) != 0;
       return record;
     });
   }
+
+  IUsers& Users() override { return users_; }
 
   bool HasRight(const UserRecord& user, int softwarePart, int permission) override {
     return Asked([&](LookUps& lookUps) {
@@ -73,6 +77,7 @@ class ServerCompany : public StatementCompany {
 
  private:
   std::string connectionString_;
+  ServerUsers users_;
   std::string title_;
 };
 

@@ -31,6 +31,7 @@ Command MakeInfoCommand(CLI::App& program);
 Command MakeBackupCommand(CLI::App& program);
 Command MakeDeployCommand(CLI::App& program);
 Command MakeVerifyCommand(CLI::App& program);
+Command MakeUserCommand(CLI::App& program);
 
 // What import and add tell of the files that they read.
 struct FileOptions {
@@ -47,7 +48,5 @@ void AddFileOptions(CLI::App& command, FileOptions& options);
 NameMap ReadNames(const FileOptions& options);
 // Runs body; the problems of a refusal are written to the file too that the options name.
 int WithProblemsFile(const FileOptions& options, const std::function<int()>& body);
-// The first line of a file, for passwords. Throws CompanyError.
-std::string ReadPasswordFile(const std::string& path);
 
 }  // namespace goods

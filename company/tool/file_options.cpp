@@ -1,16 +1,9 @@
 #include "command.h"
 #include "company/company.h"
-#include "company/files/input_file.h"
 #include "company/interchange/problems.h"
 #include "progress_line.h"
 
 namespace goods {
-
-namespace {
-
-constexpr std::uint64_t kLongestPasswordFile = 4096;
-
-}  // namespace
 
 void AddFileOptions(CLI::App& command, FileOptions& options) {
   command.add_option("--from", options.from, "A folder of CSV, XLSX and ODS files, or a workbook")
@@ -40,13 +33,6 @@ int WithProblemsFile(const FileOptions& options, const std::function<int()>& bod
     if (!options.problems.empty()) WriteProblems(options.problems, refused);
     throw;
   }
-}
-
-std::string ReadPasswordFile(const std::string& path) {
-  std::string text = ReadInputFile(path, kLongestPasswordFile);
-  text.resize(std::min(text.find_first_of("\r\n"), text.size()));
-  if (text.empty()) throw CompanyError("فایل گذرواژه خالی است: " + path);
-  return text;
 }
 
 }  // namespace goods

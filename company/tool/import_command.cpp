@@ -2,6 +2,7 @@
 
 #include "command.h"
 #include "company/interchange/import_company.h"
+#include "password_input.h"
 #include "progress_line.h"
 
 namespace goods {
@@ -40,8 +41,10 @@ Command MakeImportCommand(CLI::App& program) {
   import->add_option("FILE", line->file, "The company file to write")->required();
   AddFileOptions(*import, line->files);
   import->add_option("--title", line->title, "The company's name; that of the files when not given");
-  import->add_option("--password-file", line->passwordFile,
-                     "The first user's password is the first line of this file; a random one when not given");
+  import->add_option(
+      "--password-file", line->passwordFile,
+      "The first line is the first user's password, - is the standard input; asked for when not given, and "
+      "made at random when nothing is typed");
   import->add_flag("--force", line->force, "Replace an existing file");
   return {import, [line] {
             return WithProblemsFile(line->files, [&] {
@@ -50,7 +53,7 @@ Command MakeImportCommand(CLI::App& program) {
               options.replace = line->force;
               options.names = ReadNames(line->files);
               options.unsignedQuantities = line->files.unsignedQuantities;
-              if (!line->passwordFile.empty()) options.firstPassword = ReadPasswordFile(line->passwordFile);
+              options.firstPassword = NewPassword(line->passwordFile, "the first user");
               options.watcher = MakeProgressLine(line->files.quiet);
               const ImportCounts counts = ImportCompany(line->file, line->files.from, options);
               EndProgressLine();

@@ -14,10 +14,9 @@ int main(int argc, char** argv) {
       "Ends with 0, with 1 after an error, with 3 when check or verify finds differences, with 130 when "
       "stopped.");
   const std::vector<goods::Command> commands = {
-      goods::MakeCreateCommand(program), goods::MakeImportCommand(program),
-      goods::MakeAddCommand(program),    goods::MakeExportCommand(program),
-      goods::MakeCheckCommand(program),  goods::MakeInfoCommand(program),
-      goods::MakeBackupCommand(program), goods::MakeDeployCommand(program),
+      goods::MakeCreateCommand(program), goods::MakeImportCommand(program), goods::MakeAddCommand(program),
+      goods::MakeExportCommand(program), goods::MakeCheckCommand(program),  goods::MakeInfoCommand(program),
+      goods::MakeBackupCommand(program), goods::MakeUserCommand(program),   goods::MakeDeployCommand(program),
       goods::MakeVerifyCommand(program)};
   CLI11_PARSE(program, argc, argv);
   try {

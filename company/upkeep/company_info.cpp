@@ -38,12 +38,11 @@ CompanyInfo ReadCompanyInfo(const std::string& path) {
     info.firstDate = db.AskText("SELECT min(Date) FROM Kardex");
     info.lastDate = db.AskText("SELECT max(Date) FROM Kardex");
     Statement users = db.Prepare(
-        "SELECT Login, Name, EveryRight, PasswordHash <> '', (SELECT count(*) FROM UserRights r WHERE "
-        "r.UserCode ="
-        " u.Code) FROM Users u ORDER BY Code");
+        "SELECT Login, Name, EveryRight, EveryRight OR SeesPrices, PasswordHash <> '', "
+        "(SELECT count(*) FROM UserRights r WHERE r.UserCode = u.Code) FROM Users u ORDER BY Code");
     while (users.Step()) {
       info.users.push_back({std::string(users.Text(0)), std::string(users.Text(1)), users.Integer(2) != 0,
-                            users.Integer(3) != 0, users.Integer(4)});
+                            users.Integer(3) != 0, users.Integer(4) != 0, users.Integer(5)});
     }
     return info;
   } catch (const SqliteError& failure) {
@@ -59,9 +58,10 @@ std::string CompanyInfoText(const CompanyInfo& info) {
                      Line("دسته های افزوده از فایل", info.batches);
   if (!info.firstDate.empty()) text += Line("تاریخ گردش ها", info.firstDate + " تا " + info.lastDate);
   for (const CompanyInfo::User& user : info.users) {
-    text += Line("کاربر", user.login + " (" + user.name + ")، " +
-                              (user.everyRight ? "همه حقوق" : std::to_string(user.rights) + " حق") +
-                              (user.hasPassword ? "" : "، بی گذرواژه"));
+    text +=
+        Line("کاربر", user.login + " (" + user.name + ")، " +
+                          (user.everyRight ? "همه حقوق" : std::to_string(user.rights) + " حق") +
+                          (user.seesPrices ? "" : "، بی قیمت") + (user.hasPassword ? "" : "، بی گذرواژه"));
   }
   return text;
 }

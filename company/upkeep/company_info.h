@@ -24,6 +24,7 @@ struct CompanyInfo {
     std::string login;
     std::string name;
     bool everyRight = false;
+    bool seesPrices = false;
     bool hasPassword = false;
     std::int64_t rights = 0;
   };

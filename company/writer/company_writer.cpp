@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "company/company.h"
 #include "company/embedded/company_file.h"
 #include "company/embedded/procedures.h"
@@ -109,14 +112,16 @@ void CompanyWriter::SetTitle(std::string_view title) {
 }
 
 void CompanyWriter::AddUser(std::int64_t code, std::string_view login, std::string_view name,
-                            std::string_view passwordHash, bool everyRight) {
+                            std::string_view passwordHash, bool everyRight, bool seesPrices) {
   Statement user = db_->Prepare(
-      "INSERT INTO Users(Code, Login, Name, PasswordHash, EveryRight) VALUES(?1, ?2, ?3, ?4, ?5)");
+      "INSERT INTO Users(Code, Login, Name, PasswordHash, EveryRight, SeesPrices) "
+      "VALUES(?1, ?2, ?3, ?4, ?5, ?6)");
   user.Bind(1, code);
   user.Bind(2, login);
   user.Bind(3, name);
   user.Bind(4, passwordHash);
   user.Bind(5, std::int64_t{everyRight});
+  user.Bind(6, std::int64_t{seesPrices});
   user.Run();
 }
 

@@ -34,7 +34,7 @@ class CompanyWriter {
   Database& Tables() { return *db_; }
   void SetTitle(std::string_view title);
   void AddUser(std::int64_t code, std::string_view login, std::string_view name,
-               std::string_view passwordHash, bool everyRight);
+               std::string_view passwordHash, bool everyRight, bool seesPrices = true);
 
   // Returns the row's Radif, which counts from 1 where movements have no order of their own.
   std::int64_t Add(const Movement& movement) { return intake_->Add(movement); }

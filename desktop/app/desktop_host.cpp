@@ -40,7 +40,7 @@ DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSetti
       connection_(logged_, waiting_),
       rights_(company, user, messages_),
       lookups_(company, [this] { return windows_.DialogParent(); }),
-      documents_(company, messages_, OpenersOf(module), [this] { return windows_.DialogParent(); }) {
+      documents_(company, messages_, rights_, OpenersOf(module), [this] { return windows_.DialogParent(); }) {
   windows_.SetGridCommands(printing_.GridCommands(messages_));
 }
 

@@ -12,6 +12,8 @@ static void LoadPages() { Q_INIT_RESOURCE(help_pages); }
 namespace goods {
 namespace {
 
+constexpr const char* kUsers = "users.md";
+
 QString TitleOf(const QString& file) {
   QFile page(":/help/fa/" + file);
   if (!page.open(QIODevice::ReadOnly)) return file;
@@ -25,6 +27,7 @@ std::vector<HelpPage> ReadPages() {
     const QString file = ToQt(report.HelpPage());
     pages.push_back({file, TitleOf(file)});
   }
+  pages.push_back({kUsers, TitleOf(kUsers)});
   return pages;
 }
 
@@ -33,6 +36,11 @@ std::vector<HelpPage> ReadPages() {
 const std::vector<HelpPage>& HelpPages() {
   static const std::vector<HelpPage> kPages = ReadPages();
   return kPages;
+}
+
+QString HelpPageOf(const QString& window) {
+  static const QStringList kWithUsers{"Users_FRM", "User_FRM", "Password_FRM"};
+  return kWithUsers.contains(window) ? kUsers : QString();
 }
 
 QUrl HelpUrl(const QString& file) { return QUrl("qrc:/help/fa/" + file); }

@@ -23,5 +23,7 @@ QUrl HelpUrl(const QString& file);
 
 // The page of a report window; empty for a window that has none, such as a criteria dialog.
 QString HelpPageOf(const TForm& form);
+// The page of one of the program's own windows, by its object name; empty for one without.
+QString HelpPageOf(const QString& window);
 
 }  // namespace goods

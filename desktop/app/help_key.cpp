@@ -17,6 +17,8 @@ QString PageFor(const QWidget* window) {
       const QString page = HelpPageOf(view->Form());
       if (!page.isEmpty()) return page;
     }
+    const QString page = HelpPageOf(window->objectName());
+    if (!page.isEmpty()) return page;
     const QWidget* parent = window->parentWidget();
     window = parent == nullptr ? nullptr : parent->window();
   }

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <utility>
 
 #include "desktop/app/app_look.h"
 #include "desktop/app/help_book.h"
@@ -32,8 +33,8 @@ void ApplyLook(const DesktopOptions& options) {
 }
 
 MainWindow::MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& settings,
-                       const QString& companyTitle, const QString& companyPath)
-    : host_(host), module_(module), settings_(settings), page_(nullptr) {
+                       const QString& companyTitle, const QString& companyPath, AccountActions account)
+    : host_(host), module_(module), settings_(settings), account_(std::move(account)), page_(nullptr) {
   setObjectName("Main_FRM");
   setWindowTitle(QString(kProgramTitle) + " — " + companyTitle);
   setLayoutDirection(Qt::RightToLeft);
@@ -76,6 +77,11 @@ void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
   AddAction(program, "SwitchCompany_ACT", "تعویض شرکت…", Qt::Key_F3, &MainWindow::SwitchCompany);
   AddAction(program, "SignOut_ACT", "خروج از حساب کا&ربر", Qt::Key_F4, &MainWindow::SignOut);
   program.addSeparator();
+  if (account_.manageUsers) AddAction(program, "Users_ACT", "کاربران…", Qt::Key_F6, &MainWindow::ManageUsers);
+  if (account_.changePassword) {
+    AddAction(program, "Password_ACT", "تغییر گذرواژه…", Qt::Key_F7, &MainWindow::ChangePassword);
+  }
+  if (account_.manageUsers || account_.changePassword) program.addSeparator();
   AddAction(program, "Settings_ACT", "تنظیمات…", Qt::Key_F12, &MainWindow::ShowSettings);
   program.addSeparator();
   AddAction(program, "Quit_ACT", "خر&وج", QKeySequence("Ctrl+Q"), &MainWindow::Quit);
@@ -122,6 +128,14 @@ void MainWindow::OpenReport(const ReportDescription& report) {
 void MainWindow::ShowSettings() {
   SettingsDialog dialog(settings_, this);
   if (dialog.exec() == QDialog::Accepted) ApplyLook(settings_.Options());
+}
+
+void MainWindow::ManageUsers() {
+  RunUserAction(host_, [this] { account_.manageUsers(this); });
+}
+
+void MainWindow::ChangePassword() {
+  RunUserAction(host_, [this] { account_.changePassword(this); });
 }
 
 void MainWindow::ShowHelp() { OpenHelp(*this, kHelpIndex); }

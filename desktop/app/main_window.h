@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QMainWindow>
 #include <QString>
+#include <functional>
 #include <vector>
 
 #include "desktop/app/help_key.h"
@@ -17,11 +18,17 @@ namespace goods {
 // What the user wants after the window is closed.
 enum class MainOutcome { Quit, SignOut, SwitchCompany };
 
+// What a user may do about users; an entry of the menu for each that is there.
+struct AccountActions {
+  std::function<void(QWidget* parent)> manageUsers = {};
+  std::function<void(QWidget* parent)> changePassword = {};
+};
+
 class MainWindow : public QMainWindow {
  public:
   // All must outlive the window; the module has the host attached.
   MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& settings, const QString& companyTitle,
-             const QString& companyPath);
+             const QString& companyPath, AccountActions account = {});
   ~MainWindow() override;
 
   // Shows the window and returns when it is closed.
@@ -43,6 +50,8 @@ class MainWindow : public QMainWindow {
   void Quit() { Leave(MainOutcome::Quit); }
   void SignOut() { Leave(MainOutcome::SignOut); }
   void SwitchCompany() { Leave(MainOutcome::SwitchCompany); }
+  void ManageUsers();
+  void ChangePassword();
   void ShowHelp();
   void ShowKeys();
   void ShowAbout();
@@ -50,6 +59,7 @@ class MainWindow : public QMainWindow {
   THost& host_;
   ModuleLibrary& module_;
   DesktopSettings& settings_;
+  AccountActions account_;
   HelpKey helpKey_;
   StartPage* page_;
   QEventLoop loop_;

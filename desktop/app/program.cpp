@@ -10,7 +10,9 @@
 #include "desktop/app/app_look.h"
 #include "desktop/app/demo_company.h"
 #include "desktop/app/desktop_host.h"
+#include "desktop/app/password_dialog.h"
 #include "desktop/app/sign_in.h"
+#include "desktop/app/users_dialog.h"
 #include "desktop/views/shown_text.h"
 
 namespace goods {
@@ -106,6 +108,23 @@ std::optional<UserRecord> DesktopProgram::SignIn() {
   return user;
 }
 
+AccountActions AccountActionsFor(ICompany& company, const UserRecord& user) {
+  AccountActions actions;
+  if (user.everyRight) {
+    actions.manageUsers = [&company, user](QWidget* parent) {
+      UsersDialog(company.Users(), user.code, parent).exec();
+    };
+  }
+  actions.changePassword = [&company, user](QWidget* parent) {
+    const auto take = [&](const std::string& old, const std::string& password) {
+      if (!company.SignIn(user.login, old)) throw CompanyError("گذرواژه کنونی درست نیست.");
+      company.Users().SetPassword(user.code, password);
+    };
+    PasswordDialog(ToQt(user.login), true, take, parent).exec();
+  };
+  return actions;
+}
+
 MainOutcome DesktopProgram::Work(const UserRecord& user) {
   DesktopHost host(*company_.company, user, settings_, *module_, log_.get());
   module_->Attach(host);
@@ -114,7 +133,8 @@ MainOutcome DesktopProgram::Work(const UserRecord& user) {
     ModuleLibrary& module;
     ~DetachScope() { module.Detach(); }
   } const scope{*module_};
-  MainWindow window(host, *module_, settings_, ToQt(company_.company->Title()), company_.path);
+  MainWindow window(host, *module_, settings_, ToQt(company_.company->Title()), company_.path,
+                    AccountActionsFor(*company_.company, user));
   return window.Run();
 }
 

@@ -26,6 +26,10 @@ struct StartOptions {
   std::string dataFolder;  // where the demo company lies
 };
 
+// Everybody may change the own password, users with every right manage the others. company must outlive the
+// actions.
+AccountActions AccountActionsFor(ICompany& company, const UserRecord& user);
+
 class DesktopProgram {
  public:
   explicit DesktopProgram(StartOptions options);

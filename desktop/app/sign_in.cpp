@@ -6,9 +6,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "desktop/app/app_look.h"
+#include "desktop/app/keyboard_hint.h"
 #include "desktop/views/shown_text.h"
 
 namespace goods {
@@ -18,7 +20,8 @@ SignInDialog::SignInDialog(ICompany& company, const QString& login, const QStrin
       company_(company),
       login_(new QLineEdit(login, this)),
       password_(new QLineEdit(this)),
-      problem_(ProblemLabel(this)) {
+      problem_(ProblemLabel(this)),
+      second_(new QTimer(this)) {
   LayOut(ToQt(company.Title()), hint);
   (login.isEmpty() ? login_ : password_)->setFocus();
 }
@@ -46,9 +49,12 @@ void SignInDialog::LayOut(const QString& company, const QString& hint) {
   form->addRow("گذر&واژه :", password_);
 
   auto* buttons = new QDialogButtonBox(this);
-  auto* enter = buttons->addButton("ورود  Enter", QDialogButtonBox::AcceptRole);
-  enter->setObjectName("SignIn_BTN");
-  enter->setDefault(true);
+  enter_ = buttons->addButton("ورود  Enter", QDialogButtonBox::AcceptRole);
+  enter_->setObjectName("SignIn_BTN");
+  enter_->setDefault(true);
+  second_->setInterval(1000);
+  connect(second_, &QTimer::timeout, this, &SignInDialog::CountDown);
+  connect(login_, &QLineEdit::textEdited, this, &SignInDialog::EndWait);
   buttons->addButton("انصراف  Esc", QDialogButtonBox::RejectRole)->setObjectName("Exit_BTN");
   connect(buttons, &QDialogButtonBox::accepted, this, &SignInDialog::TryNow);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -63,6 +69,7 @@ void SignInDialog::LayOut(const QString& company, const QString& hint) {
   layout->addWidget(companyLabel);
   layout->addSpacing(12);
   layout->addLayout(form);
+  layout->addWidget(new KeyboardHint({login_, password_}, this));
   layout->addWidget(problem_);
   if (!hint.isEmpty()) {
     auto* hintLabel = MutedLabel(hint, this);
@@ -85,6 +92,9 @@ void SignInDialog::TryNow() {
   }
   try {
     user_ = company_.SignIn(FromQt(login), FromQt(password_->text()));
+  } catch (const SignInDelayed& delayed) {
+    BeginWait(delayed);
+    return;
   } catch (const CompanyError& error) {
     ShowProblem(ToQt(error.what()));
     return;
@@ -96,6 +106,28 @@ void SignInDialog::TryNow() {
   ShowProblem("نام کاربر یا گذرواژه درست نیست.");
   password_->setFocus();
   password_->selectAll();
+}
+
+void SignInDialog::BeginWait(const SignInDelayed& delayed) {
+  wait_ = delayed.Seconds();
+  enter_->setEnabled(false);
+  second_->start();
+  ShowProblem(ShownText(delayed.what()));
+}
+
+void SignInDialog::EndWait() {
+  if (!second_->isActive()) return;
+  second_->stop();
+  enter_->setEnabled(true);
+  problem_->setVisible(false);
+}
+
+void SignInDialog::CountDown() {
+  if (--wait_ <= 0) {
+    EndWait();
+  } else {
+    ShowProblem(ShownText(SignInDelayed(wait_).what()));
+  }
 }
 
 void SignInDialog::ShowProblem(const QString& text) {

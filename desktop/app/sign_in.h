@@ -8,10 +8,13 @@
 
 class QLabel;
 class QLineEdit;
+class QPushButton;
+class QTimer;
 
 namespace goods {
 
-// Stays until the name and the password are right, or the user gives up.
+// Stays until the name and the password are right, or the user gives up. A login that has to wait after
+// failed sign-ins is told how long; the button waits with it, until another name is typed.
 class SignInDialog : public QDialog {
  public:
   // company must outlive it. hint is shown below the edits; empty for none.
@@ -24,11 +27,17 @@ class SignInDialog : public QDialog {
   void LayOut(const QString& company, const QString& hint);
   void TryNow();
   void ShowProblem(const QString& text);
+  void BeginWait(const SignInDelayed& delayed);
+  void EndWait();
+  void CountDown();
 
   ICompany& company_;
   QLineEdit* login_;
   QLineEdit* password_;
   QLabel* problem_;
+  QPushButton* enter_ = nullptr;
+  QTimer* second_;
+  std::int64_t wait_ = 0;  // seconds
   std::optional<UserRecord> user_;
 };
 

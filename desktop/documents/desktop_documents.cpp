@@ -7,9 +7,13 @@
 
 namespace goods {
 
-DesktopDocuments::DesktopDocuments(ICompany& company, IMessages& messages, ReportOpeners reports,
-                                   std::function<QWidget*()> parent)
-    : company_(company), messages_(messages), reports_(std::move(reports)), parent_(std::move(parent)) {}
+DesktopDocuments::DesktopDocuments(ICompany& company, IMessages& messages, const IRights& rights,
+                                   ReportOpeners reports, std::function<QWidget*()> parent)
+    : company_(company),
+      messages_(messages),
+      rights_(rights),
+      reports_(std::move(reports)),
+      parent_(std::move(parent)) {}
 
 void DesktopDocuments::SetLoadedDLLs(DocumentModule module, bool loaded) {
   if (loaded) {
@@ -38,12 +42,13 @@ void DesktopDocuments::Show(DocumentKind kind, std::int64_t code, DocumentModule
 }
 
 void DesktopDocuments::ShowWindow(DocumentKind kind, std::int64_t code) {
-  const auto view = company_.Document(kind, code);
+  auto view = company_.Document(kind, code);
   if (!view) {
     messages_.ShowSmartMessage("سندی با شماره " + std::to_string(code) + " پیدا نشد.", "",
                                MessageIcon::Warning);
     return;
   }
+  if (!rights_.SeesPrices()) view = WithoutPrices(*std::move(view));
   DocumentWindow window(*view, code, parent_());
   window.exec();
 }

@@ -9,6 +9,7 @@
 #include "company/company.h"
 #include "host/services/documents.h"
 #include "host/services/messages.h"
+#include "host/services/rights.h"
 
 class QWidget;
 
@@ -39,7 +40,8 @@ struct ReportOpeners {
 class DesktopDocuments : public IDocuments {
  public:
   // company and messages must outlive it. parent gives the window that documents open over.
-  DesktopDocuments(ICompany& company, IMessages& messages, ReportOpeners reports,
+  // rights says whether prices are shown.
+  DesktopDocuments(ICompany& company, IMessages& messages, const IRights& rights, ReportOpeners reports,
                    std::function<QWidget*()> parent);
 
   // Whether another part of the program works with the module. Nothing here does by itself.
@@ -89,6 +91,7 @@ class DesktopDocuments : public IDocuments {
 
   ICompany& company_;
   IMessages& messages_;
+  const IRights& rights_;
   ReportOpeners reports_;
   std::function<QWidget*()> parent_;
   std::set<DocumentModule> loaded_;

@@ -89,7 +89,7 @@ QWidget* DocumentWindow::MakeHeader(const DocumentView& view) {
   grid->setHorizontalSpacing(10);
   grid->setVerticalSpacing(8);
   int place = 0;
-  for (const auto& [caption, text] : view.header) {
+  for (const auto& [caption, text, money] : view.header) {
     const int line = place / kHeaderPairsInLine;
     const int column = place % kHeaderPairsInLine * 2;
     auto* value = Emphasised(text.empty() ? QString("—") : ShownText(text), frame);
@@ -117,7 +117,7 @@ QWidget* DocumentWindow::MakeTotals(const DocumentView& view) {
   layout->setContentsMargins(4, 0, 4, 0);
   layout->setSpacing(8);
   layout->addStretch(1);
-  for (const auto& [caption, text] : view.totals) {
+  for (const auto& [caption, text, money] : view.totals) {
     layout->addWidget(Caption(ToQt(caption), line));
     layout->addWidget(Emphasised(ShownText(text), line));
     layout->addSpacing(16);

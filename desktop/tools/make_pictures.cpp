@@ -13,6 +13,7 @@
 #include "desktop/app/main_window.h"
 #include "desktop/app/settings_dialog.h"
 #include "desktop/app/sign_in.h"
+#include "desktop/app/users_dialog.h"
 #include "desktop/tools/picture_scenes_reports.h"
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
@@ -44,6 +45,14 @@ void PictureDialogs(const Pictures& pictures) {
   CompanyChooser chooser(pictures.settings, [] { return QString(); });
   WhileModal([&](QWidget& window) { pictures.Save(window, "company-chooser"); });
   chooser.Choose();
+
+  UsersDialog users(pictures.company.Users(), 1, nullptr);
+  WhileModal([&](QWidget& window) {
+    PressKey(window, Qt::Key_Down);
+    WhileModal([&](QWidget& user) { pictures.Save(user, "user"); });
+    PressKey(window, Qt::Key_F2);
+  });
+  users.exec();
 
   SettingsDialog settings(pictures.settings);
   WhileModal([&](QWidget& window) { pictures.Save(window, "settings"); });

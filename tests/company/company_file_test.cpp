@@ -105,14 +105,6 @@ TEST_F(CompanyFileTest, ANewerCompanyIsRefused) {
   EXPECT_TRUE(Says("تازه تری"));
 }
 
-// What the first version of the schema lacked.
-constexpr char kMakeOlder[] =
-    "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument; DROP INDEX DetailKardex_ByValue;"
-    "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
-    "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
-    "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
-    "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches; PRAGMA user_version = 1";
-
 TEST_F(CompanyFileTest, AnOlderCompanyIsBroughtUpToDate) {
   constexpr char kInStores[] =
       "select Kala, Anbar, Mogodi, varede, sadere, OperationDate from GoodStoreStock";

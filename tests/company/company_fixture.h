@@ -48,6 +48,15 @@ RowStore AskRows(IConnection& connection, std::string_view statement);
 // The message with which the statement fails; "" when it does not.
 std::string Refusal(IConnection& connection, std::string_view statement);
 
+// Makes a company what the first version of the schema would have written: takes away what that one lacked.
+inline constexpr char kMakeOlder[] =
+    "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument; DROP INDEX DetailKardex_ByValue;"
+    "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
+    "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
+    "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
+    "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches;"
+    "ALTER TABLE Users DROP COLUMN SeesPrices; DROP TABLE SignInFailures; PRAGMA user_version = 1";
+
 // How many names in the folder of path begin with its name, or with a point and its name: what is left behind
 // beside it. The file itself is not counted.
 std::size_t NamesBeside(const std::string& path);

@@ -11,6 +11,8 @@ namespace {
 
 using Rows = std::vector<std::vector<std::string>>;
 
+constexpr char kPassword[] = "کلید-انبار-7";
+
 // The example's files, to be spoiled one at a time.
 class ImportTest : public ::testing::Test {
  protected:
@@ -20,7 +22,8 @@ class ImportTest : public ::testing::Test {
     }
   }
 
-  ImportCounts Import(const ImportOptions& options = {}) {
+  ImportCounts Import(ImportOptions options = {}) {
+    options.firstPassword = kPassword;
     std::filesystem::create_directories(folder_.Path());
     for (const auto& [name, text] : files_) WriteFile(folder_.Path() + "/" + name, text);
     return ImportCompany(company_.Path(), folder_.Path(), options);
@@ -73,8 +76,20 @@ TEST_F(ImportTest, TheExampleBecomesACompanyWithItsAveragesWorkedOut) {
   EXPECT_EQ(Ask(*connection, "select Mogodi, Mogodi2, Jam_Kol from GoodInf_VW where Code = 1"),
             (Rows{{"106.75", "10", "106750000"}}));
   EXPECT_EQ(Ask(*connection, "select Name from GoodInf where Code = 2"), (Rows{{"چای \"قلم\", ممتاز"}}));
+  EXPECT_TRUE(company->SignIn("admin", kPassword).has_value());
+}
+
+TEST_F(ImportTest, WithoutAPasswordTheFirstUserGetsARandomOneThatIsTold) {
+  ImportOptions options;
+  options.firstPassword = "";
+  std::filesystem::create_directories(folder_.Path());
+  for (const auto& [name, text] : files_) WriteFile(folder_.Path() + "/" + name, text);
+  const ImportCounts counts = ImportCompany(company_.Path(), folder_.Path(), options);
   EXPECT_EQ(counts.firstLogin, "admin");
-  EXPECT_TRUE(company->SignIn("admin", counts.firstPassword).has_value());
+  EXPECT_EQ(counts.firstPassword.size(), 19U);
+  const std::unique_ptr<ICompany> company = OpenCompany(company_.Path());
+  EXPECT_TRUE(company->SignIn("admin", counts.firstPassword));
+  EXPECT_FALSE(company->SignIn("admin", "admin"));
 }
 
 TEST_F(ImportTest, RowsOfOneDocumentAreNumberedAndItsHeaderIsThatOfTheFirst) {
@@ -89,7 +104,7 @@ TEST_F(ImportTest, RowsOfOneDocumentAreNumberedAndItsHeaderIsThatOfTheFirst) {
   ASSERT_TRUE(transfer.has_value());
   EXPECT_EQ(transfer->rows.size(), 1U);
   const auto line = [&](const std::string& caption) {
-    for (const auto& [name, text] : transfer->header) {
+    for (const auto& [name, text, money] : transfer->header) {
       if (name == caption) return text;
     }
     return std::string();

@@ -262,12 +262,7 @@ class Stop : public IStatementProgress {
 };
 
 TEST_F(StrangerTest, TheUpgradeOfALargeCompanyCanBeStopped) {
-  Change(
-      "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument; DROP INDEX DetailKardex_ByValue;"
-      "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
-      "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
-      "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
-      "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches; PRAGMA user_version = 1");
+  Change(kMakeOlder);
   const std::string before = ReadFile(file_.Path());
   Stop stop;
   EXPECT_THROW(OpenCompany(file_.Path(), &stop), OpeningCancelled);

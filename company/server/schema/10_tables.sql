@@ -172,7 +172,8 @@ CREATE TABLE dbo.SessionPrices(
 GO
 CREATE TABLE dbo.Users(
   Code bigint NOT NULL PRIMARY KEY, Login nvarchar(200) COLLATE Latin1_General_BIN2 NOT NULL UNIQUE,
-  Name nvarchar(400) NOT NULL, PasswordHash nvarchar(400) NOT NULL, EveryRight bigint NOT NULL DEFAULT 0);
+  Name nvarchar(400) NOT NULL, PasswordHash nvarchar(400) NOT NULL, EveryRight bigint NOT NULL DEFAULT 0,
+  SeesPrices bigint NOT NULL DEFAULT 1);
 GO
 CREATE TABLE dbo.UserRights(
   UserCode bigint NOT NULL REFERENCES dbo.Users(Code), Part bigint NOT NULL, Permission bigint NOT NULL,

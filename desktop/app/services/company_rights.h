@@ -22,6 +22,8 @@ class CompanyRights : public IRights {
   bool HavePermission(const TUserInfo& user, int softwarePart, int permission, bool showMessage, bool logged,
                       std::string_view text) override;
   void SetUserEvent(int softwarePart, int permission, std::int64_t code) override;
+  // As the user's record said at signing in.
+  bool SeesPrices() const override { return user_.seesPrices; }
 
  private:
   ICompany& company_;

@@ -77,7 +77,7 @@ class AddTest : public ::testing::Test {
 
   void ImportBase() {
     ImportOptions options;
-    options.firstPassword = "x";
+    options.firstPassword = "a password";
     options.replace = true;
     ImportCompany(company_.Path(), base_.Write(), options);
   }
@@ -105,7 +105,7 @@ TEST_F(AddTest, AddingABatchGivesWhatImportingAllAtOnceGives) {
     base_["movements.csv"] = whole_;
     const TestFile all("all.company");
     ImportOptions options;
-    options.firstPassword = "x";
+    options.firstPassword = "a password";
     ImportCompany(all.Path(), base_.Write(), options);
     ExpectAlike(company_.Path(), all.Path());
   }

@@ -47,7 +47,7 @@ class RealFiles : public ::testing::Test {
   }
 
   ImportCounts Import(ImportOptions options = {}) {
-    options.firstPassword = "x";
+    options.firstPassword = "a password";
     options.replace = true;
     return ImportCompany(company_.Path(), folder_.Write(), options);
   }
@@ -274,7 +274,7 @@ TEST_F(RealFiles, AWorkbookWithASheetForEachFileIsRead) {
          {},
          {"#45496", "#2", "#1", "خرید", "=7", "#1250000"}}}});
   ImportOptions options;
-  options.firstPassword = "x";
+  options.firstPassword = "a password";
   ImportCompany(company_.Path(), book.Path(), options);
   EXPECT_EQ(Ask("SELECT Date, Kala, dec_text(Tedad), dec_text(Fi) FROM Kardex ORDER BY 2"),
             (Rows{"1403/01/01|1|12.1|0.3|", "1403/05/02|2|7|1250000|"}));

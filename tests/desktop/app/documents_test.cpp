@@ -63,7 +63,7 @@ TEST_F(Documents, GoodDetailsAreOpenedWhereTheLibraryHasTheReportAndToldAboutEls
   std::vector<DetailTransactionsCall> calls;
   const ReportOpeners with{.stockCard = {},
                            .detailTransactions = [&](const auto& call) { calls.push_back(call); }};
-  DesktopDocuments able(Company(), host.Messages(), with, [] { return nullptr; });
+  DesktopDocuments able(Company(), host.Messages(), host.Rights(), with, [] { return nullptr; });
   able.Call_GoodDetailTransactions(7, true, 2, false, "1403/01/01", "1403/12/30", true, ",3,", false, "5");
   ASSERT_EQ(calls.size(), 1U);
   EXPECT_EQ(calls[0].good, 7);
@@ -76,7 +76,7 @@ TEST_F(Documents, GoodDetailsAreOpenedWhereTheLibraryHasTheReportAndToldAboutEls
   EXPECT_FALSE(calls[0].categoryGiven);
   EXPECT_EQ(calls[0].category, "5");
   EXPECT_TRUE(host.Messages().Shown().empty());
-  DesktopDocuments without(Company(), host.Messages(), {}, [] { return nullptr; });
+  DesktopDocuments without(Company(), host.Messages(), host.Rights(), {}, [] { return nullptr; });
   without.Call_GoodDetailTransactions(7, false, 0, false, "", "", false, "", false, "");
   EXPECT_EQ(host.Messages().Shown().size(), 1U);
 }

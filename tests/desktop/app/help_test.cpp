@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -12,6 +13,7 @@
 #include "desktop/app/help_book.h"
 #include "desktop/app/help_viewer.h"
 #include "desktop/app/main_window.h"
+#include "desktop/app/users_dialog.h"
 #include "include/goods_reports.h"
 #include "tests/desktop/app/kit.h"
 
@@ -105,6 +107,22 @@ TEST_F(Help, AReportThatAReportOpensShowsItsOwnPage) {
   EXPECT_EQ(page, "operation-mismatch.md");
 }
 
+TEST_F(Help, TheWindowsOfUsersHaveAPageOfTheirOwn) {
+  DesktopHost& host = QuietHost();
+  MainWindow main(host, Module(), Settings(), "شرکت", "");
+  main.show();
+  QString users;
+  QString user;
+  WhileModal([&](QWidget& window) {
+    users = PageAtF1(window);
+    WhileModal([&](QWidget& opened) { user = PageAtF1(opened); });
+    dynamic_cast<QPushButton&>(Child(window, "Change_BTN")).click();
+  });
+  UsersDialog(Company().Users(), 1, &main).exec();
+  EXPECT_EQ(users, "users.md");
+  EXPECT_EQ(user, "users.md");
+}
+
 TEST_F(Help, OnTheMainWindowAndInTheHelpItselfItIsTheIndex) {
   DesktopHost& host = QuietHost();
   MainWindow main(host, Module(), Settings(), "شرکت", "");
@@ -120,7 +138,8 @@ TEST_F(Help, OnTheMainWindowAndInTheHelpItselfItIsTheIndex) {
 }
 
 TEST(HelpPagesTest, EachHasATitleLinksThatLeadToPagesAndPicturesThatAreThere) {
-  ASSERT_EQ(HelpPages().size(), kReports.size() + 1);
+  // The index and the users beside the reports.
+  ASSERT_EQ(HelpPages().size(), kReports.size() + 2);
   static const QRegularExpression kTarget(R"(\]\(([^)#]+)\))");
   for (const HelpPage& page : HelpPages()) {
     const QString text = QString::fromUtf8(PageText(page.file));
