@@ -127,6 +127,7 @@ AccountActions AccountActionsFor(ICompany& company, const UserRecord& user) {
 
 MainOutcome DesktopProgram::Work(const UserRecord& user) {
   DesktopHost host(*company_.company, user, settings_, *module_, log_.get());
+  host.Printing().Protect(FromQt(company_.path));
   module_->Attach(host);
   // The kept windows go before the host that they were made with.
   struct DetachScope {

@@ -1,28 +1,63 @@
-// One report of one company, without a screen: opened through the module, printed into files.
+// ReportRunner: reports of one company without a screen, as one signed-in user: opened through the module,
+// their windows set like a user sets them, their lists written to files.
 #pragma once
 
 #include <cstdint>
 #include <iosfwd>
+#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
+
+#include "company/company.h"
+#include "desktop/cli/report_request.h"
 
 namespace goods {
 
-struct ReportRun {
+struct SessionOptions {
   std::string company;  // the file
-  std::string report = "kardex";
-  std::int64_t good = 0;   // 0: the one with the most movements
-  std::int64_t store = 0;  // 0: every store
-  std::string from;        // Jalali dates; an empty from is no date range
-  std::string to;
-  std::string pdf;   // where it is written; empty for not at all
-  std::string text;  // likewise
-  std::string module;
+  std::string module;   // the report library; empty for the one beside the program
+  std::string programFolder;
   std::string statementLog;
+  std::string
+      settings;  // the desktop's settings folder, whose units and decimals count; empty for the defaults
+  bool progress = false;  // told on the stream of messages, for a terminal
+  bool quiet = false;     // says nothing of what was written
 };
 
-// Needs a QGuiApplication. What reports and company have to say goes to messages. Throws std::exception with
-// a message for the user when the run cannot be made; false when the report told of a failure, or printed
-// nothing.
-bool RunReport(const ReportRun& run, const std::string& programFolder, std::ostream& messages);
+// The user may not do that. The message is Persian, and the user was not told yet.
+class RefusedByRights : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+  ~RefusedByRights() override;
+};
+
+struct RunOutcome {
+  std::size_t rows = 0;
+  std::vector<std::string> files;  // as written
+};
+
+// One connection and one loaded module for as long as it lives. Needs a QGuiApplication.
+class ReportRunner {
+ public:
+  // Messages of reports and company go to messages, a line each. Throws std::exception with a Persian
+  // message.
+  ReportRunner(ICompany& company, const UserRecord& user, const SessionOptions& options,
+               std::ostream& messages);
+  ~ReportRunner();
+
+  // A checked request. Throws UsageError, RefusedByRights, or std::exception with a Persian message; files
+  // that were written before stand.
+  RunOutcome Run(const ReportRequest& request);
+  std::string Today() const;
+
+  struct Impl;
+
+ private:
+  std::unique_ptr<Impl> impl_;
+};
+
+// What can be asked of a report: its criteria, and its columns as far as no company is needed to know them.
+void DescribeReport(const ReportSpec& report, const SessionOptions& options, std::ostream& out);
 
 }  // namespace goods

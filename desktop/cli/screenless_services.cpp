@@ -43,9 +43,16 @@ void NoWaiting::HideWaitting(TForm* /*owner*/, int /*reserved*/) {}
 void FixedSettings::SaveSettingItem(int /*softwarePart*/, int /*item*/, bool /*on*/, std::int64_t /*number*/,
                                     std::string_view /*text*/) {}
 
-void PrintToFunction::Preview(const PrintJob& job) {
-  print_(job);
-  printed_ = true;
+void NoPrinting::Preview(const PrintJob& /*job*/) {}
+
+bool ScreenlessRights::HavePermission(const TUserInfo& user, int softwarePart, int permission,
+                                      bool showMessage, bool logged, std::string_view text) {
+  const bool decides = permission == kPermissionOpenReport || permission == kPermissionPrintList;
+  if (CompanyRights::HavePermission(user, softwarePart, permission, showMessage && !decides, logged, text)) {
+    return true;
+  }
+  if (decides && showMessage) refusal_ = MissingRightText(softwarePart, permission);
+  return false;
 }
 
 }  // namespace goods

@@ -1,11 +1,12 @@
 // The services of the screenless host that need no more than a terminal.
 #pragma once
 
-#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "desktop/app/services/company_rights.h"
 #include "host/services/documents.h"
 #include "host/services/messages.h"
 #include "host/services/printing.h"
@@ -20,6 +21,7 @@ class StreamMessages : public IMessages {
  public:
   explicit StreamMessages(std::ostream& out) : out_(out) {}
   bool AnySaid() const { return anySaid_; }
+  void Forget() { anySaid_ = false; }
 
   void ShowSmartMessage(std::string_view text, std::string_view caption, MessageIcon icon) override;
   void ShowSmartMessage(int number, std::string_view inserted) override;
@@ -36,7 +38,23 @@ class StreamMessages : public IMessages {
   bool anySaid_ = false;
 };
 
-// Whoever may read the company's file may have all of its reports: nobody signs in here.
+// The signed-in user's rights as on the desktop. What the reports ask with a message is told as a note; a
+// report that may not be opened or printed is kept as a refusal.
+class ScreenlessRights : public CompanyRights {
+ public:
+  ScreenlessRights(ICompany& company, UserRecord user, IMessages& notes)
+      : CompanyRights(company, std::move(user), notes) {}
+  bool HavePermission(const TUserInfo& user, int softwarePart, int permission, bool showMessage, bool logged,
+                      std::string_view text) override;
+  // Why the last run was refused; empty when it was not.
+  const std::string& Refusal() const { return refusal_; }
+  void ForgetRefusal() { refusal_.clear(); }
+
+ private:
+  std::string refusal_;
+};
+
+// Every right, for describing a report: there is no company and no row to see.
 class EveryRight : public IRights {
  public:
   const TUserInfo& UserInfo() const override { return user_; }
@@ -53,28 +71,25 @@ class NoWaiting : public IWaiting {
   void HideWaitting(TForm* owner, int reserved) override;
 };
 
-// The defaults; nothing is kept.
+// The settings record as it was given, and given again to each run; nothing is kept.
 class FixedSettings : public ISettings {
  public:
+  explicit FixedSettings(TSettings settings = {}) : given_(settings), settings_(settings) {}
+  void Restore() { settings_ = given_; }
   TSettings& Settings() override { return settings_; }
   void SaveSettingItem(int softwarePart, int item, bool on, std::int64_t number,
                        std::string_view text) override;
   std::string GetSettingFilePath() const override { return {}; }
 
  private:
+  TSettings given_;
   TSettings settings_;
 };
 
-// Hands each print job to a function instead of showing it.
-class PrintToFunction : public IPrinting {
+// Lists go to files, not through the report's own preview.
+class NoPrinting : public IPrinting {
  public:
-  explicit PrintToFunction(std::function<void(const PrintJob&)> print) : print_(std::move(print)) {}
-  bool Printed() const { return printed_; }
   void Preview(const PrintJob& job) override;
-
- private:
-  std::function<void(const PrintJob&)> print_;
-  bool printed_ = false;
 };
 
 }  // namespace goods

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <stdexcept>
-#include <thread>
 
 #include "host/core/jalali.h"
 #include "host/services/host.h"
@@ -11,9 +9,8 @@
 namespace goods {
 namespace {
 
-constexpr const char* kPrintButton = "PrintList_BTN";
-constexpr std::chrono::milliseconds kPatience{10'000};
-constexpr std::chrono::milliseconds kPause{5};
+constexpr std::uint64_t kMostAhead = 10'000;  // milliseconds that one wait may skip
+constexpr std::uint64_t kStep = 50;
 
 }  // namespace
 
@@ -28,19 +25,15 @@ bool ScreenlessWindows::Deliver() {
   return true;
 }
 
-void ScreenlessWindows::Print(TForm& form) {
-  auto* button = dynamic_cast<TControl*>(form.FindComponent(kPrintButton));
-  if (button == nullptr || !button->CanFocus()) {
-    throw std::runtime_error("این پنجره چاپ ندارد: " + form.Name());
+void ScreenlessWindows::DeliverAll() {
+  while (Deliver()) {
   }
-  button->Click();
 }
 
 void ScreenlessWindows::RunModal(TForm& form) {
   open_.push_back(&form);
-  while (Deliver()) {
-  }
-  RunUserAction(host_, [&] { Print(form); });
+  DeliverAll();
+  if (OnShown) OnShown(form);
   form.Close();
   open_.pop_back();
 }
@@ -48,15 +41,17 @@ void ScreenlessWindows::RunModal(TForm& form) {
 void ScreenlessWindows::PostMessage(TForm& form, int code) { messages_.push_back({&form, code}); }
 
 void ScreenlessWindows::ProcessMessages(const std::function<bool()>& until) {
-  const auto end = std::chrono::steady_clock::now() + kPatience;
-  while (!until() && std::chrono::steady_clock::now() < end) {
-    if (!Deliver()) std::this_thread::sleep_for(kPause);
+  for (std::uint64_t skipped = 0; !until() && skipped < kMostAhead;) {
+    if (Deliver()) continue;
+    ahead_ += kStep;
+    skipped += kStep;
   }
 }
 
 std::uint64_t ScreenlessWindows::TickCount() const {
   const auto now = std::chrono::steady_clock::now().time_since_epoch();
-  return static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+  return ahead_ +
+         static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
 }
 
 void ScreenlessWindows::ActivateKeyboardLayout(std::string_view /*layout*/) {}

@@ -1,5 +1,5 @@
-// ScreenlessWindows: a windowing system without a screen. A window that is shown prints its list and is
-// closed.
+// ScreenlessWindows: a windowing system without a screen. A window that is shown is handed to a function and
+// then closed.
 #pragma once
 
 #include <cstdint>
@@ -18,16 +18,20 @@ class ScreenlessWindows : public IWindows {
  public:
   explicit ScreenlessWindows(THost& host) : host_(host) {}
 
-  // Delivers what was posted, clicks PrintList_BTN, and closes the window. A window without that button, or
-  // with it disabled, is told as an error.
+  // What stands for the user: called with each window that is shown, once its posted messages are delivered.
+  std::function<void(TForm& form)> OnShown;
+
   void RunModal(TForm& form) override;
   void PostMessage(TForm& form, int code) override;
-  // Waits, delivering messages, for at most ten seconds.
+  // Delivers messages. Nobody types here, so while there are none the clock runs ahead instead of waiting.
   void ProcessMessages(const std::function<bool()>& until) override;
   std::uint64_t TickCount() const override;
   TForm* ActiveWindow() const override { return open_.empty() ? nullptr : open_.back(); }
   void ActivateKeyboardLayout(std::string_view layout) override;
   std::string NowDate() const override;
+
+  // Everything that was posted.
+  void DeliverAll();
 
  private:
   struct PostedMessage {
@@ -35,11 +39,11 @@ class ScreenlessWindows : public IWindows {
     int code;
   };
   bool Deliver();
-  void Print(TForm& form);
 
   THost& host_;
   std::vector<TForm*> open_;
   std::deque<PostedMessage> messages_;
+  std::uint64_t ahead_ = 0;  // milliseconds that were not waited for
 };
 
 }  // namespace goods

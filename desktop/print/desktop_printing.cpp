@@ -2,52 +2,100 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QProgressDialog>
 
-#include "desktop/print/export.h"
 #include "desktop/print/page_layout.h"
 #include "desktop/print/preview_window.h"
 #include "desktop/views/shown_text.h"
+#include "host/base/base_dock.h"
 #include "host/services/windows.h"
 
 namespace goods {
 namespace {
 
-QString AskForFile(QWidget* window, const char* title, const QString& name, const char* filter) {
-  return QFileDialog::getSaveFileName(window, QString::fromUtf8(title), name, QString::fromUtf8(filter));
+QString AskForFile(QWidget* window, const char* title, const QString& name, const QString& filter) {
+  return QFileDialog::getSaveFileName(window, QString::fromUtf8(title), name, filter);
 }
 
 }  // namespace
 
 void DesktopPrinting::Preview(const PrintJob& job) {
   const PageLayout layout(job, windows_.NowDate());
-  PreviewWindow preview(layout, QApplication::activeWindow());
+  PreviewWindow preview(layout, QApplication::activeWindow(), forbidden_);
   preview.exec();
 }
 
+// What the window would print, so that a file has the same title and criteria; of a grid that its window does
+// not print, the window's caption alone.
+PrintJob DesktopPrinting::JobOf(TSmartDBGrid_QRT& grid) const {
+  PrintJob job;
+  TForm* form = grid.Form();
+  if (form == nullptr) return job;
+  job.title = PlainCaption(form->Caption());
+  auto* window = dynamic_cast<TBaseDock_FRM*>(form);
+  if (window != nullptr && window->PrintedGrid() == &grid) job.lines = window->PrintLines();
+  return job;
+}
+
+// Who may not print a list may not carry it away as a file either.
+bool DesktopPrinting::MayTakeAway(TSmartDBGrid_QRT& grid) {
+  auto* window = dynamic_cast<TBaseDock_FRM*>(grid.Form());
+  if (window == nullptr || window->PrintOption.SoftwarePart == 0) return true;
+  IRights& rights = window->Host().Rights();
+  return rights.HavePermission(rights.UserInfo(), window->PrintOption.SoftwarePart, kPermissionPrintList,
+                               true, true, "");
+}
+
+void DesktopPrinting::Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat format, const char* caption,
+                             IMessages& messages) {
+  if (!MayTakeAway(grid)) return;
+  const QString ending = QString::fromLatin1(EndingOf(format).data());
+  const QString path = AskForFile(window, caption, window->windowTitle() + "." + ending,
+                                  ending.toUpper() + " (*." + ending + ")");
+  if (path.isEmpty()) return;
+  const std::unique_ptr<IReportTable> table = grid.Table();
+  PrintJob job = JobOf(grid);
+  job.table = table.get();
+  QProgressDialog progress("در حال نوشتن پرونده…", "توقف", 0, static_cast<int>(table->RowCount()), window);
+  progress.setWindowModality(Qt::WindowModal);
+  ExportOptions options;
+  options.today = windows_.NowDate();
+  options.forbidden = forbidden_;
+  options.progress = [&](std::size_t row) {
+    progress.setValue(static_cast<int>(row));
+    return !progress.wasCanceled();
+  };
+  try {
+    const std::string note = NoteOf(WriteReport(job, format, FromQt(path), options));
+    progress.reset();
+    if (!note.empty()) messages.ShowSmartMessage(note, "", MessageIcon::Information);
+  } catch (const ExportStopped&) {
+    // The user knows.
+  } catch (const ExportError& error) {
+    progress.reset();
+    messages.ShowSmartMessage(error.what(), "", MessageIcon::Error);
+  }
+}
+
 std::vector<GridCommand> DesktopPrinting::GridCommands(IMessages& messages) {
-  const auto exporting = [&messages](const std::function<void()>& write) {
-    try {
-      write();
-    } catch (const ExportError& error) {
-      messages.ShowSmartMessage(error.what(), "", MessageIcon::Error);
-    }
+  const auto exporting = [this, &messages](FileFormat format, const char* caption) {
+    return GridCommand{std::string(caption) + "…",
+                       [this, &messages, format, caption](TSmartDBGrid_QRT& grid, QWidget* window) {
+                         Export(grid, window, format, caption, messages);
+                       }};
   };
-  const auto csv = [exporting](TSmartDBGrid_QRT& grid, QWidget* window) {
-    const QString path = AskForFile(window, "خروجی CSV", window->windowTitle() + ".csv", "CSV (*.csv)");
-    if (!path.isEmpty()) exporting([&] { WriteCsv(grid.Table(), FromQt(path)); });
-  };
-  const auto xlsx = [exporting](TSmartDBGrid_QRT& grid, QWidget* window) {
-    const QString path =
-        AskForFile(window, "خروجی صفحه گسترده", window->windowTitle() + ".xlsx", "XLSX (*.xlsx)");
-    if (!path.isEmpty()) exporting([&] { WriteXlsx(grid, FromQt(path), FromQt(window->windowTitle())); });
-  };
-  const auto print = [this](TSmartDBGrid_QRT& grid, QWidget* window) {
-    PrintJob job;
-    job.title = FromQt(window->windowTitle());
-    job.table = &grid.Table();
+  const auto print = [this](TSmartDBGrid_QRT& grid, QWidget* /*window*/) {
+    if (!MayTakeAway(grid)) return;
+    const std::unique_ptr<IReportTable> table = grid.Table();
+    PrintJob job = JobOf(grid);
+    job.table = table.get();
     Preview(job);
   };
-  return {{"خروجی CSV…", csv}, {"خروجی صفحه گسترده (XLSX)…", xlsx}, {"چاپ…", print}};
+  return {exporting(FileFormat::Csv, "خروجی CSV"),
+          exporting(FileFormat::Xlsx, "خروجی صفحه گسترده (XLSX)"),
+          exporting(FileFormat::Json, "خروجی JSON"),
+          exporting(FileFormat::Text, "خروجی متن"),
+          {"چاپ…", print}};
 }
 
 }  // namespace goods

@@ -1,8 +1,11 @@
 // DesktopPrinting: preview, paper, PDF and exports of a table.
 #pragma once
 
+#include <string>
+#include <utility>
 #include <vector>
 
+#include "desktop/print/export.h"
 #include "desktop/views/form_view.h"
 #include "host/services/messages.h"
 #include "host/services/printing.h"
@@ -16,15 +19,24 @@ class DesktopPrinting : public IPrinting {
   // windows tells the day that is printed on the pages.
   explicit DesktopPrinting(IWindows& windows) : windows_(windows) {}
 
+  // No export or PDF is written over this file; told of the open company's.
+  void Protect(std::string path) { forbidden_.push_back(std::move(path)); }
+
   // Shows the preview over the active window; returns when it is closed.
   void Preview(const PrintJob& job) override;
 
-  // The entries of every table's menu: export as CSV and as a spreadsheet, print. messages hears of files
-  // that cannot be written. Both must outlive the commands.
+  // The entries of every table's menu: export in each format but PDF, which the preview writes, and print.
+  // messages hears of files that cannot be written. Both must outlive the commands.
   std::vector<GridCommand> GridCommands(IMessages& messages);
 
  private:
+  PrintJob JobOf(TSmartDBGrid_QRT& grid) const;
+  static bool MayTakeAway(TSmartDBGrid_QRT& grid);
+  void Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat format, const char* caption,
+              IMessages& messages);
+
   IWindows& windows_;
+  std::vector<std::string> forbidden_;
 };
 
 }  // namespace goods

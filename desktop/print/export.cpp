@@ -1,129 +1,162 @@
 #include "desktop/print/export.h"
 
-#include <QFile>
-#include <QMarginsF>
-#include <QPageSize>
-#include <QPainter>
-#include <QPdfWriter>
-#include <QSaveFile>
-#include <algorithm>
+#include <array>
+#include <chrono>
 
-#include "desktop/print/page_painter.h"
-#include "desktop/views/shown_text.h"
+#include "company/files/whole_file.h"
+#include "desktop/print/writers.h"
+#include "host/components/control.h"
+#include "host/core/jalali.h"
 #include "host/core/text.h"
 
 namespace goods {
 namespace {
 
-constexpr int kPdfDpi = 600;
-constexpr double kPointsPerInch = 72;
-constexpr std::size_t kWidestText = 40;
+constexpr std::size_t kRowsBetweenQuestions = 4096;
 
-[[noreturn]] void Fail(const std::string& path) {
-  throw ExportError("پرونده «" + path + "» نوشته نشد. جای آن و اجازه نوشتن را بررسی کنید.");
-}
-
-void WriteWhole(const std::string& path, const std::string& contents) {
-  QSaveFile file(ToQt(path));
-  if (!file.open(QIODevice::WriteOnly)) Fail(path);
-  file.write(contents.data(), static_cast<qint64>(contents.size()));
-  if (!file.commit()) Fail(path);
-}
-
-std::string CsvCell(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-  return "\"" + ReplaceAll(text, "\"", "\"\"") + "\"";
-}
-
-std::string PlainTitle(const std::string& caption) { return ReplaceAll(PlainCaption(caption), "|", " / "); }
-
-// Cells, then footers, padded to the widest of their column.
-class TextTable {
+class WholeFileSink : public ByteSink {
  public:
-  explicit TextTable(const IReportTable& table) : table_(table), columns_(table.Columns()) {
-    for (std::size_t c = 0; c < columns_.size(); ++c) {
-      std::size_t width = std::max(CharCount(PlainTitle(columns_[c].caption)), CharCount(Footer(c)));
-      for (std::size_t r = 0; r < table_.RowCount(); ++r)
-        width = std::max(width, CharCount(table_.CellText(r, c)));
-      widths_.push_back(std::min(width, kWidestText));
-    }
-  }
-  std::string Text() const {
-    std::string out = Line([&](std::size_t c) { return PlainTitle(columns_[c].caption); }) + Rule();
-    for (std::size_t r = 0; r < table_.RowCount(); ++r)
-      out += Line([&](std::size_t c) { return table_.CellText(r, c); });
-    if (table_.HasFooter()) out += Rule() + Line([&](std::size_t c) { return Footer(c); });
-    return out;
-  }
+  explicit WholeFileSink(WholeFile& file) : file_(file) {}
+  void Write(std::string_view bytes) override { file_.Write(bytes); }
 
  private:
-  std::string Footer(std::size_t column) const { return table_.HasFooter() ? table_.FooterText(column) : ""; }
-  template <typename CellOf>
-  std::string Line(CellOf cellOf) const {
-    std::string line;
-    for (std::size_t c = 0; c < columns_.size(); ++c) {
-      const std::string text(FirstChars(cellOf(c), widths_[c]));
-      const std::string padding(widths_[c] - CharCount(text), ' ');
-      if (c > 0) line += " | ";
-      line += columns_[c].isNumber ? padding + text : text + padding;
-    }
-    return line + "\n";
-  }
-  std::string Rule() const {
-    std::string line;
-    for (std::size_t c = 0; c < widths_.size(); ++c)
-      line += (c > 0 ? "-+-" : "") + std::string(widths_[c], '-');
-    return line + "\n";
-  }
-
-  const IReportTable& table_;
-  std::vector<ReportColumn> columns_;
-  std::vector<std::size_t> widths_;
+  WholeFile& file_;
 };
+
+struct Writer {
+  FileFormat format;
+  void (*write)(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+};
+constexpr std::array<Writer, 4> kStreamed{{
+    {FileFormat::Text, WriteTextTo},
+    {FileFormat::Csv, WriteCsvTo},
+    {FileFormat::Json, WriteJsonTo},
+    {FileFormat::Pdf, WritePdfTo},
+}};
+
+ExportOutcome WriteInto(WholeFile& file, const PrintJob& job, FileFormat format,
+                        const ExportOptions& options) {
+  for (const Writer& writer : kStreamed) {
+    if (writer.format != format) continue;
+    WholeFileSink sink(file);
+    writer.write(job, sink, options);
+    return {};
+  }
+  return WriteXlsxAt(job, file.TemporaryPath(), options);
+}
+
+// The length of the UTF-8 character that text begins with; 0 where it begins with none.
+std::size_t CharacterLength(std::string_view text) {
+  const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char first = byte(0);
+  const std::size_t length = first < 0x80 ? 1 : first < 0xC2 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+  if (length == 0 || first > 0xF4 || length > text.size()) return 0;
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xC0) != 0x80) return 0;
+  }
+  if (first == 0xE0 && byte(1) < 0xA0) return 0;
+  if (first == 0xED && byte(1) > 0x9F) return 0;
+  if (first == 0xF0 && byte(1) < 0x90) return 0;
+  if (first == 0xF4 && byte(1) > 0x8F) return 0;
+  return length;
+}
 
 }  // namespace
 
-void WritePdf(const PrintJob& job, const std::string& path, const std::string& today) {
-  const PageLayout layout(job, today);
-  QSaveFile file(ToQt(path));
-  if (!file.open(QIODevice::WriteOnly)) Fail(path);
-  {
-    QPdfWriter writer(&file);
-    writer.setTitle(ToQt(job.title));
-    writer.setResolution(kPdfDpi);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageOrientation(layout.Landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
-    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    QPainter painter;
-    if (!painter.begin(&writer)) Fail(path);
-    painter.scale(kPdfDpi / kPointsPerInch, kPdfDpi / kPointsPerInch);
-    for (std::size_t page = 0; page < layout.Pages().size(); ++page) {
-      if (page > 0) writer.newPage();
-      PaintPage(painter, layout, page);
+ByteSink::~ByteSink() = default;
+ExportError::~ExportError() = default;
+ExportStopped::~ExportStopped() = default;
+
+ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::string& path,
+                          const ExportOptions& options) {
+  try {
+    WholeFile file(path, {.forbidden = options.forbidden, .layer = options.layer});
+    const ExportOutcome outcome = WriteInto(file, job, format, options);
+    file.Commit();
+    return outcome;
+  } catch (const ExportError&) {
+    throw;
+  } catch (const FileError& error) {
+    throw ExportError(error.what());
+  } catch (const std::exception&) {
+    // A library's own words say nothing to a user.
+    throw ExportError("پرونده «" + path + "» نوشته نشد. جای خالی دیسک و پوشه موقت را بررسی کنید.");
+  }
+}
+
+std::string_view EndingOf(FileFormat format) {
+  constexpr std::array<std::string_view, 5> kEndings{"txt", "csv", "xlsx", "json", "pdf"};
+  return kEndings[static_cast<std::size_t>(format)];
+}
+
+std::string NoteOf(const ExportOutcome& outcome) {
+  if (outcome.cutTexts == 0) return {};
+  return std::to_string(outcome.cutTexts) +
+         " متن از گنجایش یک خانه صفحه گسترده بلندتر بود و با «…» کوتاه شد.";
+}
+
+void TellProgress(const ExportOptions& options, std::size_t row) {
+  if (!options.progress || row % kRowsBetweenQuestions != 0 || options.progress(row)) return;
+  throw ExportStopped("نوشتن پرونده متوقف شد.");
+}
+
+std::vector<std::string> FileTitles(const IReportTable& table) {
+  std::vector<std::string> titles;
+  int swatches = 0;
+  for (const ReportColumn& column : table.Columns()) {
+    std::string title(Trim(PlainCaption(column.caption)));
+    if (column.kind == CellKind::Swatch) ++swatches;
+    if (title.empty()) {
+      title = column.kind == CellKind::Swatch ? "برچسب " + std::to_string(swatches) : column.name;
+    }
+    titles.push_back(std::move(title));
+  }
+  return titles;
+}
+
+SplitTitle SplitCaption(const std::string& title) {
+  const auto bar = title.find('|');
+  if (bar == std::string::npos) return {"", title};
+  return {std::string(Trim(std::string_view(title).substr(0, bar))),
+          std::string(Trim(std::string_view(title).substr(bar + 1)))};
+}
+
+std::string IsoDate(const std::string& jalali) {
+  const auto date = ParseJalali(jalali);
+  if (!date) return jalali;
+  const std::chrono::year_month_day day{std::chrono::sys_days(std::chrono::days(DaysFromJalali(*date)))};
+  const auto two = [](unsigned number) { return (number < 10 ? "0" : "") + std::to_string(number); };
+  return std::to_string(static_cast<int>(day.year())) + "-" + two(static_cast<unsigned>(day.month())) + "-" +
+         two(static_cast<unsigned>(day.day()));
+}
+
+std::string ValidText(std::string text) {
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t length = CharacterLength(std::string_view(text).substr(at));
+    if (length == 0) break;
+    at += length;
+  }
+  if (at == text.size()) return text;
+  std::string valid = text.substr(0, at);
+  while (at < text.size()) {
+    const std::size_t length = CharacterLength(std::string_view(text).substr(at));
+    if (length == 0) {
+      valid += "\xEF\xBF\xBD";
+      ++at;
+    } else {
+      valid.append(text, at, length);
+      at += length;
     }
   }
-  if (!file.commit()) Fail(path);
+  return valid;
 }
 
-void WriteText(const PrintJob& job, const std::string& path) {
-  std::string out = job.title + "\n";
-  for (const std::string& line : job.lines) out += line + "\n";
-  out += "\n";
-  if (job.table != nullptr) out += TextTable(*job.table).Text();
-  WriteWhole(path, out);
-}
-
-void WriteCsv(const IReportTable& table, const std::string& path) {
-  const std::vector<ReportColumn> columns = table.Columns();
-  std::string out = "\xEF\xBB\xBF";
-  const auto line = [&](auto cellOf) {
-    for (std::size_t c = 0; c < columns.size(); ++c) out += (c > 0 ? "," : "") + CsvCell(cellOf(c));
-    out += "\r\n";
-  };
-  line([&](std::size_t c) { return PlainTitle(columns[c].caption); });
-  for (std::size_t r = 0; r < table.RowCount(); ++r)
-    line([&](std::size_t c) { return table.CellText(r, c); });
-  WriteWhole(path, out);
+std::string ColorText(Color color) {
+  constexpr std::string_view kHex = "0123456789ABCDEF";
+  std::string text = "#";
+  for (int shift = 20; shift >= 0; shift -= 4) text += kHex[color >> shift & 15];
+  return text;
 }
 
 }  // namespace goods

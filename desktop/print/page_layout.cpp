@@ -18,6 +18,7 @@ constexpr double kPointsPerPixel = 0.75;  // 72 / 96
 constexpr std::size_t kUprightColumns = 8;
 constexpr double kNumberColumn = 26;
 constexpr double kLeastFont = 5.5;
+constexpr double kLeastScale = 0.55;  // of the columns' width on the screen; smaller cuts most texts
 constexpr double kRowPadding = 4;
 constexpr double kLineFactor = 1.45;
 constexpr int kTitleSize = 13;
@@ -58,29 +59,69 @@ QFont PageLayout::TitleFont() const {
   return font;
 }
 
-void PageLayout::PlaceColumns() {
-  const std::vector<ReportColumn> columns =
-      job_.table == nullptr ? std::vector<ReportColumn>() : job_.table->Columns();
-  if (job_.table != nullptr && job_.table->HasRowNumbers()) {
-    columns_.push_back({-1, "", "#", TextAlign::Center, true, 0, kNumberColumn});
+std::vector<PrintedColumn> PageLayout::NaturalColumns() const {
+  std::vector<PrintedColumn> columns;
+  if (job_.table == nullptr) return columns;
+  if (job_.table->HasRowNumbers()) {
+    columns.push_back({-1, "", "#", TextAlign::Center, true, 0, kNumberColumn});
   }
   int index = 0;
-  for (const ReportColumn& column : columns) {
+  for (const ReportColumn& column : job_.table->Columns()) {
     const QString caption = ShownText(column.caption);
     const qsizetype bar = caption.indexOf('|');
-    columns_.push_back({index++, bar < 0 ? QString() : caption.left(bar), caption.mid(bar + 1), column.align,
-                        column.isNumber, 0, column.width * kPointsPerPixel});
+    columns.push_back({index++, bar < 0 ? QString() : caption.left(bar), caption.mid(bar + 1), column.align,
+                       column.isNumber, 0, column.width * kPointsPerPixel});
   }
+  return columns;
+}
+
+// As many columns a band as the room takes, behind the key columns as long as these leave half of it.
+void PageLayout::SplitIntoBands(const std::vector<PrintedColumn>& columns, double room) {
+  std::size_t keys = 0;
+  if (job_.table != nullptr) keys = job_.table->KeyColumns() + (job_.table->HasRowNumbers() ? 1 : 0);
+  double keyWidth = 0;
+  for (std::size_t c = 0; c < keys; ++c) keyWidth += columns[c].width;
+  if (keyWidth > room / 2) keys = 0;
+  double width = 0;
+  for (std::size_t c = 0; c < columns.size(); ++c) {
+    if (bands_.empty() || (width + columns[c].width > room && bands_.back().size() > keys)) {
+      const bool further = !bands_.empty();
+      bands_.emplace_back();
+      width = 0;
+      for (std::size_t key = 0; further && key < keys; ++key) {
+        bands_.back().push_back(columns[key]);
+        width += columns[key].width;
+      }
+    }
+    bands_.back().push_back(columns[c]);
+    width += columns[c].width;
+  }
+}
+
+void PageLayout::PlaceColumns() {
+  const std::vector<PrintedColumn> columns = NaturalColumns();
   double natural = 0;
-  for (const PrintedColumn& column : columns_) natural += column.width;
-  landscape_ = columns.size() > kUprightColumns || natural > (kShortSide - 2 * kMargin) * 1.15;
-  const double scale = natural > 0 ? Body().width() / natural : 1;
+  for (const PrintedColumn& column : columns) natural += column.width;
+  const std::size_t count = job_.table == nullptr ? 0 : job_.table->Columns().size();
+  landscape_ = count > kUprightColumns || natural > (kShortSide - 2 * kMargin) * 1.15;
+  double scale = natural > 0 ? Body().width() / natural : 1;
+  if (scale < kLeastScale) {
+    scale = kLeastScale;
+    SplitIntoBands(columns, Body().width() / kLeastScale);
+  } else {
+    bands_.push_back(columns);
+  }
   if (scale < 1) fontSize_ = std::max(kLeastFont, fontSize_ * std::max(scale, 0.7));
-  double right = Body().right();
-  for (PrintedColumn& column : columns_) {
-    column.width *= scale;
-    right -= column.width;
-    column.left = right;
+  for (std::vector<PrintedColumn>& band : bands_) {
+    double width = 0;
+    for (const PrintedColumn& column : band) width += column.width;
+    const double fitted = width > 0 ? Body().width() / width : 1;
+    double right = Body().right();
+    for (PrintedColumn& column : band) {
+      column.width *= fitted;
+      right -= column.width;
+      column.left = right;
+    }
   }
 }
 
@@ -94,9 +135,11 @@ void PageLayout::Measure() {
   rowHeight_ = line + kRowPadding;
   bool groups = false;
   qsizetype lines = 1;
-  for (const PrintedColumn& column : columns_) {
-    groups = groups || !column.group.isEmpty();
-    lines = std::max(lines, TitleLines(column).size());
+  for (const std::vector<PrintedColumn>& band : bands_) {
+    for (const PrintedColumn& column : band) {
+      groups = groups || !column.group.isEmpty();
+      lines = std::max(lines, TitleLines(column).size());
+    }
   }
   groupHeight_ = groups ? rowHeight_ : 0;
   headerHeight_ = groupHeight_ + line * static_cast<double>(lines) + kRowPadding + 2;
@@ -131,7 +174,7 @@ void PageLayout::BreakPages() {
       --row;
     }
     page.footer = row == count && footer;
-    pages_.push_back(page);
+    for (page.band = 0; page.band < bands_.size(); ++page.band) pages_.push_back(page);
   } while (row < count);
 }
 

@@ -31,21 +31,25 @@ struct PrintedColumn {
 struct PrintedPage {
   std::size_t firstRow = 0;
   std::size_t rows = 0;
-  bool head = false;    // the title and the lines stand on it
-  bool footer = false;  // the totals stand on it
+  std::size_t band = 0;  // which columns stand on it
+  bool head = false;     // the title and the lines stand on it
+  bool footer = false;   // the totals stand on it
 };
 
 class PageLayout {
  public:
-  // job's table must outlive the layout. More columns than suit an upright sheet turn it.
+  // job's table must outlive the layout. More columns than suit an upright sheet turn it; more than suit a
+  // sheet lying fall into bands, pages to be laid side by side: the same rows, the key columns on each.
   PageLayout(const PrintJob& job, std::string today);
 
   const PrintJob& Job() const { return job_; }
   const std::string& Today() const { return today_; }
   bool Landscape() const { return landscape_; }
-  QSizeF PaperSize() const;  // A4
-  QRectF Body() const;       // within the margins
-  const std::vector<PrintedColumn>& Columns() const { return columns_; }
+  QSizeF PaperSize() const;                            // A4
+  QRectF Body() const;                                 // within the margins
+  std::size_t Bands() const { return bands_.size(); }  // at least 1
+  // band is below Bands().
+  const std::vector<PrintedColumn>& Columns(std::size_t band = 0) const { return bands_[band]; }
   const std::vector<PrintedPage>& Pages() const { return pages_; }
   double TextHeight() const { return textHeight_; }
   QStringList TitleLines(const PrintedColumn& column) const;
@@ -64,6 +68,8 @@ class PageLayout {
   QFont TitleFont() const;
 
  private:
+  std::vector<PrintedColumn> NaturalColumns() const;
+  void SplitIntoBands(const std::vector<PrintedColumn>& columns, double room);
   void PlaceColumns();
   void Measure();
   void BreakPages();
@@ -72,7 +78,7 @@ class PageLayout {
   std::string today_;
   bool landscape_ = false;
   double fontSize_ = 8;
-  std::vector<PrintedColumn> columns_;
+  std::vector<std::vector<PrintedColumn>> bands_;
   std::vector<PrintedPage> pages_;
   std::vector<QString> lines_;
   double rowHeight_ = 0;

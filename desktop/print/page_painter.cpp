@@ -14,6 +14,7 @@ const QColor kHeaderFill(0xE9EEF4);
 const QColor kBandFill(0xF6F8FB);
 constexpr double kCellPadding = 3;
 constexpr double kHairline = 0.4;
+constexpr double kSwatchInset = 2.5;
 
 class Page {
  public:
@@ -22,6 +23,7 @@ class Page {
         layout_(layout),
         index_(index),
         page_(layout.Pages()[index]),
+        columns_(layout.Columns(page_.band)),
         top_(layout.Body().top()) {}
 
   void Paint() {
@@ -74,7 +76,7 @@ class Page {
     const QRectF body = layout_.Body();
     painter_.fillRect(QRectF(body.left(), top_, body.width(), height), kHeaderFill);
     painter_.setPen(kInk);
-    for (const PrintedColumn& column : layout_.Columns()) {
+    for (const PrintedColumn& column : columns_) {
       QRectF box = Cell(column, height);
       if (!column.group.isEmpty()) box.setTop(box.top() + layout_.GroupHeight());
       painter_.setPen(kInk);
@@ -86,7 +88,7 @@ class Page {
   }
 
   void PaintGroups() {
-    const auto& columns = layout_.Columns();
+    const auto& columns = columns_;
     for (std::size_t from = 0; from < columns.size();) {
       std::size_t to = from + 1;
       const QString& group = columns[from].group;
@@ -107,7 +109,8 @@ class Page {
     const double height = layout_.RowHeight();
     const QRectF body = layout_.Body();
     if (row % 2 == 1) painter_.fillRect(QRectF(body.left(), top_, body.width(), height), kBandFill);
-    for (const PrintedColumn& column : layout_.Columns()) {
+    for (const PrintedColumn& column : columns_) {
+      if (PaintSwatch(row, column)) continue;
       const QString text =
           column.index < 0
               ? ShownDigits(QString::number(row + 1))
@@ -121,11 +124,26 @@ class Page {
     top_ += height;
   }
 
+  // A cell that stands for a colour shows it and no text.
+  bool PaintSwatch(std::size_t row, const PrintedColumn& column) {
+    const IReportTable& table = *layout_.Job().table;
+    if (column.index < 0) return false;
+    const auto index = static_cast<std::size_t>(column.index);
+    if (table.Columns()[index].kind != CellKind::Swatch) return false;
+    const QRectF cell = Cell(column, layout_.RowHeight());
+    if (const auto color = table.CellColor(row, index)) {
+      painter_.fillRect(cell.adjusted(kSwatchInset, kSwatchInset, -kSwatchInset, -kSwatchInset),
+                        QColor::fromRgb(*color));
+    }
+    Frame(cell);
+    return true;
+  }
+
   void PaintFooter() {
     const double height = layout_.RowHeight();
     const QRectF body = layout_.Body();
     painter_.fillRect(QRectF(body.left(), top_, body.width(), height), kHeaderFill);
-    for (const PrintedColumn& column : layout_.Columns()) {
+    for (const PrintedColumn& column : columns_) {
       if (column.index >= 0) {
         painter_.setPen(kInk);
         const std::string text = layout_.Job().table->FooterText(static_cast<std::size_t>(column.index));
@@ -141,8 +159,11 @@ class Page {
     const QRectF body = layout_.Body();
     const QRectF box(body.left(), body.bottom() - layout_.RowHeight(), body.width(), layout_.RowHeight());
     painter_.setPen(kFaint);
-    const std::string pages =
+    std::string pages =
         "صفحه " + std::to_string(index_ + 1) + " از " + std::to_string(layout_.Pages().size());
+    if (layout_.Bands() > 1) {
+      pages += " - ستون ها: بخش " + std::to_string(page_.band + 1) + " از " + std::to_string(layout_.Bands());
+    }
     Text(box, ShownText(pages), layout_.Font(), TextAlign::Center);
     Text(box, ShownText("تاریخ: " + layout_.Today()), layout_.Font(), TextAlign::Start);
     if (!page_.head) Text(box, ShownText(layout_.Job().title), layout_.Font(), TextAlign::End);
@@ -158,6 +179,7 @@ class Page {
   const PageLayout& layout_;
   std::size_t index_;
   const PrintedPage& page_;
+  const std::vector<PrintedColumn>& columns_;
   double top_;
 };
 

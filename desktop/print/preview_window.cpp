@@ -34,7 +34,8 @@ void SetUpPaper(QPrinter& printer, const PageLayout& layout) {
 
 }  // namespace
 
-PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent) : QDialog(parent), layout_(layout) {
+PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent, std::vector<std::string> forbidden)
+    : QDialog(parent), layout_(layout), forbidden_(std::move(forbidden)) {
   setObjectName("PreviewWindow");
   setLayoutDirection(Qt::RightToLeft);
   setWindowTitle(QString::fromUtf8("پیش نمایش: ") + ShownText(layout.Job().title));
@@ -103,7 +104,10 @@ void PreviewWindow::Print() {
 
 void PreviewWindow::SaveAsPdf(const QString& path) {
   try {
-    WritePdf(layout_.Job(), FromQt(path), layout_.Today());
+    ExportOptions options;
+    options.today = layout_.Today();
+    options.forbidden = forbidden_;
+    WriteReport(layout_.Job(), FileFormat::Pdf, FromQt(path), options);
   } catch (const ExportError& error) {
     QMessageBox::warning(this, windowTitle(), ToQt(error.what()));
   }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QDialog>
+#include <string>
+#include <vector>
 
 #include "desktop/print/page_layout.h"
 
@@ -17,8 +19,8 @@ class PageView;
 // Esc closes, Ctrl+P prints, Ctrl+S saves as PDF, PageUp and PageDown turn, Ctrl and plus or minus zoom.
 class PreviewWindow : public QDialog {
  public:
-  // layout must outlive the window.
-  PreviewWindow(const PageLayout& layout, QWidget* parent);
+  // layout must outlive the window. forbidden: files that the PDF may not be written over.
+  PreviewWindow(const PageLayout& layout, QWidget* parent, std::vector<std::string> forbidden = {});
 
   int CurrentPage() const;
   void GoToPage(int page);  // from 1
@@ -43,6 +45,7 @@ class PreviewWindow : public QDialog {
   void Leave() { reject(); }
 
   const PageLayout& layout_;
+  std::vector<std::string> forbidden_;
   PageView* preview_;
   QLabel* page_;
 };

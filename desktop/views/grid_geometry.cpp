@@ -49,7 +49,7 @@ void GridGeometry::Update(const TSmartDBGrid_QRT& grid, const QWidget& viewport)
   footerHeight_ = grid.ShowFooter ? rowHeight_ + Scaled(2, viewport) : 0;
   numberWidth_ = 0;
   if (grid.ShowRowNumbers) {
-    const std::size_t rows = grid.Table().RowCount();
+    const std::size_t rows = grid.RowCount();
     const int digits = std::max(2, static_cast<int>(QString::number(rows).size()));
     int widest = 0;
     for (char digit = '0'; digit <= '9'; ++digit) {

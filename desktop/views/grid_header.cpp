@@ -149,7 +149,7 @@ void GridWidget::FitColumn(TGridColumn& column) {
   const QFontMetrics metrics(font());
   int width = QFontMetrics(GridGeometry::HeaderFont(font())).horizontalAdvance(TitleOf(column));
   const std::size_t last =
-      std::min(grid_.Table().RowCount(), FirstRow() + static_cast<std::size_t>(geometry_.WholeRows()) + 1);
+      std::min(grid_.RowCount(), FirstRow() + static_cast<std::size_t>(geometry_.WholeRows()) + 1);
   for (std::size_t row = FirstRow(); row < last; ++row) {
     const QString text = ShownCell(grid_.CellText(row, column), column.IsNumber());
     width = std::max(width, metrics.horizontalAdvance(text));

@@ -50,7 +50,7 @@ void GridMenu(FormView& form, TSmartDBGrid_QRT& grid, const QPoint& at) {
   menu.addAction("انتخاب ستون‌ها…", &form, [&] { ShowColumnChooser(form, grid); });
   QAction* copy = menu.addAction("رونوشت", &form, [&] { CopyRows(grid); });
   copy->setShortcut(QKeySequence::Copy);
-  const bool anyRow = grid.Table().RowCount() > 0;
+  const bool anyRow = grid.RowCount() > 0;
   copy->setEnabled(anyRow);
   if (!form.GridCommands().empty()) menu.addSeparator();
   for (const GridCommand& command : form.GridCommands()) {

@@ -56,7 +56,7 @@ void GridPainter::Paint() {
 void GridPainter::PaintRows() {
   const QRect area = geometry_.RowsArea();
   painter_.fillRect(area, CurrentTheme().surface);
-  const std::size_t count = grid_.Table().RowCount();
+  const std::size_t count = grid_.RowCount();
   if (count == 0) return PaintEmpty();
   painter_.save();
   painter_.setClipRect(area);

@@ -68,7 +68,7 @@ std::size_t GridWidget::FirstRow() const { return static_cast<std::size_t>(verti
 
 void GridWidget::UpdateScrollBars() {
   geometry_.Update(grid_, *viewport());
-  const int rows = static_cast<int>(std::min<std::size_t>(grid_.Table().RowCount(), INT_MAX / 2));
+  const int rows = static_cast<int>(std::min<std::size_t>(grid_.RowCount(), INT_MAX / 2));
   const int page = geometry_.WholeRows();
   verticalScrollBar()->setPageStep(page);
   verticalScrollBar()->setRange(0, std::max(0, rows - page));
@@ -141,7 +141,7 @@ std::optional<std::size_t> GridWidget::RowAt(const QPoint& point) const {
   if (!area.contains(point)) return std::nullopt;
   const std::size_t row =
       FirstRow() + static_cast<std::size_t>((point.y() - area.top()) / geometry_.RowHeight());
-  if (row >= grid_.Table().RowCount()) return std::nullopt;
+  if (row >= grid_.RowCount()) return std::nullopt;
   return row;
 }
 
@@ -196,7 +196,7 @@ void GridWidget::SelectTo(std::size_t row) {
 }
 
 void GridWidget::GoTo(std::size_t row, bool extend) {
-  const std::size_t count = grid_.Table().RowCount();
+  const std::size_t count = grid_.RowCount();
   if (count == 0) return;
   row = std::min(row, count - 1);
   view_.Do([&] {
@@ -219,7 +219,7 @@ void GridWidget::MoveBy(qint64 rows, bool extend) {
 void GridWidget::keyPressEvent(QKeyEvent* event) {
   const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
   const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
-  const std::size_t count = grid_.Table().RowCount();
+  const std::size_t count = grid_.RowCount();
   if (event == QKeySequence::Copy) return CopyRows(grid_);
   if (ctrl && event->key() == Qt::Key_A && grid_.MultiSelect && count > 0) {
     anchor_ = 0;

@@ -88,6 +88,12 @@ bool TBaseDock_FRM::PreparePrint() { return true; }
 
 void TBaseDock_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& /*lines*/) {}
 
+std::vector<std::string> TBaseDock_FRM::PrintLines() {
+  std::vector<std::string> lines;
+  PrintDBGridEhBeforePrint(lines);
+  return lines;
+}
+
 void TBaseDock_FRM::LoadGridSettings(TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
                                      std::int64_t second) {
   const auto text = Host().Settings().ReadSettingFile(GridSettingsFile(report, first, second));

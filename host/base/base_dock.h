@@ -55,6 +55,12 @@ class TBaseDock_FRM : public TForm {
   // Adds the lines above the printed grid; the base has none.
   virtual void PrintDBGridEhBeforePrint(std::vector<std::string>& lines);
 
+  // What the print button would print, for a host that writes it to a file: the window's caption, the lines
+  // above the list, and the grid that is shown, null where the window prints none. Asks for no right: that is
+  // PrintOption's.
+  TSmartDBGrid_QRT* PrintedGrid() const { return printedGrid_; }
+  std::vector<std::string> PrintLines();
+
   // The layout of a grid, kept per report and two numbers in the file <report>_<first>_<second>.ini of the
   // settings folder, which is written whole or not at all. A file that is not there, or cannot be read or
   // written, changes nothing.

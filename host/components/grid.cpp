@@ -104,39 +104,8 @@ TGridColumn& TGridColumn::SetAlign(TextAlign align) {
   return *this;
 }
 
-// The visible columns, worked out anew at each call: there are a few dozen at most, and cells are asked for
-// by the screenful.
-class TSmartDBGrid_QRT::Table_ : public IReportTable {
- public:
-  explicit Table_(const TSmartDBGrid_QRT& grid) : grid_(grid) {}
-
-  std::vector<ReportColumn> Columns() const override {
-    std::vector<ReportColumn> columns;
-    for (const TGridColumn* column : grid_.VisibleColumns()) {
-      columns.push_back({column->Caption(), column->Width(), column->Align(), column->IsNumber()});
-    }
-    return columns;
-  }
-  std::size_t RowCount() const override {
-    return grid_.DataSet() == nullptr ? 0 : grid_.DataSet()->RecordCount();
-  }
-  std::string CellText(std::size_t row, std::size_t column) const override {
-    return grid_.CellText(row, *grid_.VisibleColumns()[column]);
-  }
-  bool HasFooter() const override { return grid_.ShowFooter; }
-  std::string FooterText(std::size_t column) const override {
-    return grid_.FooterText(*grid_.VisibleColumns()[column]);
-  }
-  bool HasRowNumbers() const override { return grid_.ShowRowNumbers; }
-
- private:
-  const TSmartDBGrid_QRT& grid_;
-};
-
 TSmartDBGrid_QRT::TSmartDBGrid_QRT(TComponent* owner, std::string name)
-    : TControl(owner, std::move(name)),
-      emptyText_("<داده ای برای نمایش وجود ندارد>"),
-      table_(std::make_unique<Table_>(*this)) {}
+    : TControl(owner, std::move(name)), emptyText_("<داده ای برای نمایش وجود ندارد>") {}
 
 TSmartDBGrid_QRT::~TSmartDBGrid_QRT() = default;
 
@@ -201,17 +170,21 @@ std::string TSmartDBGrid_QRT::CellText(std::size_t position, const TGridColumn& 
 }
 
 std::string TSmartDBGrid_QRT::FooterText(const TGridColumn& column) const {
+  const Value value = FooterValue(column);
+  return column.Footer() == FooterKind::Count ? value.AsText() : column.FooterFormat().Format(value);
+}
+
+Value TSmartDBGrid_QRT::FooterValue(const TGridColumn& column) const {
   const TADOQuery* query = DataSet();
   if (column.Footer() == FooterKind::None || query == nullptr || !query->Active() || column.Withheld())
     return {};
   const auto known = std::find_if(footers_.begin(), footers_.end(),
-                                  [&](const FooterValue& footer) { return footer.column == &column; });
-  if (known != footers_.end()) return known->text;
-  std::string text = column.Footer() == FooterKind::Count
-                         ? std::to_string(query->RecordCount())
-                         : column.FooterFormat().Format(query->Sum(column.FieldName()));
-  footers_.push_back({&column, text});
-  return text;
+                                  [&](const KnownFooter& footer) { return footer.column == &column; });
+  if (known != footers_.end()) return known->value;
+  Value value = column.Footer() == FooterKind::Count ? Value(static_cast<std::int64_t>(query->RecordCount()))
+                                                     : Value(query->Sum(column.FieldName()));
+  footers_.push_back({&column, value});
+  return value;
 }
 
 TCellStyle TSmartDBGrid_QRT::CellStyle(std::size_t position, const TGridColumn& column) const {

@@ -68,6 +68,12 @@ class TGridColumn {
   TGridColumn& SetCustomizable(bool customizable);
   TextAlign Align() const { return align_; }
   TGridColumn& SetAlign(TextAlign align);
+  // What its cells are, where more is known than that they are texts or numbers.
+  CellKind Kind() const { return kind_; }
+  TGridColumn& SetKind(CellKind kind) {
+    kind_ = kind;
+    return *this;
+  }
   long Tag = 0;
 
   const DisplayFormat& Format() const { return format_; }
@@ -89,6 +95,7 @@ class TGridColumn {
   bool money_ = false;
   bool customizable_ = true;
   TextAlign align_ = TextAlign::Start;
+  CellKind kind_ = CellKind::Text;
 
   friend class TSmartDBGrid_QRT;  // layouts keep what is asked for, whoever may see it
 };
@@ -117,9 +124,13 @@ class TSmartDBGrid_QRT : public TControl {
   TGridColumn* FindColumn(std::string_view fieldName) const;
   std::vector<TGridColumn*> VisibleColumns() const;
 
+  // The visible rows.
+  std::size_t RowCount() const { return DataSet() == nullptr ? 0 : DataSet()->RecordCount(); }
   // What is shown: a cell by its position among the visible rows, a footer by its column.
   std::string CellText(std::size_t position, const TGridColumn& column) const;
   std::string FooterText(const TGridColumn& column) const;
+  // The exact value behind it; null where there is none.
+  Value FooterValue(const TGridColumn& column) const;
   TCellStyle CellStyle(std::size_t position, const TGridColumn& column) const;
 
   // Footers are worked out once and kept until the rows change or this is called.
@@ -149,6 +160,8 @@ class TSmartDBGrid_QRT : public TControl {
   // So many columns, from the first and with the hidden ones among them, stay in sight when scrolled
   // sideways.
   int FixedColumns = 0;
+  // So many, counted alike, say what a row is about; files keep them in sight. 0: the fixed ones.
+  int KeyColumns = 0;
   const std::string& EmptyText() const { return emptyText_; }
   void SetEmptyText(std::string text);
 
@@ -156,9 +169,8 @@ class TSmartDBGrid_QRT : public TControl {
   std::function<void()> OnDblClick;
   std::function<void(std::size_t position, const TGridColumn& column, TCellStyle& style)> OnDrawColumnCell;
 
-  // The grid as a table for print, copy and export: the visible columns at the time of the call of each
-  // function.
-  const IReportTable& Table() const { return *table_; }
+  // The grid as a table for print and files: the visible columns as they stand now. Never null.
+  std::unique_ptr<IReportTable> Table() const;
 
   // Layout: order, visibility and width of the columns as text lines, by the columns' own names, for a
   // settings file. Columns that the text does not name, and names that the grid does not have, are left
@@ -168,7 +180,6 @@ class TSmartDBGrid_QRT : public TControl {
 
  private:
   friend class TGridColumn;
-  class Table_;
   void SortFollows(std::string_view before, const std::string& now);
   bool CanSortBy(const std::string& field) const;
   void ApplySort();
@@ -182,12 +193,11 @@ class TSmartDBGrid_QRT : public TControl {
   std::vector<TSortKey> sort_;
   std::set<std::size_t> selection_;
   std::string emptyText_;
-  std::unique_ptr<IReportTable> table_;
-  struct FooterValue {
+  struct KnownFooter {
     const TGridColumn* column;
-    std::string text;
+    Value value;
   };
-  mutable std::vector<FooterValue> footers_;
+  mutable std::vector<KnownFooter> footers_;
 };
 
 }  // namespace goods

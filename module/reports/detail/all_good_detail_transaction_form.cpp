@@ -77,7 +77,7 @@ void TAllGoodDetailTransaction_FRM::DeclareColumns() {
         .SetWidth(width);
   };
 
-  text("OperationDate", "تاریخ", 94);
+  text("OperationDate", "تاریخ", 94).SetKind(CellKind::Date);
   text("Anbar", "کد انبار", 70, false);
   text("AnbarName", "انبار", 150);
   text("Code", "کد کالا", 70, false);

@@ -34,7 +34,7 @@ void TOneGoodDetailTransaction_FRM::DeclareForm() {
 void TOneGoodDetailTransaction_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = GoodDetailTransaction_GRD;
   grid.SetAccessibleName("گردش جزئیات");
-  grid.AddColumn("Date", "تاریخ").SetWidth(83);
+  grid.AddColumn("Date", "تاریخ").SetWidth(83).SetKind(CellKind::Date);
   grid.AddColumn("Anbar", "کد انبار").SetWidth(57).SetVisible(false);
   grid.AddColumn("AnbarName", "انبار").SetWidth(120);
   grid.AddColumn("fullname", "نام شخص").SetWidth(122);

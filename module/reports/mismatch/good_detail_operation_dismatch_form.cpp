@@ -48,7 +48,7 @@ void TGoodDetailOperationDismatch_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = GoodDetailOperationDismatch_GRD;
   grid.SetAccessibleName("ردیف های مغایر");
   grid.ShowFooter = false;
-  grid.AddColumn("OperationDate", "تاریخ").SetWidth(100);
+  grid.AddColumn("OperationDate", "تاریخ").SetWidth(100).SetKind(CellKind::Date);
   grid.AddColumn("StoreCode", "کد انبار").SetWidth(57).SetVisible(false);
   grid.AddColumn("StoreName", "انبار").SetWidth(120);
   grid.AddColumn("OperationTitle", "نوع عملیات").SetWidth(215).SetAutoFit(true);

@@ -77,7 +77,7 @@ void TKardex_FRM::DeclareColumns() {
         .SetWidth(width);
   };
 
-  text("Date", "تاریخ", 86);
+  text("Date", "تاریخ", 86).SetKind(CellKind::Date);
   text("PerName", "نام شخص", 124);
   text("Comment", "شرح", 130).SetAutoFit(true);
   text("Anbar", "انبار", 50);

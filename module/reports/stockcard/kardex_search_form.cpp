@@ -40,7 +40,7 @@ void TKardexSearch_FRM::DeclareColumns() {
   };
 
   text("Radif", "ردیف", 60).SetFooter(FooterKind::Count);
-  text("Date", "تاریخ", 86);
+  text("Date", "تاریخ", 86).SetKind(CellKind::Date);
   text("Code", "کد کالا", 60);
   text("AbbName", "بارکد کالا", 100).SetVisible(false);
   text("PerName", "نام شخص", 112);

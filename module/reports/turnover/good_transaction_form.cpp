@@ -5,6 +5,7 @@ namespace goods {
 namespace {
 
 constexpr int kTagWidth = 26;
+constexpr int kKeyColumns = 3;  // code, bar code and name
 
 }  // namespace
 
@@ -58,6 +59,7 @@ void TGoodTransaction_FRM::DeclareForm() {
 // The list with whole and part quantities shows the same columns in another order, and the part between.
 void TGoodTransaction_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndPart) {
   grid.SetAccessibleName("فهرست کالاها");
+  grid.KeyColumns = kKeyColumns;
   const auto text = [&](const char* field, const char* caption, int width) -> TGridColumn& {
     return grid.AddColumn(field, caption).SetWidth(width);
   };
@@ -72,7 +74,7 @@ void TGoodTransaction_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndP
   text("Code", "کد", 60);
   text("AbbName", wholeAndPart ? "بارکد " : "بارکد", 110).SetVisible(wholeAndPart);
   text("Name", "نام کالا", 170).SetAutoFit(true);
-  text("OperationDate", "تاریخ آخرین عملیات", 100);
+  text("OperationDate", "تاریخ آخرین عملیات", 100).SetKind(CellKind::Date);
   number("gheymat_miangin", "فی (قیمت میانگین)", kAmountFormat, 128);
   number("Stock", "فی", kAmountFormat, 170);
   number("varede", "وارده", kQuantityFormat, 94).SetFooter(FooterKind::Sum);
@@ -91,9 +93,9 @@ void TGoodTransaction_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndP
   if (!wholeAndPart) secondUnit();
   number("Jam_Kol", "مبلغ کل", kAmountFormat, 150);
   number("SumStock", "مبلغ کل", kAmountFormat, 150);
-  text("t1", "", kTagWidth);
-  text("t2", "", kTagWidth);
-  text("t3", "", kTagWidth).SetCustomizable(false);
+  text("t1", "", kTagWidth).SetKind(CellKind::Swatch);
+  text("t2", "", kTagWidth).SetKind(CellKind::Swatch);
+  text("t3", "", kTagWidth).SetKind(CellKind::Swatch).SetCustomizable(false);
 }
 
 }  // namespace goods

@@ -89,7 +89,7 @@ TEST_F(DetailSearch, AWordTypedAt20MsAKeyRunsOneStatementAndTheCaretStaysInTheMi
     EXPECT_EQ(window.focusWidget(), &Line(window));
     EXPECT_EQ(Line(window).cursorPosition(), 2);
     EXPECT_EQ(Component<TEdit>(window, kSearchEdit).Caret(), 2);
-    EXPECT_GT(Component<TSmartDBGrid_QRT>(window, kList).Table().RowCount(), 0U);
+    EXPECT_GT(Component<TSmartDBGrid_QRT>(window, kList).RowCount(), 0U);
   });
 }
 
@@ -177,7 +177,7 @@ TEST_F(DetailSearch, EnterEndsTheWaitAndArrowsGoToTheRows) {
     Wait(600);
     EXPECT_EQ(Runs().size(), 1U);
     auto& grid = Component<TSmartDBGrid_QRT>(window, kList);
-    ASSERT_GT(grid.Table().RowCount(), 2U);
+    ASSERT_GT(grid.RowCount(), 2U);
     Component<TEdit>(window, kSearchEdit).SetFocus();
     Wait(50);
     PressKey(window, Qt::Key_Down);

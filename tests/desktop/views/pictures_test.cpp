@@ -22,8 +22,11 @@ void WritePdfOf(const TCard_FRM& form, const QString& path) {
   PrintJob job;
   job.title = "کاردکس کالا: برنج ایرانی 10 کیلویی";
   job.lines = {"انبار: 3 و تاریخ از 1402/01/01 تا 1402/12/29"};
-  job.table = &form.Kardex_GRD.Table();
-  WritePdf(job, path.toStdString(), "1403/05/12");
+  const std::unique_ptr<IReportTable> table = form.Kardex_GRD.Table();
+  job.table = table.get();
+  ExportOptions options;
+  options.today = "1403/05/12";
+  WriteReport(job, FileFormat::Pdf, path.toStdString(), options);
 }
 
 void SaveDialogs(FormView& view, TCard_FRM& form, const QDir& folder, const QString& name) {

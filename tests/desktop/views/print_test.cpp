@@ -1,13 +1,9 @@
-// Pages, PDF, text, CSV and spreadsheet of a table; the preview.
-#include <QFile>
+// Pages of a table; the preview. The files are in export_test.cpp.
 #include <QPainter>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
-#include "desktop/print/export.h"
 #include "desktop/print/page_layout.h"
 #include "desktop/print/page_painter.h"
 #include "desktop/print/preview_window.h"
@@ -24,13 +20,9 @@ class Printing : public ::testing::Test {
     PrintJob job;
     job.title = "کاردکس کالا";
     job.lines = {"انبار: 3"};
-    job.table = &form.Kardex_GRD.Table();
+    table = form.Kardex_GRD.Table();
+    job.table = table.get();
     return job;
-  }
-  std::string Path(const char* name) const { return folder.filePath(name).toStdString(); }
-  static QByteArray Contents(const std::string& path) {
-    QFile file(ToQt(path));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
   // The pages as pictures of one pixel a point.
   static std::vector<QImage> Pages(const PageLayout& layout) {
@@ -47,13 +39,14 @@ class Printing : public ::testing::Test {
 
   TestHost host;
   TCard_FRM form{host};
-  QTemporaryDir folder;
+  std::unique_ptr<IReportTable> table;
 };
 
 TEST_F(Printing, EveryRowIsOnOnePageAndTheTotalsAreOnTheLast) {
   for (const std::size_t rows : {0U, 1U, 24U, 25U, 26U, 27U, 28U, 29U, 30U, 500U}) {
     const PrintJob job = Job(rows);
     const PageLayout layout(job, "1403/05/12");
+    EXPECT_EQ(layout.Bands(), 1U);
     std::size_t next = 0;
     for (const PrintedPage& page : layout.Pages()) {
       EXPECT_EQ(page.firstRow, next);
@@ -99,49 +92,81 @@ TEST_F(Printing, ColumnsFillTheSheetFromTheRightInProportion) {
   EXPECT_NEAR(columns[2].width / columns[4].width, 150.0 / 50.0, 0.01);
   for (const auto& column : form.Kardex_GRD.Columns())
     column->SetVisible(column->FieldName() == "Date" || column->FieldName() == "Bagh");
-  EXPECT_FALSE(PageLayout(job, "1403/05/12").Landscape());
+  const auto narrow = form.Kardex_GRD.Table();
+  PrintJob upright = job;
+  upright.table = narrow.get();
+  EXPECT_FALSE(PageLayout(upright, "1403/05/12").Landscape());
 }
 
-TEST_F(Printing, APdfHasThePagesOfTheLayout) {
-  const PrintJob job = Job(120);
-  WritePdf(job, Path("card.pdf"), "1403/05/12");
-  const QByteArray pdf = Contents(Path("card.pdf"));
-  ASSERT_TRUE(pdf.startsWith("%PDF"));
-  const qsizetype pages = pdf.count("/Type /Page\n");
-  EXPECT_EQ(static_cast<std::size_t>(pages), PageLayout(job, "1403/05/12").Pages().size());
+// A table of forty columns, its first two saying what a row is about.
+class WideTable : public IReportTable {
+ public:
+  WideTable() {
+    for (int c = 0; c < 40; ++c) {
+      ReportColumn column;
+      column.name = column.caption = "c" + std::to_string(c);
+      column.width = c == 39 ? 26 : 90;
+      column.kind = c == 39 ? CellKind::Swatch : CellKind::Text;
+      columns_.push_back(column);
+    }
+  }
+  const std::vector<ReportColumn>& Columns() const override { return columns_; }
+  std::size_t RowCount() const override { return 70; }
+  Value Cell(std::size_t row, std::size_t column) const override { return Value(CellText(row, column)); }
+  std::string CellText(std::size_t row, std::size_t column) const override {
+    return std::to_string(row) + ":" + std::to_string(column);
+  }
+  std::optional<Color> CellColor(std::size_t row, std::size_t column) const override {
+    return column == 39 && row == 0 ? std::optional<Color>(0xFF0000) : std::nullopt;
+  }
+  bool HasFooter() const override { return true; }
+  Value Footer(std::size_t /*column*/) const override { return {}; }
+  std::string FooterText(std::size_t /*column*/) const override { return {}; }
+  bool HasRowNumbers() const override { return true; }
+  std::size_t KeyColumns() const override { return 2; }
+
+ private:
+  std::vector<ReportColumn> columns_;
+};
+
+TEST_F(Printing, AWideTableFallsIntoBandsOfPagesSideBySide) {
+  const WideTable wide;
+  PrintJob job;
+  job.title = "پهن";
+  job.table = &wide;
+  const PageLayout layout(job, "1403/05/12");
+  ASSERT_GT(layout.Bands(), 1U);
+  std::vector<int> seen(40);
+  for (std::size_t band = 0; band < layout.Bands(); ++band) {
+    const auto& columns = layout.Columns(band);
+    ASSERT_GT(columns.size(), 3U);
+    EXPECT_EQ(columns[0].index, -1);
+    EXPECT_EQ(columns[1].index, 0);
+    EXPECT_EQ(columns[2].index, 1);
+    EXPECT_NEAR(columns.front().left + columns.front().width, layout.Body().right(), 0.01);
+    EXPECT_GE(columns.back().left, layout.Body().left() - 0.01);
+    for (std::size_t c = 3; c < columns.size(); ++c) ++seen[static_cast<std::size_t>(columns[c].index)];
+  }
+  for (std::size_t c = 2; c < 40; ++c) EXPECT_EQ(seen[c], 1) << c;
+  // The pages of the same rows stand one behind the other.
+  ASSERT_EQ(layout.Pages().size() % layout.Bands(), 0U);
+  for (std::size_t page = 0; page < layout.Pages().size(); ++page) {
+    EXPECT_EQ(layout.Pages()[page].band, page % layout.Bands());
+    EXPECT_EQ(layout.Pages()[page].firstRow, layout.Pages()[page - page % layout.Bands()].firstRow);
+  }
 }
 
-TEST_F(Printing, TextAndCsvCarryPlainDigitsAndEveryRow) {
-  const PrintJob job = Job(30);
-  WriteText(job, Path("card.txt"));
-  WriteCsv(*job.table, Path("card.csv"));
-  const QByteArray text = Contents(Path("card.txt"));
-  EXPECT_TRUE(text.startsWith("کاردکس کالا\nانبار: 3\n"));
-  EXPECT_EQ(text.count('\n'), 3 + 2 + 30 + 2);
-  EXPECT_TRUE(text.contains("15,625,000-"));
-  const QByteArray csv = Contents(Path("card.csv"));
-  EXPECT_TRUE(csv.startsWith("\xEF\xBB\xBFتاریخ,"));
-  EXPECT_EQ(csv.count("\r\n"), 31);
-  EXPECT_TRUE(csv.contains("\"15,625,000-\""));
-}
-
-TEST_F(Printing, ASpreadsheetHasNumbersAsNumbers) {
-  Job(30);
-  WriteXlsx(form.Kardex_GRD, Path("card.xlsx"), "کاردکس");
-  QProcess unzip;
-  unzip.start("unzip", {"-p", ToQt(Path("card.xlsx")), "xl/worksheets/sheet1.xml"});
-  ASSERT_TRUE(unzip.waitForFinished());
-  const QByteArray sheet = unzip.readAllStandardOutput();
-  EXPECT_TRUE(sheet.contains("rightToLeft=\"1\""));
-  EXPECT_TRUE(sheet.contains("<v>-15625000</v>"));
-  EXPECT_EQ(sheet.count("<row "), 31);
-}
-
-TEST_F(Printing, AFileThatCannotBeWrittenIsAnError) {
-  const PrintJob job = Job(3);
-  EXPECT_THROW(WritePdf(job, "/no/such/folder/card.pdf", "1403/05/12"), ExportError);
-  EXPECT_THROW(WriteCsv(*job.table, "/no/such/folder/card.csv"), ExportError);
-  EXPECT_THROW(WriteXlsx(form.Kardex_GRD, "/no/such/folder/card.xlsx", "x"), ExportError);
+TEST_F(Printing, ASwatchIsPaintedInItsColourWithoutItsText) {
+  const WideTable wide;
+  PrintJob job;
+  job.title = "پهن";
+  job.table = &wide;
+  const PageLayout layout(job, "1403/05/12");
+  const QImage last = Pages(layout)[layout.Bands() - 1];
+  int red = 0;
+  for (int x = 0; x < last.width(); ++x)
+    for (int y = 0; y < last.height(); ++y) red += last.pixelColor(x, y) == QColor(255, 0, 0) ? 1 : 0;
+  EXPECT_GT(red, 20);
 }
 
 TEST_F(Printing, ThePreviewTurnsPagesAndEscClosesIt) {

@@ -37,7 +37,7 @@ TEST_F(Grid, ShowsCellsAndFootersInTheirColumnsFormat) {
 TEST_F(Grid, ShowsNothingWhileTheQueryIsClosed) {
   EXPECT_EQ(grid.CellText(0, *grid.VisibleColumns()[0]), "");
   EXPECT_EQ(grid.FooterText(*grid.VisibleColumns()[1]), "");
-  EXPECT_EQ(grid.Table().RowCount(), 0U);
+  EXPECT_EQ(grid.RowCount(), 0U);
 }
 
 TEST_F(Grid, FootersFollowTheFilter) {
@@ -85,12 +85,48 @@ TEST_F(Grid, AFieldWithOddCharactersStandsInBracketsInTheSortText) {
 TEST_F(Grid, ItsTableHoldsTheVisibleColumnsOnly) {
   query.Open();
   grid.FindColumn("Name")->SetVisible(false);
-  const auto columns = grid.Table().Columns();
+  const auto columns = grid.Table()->Columns();
   ASSERT_EQ(columns.size(), 1U);
   EXPECT_EQ(columns[0].caption, "مبلغ");
   EXPECT_TRUE(columns[0].isNumber);
-  EXPECT_EQ(grid.Table().CellText(1, 0), "3-");
-  EXPECT_EQ(grid.Table().FooterText(0), "1,247.5");
+  EXPECT_EQ(grid.Table()->CellText(1, 0), "3-");
+  EXPECT_EQ(grid.Table()->FooterText(0), "1,247.5");
+}
+
+TEST_F(Grid, ItsTableIsTyped) {
+  query.Open();
+  grid.KeyColumns = 1;
+  grid.FindColumn("Name")->SetKind(CellKind::Date);
+  const auto table = grid.Table();
+  ASSERT_EQ(table->Columns().size(), 2U);
+  EXPECT_EQ(table->Columns()[0].name, "Name");
+  EXPECT_EQ(table->Columns()[0].kind, CellKind::Date);
+  EXPECT_EQ(table->Columns()[1].kind, CellKind::Number);
+  EXPECT_EQ(table->Columns()[1].total, TotalKind::Sum);
+  EXPECT_EQ(table->Columns()[1].format, grid.FindColumn("Amount")->DisplayFormatText());
+  EXPECT_EQ(table->Cell(0, 1), Value(*Decimal::Parse("1250.5")));
+  EXPECT_EQ(table->Cell(1, 1), Value(-3));
+  EXPECT_EQ(table->Footer(1), Value(*Decimal::Parse("1247.5")));
+  EXPECT_EQ(table->Footer(0), Value(3));
+  EXPECT_EQ(table->KeyColumns(), 1U);
+  // The columns are those of the moment when it was made.
+  grid.FindColumn("Name")->SetVisible(false);
+  EXPECT_EQ(table->Columns().size(), 2U);
+  EXPECT_EQ(grid.Table()->KeyColumns(), 0U);
+}
+
+TEST_F(Grid, AColourColumnGivesColours) {
+  query.Open();
+  grid.AddColumn("Colour", "");
+  query.AddComputed({"Colour", ColumnType::Text}, [](std::size_t row, const RowStore&) {
+    return row == 0 ? Value("#FF8000") : row == 1 ? Value("no colour") : Value();
+  });
+  grid.FindColumn("Colour")->SetKind(CellKind::Swatch);
+  const auto table = grid.Table();
+  EXPECT_EQ(table->CellColor(0, 2), std::optional<Color>(0xFF8000));
+  EXPECT_EQ(table->CellColor(1, 2), std::nullopt);
+  EXPECT_EQ(table->CellColor(2, 2), std::nullopt);
+  EXPECT_EQ(table->CellColor(0, 0), std::nullopt);
 }
 
 TEST_F(Grid, NewRowsClearTheSelection) {

@@ -1,0 +1,26 @@
+// Sets the components of a report's windows by their published names, as a user does.
+#pragma once
+
+#include "desktop/cli/report_request.h"
+#include "host/components/form.h"
+#include "host/components/grid.h"
+
+namespace goods {
+
+// Sets those of the request's criteria that stand in that place. The company's own answer to a value (a good
+// that is not there, a saved list that is gone) is thrown as std::runtime_error with a Persian message.
+void SetCriteria(TForm& form, const ReportSpec& report, const ReportRequest& request, CriterionPlace place);
+
+// Whether a criterion of the request stands there.
+bool AsksIn(const ReportSpec& report, const ReportRequest& request, CriterionPlace place);
+
+// Shows these columns alone, in this order. Throws UsageError for a field that the grid does not offer.
+void ShowColumns(TSmartDBGrid_QRT& grid, const std::vector<std::string>& fields);
+void SortBy(TSmartDBGrid_QRT& grid, const std::vector<std::string>& fields);
+// The column's field is shown or may be.
+bool IsOffered(const TGridColumn& column);
+
+// Clicks a button by its name; throws where it is not there or disabled.
+void ClickButton(TForm& form, std::string_view name);
+
+}  // namespace goods

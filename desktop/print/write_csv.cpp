@@ -1,0 +1,92 @@
+#include "desktop/print/writers.h"
+#include "host/core/text.h"
+
+namespace goods {
+namespace {
+
+// What a spreadsheet reads as the beginning of a formula or of a command.
+bool LooksLikeFormula(std::string_view text) {
+  if (text.empty()) return false;
+  const char first = text.front();
+  if (first == '=' || first == '+' || first == '-' || first == '@' || first == '\t' || first == '\r') {
+    return !Decimal::Parse(text);
+  }
+  return false;
+}
+
+void AppendQuoted(std::string& out, std::string_view text) {
+  if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+    out += text;
+    return;
+  }
+  out += '"';
+  for (const char c : text) {
+    if (c == '"') out += '"';
+    out += c;
+  }
+  out += '"';
+}
+
+void AppendText(std::string& out, std::string_view text) {
+  if (!LooksLikeFormula(text)) return AppendQuoted(out, text);
+  AppendQuoted(out, "'" + std::string(text));
+}
+
+class CsvRows {
+ public:
+  CsvRows(const IReportTable& table, const ExportOptions& options) : table_(table), options_(options) {}
+
+  void Append(std::string& out, std::size_t row) const {
+    const auto& columns = table_.Columns();
+    for (std::size_t c = 0; c < columns.size(); ++c) {
+      if (c > 0) out += ',';
+      if (columns[c].kind == CellKind::Swatch) {
+        if (const auto color = table_.CellColor(row, c)) out += ColorText(*color);
+      } else {
+        AppendCell(out, row, c, columns[c].kind);
+      }
+    }
+    out += "\r\n";
+  }
+
+ private:
+  void AppendCell(std::string& out, std::size_t row, std::size_t column, CellKind kind) const {
+    const Value value = table_.Cell(row, column);
+    if (value.IsNull()) return;
+    if (value.IsNumber()) {
+      if (options_.csvShown) return AppendQuoted(out, table_.CellText(row, column));
+      out += value.AsText();
+    } else if (kind == CellKind::Date && options_.isoDates) {
+      AppendText(out, IsoDate(value.AsText()));
+    } else {
+      AppendText(out, value.AsText());
+    }
+  }
+
+  const IReportTable& table_;
+  const ExportOptions& options_;
+};
+
+}  // namespace
+
+void WriteCsvTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options) {
+  const IReportTable& table = *job.table;
+  SinkBuffer buffer(sink);
+  if (options.csvMark) buffer.Text() += "\xEF\xBB\xBF";
+  bool first = true;
+  for (const std::string& title : FileTitles(table)) {
+    if (!first) buffer.Text() += ',';
+    first = false;
+    AppendText(buffer.Text(), ReplaceAll(title, "|", " / "));
+  }
+  buffer.Text() += "\r\n";
+  const CsvRows rows(table, options);
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    TellProgress(options, row);
+    rows.Append(buffer.Text(), row);
+    buffer.Pass();
+  }
+  buffer.Finish();
+}
+
+}  // namespace goods

@@ -1,0 +1,55 @@
+// The writers behind WriteReport, one a format. What a cell is they take from the table's types; none of them
+// parses a shown text.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "desktop/print/export.h"
+
+namespace goods {
+
+// Text in columns of characters: title, criteria, the table with its totals.
+void WriteTextTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+
+// A line of captions ("group / title"), then the rows; no totals, so that every line is a row. Numbers are
+// plain: a point, a minus in front, no separators. A text that a spreadsheet would take for a formula gets an
+// apostrophe in front, as one is typed there.
+void WriteCsvTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+
+// {"title", "criteria", "columns": [{"name", "caption", "group", "kind"}], "rows": [[...]], "totals": [...]}.
+// Numbers are JSON numbers with all their digits; an empty cell is null; a colour is "#RRGGBB".
+void WriteJsonTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+
+void WritePdfTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+
+// The library writes a file of its own at path, which is then read back and checked. Throws
+// std::runtime_error when anything of it failed; path may then hold a part.
+ExportOutcome WriteXlsxAt(const PrintJob& job, const std::string& path, const ExportOptions& options);
+
+// Throws std::runtime_error unless the archive at path holds that many worksheets with so many rows, each
+// whole: the library does not tell when its temporary files could not be written.
+void CheckXlsx(const std::string& path, const std::vector<std::size_t>& rowsOfSheets);
+
+// Asks the options' progress every few thousand rows; throws ExportStopped.
+void TellProgress(const ExportOptions& options, std::size_t row);
+
+// A column's title for a file, where none may be empty: its caption without accelerator marks, "برچسب" with a
+// number for a colour column without one, else the field's name.
+std::vector<std::string> FileTitles(const IReportTable& table);
+// The two halves of a "group|title"; the group is empty where there is none.
+struct SplitTitle {
+  std::string group;
+  std::string title;
+};
+SplitTitle SplitCaption(const std::string& title);
+
+// A Jalali date text as "yyyy-mm-dd" of the Gregorian calendar; any other text as it stands.
+std::string IsoDate(const std::string& jalali);
+// The text with every byte that is not part of a UTF-8 character replaced by U+FFFD.
+std::string ValidText(std::string text);
+// "#RRGGBB"
+std::string ColorText(Color color);
+
+}  // namespace goods
