@@ -1,57 +1,220 @@
+// goods-report: every report without a screen, with the criteria, rights and exit codes of its command line.
+#include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 
+#include "desktop/cli/report_specs.h"
 #include "tests/desktop/app/kit.h"
+#include "tests/desktop/app/screenless_kit.h"
 
 namespace goods {
 namespace {
 
-class Screenless : public DesktopTest {
- protected:
-  int Run(const QStringList& arguments) {
-    QProcess program;
-    program.start(GOODS_REPORT_PROGRAM, QStringList{"--company", ToQt(SmallCompany())} + arguments);
-    EXPECT_TRUE(program.waitForFinished(60'000));
-    errors_ = QString::fromUtf8(program.readAllStandardError());
-    return program.exitCode();
-  }
-  QString errors_;
-};
+class Screenless : public ScreenlessTest {};
 
-TEST_F(Screenless, TheStockCardOfTheBusiestGoodIsWrittenAsPdfAndText) {
-  EXPECT_EQ(Run({"--pdf", folder_.filePath("card.pdf"), "--text", folder_.filePath("card.txt")}), 0)
+TEST_F(Screenless, TheStockCardOfTheBusiestGoodIsWrittenInEveryFormatAtOnce) {
+  EXPECT_EQ(Run({"--pdf", At("card.pdf"), "--text", At("card.txt"), "--csv", At("card.csv"), "--json",
+                 At("card.json"), "--xlsx", At("card.xlsx")}),
+            0)
       << FromQt(errors_);
   EXPECT_EQ(Written(Path("card.pdf")).substr(0, 5), "%PDF-");
+  EXPECT_EQ(Written(Path("card.xlsx")).substr(0, 2), "PK");
   const std::string text = Written(Path("card.txt"));
   const BusyGood good = Company().ListBusyGoods(1).at(0);
   EXPECT_EQ(text.substr(0, text.find('\n')), "کاردکس کالا");
   EXPECT_NE(text.find(good.name), std::string::npos);
   // Title, good, blank, captions and two rules, the rows, the footer.
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), good.movements + 7);
+  EXPECT_EQ(Json("card.json")["rows"].toArray().size(), good.movements);
+  const std::string csv = Written(Path("card.csv"));
+  EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), good.movements + 1);
 }
 
 TEST_F(Screenless, ARangeOfDatesLeavesTheOtherRowsOut) {
-  EXPECT_EQ(Run({"--from", "1402/01/01", "--to", "1402/12/29", "--text", folder_.filePath("card.txt")}), 0);
+  EXPECT_EQ(Run({"--from", "1402/01/01", "--to", "1402/12/29", "--text", At("card.txt")}), 0)
+      << FromQt(errors_);
   const std::string text = Written(Path("card.txt"));
   EXPECT_NE(text.find("\n1402/"), std::string::npos);
   EXPECT_EQ(text.find("\n1401/"), std::string::npos);
   EXPECT_EQ(text.find("\n1403/"), std::string::npos);
+  // Turned round: the others alone.
+  EXPECT_EQ(
+      Run({"--from", "1402/01/01", "--to", "1402/12/29", "--exclude", "from", "--text", At("card.txt")}), 0);
+  EXPECT_EQ(Written(Path("card.txt")).find("\n1402/"), std::string::npos);
 }
 
-TEST_F(Screenless, WhatIsWrongIsToldWithExitCodeOne) {
-  const QString text = folder_.filePath("card.txt");
-  EXPECT_EQ(Run({"--good", "987654", "--text", text}), 1);
-  EXPECT_EQ(errors_, "کالایی با این کد وجود ندارد: 987654\n");
-  EXPECT_EQ(Run({"--store", "77", "--text", text}), 1);
-  EXPECT_EQ(errors_, "انباری با این کد وجود ندارد: 77\n");
-  EXPECT_EQ(Run({"--from", "1402/13/01", "--text", text}), 1);
-  EXPECT_EQ(errors_, "این تاریخ وجود ندارد: 1402/13/01\n");
-  EXPECT_EQ(Run({"--report", "nothing", "--text", text}), 1);
-  EXPECT_EQ(Run({"--module", "missing.so", "--text", text}), 1);
-  EXPECT_EQ(Run({"--text", folder_.filePath("no/such/folder/card.txt")}), 1);
-  EXPECT_FALSE(errors_.isEmpty());
-  EXPECT_EQ(Run({}), 1);
+TEST_F(Screenless, ListNamesEveryReportAndDescribeTellsOfEach) {
+  EXPECT_EQ(RunBare({"list"}), 0);
+  const QStringList lines = output_.split('\n', Qt::SkipEmptyParts);
+  EXPECT_EQ(lines.size(), static_cast<qsizetype>(Reports().size()));
+  for (const ReportSpec& report : Reports()) {
+    const QString name = ToQt(report.name);
+    EXPECT_TRUE(std::any_of(lines.begin(), lines.end(),
+                            [&](const QString& line) { return line.startsWith(name + " "); }));
+    EXPECT_EQ(RunBare({"describe", name}), 0) << report.name << FromQt(errors_);
+    for (const Criterion& criterion : report.criteria) {
+      EXPECT_TRUE(output_.contains("--" + ToQt(criterion.option))) << report.name;
+    }
+    if (report.through.empty()) {
+      EXPECT_TRUE(output_.contains("\n  * ")) << report.name << FromQt(output_);
+    }
+  }
+  EXPECT_EQ(RunBare({"describe", "nothing"}), 2);
+}
+
+TEST_F(Screenless, EveryReportWithoutCriteriaIsWritten) {
+  for (const ReportSpec& report : Reports()) {
+    QStringList arguments{"--report", ToQt(report.name), "--json", At("out.json")};
+    const bool required = std::any_of(report.criteria.begin(), report.criteria.end(),
+                                      [](const Criterion& each) { return each.required; });
+    if (required) {
+      EXPECT_EQ(Run(arguments), 2) << report.name;
+      continue;
+    }
+    ASSERT_EQ(Run(arguments), 0) << report.name << FromQt(errors_);
+    const QJsonObject json = Json("out.json");
+    EXPECT_FALSE(json["columns"].toArray().isEmpty()) << report.name;
+    for (const QJsonValue& row : json["rows"].toArray()) {
+      ASSERT_EQ(row.toArray().size(), json["columns"].toArray().size());
+    }
+    QFile::remove(At("out.json"));
+  }
+}
+
+TEST_F(Screenless, ColumnsAndSortAreThoseThatWereAskedFor) {
+  ASSERT_EQ(
+      Run({"--report", "goods-quantity", "--columns", "Name,Code", "--sort=-Code", "--json", At("a.json")}),
+      0)
+      << FromQt(errors_);
+  const QJsonObject json = Json("a.json");
+  ASSERT_EQ(json["columns"].toArray().size(), 2);
+  EXPECT_EQ(json["columns"].toArray()[0].toObject()["name"].toString(), "Name");
+  const QJsonArray rows = json["rows"].toArray();
+  ASSERT_GT(rows.size(), 2);
+  for (qsizetype i = 1; i < rows.size(); ++i) {
+    EXPECT_GT(rows[i - 1].toArray()[1].toInt(), rows[i].toArray()[1].toInt());
+  }
+  EXPECT_EQ(Run({"--report", "goods-quantity", "--columns", "Nothing", "--json", At("b.json")}), 2);
+  EXPECT_FALSE(QFile::exists(At("b.json")));
+}
+
+TEST_F(Screenless, EachWritesOneFileAGood) {
+  ASSERT_EQ(Run({"--each", "good", "--among", "1,2,3", "--text", At("card {code}.txt")}), 0)
+      << FromQt(errors_);
+  EXPECT_EQ(QDir(folder_.path()).entryList({"card *.txt"}).size(), 3);
+  EXPECT_EQ(Run({"--each", "good", "--among", "1,2", "--text", At("same.txt")}), 2);
+  EXPECT_EQ(Run({"--each", "good", "--among", "987654", "--text", At("{code}.txt")}), 1);
+  EXPECT_EQ(Run({"--each", "group", "--text", At("{code}.txt")}), 2);
+}
+
+TEST_F(Screenless, WhatIsWrongInTheCommandIsUsageAndWritesNothing) {
+  const QString text = At("card.txt");
+  const QList<QStringList> wrong{
+      {"--from", "1402/13/01", "--text", text},
+      {"--from", "1402/02/01", "--to", "1402/01/01", "--text", text},
+      {"--report", "nothing", "--text", text},
+      {"--tab", "short", "--text", text},
+      {"--report", "goods-quantity", "--tab", "nothing", "--text", text},
+      {"--report", "goods-quantity", "--stock", "x..y", "--text", text},
+      {"--report", "goods-quantity", "--code", "1..5", "--stock", "1..5", "--text", text},
+      {"--report", "goods-quantity", "--exclude", "store", "--text", text},
+      {"--report", "goods-money", "--price-basis", "free", "--text", text},
+      {"--good", "12x", "--text", text},
+      {"--good", "1; drop table Kardex", "--text", text},
+      {"--period", "some-day", "--text", text},
+      {"--period", "today", "--from", "1402/01/01", "--text", text},
+      {"--text", At("{nothing}.txt")},
+      {"--nothing"},
+      {},
+  };
+  for (const QStringList& arguments : wrong) {
+    EXPECT_EQ(Run(arguments), 2) << FromQt(arguments.join(' '));
+    EXPECT_FALSE(errors_.isEmpty()) << FromQt(arguments.join(' '));
+  }
   EXPECT_FALSE(QFile::exists(text));
+}
+
+TEST_F(Screenless, WhatTheCompanyAnswersIsAnErrorWithCodeOne) {
+  const QString text = At("card.txt");
+  EXPECT_EQ(Run({"--good", "987654", "--text", text}), 1);
+  EXPECT_TRUE(errors_.contains("--good")) << FromQt(errors_);
+  EXPECT_EQ(Run({"--store", "77", "--text", text}), 1);
+  EXPECT_EQ(Run({"--report", "goods-quantity", "--group", "987654", "--text", text}), 1);
+  EXPECT_EQ(Run({"--report", "goods-quantity", "--tags", "987654", "--text", text}), 1);
+  EXPECT_EQ(Run({"--module", "missing.so", "--text", text}), 1);
+  EXPECT_EQ(Run({"--text", At("no/such/folder/card.txt")}), 1);
+  EXPECT_FALSE(errors_.isEmpty());
+  EXPECT_FALSE(QFile::exists(text));
+}
+
+TEST_F(Screenless, TheCompanyItselfIsNeverWrittenOver) {
+  QFile::copy(ToQt(SmallCompany()), At("own.goods"));
+  const std::string before = Written(Path("own.goods"));
+  EXPECT_EQ(RunBare({"--company", At("own.goods"), "--user", "admin", "--text", At("own.goods")}), 1);
+  EXPECT_EQ(Written(Path("own.goods")), before);
+}
+
+TEST_F(Screenless, RightsHoldAsOnTheDesktop) {
+  const QString text = At("list.txt");
+  EXPECT_EQ(Run({"--text", text}, "guest"), 4);
+  EXPECT_TRUE(errors_.contains("مجوز")) << FromQt(errors_);
+  EXPECT_EQ(Run({"--text", text}, "nobody"), 4);
+  EXPECT_FALSE(QFile::exists(text));
+  EXPECT_EQ(RunBare({"--company", ToQt(SmallCompany()), "--text", text}), 2);
+  // The storekeeper's list has no amounts; the list in money is not for him.
+  EXPECT_EQ(Run({"--report", "goods-quantity", "--json", At("a.json")}, "anbar"), 0) << FromQt(errors_);
+  EXPECT_EQ(Run({"--report", "goods-money", "--json", At("b.json")}, "anbar"), 4);
+}
+
+TEST_F(Screenless, APasswordComesFromAFileOrTheEnvironment) {
+  WriteWholeFile(Path("password"), "admin\nsecond line\n");
+  const QString company = ToQt(SmallCompany());
+  environment_.remove("GOODS_PASSWORD");
+  EXPECT_EQ(RunBare({"--company", company, "--user", "admin", "--text", At("a.txt")}), 2);
+  EXPECT_EQ(RunBare({"--company", company, "--user", "admin", "--password-file", At("password"), "--text",
+                     At("a.txt")}),
+            0)
+      << FromQt(errors_);
+  WriteWholeFile(Path("password"), "wrong");
+  EXPECT_EQ(RunBare({"--company", company, "--user", "admin", "--password-file", At("password"), "--text",
+                     At("b.txt")}),
+            4);
+  EXPECT_FALSE(QFile::exists(At("b.txt")));
+}
+
+TEST_F(Screenless, RowsThatAreFoundEndWithThreeForAMonitor) {
+  EXPECT_EQ(Run({"--report", "goods-quantity", "--fail-if-rows"}), 3) << FromQt(errors_);
+  EXPECT_EQ(Run({"--report", "goods-quantity", "--name", "هیچ کالایی چنین نام ندارد", "--fail-if-rows",
+                 "--skip-empty", "--text", At("none.txt")}),
+            0)
+      << FromQt(errors_);
+  EXPECT_FALSE(QFile::exists(At("none.txt")));
+}
+
+TEST_F(Screenless, AJobThatFailsDoesNotStopTheOthers) {
+  WriteWholeFile(Path("jobs.toml"),
+                 "company = \"" + SmallCompany() +
+                     "\"\nuser = \"admin\"\n"
+                     "[first]\nreport = \"goods-quantity\"\ntext = \"" +
+                     Path("first.txt") +
+                     "\"\n[broken]\nreport = \"goods-quantity\"\ngroup = 987654\ntext = \"" +
+                     Path("broken.txt") + "\"\n[last]\nreport = \"stock-card\"\ncsv = [\"" +
+                     Path("last {date}.csv") + "\", \"" + Path("again.csv") + "\"]\n");
+  EXPECT_EQ(RunBare({"run", At("jobs.toml")}), 1);
+  EXPECT_TRUE(QFile::exists(At("first.txt")));
+  EXPECT_FALSE(QFile::exists(At("broken.txt")));
+  EXPECT_TRUE(QFile::exists(At("again.csv")));
+  EXPECT_EQ(QDir(folder_.path()).entryList({"last ????-??-??.csv"}).size(), 1);
+  EXPECT_EQ(output_.count('\n'), 2) << FromQt(output_);
+  EXPECT_TRUE(errors_.startsWith("broken: ")) << FromQt(errors_);
+  EXPECT_TRUE(output_.contains("first: ")) << FromQt(output_);
+  WriteWholeFile(Path("wrong.toml"), "[a]\nnothing = 1\n");
+  EXPECT_EQ(RunBare({"run", At("wrong.toml")}), 2);
+  WriteWholeFile(Path("empty.toml"), "user = \"admin\"\n");
+  EXPECT_EQ(RunBare({"run", At("empty.toml")}), 2);
 }
 
 }  // namespace
