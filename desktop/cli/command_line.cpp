@@ -46,7 +46,7 @@ void AddOutputs(CLI::App& app, CommandLine& line) {
 
 // Every criterion of every report: a job or a line of one report takes those that it has.
 void AddCriteria(CLI::App& app, CommandLine& line) {
-  for (const Criterion& criterion : EveryCriterion()) {
+  for (const ReportCriterion& criterion : EveryCriterion()) {
     const std::string option(criterion.option);
     const std::string flag = "--" + option;
     if (criterion.kind == CriterionKind::Flag) {
@@ -115,7 +115,9 @@ void AddLimits(CLI::App& app, CommandLine& line) {
 }
 
 void AddSession(CLI::App& app, CommandLine& line) {
-  app.add_option("--company", line.session.company, "The company file")->type_name("FILE")->group(kCompany);
+  app.add_option("--company", line.session.company, "The company: a file, or server:ADDRESS (docs/server.md)")
+      ->type_name("COMPANY")
+      ->group(kCompany);
   app.add_option("--user", line.user, "Who signs in; rights and prices are that user's")
       ->type_name("NAME")
       ->group(kCompany);

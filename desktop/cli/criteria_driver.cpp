@@ -32,12 +32,24 @@ Kind& Require(TForm& form, std::string_view path) {
   return *component;
 }
 
-[[noreturn]] void Missing(const Criterion& criterion, const std::string& value) {
+[[noreturn]] void Missing(const ReportCriterion& criterion, const std::string& value) {
   throw std::runtime_error("--" + std::string(criterion.option) + ": چنین چیزی در این شرکت نیست: " + value);
 }
 
+[[noreturn]] void RefuseMoney(const std::string& what) {
+  throw RefusedByRights("این کاربر قیمت‌ها و مبلغ‌ها را نمی‌بیند: " +
+                        what);
+}
+
+bool IsWithheld(const TControl* control) {
+  for (; control != nullptr; control = control->Parent()) {
+    if (control->Withheld()) return true;
+  }
+  return false;
+}
+
 // An edit that does not take a value would leave the criterion out without a word.
-void Type(TEdit& edit, const Criterion& criterion, const std::string& text) {
+void Type(TEdit& edit, const ReportCriterion& criterion, const std::string& text) {
   if (!edit.SetText(text)) {
     throw UsageError("--" + std::string(criterion.option) + ": این مقدار پذیرفته نیست: " + text);
   }
@@ -48,7 +60,10 @@ class Setter {
   Setter(TForm& form, const ReportSpec& report, const ReportRequest& request)
       : form_(form), report_(report), request_(request) {}
 
-  void Set(const Criterion& criterion, const std::vector<std::string>& values) {
+  void Set(const ReportCriterion& criterion, const std::vector<std::string>& values) {
+    for (const std::string& path : Split(criterion.path, ' ')) {
+      if (IsWithheld(Find<TControl>(form_, path))) RefuseMoney("--" + std::string(criterion.option));
+    }
     switch (criterion.kind) {
       case CriterionKind::Code:
         return SetCode(criterion, values.front());
@@ -82,12 +97,22 @@ class Setter {
     const auto found = request_.criteria.find(option);
     return found == request_.criteria.end() ? std::string() : found->second.front();
   }
-  bool Excluded(const Criterion& criterion) const {
+  bool Excluded(const ReportCriterion& criterion) const {
     return request_.exclude.contains(std::string(criterion.option)) ||
            (criterion.kind == CriterionKind::Period && request_.exclude.contains("period"));
   }
 
-  void SetCode(const Criterion& criterion, const std::string& value) {
+  // An item of a list of fields, which may be one of money.
+  static void ChooseItem(TComboBox& list, const ReportCriterion& criterion) {
+    const std::vector<int> offered = list.OfferedItems();
+    const bool there = criterion.item < static_cast<int>(list.Items().size());
+    if (there && std::find(offered.begin(), offered.end(), criterion.item) == offered.end()) {
+      RefuseMoney("--" + std::string(criterion.option));
+    }
+    list.SetItemIndex(criterion.item);
+  }
+
+  void SetCode(const ReportCriterion& criterion, const std::string& value) {
     const std::int64_t code = ParseInteger(value).value_or(0);
     if (auto* frame = Find<TSelectEntity_Search_Frame>(form_, criterion.path)) {
       if (criterion.item >= 0) frame->SelectEntity_CMB.SetItemIndex(criterion.item);
@@ -101,33 +126,33 @@ class Setter {
     if (!frame.Exists()) Missing(criterion, value);
   }
 
-  void SetText(const Criterion& criterion, const std::string& value) {
+  void SetText(const ReportCriterion& criterion, const std::string& value) {
     if (criterion.path == kTitleSearch) {
-      Require<TComboBox>(form_, "GoodDetailSearch_CMB").SetItemIndex(criterion.item);
+      ChooseItem(Require<TComboBox>(form_, "GoodDetailSearch_CMB"), criterion);
       return Type(Require<TEdit>(form_, "GoodDetailSearch_EDT"), criterion, value);
     }
     auto& frame = Require<TGeneral_Search_Frame>(form_, criterion.path);
-    frame.GeneralSearch_CMB.SetItemIndex(criterion.item);
+    ChooseItem(frame.GeneralSearch_CMB, criterion);
     Type(frame.GeneralSearch_EDT, criterion, value);
     frame.GeneralSearch_Reverst_CHK.SetChecked(Excluded(criterion));
   }
 
   // A frame of its own, or a list and two edits beside each other.
-  void SetRange(const Criterion& criterion, const DayRange& ends) {
+  void SetRange(const ReportCriterion& criterion, const DayRange& ends) {
     if (auto* frame = Find<TRange_Digit_Search_Frame>(form_, criterion.path)) {
-      frame->RangeDigit_CMB.SetItemIndex(criterion.item);
+      ChooseItem(frame->RangeDigit_CMB, criterion);
       if (!ends.from.empty()) Type(frame->RangeDigit_From_EDT, criterion, ends.from);
       if (!ends.to.empty()) Type(frame->RangeDigit_To_EDT, criterion, ends.to);
       frame->RangeDigit_Reverst_CHK.SetChecked(Excluded(criterion));
       return;
     }
     const std::vector<std::string> names = Split(criterion.path, ' ');
-    Require<TComboBox>(form_, names.at(0)).SetItemIndex(criterion.item);
+    ChooseItem(Require<TComboBox>(form_, names.at(0)), criterion);
     Type(Require<TEdit>(form_, names.at(1)), criterion, ends.from);
     Type(Require<TEdit>(form_, names.at(2)), criterion, ends.to);
   }
 
-  void SetDates(const Criterion& criterion, const DayRange& ends) {
+  void SetDates(const ReportCriterion& criterion, const DayRange& ends) {
     if (auto* frame = Find<TRange_Date_Search_Frame>(form_, criterion.path)) {
       frame->RangeDate_Reverst_CHK.SetChecked(Excluded(criterion));
       if (!ends.from.empty()) Type(frame->RangeDate_From_EDT, criterion, ends.from);
@@ -140,7 +165,7 @@ class Setter {
     Type(Require<TEdit>(form_, panel + ".Date2_EDT"), criterion, ends.to);
   }
 
-  void SetCodes(const Criterion& criterion, const std::string& value) {
+  void SetCodes(const ReportCriterion& criterion, const std::string& value) {
     TTokenEditor* editor = Find<TTokenEditor>(form_, criterion.path);
     if (auto* tags = Find<TTags_search_FRM>(form_, criterion.path)) {
       tags->Tags_Reverst_CHK.SetChecked(Excluded(criterion));
@@ -157,20 +182,23 @@ class Setter {
     editor->SetCodes(codes);
   }
 
-  void SetChoice(const Criterion& criterion, const std::string& value) {
+  void SetChoice(const ReportCriterion& criterion, const std::string& value) {
     const std::vector<std::string> words = ChoicesOf(criterion);
     const auto index = std::find(words.begin(), words.end(), value) - words.begin();
     if (criterion.path.find(' ') != std::string_view::npos) {
       Require<TRadioButton>(form_, Split(criterion.path, ' ').at(static_cast<std::size_t>(index)))
           .SetChecked(true);
     } else if (auto* pages = Find<TPageControl>(form_, criterion.path)) {
+      if (IsWithheld(pages->Pages().at(static_cast<std::size_t>(index)))) {
+        RefuseMoney("--" + std::string(criterion.option) + " " + value);
+      }
       pages->SetActivePageIndex(static_cast<int>(index));
     } else {
       Require<TTabControl>(form_, criterion.path).SetTabIndex(static_cast<int>(index));
     }
   }
 
-  void SetObject(const Criterion& criterion, const std::string& value) {
+  void SetObject(const ReportCriterion& criterion, const std::string& value) {
     auto& combo = Require<TComboBox>(form_, criterion.path);
     const std::int64_t object = ParseInteger(value).value_or(0);
     const auto& items = combo.Items();
@@ -180,13 +208,13 @@ class Setter {
     Missing(criterion, value);
   }
 
-  void SetGroup(const Criterion& criterion, const std::string& value) {
+  void SetGroup(const ReportCriterion& criterion, const std::string& value) {
     auto& grid = Require<TSmartDBGrid_QRT>(form_, report_.groups);
     const Value key[] = {Value(ParseInteger(value).value_or(0))};
     if (grid.DataSet() == nullptr || !grid.DataSet()->Locate("Code", key)) Missing(criterion, value);
   }
 
-  void SetPriceBasis(const Criterion& criterion, const std::string& value) {
+  void SetPriceBasis(const ReportCriterion& criterion, const std::string& value) {
     const std::string panel(criterion.path);
     auto& box = Require<TCheckBox>(form_, panel + ".Stock_CHK");
     const std::vector<std::string> words = ChoicesOf(criterion);
@@ -213,7 +241,7 @@ class Setter {
   }
 
   // The first detail stands in the window, the others in its dialog.
-  void SetDetails(const Criterion& criterion, const std::vector<std::string>& values) {
+  void SetDetails(const ReportCriterion& criterion, const std::vector<std::string>& values) {
     for (std::size_t i = 0; i < values.size(); ++i) {
       const std::string number = std::to_string(i + 1);
       auto* kinds = Find<TComboBox>(form_, "GoodDetailSelectSearch" + number + "_CMB");
@@ -230,7 +258,7 @@ class Setter {
     }
   }
 
-  void SetDetail(const Criterion& criterion, const std::string& number, const std::string& value) {
+  void SetDetail(const ReportCriterion& criterion, const std::string& number, const std::string& value) {
     const DayRange ends = RangeEnds(value);
     auto& list = Require<TComboBox>(form_, "GoodDetail" + number + "_CMB");
     auto& from = Require<TEdit>(form_, "FromGoodDetail" + number + "_EDT");
@@ -252,14 +280,14 @@ class Setter {
 };
 
 // Details stand in two places at once.
-bool StandsIn(const Criterion& criterion, CriterionPlace place) {
+bool StandsIn(const ReportCriterion& criterion, CriterionPlace place) {
   if (criterion.place == place) return true;
   if (criterion.kind != CriterionKind::Detail) return false;
   return (criterion.place == CriterionPlace::Window && place == CriterionPlace::Dialog) ||
          (criterion.place == CriterionPlace::Outer && place == CriterionPlace::OuterDialog);
 }
 
-const std::vector<std::string>* ValuesOf(const Criterion& criterion, const ReportRequest& request) {
+const std::vector<std::string>* ValuesOf(const ReportCriterion& criterion, const ReportRequest& request) {
   const auto found = request.criteria.find(std::string(criterion.option));
   if (found != request.criteria.end()) return &found->second;
   if (criterion.kind != CriterionKind::Period) return nullptr;
@@ -270,6 +298,7 @@ const std::vector<std::string>* ValuesOf(const Criterion& criterion, const Repor
 TGridColumn& ColumnOf(TSmartDBGrid_QRT& grid, const std::string& field) {
   TGridColumn* column = grid.FindColumn(field);
   if (column != nullptr && IsOffered(*column)) return *column;
+  if (column != nullptr && column->Withheld()) RefuseMoney(field);
   std::string known;
   for (const auto& each : grid.Columns()) {
     if (IsOffered(*each)) known += " " + each->FieldName();
@@ -282,7 +311,7 @@ TGridColumn& ColumnOf(TSmartDBGrid_QRT& grid, const std::string& field) {
 bool IsOffered(const TGridColumn& column) { return column.Visible() || column.Customizable(); }
 
 bool AsksIn(const ReportSpec& report, const ReportRequest& request, CriterionPlace place) {
-  return std::any_of(report.criteria.begin(), report.criteria.end(), [&](const Criterion& criterion) {
+  return std::any_of(report.criteria.begin(), report.criteria.end(), [&](const ReportCriterion& criterion) {
     const auto* values = ValuesOf(criterion, request);
     if (values == nullptr || !StandsIn(criterion, place)) return false;
     // The first detail is the window's own.
@@ -294,7 +323,7 @@ void SetCriteria(TForm& form, const ReportSpec& report, const ReportRequest& req
   Setter setter(form, report, request);
   // The good comes last: the others then count from its first reading on.
   for (const bool good : {false, true}) {
-    for (const Criterion& criterion : report.criteria) {
+    for (const ReportCriterion& criterion : report.criteria) {
       const auto* values = ValuesOf(criterion, request);
       if (values == nullptr || (criterion.option == "good") != good || !StandsIn(criterion, place)) continue;
       setter.Set(criterion, *values);

@@ -9,12 +9,15 @@ namespace goods {
 
 // Sets those of the request's criteria that stand in that place. The company's own answer to a value (a good
 // that is not there, a saved list that is gone) is thrown as std::runtime_error with a Persian message.
+// Throws RefusedByRights for what asks for prices, of a user who sees none: left out, the list would be
+// another one.
 void SetCriteria(TForm& form, const ReportSpec& report, const ReportRequest& request, CriterionPlace place);
 
 // Whether a criterion of the request stands there.
 bool AsksIn(const ReportSpec& report, const ReportRequest& request, CriterionPlace place);
 
-// Shows these columns alone, in this order. Throws UsageError for a field that the grid does not offer.
+// Shows these columns alone, in this order. Throws UsageError for a field that the grid does not offer, and
+// RefusedByRights for one of money that the user may not see.
 void ShowColumns(TSmartDBGrid_QRT& grid, const std::vector<std::string>& fields);
 void SortBy(TSmartDBGrid_QRT& grid, const std::vector<std::string>& fields);
 // The column's field is shown or may be.

@@ -63,7 +63,7 @@ class EmptyHost : public THost {
 
 void DescribeCriteria(const ReportSpec& report, std::ostream& out) {
   out << "criteria:\n";
-  for (const Criterion& criterion : report.criteria) {
+  for (const ReportCriterion& criterion : report.criteria) {
     std::string head = "--" + std::string(criterion.option);
     if (const std::string value = ValueName(criterion); !value.empty()) head += " " + value;
     if (criterion.kind == CriterionKind::Period) head += " --to DAY --period WORD";
@@ -78,9 +78,10 @@ void DescribeCriteria(const ReportSpec& report, std::ostream& out) {
 }  // namespace
 
 void DescribeReport(const ReportSpec& report, const SessionOptions& options, std::ostream& out) {
-  out << report.name << ": " << report.title << "\n" << report.help << "\n\n";
-  out << "rights: 6 on " << report.softwarePart << " to open it, 23 on " << report.softwarePart
-      << " to write it\n\n";
+  const ReportDescription& described = *report.description;
+  out << described.name << ": " << described.title << "\n" << described.about << "\n\n";
+  out << "rights: " << described.permission << " on " << described.softwarePart << " to open it, "
+      << kPermissionPrintList << " on " << described.softwarePart << " to write it\n\n";
   DescribeCriteria(report, out);
   if (!report.through.empty()) return;  // opened from a row, which there is none of
   EmptyHost host(out);
@@ -96,11 +97,7 @@ void DescribeReport(const ReportSpec& report, const SessionOptions& options, std
   };
   ModuleLibrary module(ModuleLibrary::Find(options.module, options.programFolder));
   module.Attach(host);
-  if (report.opens == "Open_KardexNegativ") {
-    module.OpenKardexNegativ("1", "0", "0");
-  } else {
-    module.Call(std::string(report.opens).c_str());
-  }
+  module.Open(Describe(report.outer));
 }
 
 }  // namespace goods

@@ -18,7 +18,7 @@ constexpr std::size_t kMostDetails = 5;
 
 [[noreturn]] void Fail(const std::string& message) { throw UsageError(message); }
 
-[[noreturn]] void FailValue(const Criterion& criterion, const std::string& value) {
+[[noreturn]] void FailValue(const ReportCriterion& criterion, const std::string& value) {
   Fail("--" + std::string(criterion.option) + ": این مقدار پذیرفته نیست: " + value + " (" +
        ValueName(criterion) + ")");
 }
@@ -36,7 +36,7 @@ bool IsNumber(const std::string& text) {
   return text.empty() || Decimal::Parse(ReplaceAll(text, ",", "")).has_value();
 }
 
-bool IsPriceBasis(const Criterion& criterion, const std::string& value) {
+bool IsPriceBasis(const ReportCriterion& criterion, const std::string& value) {
   const std::vector<std::string> words = ChoicesOf(criterion);
   if (std::find(words.begin(), words.end(), value) != words.end()) return true;
   const auto colon = value.find(':');
@@ -45,7 +45,7 @@ bool IsPriceBasis(const Criterion& criterion, const std::string& value) {
   return (side == "buy" || side == "sell") && ParseInteger(value.substr(colon + 1)).has_value();
 }
 
-void CheckValue(const Criterion& criterion, const std::string& value) {
+void CheckValue(const ReportCriterion& criterion, const std::string& value) {
   bool right = true;
   switch (criterion.kind) {
     case CriterionKind::Code:
@@ -96,11 +96,11 @@ void CheckValue(const Criterion& criterion, const std::string& value) {
 
 // Two criteria of one frame are two of its fields, of which it asks for one.
 void CheckSharing(const ReportSpec& report, const ReportRequest& request) {
-  std::vector<const Criterion*> used;
+  std::vector<const ReportCriterion*> used;
   for (const auto& [option, values] : request.criteria) {
-    const Criterion* criterion = FindCriterion(report, option);
+    const ReportCriterion* criterion = FindCriterion(report, option);
     if (criterion == nullptr || criterion->item < 0) continue;
-    for (const Criterion* other : used) {
+    for (const ReportCriterion* other : used) {
       if (other->path == criterion->path && other->place == criterion->place &&
           other->item != criterion->item) {
         Fail("--" + std::string(other->option) + " و --" + option + " با هم پذیرفته نیستند.");
@@ -112,9 +112,9 @@ void CheckSharing(const ReportSpec& report, const ReportRequest& request) {
 
 void CheckCriteria(const ReportSpec& report, const ReportRequest& request) {
   for (const auto& [option, values] : request.criteria) {
-    const Criterion* criterion = FindCriterion(report, option == "to" ? "from" : option);
+    const ReportCriterion* criterion = FindCriterion(report, option == "to" ? "from" : option);
     if (criterion == nullptr) {
-      Fail("گزارش " + std::string(report.name) + " این شرط را ندارد: --" + option);
+      Fail("گزارش " + std::string(report.Name()) + " این شرط را ندارد: --" + option);
     }
     for (const std::string& value : values) CheckValue(*criterion, value);
     if (values.size() > (criterion->kind == CriterionKind::Detail ? kMostDetails : 1)) {
@@ -122,19 +122,19 @@ void CheckCriteria(const ReportSpec& report, const ReportRequest& request) {
     }
   }
   for (const std::string& option : request.exclude) {
-    const Criterion* criterion = FindCriterion(report, option == "period" ? "from" : option);
+    const ReportCriterion* criterion = FindCriterion(report, option == "period" ? "from" : option);
     if (criterion == nullptr || !criterion->exclude) {
-      Fail("--exclude: این شرط در گزارش " + std::string(report.name) +
+      Fail("--exclude: این شرط در گزارش " + std::string(report.Name()) +
            " برگردانده نمی‌شود: " + option);
     }
     if (!request.criteria.contains(std::string(criterion->option))) {
       Fail("--exclude: این شرط داده نشده است: " + option);
     }
   }
-  for (const Criterion& criterion : report.criteria) {
+  for (const ReportCriterion& criterion : report.criteria) {
     const std::string option(criterion.option);
     if (criterion.required && !request.criteria.contains(option) && request.each != option) {
-      Fail("گزارش " + std::string(report.name) + " این شرط را لازم دارد: --" + option);
+      Fail("گزارش " + std::string(report.Name()) + " این شرط را لازم دارد: --" + option);
     }
   }
   CheckSharing(report, request);
@@ -149,7 +149,7 @@ void CheckEach(const ReportSpec& report, const ReportRequest& request) {
     Fail("--each: یکی از good، store، group");
   }
   if (FindCriterion(report, request.each) == nullptr) {
-    Fail("گزارش " + std::string(report.name) + " این شرط را ندارد: --each " + request.each);
+    Fail("گزارش " + std::string(report.Name()) + " این شرط را ندارد: --each " + request.each);
   }
   if (request.criteria.contains(request.each)) {
     Fail("--each " + request.each + " و --" + request.each + " با هم پذیرفته نیستند.");
@@ -169,6 +169,7 @@ DayRange MonthsOf(int year, int month, int count) {
 }  // namespace
 
 UsageError::~UsageError() = default;
+RefusedByRights::~RefusedByRights() = default;
 
 DayRange RangeEnds(const std::string& text) {
   const auto dots = text.find("..");
@@ -203,7 +204,7 @@ DayRange RelativePeriod(const std::string& name, const std::string& today) {
 }
 
 void CheckRequest(ReportRequest& request, const std::string& today) {
-  const ReportSpec* report = FindReport(request.name);
+  const ReportSpec* report = FindSpec(request.name);
   if (report == nullptr) Fail("گزارشی با این نام نیست: " + request.name);
   if (!request.period.empty()) {
     if (request.criteria.contains("from") || request.criteria.contains("to")) {

@@ -21,6 +21,13 @@ class UsageError : public std::runtime_error {
   ~UsageError() override;
 };
 
+// The user may not do that. The message is Persian, and the user was not told yet.
+class RefusedByRights : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+  ~RefusedByRights() override;
+};
+
 // The exit codes of goods-report.
 inline constexpr int kExitWritten = 0;
 inline constexpr int kExitError = 1;

@@ -19,13 +19,13 @@
 #include "desktop/cli/screenless_windows.h"
 #include "host/base/base_dock.h"
 #include "host/base/base_search.h"
+#include "host/core/text.h"
 #include "host/services/host.h"
 
 namespace goods {
 namespace {
 
 constexpr const char* kDialogButton = "ADVSearch_Fram1.ADVSearch_BTN";
-constexpr const char* kNotGiven = "0";
 
 TSettings SettingsIn(const std::string& folder) {
   if (folder.empty()) return {};
@@ -94,6 +94,13 @@ class ScreenlessHost : public THost {
   NoDocuments documents_;
 };
 
+// The file that a company's description names; empty for one on a server.
+std::string CompanyFile(const std::string& description) {
+  constexpr std::string_view kFile = "file:";
+  if (IsOnServer(description)) return {};
+  return description.starts_with(kFile) ? description.substr(kFile.size()) : description;
+}
+
 EntityKind EntityOf(const std::string& each) {
   return each == "good" ? EntityKind::Good : each == "store" ? EntityKind::Store : EntityKind::GoodGroup;
 }
@@ -105,19 +112,16 @@ std::string Given(const ReportRequest& request, const char* option) {
 
 // Calls the export that opens the report's outer window.
 void CallExport(ModuleLibrary& module, const ReportSpec& report, const ReportRequest& request) {
-  if (report.opens == "Open_KardexNegativ") {
-    const std::string from = Given(request, "from");
-    const std::string to = Given(request, "to");
-    // The card takes both ends or none; an end that is left out is open.
-    if (from.empty() && to.empty()) return module.OpenKardexNegativ("1", kNotGiven, kNotGiven);
+  const std::string from = Given(request, "from");
+  const std::string to = Given(request, "to");
+  // The negative card's period is part of the call: both ends or none; an end that is left out is open.
+  if (report.IsNegativeCard() && !(from.empty() && to.empty())) {
     return module.OpenKardexNegativ("1", from, to);
   }
-  module.Call(std::string(report.opens).c_str());
+  module.Open(Describe(report.outer));
 }
 
 }  // namespace
-
-RefusedByRights::~RefusedByRights() = default;
 
 struct ReportRunner::Impl {
   Impl(ICompany& givenCompany, const UserRecord& user, SessionOptions givenOptions, std::ostream& givenOut)
@@ -126,7 +130,8 @@ struct ReportRunner::Impl {
         out(givenOut),
         log(options.statementLog.empty()
                 ? nullptr
-                : std::make_unique<StatementLog>(options.statementLog, std::vector{options.company})),
+                : std::make_unique<StatementLog>(options.statementLog,
+                                                 std::vector{CompanyFile(options.company)})),
         host(company, user, log.get(), options, out),
         module(ModuleLibrary::Find(options.module, options.programFolder)) {
     if (log != nullptr)
@@ -178,7 +183,7 @@ void ReportRunner::Impl::FillDialog(TForm& form) {
 }
 
 void ReportRunner::Impl::Drive(TBaseDock_FRM& window) {
-  const bool inner = window.Name() == report->window;
+  const bool inner = window.Name() == report->Window();
   const auto place = inner ? CriterionPlace::Window : CriterionPlace::Outer;
   dialog = inner ? CriterionPlace::Dialog : CriterionPlace::OuterDialog;
   if (inner) {
@@ -196,7 +201,7 @@ void ReportRunner::Impl::Drive(TBaseDock_FRM& window) {
   host.Windows().DeliverAll();
   if (inner) {
     // An accepted dialog of the row search has run the report already.
-    const bool ran = AsksIn(*report, *request, dialog) && report->window == "KardexSearch_FRM";
+    const bool ran = AsksIn(*report, *request, dialog) && report->description->id == ReportId::RowSearch;
     if (!report->run.empty() && !ran) ClickButton(window, report->run);
     host.Windows().DeliverAll();
     return Write(window);
@@ -233,15 +238,15 @@ void ReportRunner::Impl::Write(TBaseDock_FRM& window) {
   if (request->skipEmpty && grid->RowCount() == 0) return;
   const std::unique_ptr<IReportTable> table = grid->Table();
   PrintJob job;
-  job.title = PlainCaption(window.Caption());
+  job.title = Trim(PlainCaption(window.Caption()));
   job.lines = window.PrintLines();
   job.table = table.get();
-  ExportOptions exporting;
+  WritingOptions exporting;
   exporting.today = host.Windows().NowDate();
   exporting.csvShown = request->csvShown;
   exporting.csvMark = request->csvMark;
   exporting.isoDates = request->isoDates;
-  exporting.forbidden = {options.company, options.statementLog};
+  exporting.forbidden = {CompanyFile(options.company), options.statementLog};
   for (const OutputFile& output : request->outputs) {
     const std::string path = FileNameFor(output.path, names);
     if (options.progress) {
@@ -259,8 +264,8 @@ void ReportRunner::Impl::Write(TBaseDock_FRM& window) {
 
 void ReportRunner::Impl::RunOnce(const ReportRequest& asked, std::int64_t code, const std::string& name) {
   request = &asked;
-  report = FindReport(asked.name);
-  names = {host.Windows().NowDate(), std::string(report->name), code, name};
+  report = FindSpec(asked.name);
+  names = {host.Windows().NowDate(), std::string(report->Name()), code, name};
   reached = written = false;
   error = nullptr;
   host.Rights().ForgetRefusal();
@@ -275,7 +280,7 @@ void ReportRunner::Impl::RunOnce(const ReportRequest& asked, std::int64_t code, 
   CallExport(module, *report, asked);
   if (error) std::rethrow_exception(error);
   if (!written && !host.Rights().Refusal().empty()) throw RefusedByRights(host.Rights().Refusal());
-  if (!written) throw std::runtime_error("گزارش نوشته نشد: " + std::string(report->name));
+  if (!written) throw std::runtime_error("گزارش نوشته نشد: " + std::string(report->Name()));
 }
 
 ReportRunner::ReportRunner(ICompany& company, const UserRecord& user, const SessionOptions& options,
@@ -293,7 +298,7 @@ RunOutcome ReportRunner::Run(const ReportRequest& request) {
   if (request.each.empty()) {
     ReportRequest one = request;
     // The stock card of no good is empty: the busiest one shows what there is.
-    if (FindReport(one.name)->name == "stock-card" && !one.criteria.contains("good")) {
+    if (FindSpec(one.name)->description->id == ReportId::StockCard && !one.criteria.contains("good")) {
       const auto busiest = impl_->company.ListBusyGoods(1);
       if (busiest.empty()) throw std::runtime_error("این شرکت هیچ گردشی ندارد.");
       one.criteria["good"] = {std::to_string(busiest.front().code)};

@@ -15,7 +15,7 @@
 namespace goods {
 
 struct SessionOptions {
-  std::string company;  // the file
+  std::string company;  // as OpenCompany takes it
   std::string module;   // the report library; empty for the one beside the program
   std::string programFolder;
   std::string statementLog;
@@ -23,13 +23,6 @@ struct SessionOptions {
       settings;  // the desktop's settings folder, whose units and decimals count; empty for the defaults
   bool progress = false;  // told on the stream of messages, for a terminal
   bool quiet = false;     // says nothing of what was written
-};
-
-// The user may not do that. The message is Persian, and the user was not told yet.
-class RefusedByRights : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-  ~RefusedByRights() override;
 };
 
 struct RunOutcome {

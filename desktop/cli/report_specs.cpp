@@ -1,9 +1,9 @@
 #include "desktop/cli/report_specs.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/core/text.h"
-#include "host/services/rights.h"
 
 namespace goods {
 namespace {
@@ -18,30 +18,30 @@ constexpr std::string_view kMovementTabs =
     "shortage decrease";
 constexpr std::string_view kStores = "total separate";
 
-Criterion PeriodOf(std::string_view path, Place place = Place::Window, bool exclude = false) {
+ReportCriterion PeriodOf(std::string_view path, Place place = Place::Window, bool exclude = false) {
   return {"from", Kind::Period, place, path, -1, exclude, false, "", "First day, yyyy/mm/dd (Jalali)"};
 }
-Criterion BeforeOf(std::string_view path, Place place = Place::Window) {
+ReportCriterion BeforeOf(std::string_view path, Place place = Place::Window) {
   return {"before", Kind::Flag, place, path, -1, false, false, "", "Count the stock before the period"};
 }
-Criterion Search(std::string_view option, std::string_view path, int item, std::string_view help,
-                 bool exclude = true, Place place = Place::Window) {
+ReportCriterion Search(std::string_view option, std::string_view path, int item, std::string_view help,
+                       bool exclude = true, Place place = Place::Window) {
   return {option, Kind::Text, place, path, item, exclude, false, "", help};
 }
-Criterion RangeOf(std::string_view option, std::string_view path, int item, std::string_view help,
-                  bool exclude = true) {
+ReportCriterion RangeOf(std::string_view option, std::string_view path, int item, std::string_view help,
+                        bool exclude = true) {
   return {option, Kind::Range, Place::Dialog, path, item, exclude, false, "", help};
 }
-Criterion StoreOf(std::string_view path, Place place, bool exclude) {
+ReportCriterion StoreOf(std::string_view path, Place place, bool exclude) {
   return {"store", Kind::Code, place, path, -1, exclude, false, "", "One store's code"};
 }
-Criterion GoodOf(std::string_view path, Place place, bool required) {
+ReportCriterion GoodOf(std::string_view path, Place place, bool required) {
   return {"good", Kind::Code, place, path, 0, false, required, "", "One good's code"};
 }
-Criterion GroupOf() {
+ReportCriterion GroupOf() {
   return {"group", Kind::Group, Place::Window, "", -1, false, false, "", "One good group's code"};
 }
-Criterion BasisOf() {
+ReportCriterion BasisOf() {
   return {"price-basis",
           Kind::PriceBasis,
           Place::Window,
@@ -52,7 +52,7 @@ Criterion BasisOf() {
           "cost highest-purchase lowest-purchase last-purchase highest-sale lowest-sale last-sale",
           "What stock is valued at; also buy:CODE and sell:CODE, a price level"};
 }
-Criterion TagsOf(bool exclude) {
+ReportCriterion TagsOf(bool exclude) {
   return {"tags",
           Kind::Codes,
           Place::Dialog,
@@ -63,7 +63,7 @@ Criterion TagsOf(bool exclude) {
           "",
           "Goods with one of these tags"};
 }
-Criterion CategoriesOf() {
+ReportCriterion CategoriesOf() {
   return {"categories",
           Kind::Codes,
           Place::Dialog,
@@ -74,14 +74,14 @@ Criterion CategoriesOf() {
           "",
           "Goods in one of these categories"};
 }
-void AddSavedList(std::vector<Criterion>& to) {
+void AddSavedList(std::vector<ReportCriterion>& to) {
   to.push_back({"list", Kind::Object, Place::Dialog, "SelectedList_CMB", -1, false, false, "",
                 "Goods of a saved list, by its code"});
   to.push_back({"not-in-list", Kind::Flag, Place::Dialog, "DisplayType_CHK", -1, false, false, "",
                 "With --list: the goods that it does not hold"});
 }
 
-std::vector<Criterion> RowSearch() {
+std::vector<ReportCriterion> RowSearch() {
   constexpr std::string_view kAmounts = "SearchRangeAmount_FRAME";
   constexpr std::string_view kCosts = "SearchRangeCost_FRAME";
   return {
@@ -100,9 +100,9 @@ std::vector<Criterion> RowSearch() {
   };
 }
 
-std::vector<Criterion> GoodsList(bool money) {
+std::vector<ReportCriterion> GoodsList(bool money) {
   constexpr std::string_view kSearch = "GeneralSearch_FRAME";
-  std::vector<Criterion> criteria{
+  std::vector<ReportCriterion> criteria{
       Search("good-code", kSearch, 0, "A good's code, as the quick search takes it"),
       Search("name", kSearch, 1, "A text in the good's name"),
       Search("bar-code", kSearch, 6, "A text in the good's bar code"),
@@ -128,7 +128,7 @@ std::vector<Criterion> GoodsList(bool money) {
   return criteria;
 }
 
-std::vector<Criterion> Overall() {
+std::vector<ReportCriterion> Overall() {
   constexpr std::string_view kSearch = "GeneralSearch_FRAME";
   return {
       Search("good-code", kSearch, 0, "A good's code"),
@@ -141,7 +141,7 @@ std::vector<Criterion> Overall() {
   };
 }
 
-std::vector<Criterion> StoreStock() {
+std::vector<ReportCriterion> StoreStock() {
   constexpr std::string_view kSearch = "GeneralSearch_FRAME";
   return {
       Search("good-code", kSearch, 0, "A good's code"),
@@ -152,14 +152,14 @@ std::vector<Criterion> StoreStock() {
   };
 }
 
-void AddTitleSearch(std::vector<Criterion>& to,
+void AddTitleSearch(std::vector<ReportCriterion>& to,
                     std::initializer_list<std::pair<std::string_view, std::string_view>> items) {
   int item = 0;
   for (const auto& [option, help] : items)
     to.push_back(Search(option, "GoodDetailSearch", item++, help, false));
 }
 
-void AddDetailDialog(std::vector<Criterion>& to) {
+void AddDetailDialog(std::vector<ReportCriterion>& to) {
   to.push_back({"detail", Kind::Detail, Place::Window, "", -1, false, false, "",
                 "A detail of the good: TITLE=VALUE or TITLE=FROM..TO; up to five times"});
   to.push_back(RangeOf("code", "SearchGoodCode_FRAME", 0, "Goods' codes", false));
@@ -170,8 +170,8 @@ void AddDetailDialog(std::vector<Criterion>& to) {
   AddSavedList(to);
 }
 
-std::vector<Criterion> DetailStock() {
-  std::vector<Criterion> criteria{
+std::vector<ReportCriterion> DetailStock() {
+  std::vector<ReportCriterion> criteria{
       GroupOf(),
       {"stores", Kind::Choice, Place::Window, "StoresTotals_RDB StoresSeparations_RDB", -1, false, false,
        kStores, "Stores together or each by itself"},
@@ -188,8 +188,8 @@ std::vector<Criterion> DetailStock() {
   return criteria;
 }
 
-std::vector<Criterion> DetailMovements() {
-  std::vector<Criterion> criteria;
+std::vector<ReportCriterion> DetailMovements() {
+  std::vector<ReportCriterion> criteria;
   AddTitleSearch(criteria, {{"good-code", "A good's code, as the quick search takes it"},
                             {"name", "A text in the good's name"},
                             {"store-name", "A text in the store's name"},
@@ -209,8 +209,8 @@ std::vector<Criterion> DetailMovements() {
   return criteria;
 }
 
-std::vector<Criterion> DetailMismatch() {
-  std::vector<Criterion> criteria{
+std::vector<ReportCriterion> DetailMismatch() {
+  std::vector<ReportCriterion> criteria{
       GroupOf(),
       {"stores", Kind::Choice, Place::Window, "StoresTotals_RDB StoresSeparations_RDB", -1, false, false,
        kStores, "Stores together or each by itself"},
@@ -225,8 +225,8 @@ std::vector<Criterion> DetailMismatch() {
   return criteria;
 }
 
-std::vector<Criterion> OperationMismatch() {
-  std::vector<Criterion> criteria{
+std::vector<ReportCriterion> OperationMismatch() {
+  std::vector<ReportCriterion> criteria{
       {"good", Kind::Text, Place::Outer, "GoodDetailSearch", 0, false, true, "", "The good's code"},
   };
   AddTitleSearch(criteria, {{"store-code", "A store's code"},
@@ -246,10 +246,10 @@ std::vector<Criterion> OperationMismatch() {
   return criteria;
 }
 
-std::vector<Criterion> GoodDetails() {
-  Criterion detail{"detail", Kind::Detail, Place::Outer,
-                   "",       -1,           false,
-                   false,    "",           "The combination: TITLE=VALUE; up to five times"};
+std::vector<ReportCriterion> GoodDetails() {
+  ReportCriterion detail{"detail", Kind::Detail, Place::Outer,
+                         "",       -1,           false,
+                         false,    "",           "The combination: TITLE=VALUE; up to five times"};
   return {
       GoodOf("Good_SESF", Place::OuterDialog, true),
       detail,
@@ -258,87 +258,99 @@ std::vector<Criterion> GoodDetails() {
   };
 }
 
-std::vector<ReportSpec> MakeReports() {
-  return {
-      {"stock-card",
-       "kardex",
-       "کاردکس کالا",
-       kPartStockCard,
-       "Open_GoodKardex",
-       "Kardex_FRM",
-       "",
-       "",
-       "",
-       "Every movement of one good with the running remainder; by itself of the good with the most movements",
-       {GoodOf("Good_SEF", Place::Window, false),
-        StoreOf("Store_SESF", Place::Window, true),
-        {"person", Kind::Code, Place::Window, "Person_SESF", -1, true, false, "", "One person's code"},
-        PeriodOf("Date_RDSF", Place::Window, true)}},
-      {"row-search", "", "جستجو در کاردکس", kPartStockCardSearch, "Open_KardexSearch", "KardexSearch_FRM", "",
-       "Report_BTN", "", "Rows of all goods' stock cards by any criterion", RowSearch()},
-      {"negative-stock",
-       "",
-       "کاردکس منفی",
-       kPartStockCardSearch,
-       "Open_KardexNegativ",
-       "KardexSearch_FRM",
-       "",
-       "",
-       "",
-       "The rows that drive a good's stock in a store below zero",
-       {PeriodOf("", Place::Call)}},
-      {"goods-quantity", "", "موجودی کالا", kPartAmountAsset, "Open_GoodAmountAsset", "GoodTransaction_FRM",
-       "", "", "GoodGroup_DBG", "What there is of each good", GoodsList(false)},
-      {"goods-money", "", "موجودی ریالی", kPartCashAsset, "Open_GoodCashAsset", "GoodTransaction_FRM", "", "",
-       "GoodGroup_DBG", "What there is of each good, and what it is worth", GoodsList(true)},
-      {"overall-turnover", "", "گزارش کلی ورود و خروج کالا", kPartOverallTurnover, "Open_GoodTrans_Overall",
-       "GoodTrans_Overall_FRM", "", "Search_BTN", "", "What came in and went out of each good, by operation",
-       Overall()},
-      {"store-stock", "", "موجودی کالا به تفکیک انبار", kPartStoreAsset, "Open_GoodsAsset_Store",
-       "GoodsAsset_Store_FRM", "", "Search_BTN", "", "The stock of each good in every store", StoreStock()},
-      {"detail-stock", "", "گزارش جزئیات کالا", kPartGoodDetail, "Open_DetailTransactions",
-       "GoodDetailTransaction_FRM", "", "", "GoodGroup_GRD", "The stock of each combination of details",
-       DetailStock()},
-      {"detail-movements", "", "جستجو در گردش جزئیات کالا", kPartGoodDetail,
-       "Open_SearchInDetailTransactions", "AllGoodDetailTransaction_FRM", "", "", "",
-       "The movements of all goods by their details", DetailMovements()},
-      {"good-details", "", "گردش جزئیات کالا", kPartGoodDetail, "Open_DetailTransactions",
-       "OneGoodDetailTransaction_FRM", "OpenInfo_BTN", "", "",
-       "The movements of one combination of a good's details", GoodDetails()},
-      {"detail-mismatch", "", "گزارش مغایرت جزئیات کالا", kPartGoodDetail, "Open_DetailKardexAsset_Dismatch",
-       "GoodDetailKardexDismatch_FRM", "", "", "GoodGroup_GRD", "Goods whose details and stock card disagree",
-       DetailMismatch()},
-      {"operation-mismatch", "", "گزارش ریز مغایرت جزئیات کالا", kPartGoodDetail,
-       "Open_DetailKardexAsset_Dismatch", "GoodDetailOperationDismatch_FRM", "OpenInfo_BTN", "", "",
-       "The documents' rows behind one good's mismatch", OperationMismatch()},
-  };
+ReportSpec Spec(ReportId report, std::vector<ReportCriterion> criteria) {
+  return {&Describe(report), "", report, "", "", "", std::move(criteria)};
+}
+
+ReportSpec WithRun(ReportSpec spec, std::string_view button) {
+  spec.run = button;
+  return spec;
+}
+
+ReportSpec WithGroups(ReportSpec spec, std::string_view grid) {
+  spec.groups = grid;
+  return spec;
+}
+
+ReportSpec Through(ReportSpec spec, ReportId outer) {
+  spec.outer = outer;
+  spec.through = "OpenInfo_BTN";
+  return spec;
+}
+
+ReportSpec StockCard() {
+  ReportSpec spec =
+      Spec(ReportId::StockCard,
+           {{"good", Kind::Code, Place::Window, "Good_SEF", 0, false, false, "",
+             "One good's code; by itself the good with the most movements"},
+            StoreOf("Store_SESF", Place::Window, true),
+            {"person", Kind::Code, Place::Window, "Person_SESF", -1, true, false, "", "One person's code"},
+            PeriodOf("Date_RDSF", Place::Window, true)});
+  spec.alias = "kardex";
+  return spec;
+}
+
+ReportSpec SpecOf(ReportId report) {
+  switch (report) {
+    case ReportId::GoodsInQuantity:
+      return WithGroups(Spec(report, GoodsList(false)), "GoodGroup_DBG");
+    case ReportId::GoodsInMoney:
+      return WithGroups(Spec(report, GoodsList(true)), "GoodGroup_DBG");
+    case ReportId::OverallTurnover:
+      return WithRun(Spec(report, Overall()), "Search_BTN");
+    case ReportId::StockPerStore:
+      return WithRun(Spec(report, StoreStock()), "Search_BTN");
+    case ReportId::StockCard:
+      break;
+    case ReportId::RowSearch:
+      return WithRun(Spec(report, RowSearch()), "Report_BTN");
+    case ReportId::NegativeCard:
+      return Spec(report, {PeriodOf("", Place::Call)});
+    case ReportId::StockByDetails:
+      return WithGroups(Spec(report, DetailStock()), "GoodGroup_GRD");
+    case ReportId::SearchInDetails:
+      return Spec(report, DetailMovements());
+    case ReportId::DetailMismatch:
+      return WithGroups(Spec(report, DetailMismatch()), "GoodGroup_GRD");
+    case ReportId::OneGoodDetails:
+      return Through(Spec(report, GoodDetails()), ReportId::StockByDetails);
+    case ReportId::OperationMismatch:
+      return Through(Spec(report, OperationMismatch()), ReportId::DetailMismatch);
+  }
+  return StockCard();
+}
+
+std::vector<ReportSpec> MakeSpecs() {
+  std::vector<ReportSpec> specs;
+  for (const ReportDescription& report : kReports) specs.push_back(SpecOf(report.id));
+  return specs;
 }
 
 }  // namespace
 
-std::span<const ReportSpec> Reports() {
-  static const std::vector<ReportSpec> kReports = MakeReports();
-  return kReports;
+std::span<const ReportSpec> ReportSpecs() {
+  static const std::vector<ReportSpec> kSpecs = MakeSpecs();
+  return kSpecs;
 }
 
-const ReportSpec* FindReport(std::string_view name) {
-  for (const ReportSpec& report : Reports()) {
-    if (report.name == name || (!report.alias.empty() && report.alias == name)) return &report;
+const ReportSpec* FindSpec(std::string_view name) {
+  for (const ReportSpec& report : ReportSpecs()) {
+    if (report.Name() == name || (!report.alias.empty() && report.alias == name)) return &report;
   }
   return nullptr;
 }
 
-const Criterion* FindCriterion(const ReportSpec& report, std::string_view option) {
+const ReportCriterion* FindCriterion(const ReportSpec& report, std::string_view option) {
   const auto found = std::find_if(report.criteria.begin(), report.criteria.end(),
-                                  [option](const Criterion& each) { return each.option == option; });
+                                  [option](const ReportCriterion& each) { return each.option == option; });
   return found == report.criteria.end() ? nullptr : &*found;
 }
 
-std::vector<std::string> ChoicesOf(const Criterion& criterion) {
+std::vector<std::string> ChoicesOf(const ReportCriterion& criterion) {
   return criterion.choices.empty() ? std::vector<std::string>() : Split(criterion.choices, ' ');
 }
 
-std::string ValueName(const Criterion& criterion) {
+std::string ValueName(const ReportCriterion& criterion) {
   switch (criterion.kind) {
     case CriterionKind::Code:
     case CriterionKind::Group:
@@ -365,12 +377,13 @@ std::string ValueName(const Criterion& criterion) {
   return "";
 }
 
-std::vector<Criterion> EveryCriterion() {
-  std::vector<Criterion> every;
-  for (const ReportSpec& report : Reports()) {
-    for (const Criterion& criterion : report.criteria) {
-      const auto known = std::find_if(every.begin(), every.end(),
-                                      [&](const Criterion& each) { return each.option == criterion.option; });
+std::vector<ReportCriterion> EveryCriterion() {
+  std::vector<ReportCriterion> every;
+  for (const ReportSpec& report : ReportSpecs()) {
+    for (const ReportCriterion& criterion : report.criteria) {
+      const auto known = std::find_if(every.begin(), every.end(), [&](const ReportCriterion& each) {
+        return each.option == criterion.option;
+      });
       if (known == every.end()) every.push_back(criterion);
     }
   }

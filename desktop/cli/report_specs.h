@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "include/goods_reports.h"
+
 namespace goods {
 
 // What an option takes, and how the component that it sets is set.
@@ -17,7 +19,7 @@ enum class CriterionKind {
   Dates,       // the same of days
   Period,      // --from and --to
   Codes,       // "3,7"
-  Choice,      // one of the words of Criterion::choices
+  Choice,      // one of the words of ReportCriterion::choices
   Object,      // a number: the entry of a list that stands for it
   Flag,        // given or not
   Group,       // a number: a good group of the list beside the report
@@ -34,7 +36,7 @@ enum class CriterionPlace {
   Call,  // an argument of the call that opens the report
 };
 
-struct Criterion {
+struct ReportCriterion {
   std::string_view option;  // without the dashes
   CriterionKind kind = CriterionKind::Text;
   CriterionPlace place = CriterionPlace::Window;
@@ -46,32 +48,35 @@ struct Criterion {
   std::string_view help;
 };
 
+// What the table of the reports (include/goods_reports.h) does not say of a report: how its window is reached
+// and run without a user.
 struct ReportSpec {
-  std::string_view name;
-  std::string_view alias;   // empty for none
-  std::string_view title;   // Persian
-  int softwarePart = 0;     // whose right 6 opens it
-  std::string_view opens;   // the export
-  std::string_view window;  // the form's name
-  std::string_view
-      through;           // the button of the outer window that opens it, empty for the window of the export
-  std::string_view run;  // the button that runs it, empty where criteria do
+  const ReportDescription* description = nullptr;
+  std::string_view alias;  // another name for it, empty for none
+  // The report from whose row it is opened, and the button that does so; its own window's for none.
+  ReportId outer{};
+  std::string_view through;
+  std::string_view run;     // the button that runs it, empty where criteria do
   std::string_view groups;  // the grid of the list of groups
-  std::string_view help;
-  std::vector<Criterion> criteria;
+  std::vector<ReportCriterion> criteria;
+
+  std::string_view Name() const { return description->name; }
+  std::string_view Window() const { return description->form; }
+  bool IsNegativeCard() const { return description->id == ReportId::NegativeCard; }
 };
 
-std::span<const ReportSpec> Reports();
+// In the order of the table of the reports.
+std::span<const ReportSpec> ReportSpecs();
 // By name or alias; null for none.
-const ReportSpec* FindReport(std::string_view name);
-const Criterion* FindCriterion(const ReportSpec& report, std::string_view option);
+const ReportSpec* FindSpec(std::string_view name);
+const ReportCriterion* FindCriterion(const ReportSpec& report, std::string_view option);
 
 // The words of a Choice.
-std::vector<std::string> ChoicesOf(const Criterion& criterion);
+std::vector<std::string> ChoicesOf(const ReportCriterion& criterion);
 // What an option takes, as help and usage tell it: "CODE", "A..B".
-std::string ValueName(const Criterion& criterion);
+std::string ValueName(const ReportCriterion& criterion);
 
 // Every option name of any report, once, with the help of the first report that has it.
-std::vector<Criterion> EveryCriterion();
+std::vector<ReportCriterion> EveryCriterion();
 
 }  // namespace goods

@@ -2,7 +2,6 @@
 #include <cstdint>
 #include <cstring>
 #include <fstream>
-#include <stdexcept>
 
 #include <zlib.h>
 
@@ -21,16 +20,14 @@ constexpr std::size_t kPiece = 1 << 18;
 constexpr std::string_view kRowEnd = "</row>";
 constexpr std::string_view kSheetEnd = "</worksheet>";
 
-[[noreturn]] void Fail(const std::string& what) { throw std::runtime_error("spreadsheet: " + what); }
-
 class Archive {
  public:
   explicit Archive(const std::string& path) : file_(path, std::ios::binary) {
     file_.seekg(0, std::ios::end);
     const auto size = static_cast<std::uint64_t>(file_.tellg());
-    if (!file_ || size < kEndSize) Fail("no archive");
+    if (!file_ || size < kEndSize) throw UnfinishedFile();
     const std::string end = Read(size - kEndSize, kEndSize);
-    if (Number(end, 0, 4) != kEndMark) Fail("the end is missing");
+    if (Number(end, 0, 4) != kEndMark) throw UnfinishedFile();
     entries_ = Number(end, 10, 2);
     directory_ = Read(Number(end, 16, 4), Number(end, 12, 4));
   }
@@ -46,32 +43,32 @@ class Archive {
     std::size_t at = 0;
     for (std::uint64_t i = 0; i < entries_; ++i) {
       if (at + kEntrySize > directory_.size() || Number(directory_, at, 4) != kEntryMark)
-        Fail("the directory");
+        throw UnfinishedFile();
       const std::uint64_t nameLength = Number(directory_, at + 28, 2);
       if (directory_.compare(at + kEntrySize, nameLength, name) == 0) {
         Entry entry{Number(directory_, at + 42, 4), Number(directory_, at + 20, 4),
                     Number(directory_, at + 24, 4),
                     static_cast<std::uint32_t>(Number(directory_, at + 16, 4))};
         const std::string head = Read(entry.at, kFileSize);
-        if (Number(head, 0, 4) != kFileMark) Fail(name);
+        if (Number(head, 0, 4) != kFileMark) throw UnfinishedFile();
         entry.at += kFileSize + Number(head, 26, 2) + Number(head, 28, 2);
         return entry;
       }
       at += kEntrySize + nameLength + Number(directory_, at + 30, 2) + Number(directory_, at + 32, 2);
     }
-    Fail(name + " is missing");
+    throw UnfinishedFile();
   }
   std::string Read(std::uint64_t at, std::uint64_t size) {
     std::string bytes(size, '\0');
     file_.seekg(static_cast<std::streamoff>(at));
     file_.read(bytes.data(), static_cast<std::streamsize>(size));
-    if (static_cast<std::uint64_t>(file_.gcount()) != size) Fail("cut short");
+    if (static_cast<std::uint64_t>(file_.gcount()) != size) throw UnfinishedFile();
     return bytes;
   }
 
  private:
   static std::uint64_t Number(const std::string& bytes, std::size_t at, std::size_t size) {
-    if (at + size > bytes.size()) Fail("cut short");
+    if (at + size > bytes.size()) throw UnfinishedFile();
     std::uint64_t number = 0;
     for (std::size_t i = size; i-- > 0;) number = number << 8 | static_cast<unsigned char>(bytes[at + i]);
     return number;
@@ -86,7 +83,7 @@ class Archive {
 class Unpacked {
  public:
   Unpacked(Archive& archive, const Archive::Entry& entry) : archive_(archive), entry_(entry) {
-    if (inflateInit2(&stream_, -MAX_WBITS) != Z_OK) Fail("no memory");
+    if (inflateInit2(&stream_, -MAX_WBITS) != Z_OK) throw UnfinishedFile();
   }
   Unpacked(const Unpacked&) = delete;
   Unpacked& operator=(const Unpacked&) = delete;
@@ -111,13 +108,14 @@ class Unpacked {
       stream_.avail_out = static_cast<uInt>(out.size());
       state = inflate(&stream_, Z_NO_FLUSH);
       const std::size_t got = out.size() - stream_.avail_out;
-      if (state != Z_OK && state != Z_STREAM_END) Fail("a part cannot be unpacked");
-      if (got == 0 && state == Z_OK && stream_.avail_in == 0 && read == entry_.compressed) Fail("cut short");
+      if (state != Z_OK && state != Z_STREAM_END) throw UnfinishedFile();
+      if (got == 0 && state == Z_OK && stream_.avail_in == 0 && read == entry_.compressed)
+        throw UnfinishedFile();
       checksum = crc32(checksum, reinterpret_cast<const Bytef*>(out.data()), static_cast<uInt>(got));
       plain += got;
       piece(std::string_view(out).substr(0, got));
     }
-    if (plain != entry_.plain || checksum != entry_.checksum) Fail("a part is not what was written");
+    if (plain != entry_.plain || checksum != entry_.checksum) throw UnfinishedFile();
   }
 
  private:
@@ -160,7 +158,7 @@ void CheckXlsx(const std::string& path, const std::vector<std::size_t>& rowsOfSh
     const std::string name = "xl/worksheets/sheet" + std::to_string(sheet + 1) + ".xml";
     RowCounter counter;
     Unpacked(archive, archive.Find(name)).ForEach([&](std::string_view piece) { counter.Take(piece); });
-    if (!counter.Whole() || counter.Rows() != rowsOfSheets[sheet]) Fail(name + " is not whole");
+    if (!counter.Whole() || counter.Rows() != rowsOfSheets[sheet]) throw UnfinishedFile();
   }
 }
 

@@ -8,6 +8,7 @@
 #include "desktop/print/preview_window.h"
 #include "desktop/views/shown_text.h"
 #include "host/base/base_dock.h"
+#include "host/core/text.h"
 #include "host/services/windows.h"
 
 namespace goods {
@@ -31,7 +32,7 @@ PrintJob DesktopPrinting::JobOf(TSmartDBGrid_QRT& grid) const {
   PrintJob job;
   TForm* form = grid.Form();
   if (form == nullptr) return job;
-  job.title = PlainCaption(form->Caption());
+  job.title = Trim(PlainCaption(form->Caption()));
   auto* window = dynamic_cast<TBaseDock_FRM*>(form);
   if (window != nullptr && window->PrintedGrid() == &grid) job.lines = window->PrintLines();
   return job;
@@ -58,7 +59,7 @@ void DesktopPrinting::Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat
   job.table = table.get();
   QProgressDialog progress("در حال نوشتن پرونده…", "توقف", 0, static_cast<int>(table->RowCount()), window);
   progress.setWindowModality(Qt::WindowModal);
-  ExportOptions options;
+  WritingOptions options;
   options.today = windows_.NowDate();
   options.forbidden = forbidden_;
   options.progress = [&](std::size_t row) {

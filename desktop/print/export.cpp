@@ -25,7 +25,7 @@ class WholeFileSink : public ByteSink {
 
 struct Writer {
   FileFormat format;
-  void (*write)(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+  void (*write)(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
 };
 constexpr std::array<Writer, 4> kStreamed{{
     {FileFormat::Text, WriteTextTo},
@@ -35,7 +35,7 @@ constexpr std::array<Writer, 4> kStreamed{{
 }};
 
 ExportOutcome WriteInto(WholeFile& file, const PrintJob& job, FileFormat format,
-                        const ExportOptions& options) {
+                        const WritingOptions& options) {
   for (const Writer& writer : kStreamed) {
     if (writer.format != format) continue;
     WholeFileSink sink(file);
@@ -66,9 +66,10 @@ std::size_t CharacterLength(std::string_view text) {
 ByteSink::~ByteSink() = default;
 ExportError::~ExportError() = default;
 ExportStopped::~ExportStopped() = default;
+UnfinishedFile::~UnfinishedFile() = default;
 
 ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::string& path,
-                          const ExportOptions& options) {
+                          const WritingOptions& options) {
   try {
     WholeFile file(path, {.forbidden = options.forbidden, .layer = options.layer});
     const ExportOutcome outcome = WriteInto(file, job, format, options);
@@ -95,7 +96,7 @@ std::string NoteOf(const ExportOutcome& outcome) {
          " متن از گنجایش یک خانه صفحه گسترده بلندتر بود و با «…» کوتاه شد.";
 }
 
-void TellProgress(const ExportOptions& options, std::size_t row) {
+void TellProgress(const WritingOptions& options, std::size_t row) {
   if (!options.progress || row % kRowsBetweenQuestions != 0 || options.progress(row)) return;
   throw ExportStopped("نوشتن پرونده متوقف شد.");
 }

@@ -33,7 +33,7 @@ class ExportStopped : public ExportError {
 
 inline constexpr std::size_t kSheetRows = 1048576;
 
-struct ExportOptions {
+struct WritingOptions {
   std::string today;      // Jalali text, printed on the pages of a PDF
   bool csvShown = false;  // CSV cells as the grid shows them
   bool csvMark = true;    // a byte order mark in front of CSV, so that spreadsheets know it for UTF-8
@@ -54,7 +54,7 @@ struct ExportOutcome {
 // Writes the file whole or not at all: when anything fails, ExportError is thrown and a file that stood at
 // path is untouched. job.table must not be null. PDF needs a QGuiApplication.
 ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::string& path,
-                          const ExportOptions& options = {});
+                          const WritingOptions& options = {});
 
 // The formats by the names of their files' endings: "txt", "csv", "xlsx", "json", "pdf".
 std::string_view EndingOf(FileFormat format);

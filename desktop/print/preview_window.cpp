@@ -104,7 +104,7 @@ void PreviewWindow::Print() {
 
 void PreviewWindow::SaveAsPdf(const QString& path) {
   try {
-    ExportOptions options;
+    WritingOptions options;
     options.today = layout_.Today();
     options.forbidden = forbidden_;
     WriteReport(layout_.Job(), FileFormat::Pdf, FromQt(path), options);

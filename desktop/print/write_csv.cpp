@@ -34,7 +34,7 @@ void AppendText(std::string& out, std::string_view text) {
 
 class CsvRows {
  public:
-  CsvRows(const IReportTable& table, const ExportOptions& options) : table_(table), options_(options) {}
+  CsvRows(const IReportTable& table, const WritingOptions& options) : table_(table), options_(options) {}
 
   void Append(std::string& out, std::size_t row) const {
     const auto& columns = table_.Columns();
@@ -64,12 +64,12 @@ class CsvRows {
   }
 
   const IReportTable& table_;
-  const ExportOptions& options_;
+  const WritingOptions& options_;
 };
 
 }  // namespace
 
-void WriteCsvTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options) {
+void WriteCsvTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options) {
   const IReportTable& table = *job.table;
   SinkBuffer buffer(sink);
   if (options.csvMark) buffer.Text() += "\xEF\xBB\xBF";

@@ -83,7 +83,7 @@ void AppendRow(std::string& out, const IReportTable& table, std::size_t row, boo
 
 }  // namespace
 
-void WriteJsonTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options) {
+void WriteJsonTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options) {
   const IReportTable& table = *job.table;
   SinkBuffer buffer(sink);
   std::string& out = buffer.Text();

@@ -18,14 +18,15 @@ constexpr int kPdfDpi = 600;
 constexpr double kPointsPerInch = 72;
 
 // The characters that the codes of a font's map stand for, as a reader searches for them. A code of a
-// letter's joined form becomes the letter's own, one of a ligature those of its letters.
+// letter's joined form becomes the letter's own, one of a ligature those of its letters, from left to right:
+// readers take a line's characters as they stand on paper and then turn the line round.
 QByteArray PlainCodes(const QByteArray& code) {
   bool isNumber = false;
   const ushort unit = code.toUShort(&isNumber, 16);
   if (code.size() != 4 || !isNumber || unit < 0xFB50 || unit > 0xFEFC) return code;
   QByteArray plain;
   for (const QChar letter : QString(QChar(unit)).normalized(QString::NormalizationForm_KC)) {
-    plain += QByteArray::number(letter.unicode(), 16).toUpper().rightJustified(4, '0');
+    plain.prepend(QByteArray::number(letter.unicode(), 16).toUpper().rightJustified(4, '0'));
   }
   return plain;
 }
@@ -85,7 +86,7 @@ class SinkDevice : public QIODevice {
 
 }  // namespace
 
-void WritePdfTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options) {
+void WritePdfTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options) {
   const PageLayout layout(job, options.today);
   SinkDevice device(sink);
   {
@@ -96,7 +97,7 @@ void WritePdfTo(const PrintJob& job, ByteSink& sink, const ExportOptions& option
     writer.setPageOrientation(layout.Landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
     QPainter painter;
-    if (!painter.begin(&writer)) throw std::runtime_error("the PDF was not begun");
+    if (!painter.begin(&writer)) throw UnfinishedFile();
     painter.scale(kPdfDpi / kPointsPerInch, kPdfDpi / kPointsPerInch);
     for (std::size_t page = 0; page < layout.Pages().size(); ++page) {
       device.Check();

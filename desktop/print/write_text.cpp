@@ -14,7 +14,7 @@ std::string PlainTitle(const std::string& caption) { return ReplaceAll(PlainCapt
 // Cells, then footers, padded to the widest of their column.
 class TextTable {
  public:
-  TextTable(const IReportTable& table, const ExportOptions& options)
+  TextTable(const IReportTable& table, const WritingOptions& options)
       : table_(table), options_(options), columns_(table.Columns()) {
     for (std::size_t c = 0; c < columns_.size(); ++c) {
       std::size_t width = std::max(CharCount(PlainTitle(columns_[c].caption)), CharCount(Footer(c)));
@@ -60,14 +60,14 @@ class TextTable {
   }
 
   const IReportTable& table_;
-  const ExportOptions& options_;
+  const WritingOptions& options_;
   const std::vector<ReportColumn>& columns_;
   std::vector<std::size_t> widths_;
 };
 
 }  // namespace
 
-void WriteTextTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options) {
+void WriteTextTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options) {
   SinkBuffer buffer(sink);
   buffer.Text() += job.title + "\n";
   for (const std::string& line : job.lines) buffer.Text() += line + "\n";

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
-#include <stdexcept>
 #include <utility>
 
 #include <xlsxwriter.h>
@@ -21,7 +20,7 @@ constexpr std::size_t kLeastSheetRows = 64;
 constexpr std::string_view kCut = "…";
 
 void Check(lxw_error error) {
-  if (error != LXW_NO_ERROR) throw std::runtime_error(lxw_strerror(error));
+  if (error != LXW_NO_ERROR) throw UnfinishedFile();
 }
 
 // Without what a sheet's name may not hold, and short enough to take a number behind it.
@@ -55,7 +54,7 @@ class Workbook {
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folder_.data();
     book_ = workbook_new_opt(path.c_str(), &options);
-    if (book_ == nullptr) throw std::runtime_error("no memory for a workbook");
+    if (book_ == nullptr) throw UnfinishedFile();
   }
   Workbook(const Workbook&) = delete;
   Workbook& operator=(const Workbook&) = delete;
@@ -72,7 +71,7 @@ class Workbook {
 
 class Sheets {
  public:
-  Sheets(const PrintJob& job, const std::string& path, const ExportOptions& options)
+  Sheets(const PrintJob& job, const std::string& path, const WritingOptions& options)
       : job_(job), table_(*job.table), options_(options), book_(path), formats_(book_.Get(), table_) {
     for (const std::string& title : FileTitles(table_)) titles_.push_back(SplitCaption(ValidText(title)));
     groups_ = std::any_of(titles_.begin(), titles_.end(), [](const auto& t) { return !t.group.empty(); });
@@ -123,7 +122,7 @@ class Sheets {
   void BeginSheet() {
     name_ = SheetName(ValidText(job_.title), ranges_.size());
     sheet_ = workbook_add_worksheet(book_.Get(), name_.c_str());
-    if (sheet_ == nullptr) throw std::runtime_error("the sheet was not added");
+    if (sheet_ == nullptr) throw UnfinishedFile();
     worksheet_right_to_left(sheet_);
     line_ = rowsOut_ = 0;
     for (std::size_t c = 0; c < titles_.size(); ++c) {
@@ -271,7 +270,7 @@ class Sheets {
 
   const PrintJob& job_;
   const IReportTable& table_;
-  const ExportOptions& options_;
+  const WritingOptions& options_;
   Workbook book_;
   XlsxFormats formats_;
   std::vector<SplitTitle> titles_;
@@ -289,7 +288,7 @@ class Sheets {
 
 }  // namespace
 
-ExportOutcome WriteXlsxAt(const PrintJob& job, const std::string& path, const ExportOptions& options) {
+ExportOutcome WriteXlsxAt(const PrintJob& job, const std::string& path, const WritingOptions& options) {
   Sheets sheets(job, path, options);
   const ExportOutcome outcome = sheets.Write();
   CheckXlsx(path, sheets.RowsOfSheets());

@@ -2,6 +2,7 @@
 // parses a shown text.
 #pragma once
 
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,30 +11,36 @@
 
 namespace goods {
 
+// A library could not write its part. Its own words say nothing to a user: WriteReport tells it.
+class UnfinishedFile : public std::exception {
+ public:
+  ~UnfinishedFile() override;
+};
+
 // Text in columns of characters: title, criteria, the table with its totals.
-void WriteTextTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+void WriteTextTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
 
 // A line of captions ("group / title"), then the rows; no totals, so that every line is a row. Numbers are
 // plain: a point, a minus in front, no separators. A text that a spreadsheet would take for a formula gets an
 // apostrophe in front, as one is typed there.
-void WriteCsvTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+void WriteCsvTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
 
 // {"title", "criteria", "columns": [{"name", "caption", "group", "kind"}], "rows": [[...]], "totals": [...]}.
 // Numbers are JSON numbers with all their digits; an empty cell is null; a colour is "#RRGGBB".
-void WriteJsonTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+void WriteJsonTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
 
-void WritePdfTo(const PrintJob& job, ByteSink& sink, const ExportOptions& options);
+void WritePdfTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
 
 // The library writes a file of its own at path, which is then read back and checked. Throws
-// std::runtime_error when anything of it failed; path may then hold a part.
-ExportOutcome WriteXlsxAt(const PrintJob& job, const std::string& path, const ExportOptions& options);
+// UnfinishedFile when anything of it failed; path may then hold a part.
+ExportOutcome WriteXlsxAt(const PrintJob& job, const std::string& path, const WritingOptions& options);
 
-// Throws std::runtime_error unless the archive at path holds that many worksheets with so many rows, each
+// Throws UnfinishedFile unless the archive at path holds that many worksheets with so many rows, each
 // whole: the library does not tell when its temporary files could not be written.
 void CheckXlsx(const std::string& path, const std::vector<std::size_t>& rowsOfSheets);
 
 // Asks the options' progress every few thousand rows; throws ExportStopped.
-void TellProgress(const ExportOptions& options, std::size_t row);
+void TellProgress(const WritingOptions& options, std::size_t row);
 
 // A column's title for a file, where none may be empty: its caption without accelerator marks, "برچسب" with a
 // number for a colour column without one, else the field's name.

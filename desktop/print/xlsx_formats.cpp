@@ -1,9 +1,9 @@
 #include "desktop/print/xlsx_formats.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <string>
 
+#include "desktop/print/writers.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -66,7 +66,7 @@ XlsxFormats::XlsxFormats(lxw_workbook* book, const IReportTable& table) : book_(
 
 lxw_format* XlsxFormats::Add() {
   lxw_format* format = workbook_add_format(book_);
-  if (format == nullptr) throw std::runtime_error("no memory for a format");
+  if (format == nullptr) throw UnfinishedFile();
   return format;
 }
 

@@ -11,8 +11,8 @@
 namespace goods {
 namespace {
 
-QString PlainTitle(const TGridColumn& column) {
-  return ToQt(PlainCaption(column.Caption())).replace('|', QString::fromUtf8(" / "));
+QString PlainTitle(const ReportColumn& column) {
+  return ToQt(PlainCaption(column.caption)).replace('|', QString::fromUtf8(" / "));
 }
 
 // A tab or line break inside a cell would shift the cells after it.
@@ -25,14 +25,14 @@ QString CopiedText(const TSmartDBGrid_QRT& grid) {
   std::set<std::size_t> rows = grid.Selection();
   if (rows.empty() && query != nullptr && query->RecNo()) rows.insert(*query->RecNo());
   if (rows.empty()) return {};
-  const std::vector<TGridColumn*> columns = grid.VisibleColumns();
+  const std::unique_ptr<IReportTable> table = grid.Table();
   QStringList lines;
   QStringList cells;
-  for (const TGridColumn* column : columns) cells << OneCell(PlainTitle(*column));
+  for (const ReportColumn& column : table->Columns()) cells << OneCell(PlainTitle(column));
   lines << cells.join('\t');
   for (const std::size_t row : rows) {
     cells.clear();
-    for (const TGridColumn* column : columns) cells << OneCell(ToQt(grid.CellText(row, *column)));
+    for (std::size_t c = 0; c < table->Columns().size(); ++c) cells << OneCell(ToQt(table->CellText(row, c)));
     lines << cells.join('\t');
   }
   return lines.join('\n') + '\n';

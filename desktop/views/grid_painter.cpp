@@ -20,6 +20,7 @@ GridPainter::GridPainter(QPainter& painter, const TSmartDBGrid_QRT& grid, const 
                          const GridPaintState& state, const QFont& font)
     : painter_(painter),
       grid_(grid),
+      table_(grid.Table()),
       geometry_(geometry),
       state_(state),
       font_(font),
@@ -82,14 +83,15 @@ void GridPainter::PaintRow(std::size_t row, int top) {
   painter_.fillRect(line, back);
   InParts(geometry_.RowsArea(), [&](std::size_t i) {
     const GridSpan& span = geometry_.Spans()[i];
-    PaintCell(row, span, geometry_.ColumnRect(span, state_.offset, top, height), current || selected);
+    PaintCell(row, i, geometry_.ColumnRect(span, state_.offset, top, height), current || selected);
   });
   painter_.setPen(theme.gridLine);
   painter_.drawLine(0, top + height - 1, line.right(), top + height - 1);
   if (geometry_.NumberWidth() > 0) PaintRowNumber(row, top, current);
 }
 
-void GridPainter::PaintCell(std::size_t row, const GridSpan& span, const QRect& cell, bool marked) {
+void GridPainter::PaintCell(std::size_t row, std::size_t index, const QRect& cell, bool marked) {
+  const GridSpan& span = geometry_.Spans()[index];
   const Theme& theme = CurrentTheme();
   const TCellStyle style = grid_.CellStyle(row, *span.column);
   QColor font = theme.text;
@@ -107,7 +109,7 @@ void GridPainter::PaintCell(std::size_t row, const GridSpan& span, const QRect& 
   if (style.Font) font = QColor::fromRgb(*style.Font);
   painter_.setFont(style.Bold ? bold_ : font_);
   painter_.setPen(font);
-  const QString text = ShownCell(grid_.CellText(row, *span.column), span.column->IsNumber());
+  const QString text = ShownCell(table_->CellText(row, index), span.column->IsNumber());
   const int padding = geometry_.Padding();
   DrawCell(painter_, cell.adjusted(padding, 0, -padding, -1), text, span.column->Align(),
            geometry_.RightToLeft());
@@ -251,7 +253,7 @@ void GridPainter::PaintFooter() {
     painter_.setPen(theme.text);
     const int padding = geometry_.Padding();
     const QRect box = cell.adjusted(padding, 1, -padding, 0);
-    const QString text = ShownCell(grid_.FooterText(*span.column), true);
+    const QString text = ShownCell(table_->FooterText(i), true);
     painter_.setFont(FooterFont(text, box.width()));
     DrawCell(painter_, box, text, span.column->Align(), geometry_.RightToLeft());
     painter_.setPen(theme.border);

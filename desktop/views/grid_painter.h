@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QPainter>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -29,7 +30,7 @@ class GridPainter {
  private:
   void PaintRows();
   void PaintRow(std::size_t row, int top);
-  void PaintCell(std::size_t row, const GridSpan& span, const QRect& cell, bool current);
+  void PaintCell(std::size_t row, std::size_t index, const QRect& cell, bool marked);
   void PaintRowNumber(std::size_t row, int top, bool current);
   void PaintHeader();
   void PaintGroups();
@@ -45,6 +46,7 @@ class GridPainter {
   void PaintEmpty();
   QPainter& painter_;
   const TSmartDBGrid_QRT& grid_;
+  std::unique_ptr<IReportTable> table_;  // its columns are the geometry's spans
   const GridGeometry& geometry_;
   const GridPaintState& state_;
   QFont font_;

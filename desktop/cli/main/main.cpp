@@ -92,14 +92,15 @@ int RunJobs(CommandLine& line) {
 }
 
 int ListReports() {
-  for (const ReportSpec& report : Reports()) {
-    std::cout << report.name << "  " << report.title << ": " << report.help << "\n";
+  for (const ReportSpec& report : ReportSpecs()) {
+    std::cout << report.Name() << "  " << report.description->title << ": " << report.description->about
+              << "\n";
   }
   return kExitWritten;
 }
 
 int Describe(const CommandLine& line) {
-  const ReportSpec* report = FindReport(line.described);
+  const ReportSpec* report = FindSpec(line.described);
   if (report == nullptr) throw UsageError("گزارشی با این نام نیست: " + line.described);
   DescribeReport(*report, line.session, std::cout);
   return kExitWritten;

@@ -68,11 +68,11 @@ std::vector<Scenario> Scenarios() {
            Type(dialog, "SearchRangeDate_FRAME.RangeDate_To_EDT", "1402/12/29");
          });
        }},
-      {"negative-stock",
+      {"negative-card",
        {"--from", "1401/01/01", "--to", "1403/12/29"},
        [](ModuleLibrary& module) { module.OpenKardexNegativ("1", "1401/01/01", "1403/12/29"); },
        [](QWidget&) {}},
-      {"goods-quantity",
+      {"turnover-list",
        {"--name", "برنج", "--tab", "in-stock", "--stock", "1.."},
        Export("Open_GoodAmountAsset"),
        [](QWidget& window) {
@@ -85,7 +85,7 @@ std::vector<Scenario> Scenarios() {
            Type(dialog, "Code_Frame.RangeDigit_From_EDT", "1");
          });
        }},
-      {"goods-money",
+      {"turnover-money",
        {"--from", "1402/01/01", "--to", "1402/12/29", "--price-basis", "last-purchase"},
        Export("Open_GoodCashAsset"),
        [](QWidget& window) {
@@ -132,7 +132,7 @@ std::vector<Scenario> Scenarios() {
            Type(dialog, "Good_SESF.TSelect_Entity_Frame1.Code_EDT", "12");
          });
        }},
-      {"detail-movements",
+      {"detail-search",
        {"--name", "برنج", "--code", "1..30"},
        Export("Open_SearchInDetailTransactions"),
        [](QWidget& window) {
@@ -193,12 +193,12 @@ INSTANTIATE_TEST_SUITE_P(EveryReport, ReportStatements, testing::ValuesIn(Scenar
 
 // Reports that are opened from a row of another one are compared where that one is; every other one here.
 TEST(ReportStatementsTable, NoReportIsForgotten) {
-  for (const ReportSpec& report : Reports()) {
+  for (const ReportSpec& report : ReportSpecs()) {
     const auto scenarios = Scenarios();
     EXPECT_TRUE(!report.through.empty() ||
                 std::any_of(scenarios.begin(), scenarios.end(),
-                            [&](const Scenario& scenario) { return scenario.report == report.name; }))
-        << report.name;
+                            [&](const Scenario& scenario) { return scenario.report == report.Name(); }))
+        << report.Name();
   }
 }
 

@@ -5,6 +5,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <iterator>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "desktop/cli/report_specs.h"
 #include "tests/desktop/app/kit.h"
@@ -49,34 +53,34 @@ TEST_F(Screenless, ARangeOfDatesLeavesTheOtherRowsOut) {
 TEST_F(Screenless, ListNamesEveryReportAndDescribeTellsOfEach) {
   EXPECT_EQ(RunBare({"list"}), 0);
   const QStringList lines = output_.split('\n', Qt::SkipEmptyParts);
-  EXPECT_EQ(lines.size(), static_cast<qsizetype>(Reports().size()));
-  for (const ReportSpec& report : Reports()) {
-    const QString name = ToQt(report.name);
+  EXPECT_EQ(lines.size(), static_cast<qsizetype>(ReportSpecs().size()));
+  for (const ReportSpec& report : ReportSpecs()) {
+    const QString name = ToQt(report.Name());
     EXPECT_TRUE(std::any_of(lines.begin(), lines.end(),
                             [&](const QString& line) { return line.startsWith(name + " "); }));
-    EXPECT_EQ(RunBare({"describe", name}), 0) << report.name << FromQt(errors_);
-    for (const Criterion& criterion : report.criteria) {
-      EXPECT_TRUE(output_.contains("--" + ToQt(criterion.option))) << report.name;
+    EXPECT_EQ(RunBare({"describe", name}), 0) << report.Name() << FromQt(errors_);
+    for (const ReportCriterion& criterion : report.criteria) {
+      EXPECT_TRUE(output_.contains("--" + ToQt(criterion.option))) << report.Name();
     }
     if (report.through.empty()) {
-      EXPECT_TRUE(output_.contains("\n  * ")) << report.name << FromQt(output_);
+      EXPECT_TRUE(output_.contains("\n  * ")) << report.Name() << FromQt(output_);
     }
   }
   EXPECT_EQ(RunBare({"describe", "nothing"}), 2);
 }
 
 TEST_F(Screenless, EveryReportWithoutCriteriaIsWritten) {
-  for (const ReportSpec& report : Reports()) {
-    QStringList arguments{"--report", ToQt(report.name), "--json", At("out.json")};
+  for (const ReportSpec& report : ReportSpecs()) {
+    QStringList arguments{"--report", ToQt(report.Name()), "--json", At("out.json")};
     const bool required = std::any_of(report.criteria.begin(), report.criteria.end(),
-                                      [](const Criterion& each) { return each.required; });
+                                      [](const ReportCriterion& each) { return each.required; });
     if (required) {
-      EXPECT_EQ(Run(arguments), 2) << report.name;
+      EXPECT_EQ(Run(arguments), 2) << report.Name();
       continue;
     }
-    ASSERT_EQ(Run(arguments), 0) << report.name << FromQt(errors_);
+    ASSERT_EQ(Run(arguments), 0) << report.Name() << FromQt(errors_);
     const QJsonObject json = Json("out.json");
-    EXPECT_FALSE(json["columns"].toArray().isEmpty()) << report.name;
+    EXPECT_FALSE(json["columns"].toArray().isEmpty()) << report.Name();
     for (const QJsonValue& row : json["rows"].toArray()) {
       ASSERT_EQ(row.toArray().size(), json["columns"].toArray().size());
     }
@@ -86,8 +90,7 @@ TEST_F(Screenless, EveryReportWithoutCriteriaIsWritten) {
 
 TEST_F(Screenless, ColumnsAndSortAreThoseThatWereAskedFor) {
   ASSERT_EQ(
-      Run({"--report", "goods-quantity", "--columns", "Name,Code", "--sort=-Code", "--json", At("a.json")}),
-      0)
+      Run({"--report", "turnover-list", "--columns", "Name,Code", "--sort=-Code", "--json", At("a.json")}), 0)
       << FromQt(errors_);
   const QJsonObject json = Json("a.json");
   ASSERT_EQ(json["columns"].toArray().size(), 2);
@@ -97,7 +100,7 @@ TEST_F(Screenless, ColumnsAndSortAreThoseThatWereAskedFor) {
   for (qsizetype i = 1; i < rows.size(); ++i) {
     EXPECT_GT(rows[i - 1].toArray()[1].toInt(), rows[i].toArray()[1].toInt());
   }
-  EXPECT_EQ(Run({"--report", "goods-quantity", "--columns", "Nothing", "--json", At("b.json")}), 2);
+  EXPECT_EQ(Run({"--report", "turnover-list", "--columns", "Nothing", "--json", At("b.json")}), 2);
   EXPECT_FALSE(QFile::exists(At("b.json")));
 }
 
@@ -117,11 +120,11 @@ TEST_F(Screenless, WhatIsWrongInTheCommandIsUsageAndWritesNothing) {
       {"--from", "1402/02/01", "--to", "1402/01/01", "--text", text},
       {"--report", "nothing", "--text", text},
       {"--tab", "short", "--text", text},
-      {"--report", "goods-quantity", "--tab", "nothing", "--text", text},
-      {"--report", "goods-quantity", "--stock", "x..y", "--text", text},
-      {"--report", "goods-quantity", "--code", "1..5", "--stock", "1..5", "--text", text},
-      {"--report", "goods-quantity", "--exclude", "store", "--text", text},
-      {"--report", "goods-money", "--price-basis", "free", "--text", text},
+      {"--report", "turnover-list", "--tab", "nothing", "--text", text},
+      {"--report", "turnover-list", "--stock", "x..y", "--text", text},
+      {"--report", "turnover-list", "--code", "1..5", "--stock", "1..5", "--text", text},
+      {"--report", "turnover-list", "--exclude", "store", "--text", text},
+      {"--report", "turnover-money", "--price-basis", "free", "--text", text},
       {"--good", "12x", "--text", text},
       {"--good", "1; drop table Kardex", "--text", text},
       {"--period", "some-day", "--text", text},
@@ -142,8 +145,8 @@ TEST_F(Screenless, WhatTheCompanyAnswersIsAnErrorWithCodeOne) {
   EXPECT_EQ(Run({"--good", "987654", "--text", text}), 1);
   EXPECT_TRUE(errors_.contains("--good")) << FromQt(errors_);
   EXPECT_EQ(Run({"--store", "77", "--text", text}), 1);
-  EXPECT_EQ(Run({"--report", "goods-quantity", "--group", "987654", "--text", text}), 1);
-  EXPECT_EQ(Run({"--report", "goods-quantity", "--tags", "987654", "--text", text}), 1);
+  EXPECT_EQ(Run({"--report", "turnover-list", "--group", "987654", "--text", text}), 1);
+  EXPECT_EQ(Run({"--report", "turnover-list", "--tags", "987654", "--text", text}), 1);
   EXPECT_EQ(Run({"--module", "missing.so", "--text", text}), 1);
   EXPECT_EQ(Run({"--text", At("no/such/folder/card.txt")}), 1);
   EXPECT_FALSE(errors_.isEmpty());
@@ -153,8 +156,38 @@ TEST_F(Screenless, WhatTheCompanyAnswersIsAnErrorWithCodeOne) {
 TEST_F(Screenless, TheCompanyItselfIsNeverWrittenOver) {
   QFile::copy(ToQt(SmallCompany()), At("own.goods"));
   const std::string before = Written(Path("own.goods"));
-  EXPECT_EQ(RunBare({"--company", At("own.goods"), "--user", "admin", "--text", At("own.goods")}), 1);
+  ASSERT_TRUE(QFile::link(At("own.goods"), At("link")));
+  ASSERT_EQ(::link(Path("own.goods").c_str(), Path("same").c_str()), 0);
+  // Each name once with each of two spellings of the company, each time in another format.
+  constexpr const char* kFormats[] = {"--pdf", "--xlsx", "--csv", "--json", "--text"};
+  std::size_t next = 0;
+  for (const QString& company : {At("own.goods"), "file:" + At("own.goods")}) {
+    for (const char* target : {"own.goods", "link", "same", "own.goods-wal", "own.goods-journal"}) {
+      const char* format = kFormats[next++ % std::size(kFormats)];
+      EXPECT_EQ(RunBare({"--company", company, "--user", "admin", "--good", "12", format, At(target)}), 1)
+          << format << " " << target;
+      EXPECT_TRUE(errors_.contains(At(target))) << FromQt(errors_);
+    }
+    ++next;
+  }
+  EXPECT_EQ(RunBare({"--company", At("own.goods"), "--user", "admin", "--statement-log", At("own.goods"),
+                     "--text", At("a.txt")}),
+            1);
   EXPECT_EQ(Written(Path("own.goods")), before);
+  EXPECT_EQ(QDir(folder_.path()).entryList({"own*", "link", "same"}),
+            (QStringList{"link", "own.goods", "same"}));
+}
+
+TEST_F(Screenless, APipeAFolderAndAFolderThatIsNotThereAreRefused) {
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  ASSERT_TRUE(QDir(folder_.path()).mkdir("folder"));
+  for (const char* target : {"pipe", "folder", "missing/file"}) {
+    EXPECT_EQ(Run({"--good", "12", "--csv", At("first.csv"), "--xlsx", At(target)}), 1) << target;
+    EXPECT_TRUE(errors_.contains(At(target))) << FromQt(errors_);
+    // What was written before stands, whole.
+    EXPECT_TRUE(Written(Path("first.csv")).ends_with("\r\n"));
+  }
+  EXPECT_TRUE(QDir(At("folder")).isEmpty());
 }
 
 TEST_F(Screenless, RightsHoldAsOnTheDesktop) {
@@ -165,8 +198,8 @@ TEST_F(Screenless, RightsHoldAsOnTheDesktop) {
   EXPECT_FALSE(QFile::exists(text));
   EXPECT_EQ(RunBare({"--company", ToQt(SmallCompany()), "--text", text}), 2);
   // The storekeeper's list has no amounts; the list in money is not for him.
-  EXPECT_EQ(Run({"--report", "goods-quantity", "--json", At("a.json")}, "anbar"), 0) << FromQt(errors_);
-  EXPECT_EQ(Run({"--report", "goods-money", "--json", At("b.json")}, "anbar"), 4);
+  EXPECT_EQ(Run({"--report", "turnover-list", "--json", At("a.json")}, "anbar"), 0) << FromQt(errors_);
+  EXPECT_EQ(Run({"--report", "turnover-money", "--json", At("b.json")}, "anbar"), 4);
 }
 
 TEST_F(Screenless, APasswordComesFromAFileOrTheEnvironment) {
@@ -186,8 +219,8 @@ TEST_F(Screenless, APasswordComesFromAFileOrTheEnvironment) {
 }
 
 TEST_F(Screenless, RowsThatAreFoundEndWithThreeForAMonitor) {
-  EXPECT_EQ(Run({"--report", "goods-quantity", "--fail-if-rows"}), 3) << FromQt(errors_);
-  EXPECT_EQ(Run({"--report", "goods-quantity", "--name", "هیچ کالایی چنین نام ندارد", "--fail-if-rows",
+  EXPECT_EQ(Run({"--report", "turnover-list", "--fail-if-rows"}), 3) << FromQt(errors_);
+  EXPECT_EQ(Run({"--report", "turnover-list", "--name", "هیچ کالایی چنین نام ندارد", "--fail-if-rows",
                  "--skip-empty", "--text", At("none.txt")}),
             0)
       << FromQt(errors_);
@@ -198,9 +231,9 @@ TEST_F(Screenless, AJobThatFailsDoesNotStopTheOthers) {
   WriteWholeFile(Path("jobs.toml"),
                  "company = \"" + SmallCompany() +
                      "\"\nuser = \"admin\"\n"
-                     "[first]\nreport = \"goods-quantity\"\ntext = \"" +
+                     "[first]\nreport = \"turnover-list\"\ntext = \"" +
                      Path("first.txt") +
-                     "\"\n[broken]\nreport = \"goods-quantity\"\ngroup = 987654\ntext = \"" +
+                     "\"\n[broken]\nreport = \"turnover-list\"\ngroup = 987654\ntext = \"" +
                      Path("broken.txt") + "\"\n[last]\nreport = \"stock-card\"\ncsv = [\"" +
                      Path("last {date}.csv") + "\", \"" + Path("again.csv") + "\"]\n");
   EXPECT_EQ(RunBare({"run", At("jobs.toml")}), 1);

@@ -59,7 +59,7 @@ class ExportFaults : public ::testing::Test {
   }
   void Write(FileFormat format, const std::string& path, FileLayer* layer = nullptr,
              std::vector<std::string> forbidden = {}) {
-    ExportOptions options;
+    WritingOptions options;
     options.today = "1403/05/12";
     options.layer = layer;
     options.forbidden = std::move(forbidden);
@@ -134,11 +134,11 @@ TEST_F(ExportFaults, ASpreadsheetThatWasDamagedOnTheWayIsNoticed) {
   Write(FileFormat::Xlsx, Path("whole"));
   const QByteArray whole = Contents(Path("whole"));
   EXPECT_NO_THROW(CheckXlsx(Path("whole"), {kRows + 3}));
-  EXPECT_THROW(CheckXlsx(Path("whole"), {kRows + 4}), std::runtime_error);
-  EXPECT_THROW(CheckXlsx(Path("whole"), {kRows + 3, 1}), std::runtime_error);
+  EXPECT_THROW(CheckXlsx(Path("whole"), {kRows + 4}), UnfinishedFile);
+  EXPECT_THROW(CheckXlsx(Path("whole"), {kRows + 3, 1}), UnfinishedFile);
   for (const qsizetype cut : {qsizetype{0}, qsizetype{10}, whole.size() / 2, whole.size() - 1}) {
     WriteWholeFile(Path("cut"), std::string_view(whole.data(), static_cast<std::size_t>(cut)));
-    EXPECT_THROW(CheckXlsx(Path("cut"), {kRows + 3}), std::runtime_error) << cut;
+    EXPECT_THROW(CheckXlsx(Path("cut"), {kRows + 3}), UnfinishedFile) << cut;
   }
 }
 

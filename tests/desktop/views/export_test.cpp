@@ -7,6 +7,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cstring>
 
 #include <gtest/gtest.h>
@@ -24,13 +25,18 @@ namespace {
 class Export : public ::testing::Test {
  protected:
   std::string Path(const char* name) const { return folder.filePath(name).toStdString(); }
-  QByteArray Written(FileFormat format, const IReportTable& table, const ExportOptions& options = {}) {
+  QByteArray Written(FileFormat format, const IReportTable& table, const WritingOptions& options = {}) {
     PrintJob job;
     job.title = "موجودی کالا";
     job.lines = {"انبار: 3", "از تاریخ 1403/01/01"};
     job.table = &table;
     outcome = WriteReport(job, format, Path("file"), options);
     return Contents(Path("file"));
+  }
+  static std::ptrdiff_t Totals(const IReportTable& table) {
+    const auto& columns = table.Columns();
+    return std::count_if(columns.begin(), columns.end(),
+                         [](const ReportColumn& column) { return column.total != TotalKind::None; });
   }
   // One part of the spreadsheet that was written last.
   QByteArray Part(const char* name) const {
@@ -68,7 +74,7 @@ TEST_F(Export, CsvHasPlainNumbersAndNoFormulas) {
 }
 
 TEST_F(Export, CsvAsShownWithoutMarkAndWithIsoDates) {
-  ExportOptions options;
+  WritingOptions options;
   options.csvShown = true;
   options.csvMark = false;
   options.isoDates = true;
@@ -170,7 +176,7 @@ TEST_F(Export, ASpreadsheetsFormatsShowWholeNumbersWithoutAPoint) {
 }
 
 TEST_F(Export, DaysOfASpreadsheetCanBeCalculatedWith) {
-  ExportOptions options;
+  WritingOptions options;
   options.isoDates = true;
   Written(FileFormat::Xlsx, Goods(), options);
   EXPECT_TRUE(Part("xl/worksheets/sheet1.xml").contains("<v>45371</v>"));  // 2024-03-20
@@ -182,7 +188,7 @@ TEST_F(Export, MoreRowsThanASheetHoldsGoOnInTheNext) {
   std::vector<Value> numbers;
   for (int i = 1; i <= 200; ++i) numbers.emplace_back(i);
   table.AddNumber("N", "عدد", "#,0", numbers);
-  ExportOptions options;
+  WritingOptions options;
   options.sheetRows = 100;
   Written(FileFormat::Xlsx, table, options);
   // Five lines of head and one kept for the totals leave 94 rows a sheet.
@@ -237,7 +243,7 @@ TEST_F(Export, APdfHasThePagesOfTheLayout) {
   PrintJob job;
   job.title = "کاردکس کالا";
   job.table = table.get();
-  ExportOptions options;
+  WritingOptions options;
   options.today = "1403/05/12";
   WriteReport(job, FileFormat::Pdf, Path("card.pdf"), options);
   const QByteArray pdf = Contents(Path("card.pdf"));
@@ -274,13 +280,37 @@ TEST_F(Export, AColumnListIsAskedForOnceHoweverManyRowsThereAre) {
   EXPECT_EQ(Written(FileFormat::Csv, *table).count("\r\n"), 2001);
 }
 
+// Cells, totals and captions of what a form declares as money, in every format.
+TEST_F(Export, AUserWithoutPricesGetsNoAmountInAnyFormat) {
+  for (const bool sees : {true, false}) {
+    TestHost host;
+    host.rights.seesPrices = sees;
+    TCard_FRM form(host);
+    form.Fill(3);
+    form.Kardex_GRD.FindColumn("Mab_Bagh")->SetCaption("ارزش").SetMoney();
+    const auto table = form.Kardex_GRD.Table();
+    EXPECT_EQ(table->Columns().back().caption == "ارزش", sees);
+    for (const FileFormat format : {FileFormat::Text, FileFormat::Csv, FileFormat::Json}) {
+      EXPECT_EQ(Written(format, *table).contains("ارزش"), sees) << EndingOf(format);
+    }
+    Written(FileFormat::Xlsx, *table);
+    EXPECT_EQ(Part("xl/worksheets/sheet1.xml").contains("ارزش"), sees);
+    EXPECT_EQ(Part("xl/worksheets/sheet1.xml").count("<f>"), static_cast<int>(Totals(*table)));
+    Written(FileFormat::Pdf, *table);
+    QProcess program;
+    program.start("pdftotext", {ToQt(Path("file")), "-"});
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(QString::fromUtf8(program.readAllStandardOutput()).contains("ارزش"), sees);
+  }
+}
+
 TEST_F(Export, TheUserMayStopIt) {
   MadeTable table;
   table.Add("N", "N", CellKind::Number, std::vector<Value>(20000, Value(1)));
   WriteWholeFile(Path("file"), "old");
   for (const FileFormat format :
        {FileFormat::Text, FileFormat::Csv, FileFormat::Xlsx, FileFormat::Json, FileFormat::Pdf}) {
-    ExportOptions options;
+    WritingOptions options;
     options.progress = [](std::size_t row) { return row == 0; };
     EXPECT_THROW(Written(format, table, options), ExportStopped);
     EXPECT_EQ(Contents(Path("file")), "old");

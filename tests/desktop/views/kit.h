@@ -34,6 +34,9 @@ class TestRights : public IRights {
   const TUserInfo& UserInfo() const override { return user_; }
   bool HavePermission(const TUserInfo&, int, int, bool, bool, std::string_view) override { return true; }
   void SetUserEvent(int, int, std::int64_t) override {}
+  bool SeesPrices() const override { return seesPrices; }
+
+  bool seesPrices = true;
 
  private:
   TUserInfo user_{1, "آزمون"};

@@ -24,7 +24,7 @@ void WritePdfOf(const TCard_FRM& form, const QString& path) {
   job.lines = {"انبار: 3 و تاریخ از 1402/01/01 تا 1402/12/29"};
   const std::unique_ptr<IReportTable> table = form.Kardex_GRD.Table();
   job.table = table.get();
-  ExportOptions options;
+  WritingOptions options;
   options.today = "1403/05/12";
   WriteReport(job, FileFormat::Pdf, path.toStdString(), options);
 }
