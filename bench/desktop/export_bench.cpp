@@ -8,12 +8,17 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
 #include "company/demo/demo_company.h"
 #include "desktop/app/desktop_host.h"
 #include "desktop/views/theme.h"
+#include "include/goods_reports.h"
 
 namespace goods {
 namespace {
@@ -75,34 +80,31 @@ Desktop& TheDesktop() {
 }
 
 struct OpenedWindow {
-  const char* name;
-  void (*open)(Desktop& desktop);
+  std::string name;  // of the export
+  std::function<void(Desktop& desktop)> open;
   bool kept;  // shown again by the next call
 };
 
-constexpr OpenedWindow kWindows[] = {
-    {"Open_GoodKardex", [](Desktop& desktop) { desktop.module->Call("Open_GoodKardex"); }, true},
-    {"Open_Kardex", [](Desktop& desktop) { desktop.module->OpenKardex(desktop.good, 0, "", ""); }, true},
-    {"Open_KardexSearch", [](Desktop& desktop) { desktop.module->Call("Open_KardexSearch"); }, false},
-    {"Open_KardexNegativ", [](Desktop& desktop) { desktop.module->OpenKardexNegativ("1", "0", "0"); }, false},
-    {"Open_GoodAmountAsset", [](Desktop& desktop) { desktop.module->Call("Open_GoodAmountAsset"); }, true},
-    {"Open_GoodCashAsset", [](Desktop& desktop) { desktop.module->Call("Open_GoodCashAsset"); }, true},
-    {"Open_GoodTrans_Overall", [](Desktop& desktop) { desktop.module->Call("Open_GoodTrans_Overall"); },
-     false},
-    {"Open_GoodsAsset_Store", [](Desktop& desktop) { desktop.module->Call("Open_GoodsAsset_Store"); }, false},
-    {"Open_DetailTransactions", [](Desktop& desktop) { desktop.module->Call("Open_DetailTransactions"); },
-     false},
-    {"Open_GoodDetailTransactions",
-     [](Desktop& desktop) {
-       desktop.module->OpenGoodDetailTransactions(desktop.good, false, 0, false, "", "", false, "", false,
-                                                  "");
-     },
-     false},
-    {"Open_SearchInDetailTransactions",
-     [](Desktop& desktop) { desktop.module->Call("Open_SearchInDetailTransactions"); }, false},
-    {"Open_DetailKardexAsset_Dismatch",
-     [](Desktop& desktop) { desktop.module->Call("Open_DetailKardexAsset_Dismatch"); }, false},
-};
+// Every report as a menu opens it, and two as other parts of the program do, of a busy good.
+std::vector<OpenedWindow> Windows() {
+  std::vector<OpenedWindow> windows;
+  for (const ReportDescription& report : MenuReports()) {
+    windows.push_back({report.exportName, [&report](Desktop& desktop) { desktop.module->Open(report); },
+                       report.life == ReportLife::Kept});
+  }
+  const ReportDescription& card = Describe(ReportId::StockCard);
+  windows.push_back({card.callerExport,
+                     [](Desktop& desktop) { desktop.module->OpenKardex(desktop.good, 0, "", ""); },
+                     card.life == ReportLife::Kept});
+  const ReportDescription& details = Describe(ReportId::StockByDetails);
+  windows.push_back({details.callerExport,
+                     [](Desktop& desktop) {
+                       desktop.module->OpenGoodDetailTransactions(desktop.good, false, 0, false, "", "",
+                                                                  false, "", false, "");
+                     },
+                     details.life == ReportLife::Kept});
+  return windows;
+}
 
 template <typename Open>
 void Measure(benchmark::State& state, Open&& open) {
@@ -151,9 +153,10 @@ void BareDialog(benchmark::State& state, const OpenedWindow& window) {
 }
 
 void Register() {
+  static const std::vector<OpenedWindow> kWindows = Windows();
   for (const OpenedWindow& window : kWindows) {
     const auto add = [&window](const char* kind, void (*run)(benchmark::State&, const OpenedWindow&)) {
-      benchmark::RegisterBenchmark((std::string(window.name) + kind).c_str(),
+      benchmark::RegisterBenchmark((window.name + kind).c_str(),
                                    [&window, run](benchmark::State& state) { run(state, window); })
           ->UseManualTime()
           ->Unit(benchmark::kMillisecond);

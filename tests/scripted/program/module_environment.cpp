@@ -4,7 +4,10 @@
 #include <stdexcept>
 #include <utility>
 
+#include <dlfcn.h>
+
 #include "host/core/text.h"
+#include "include/goods_reports.h"
 #include "include/goods_transaction_qrt.h"
 #include "module/reports/asset/goods_asset_store.h"
 #include "module/reports/detail/all_good_detail_transaction.h"
@@ -98,15 +101,25 @@ void CallGarKala(const std::vector<Word>& words) {
   Open_GarKala(softwarePart);
 }
 
-template <void (*Export)()>
-void CallPlain(const std::vector<Word>& words) {
-  ArgumentReader(words).End();
-  Export();
+// The exports that users open reports with take nothing; they are those of the table of the reports.
+void AddUsersExports(CaseEnvironment& environment) {
+  for (const ReportDescription& report : MenuReports()) {
+    auto* open = reinterpret_cast<void (*)()>(dlsym(RTLD_DEFAULT, report.exportName));
+    if (open == nullptr) throw std::logic_error(std::string("no export ") + report.exportName);
+    environment.exports[report.exportName] = [open](const std::vector<Word>& words) {
+      ArgumentReader(words).End();
+      open();
+    };
+  }
 }
 
+// By its class, whose name is that of the report's form behind a T.
 template <typename Window>
-std::unique_ptr<TForm> Make(THost& host, int formMode, Variant parameter) {
-  return std::make_unique<Window>(host, formMode, std::move(parameter), "");
+void AddWindow(CaseEnvironment& environment, ReportId report) {
+  environment.windows["T" + std::string(Describe(report).form)] = [](THost& host, int formMode,
+                                                                     Variant parameter) {
+    return std::make_unique<Window>(host, formMode, std::move(parameter), "");
+  };
 }
 
 }  // namespace
@@ -117,34 +130,25 @@ CaseEnvironment ModuleEnvironment() {
     return Goods_AttachHost(GOODS_HOST_VERSION, reinterpret_cast<goods_host*>(&host)) == 1;
   };
   environment.detach = [] { return Goods_DetachHost() == 1; };
-  environment.exports = {
-      {"Open_GoodKardex", CallPlain<Open_GoodKardex>},
-      {"Open_Kardex", CallKardex},
-      {"Open_KardexSearch", CallPlain<Open_KardexSearch>},
-      {"Open_KardexNegativ", CallKardexNegativ},
-      {"Open_DetailTransactions", CallPlain<Open_DetailTransactions>},
-      {"Open_GoodDetailTransactions", CallGoodDetailTransactions},
-      {"Open_SearchInDetailTransactions", CallPlain<Open_SearchInDetailTransactions>},
-      {"Open_DetailKardexAsset_Dismatch", CallPlain<Open_DetailKardexAsset_Dismatch>},
-      {"Open_StoreExistance", CallPlain<Open_StoreExistance>},
-      {"Open_GarKala", CallGarKala},
-      {"Open_GoodAmountAsset", CallPlain<Open_GoodAmountAsset>},
-      {"Open_GoodCashAsset", CallPlain<Open_GoodCashAsset>},
-      {"Open_GoodTrans_Overall", CallPlain<Open_GoodTrans_Overall>},
-      {"Open_GoodsAsset_Store", CallPlain<Open_GoodsAsset_Store>},
+  AddUsersExports(environment);
+  environment.exports["Open_KardexNegativ"] = CallKardexNegativ;
+  environment.exports["Open_Kardex"] = CallKardex;
+  environment.exports["Open_GoodDetailTransactions"] = CallGoodDetailTransactions;
+  environment.exports["Open_GarKala"] = CallGarKala;
+  environment.exports["Open_StoreExistance"] = [](const std::vector<Word>& words) {
+    ArgumentReader(words).End();
+    Open_StoreExistance();
   };
-  environment.windows = {
-      {"TKardex_FRM", Make<TKardex_FRM>},
-      {"TKardexSearch_FRM", Make<TKardexSearch_FRM>},
-      {"TGoodDetailTransaction_FRM", Make<TGoodDetailTransaction_FRM>},
-      {"TAllGoodDetailTransaction_FRM", Make<TAllGoodDetailTransaction_FRM>},
-      {"TOneGoodDetailTransaction_FRM", Make<TOneGoodDetailTransaction_FRM>},
-      {"TGoodDetailKardexDismatch_FRM", Make<TGoodDetailKardexDismatch_FRM>},
-      {"TGoodDetailOperationDismatch_FRM", Make<TGoodDetailOperationDismatch_FRM>},
-      {"TGoodTransaction_FRM", Make<TGoodTransaction_FRM>},
-      {"TGoodTrans_Overall_FRM", Make<TGoodTrans_Overall_FRM>},
-      {"TGoodsAsset_Store_FRM", Make<TGoodsAsset_Store_FRM>},
-  };
+  AddWindow<TKardex_FRM>(environment, ReportId::StockCard);
+  AddWindow<TKardexSearch_FRM>(environment, ReportId::RowSearch);
+  AddWindow<TGoodDetailTransaction_FRM>(environment, ReportId::StockByDetails);
+  AddWindow<TAllGoodDetailTransaction_FRM>(environment, ReportId::SearchInDetails);
+  AddWindow<TOneGoodDetailTransaction_FRM>(environment, ReportId::OneGoodDetails);
+  AddWindow<TGoodDetailKardexDismatch_FRM>(environment, ReportId::DetailMismatch);
+  AddWindow<TGoodDetailOperationDismatch_FRM>(environment, ReportId::OperationMismatch);
+  AddWindow<TGoodTransaction_FRM>(environment, ReportId::GoodsInQuantity);
+  AddWindow<TGoodTrans_Overall_FRM>(environment, ReportId::OverallTurnover);
+  AddWindow<TGoodsAsset_Store_FRM>(environment, ReportId::StockPerStore);
   return environment;
 }
 
