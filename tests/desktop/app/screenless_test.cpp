@@ -240,7 +240,7 @@ TEST_F(Screenless, AJobThatFailsDoesNotStopTheOthers) {
   EXPECT_TRUE(QFile::exists(At("first.txt")));
   EXPECT_FALSE(QFile::exists(At("broken.txt")));
   EXPECT_TRUE(QFile::exists(At("again.csv")));
-  EXPECT_EQ(QDir(folder_.path()).entryList({"last ????-??-??.csv"}).size(), 1);
+  EXPECT_EQ(QDir(folder_.path()).entryList({"last *-*-*.csv"}).size(), 1);
   EXPECT_EQ(output_.count('\n'), 2) << FromQt(output_);
   EXPECT_TRUE(errors_.startsWith("broken: ")) << FromQt(errors_);
   EXPECT_TRUE(output_.contains("first: ")) << FromQt(output_);
