@@ -231,8 +231,13 @@ JobsFile ReadJobs(const std::string& path) {
     CommandLine job;
     CLI::App app;
     AddRequest(app, job);
-    ParseArguments(app, arguments, path + " [" + name + "]");
-    file.jobs.push_back({name, job.request});
+    std::string problem;
+    try {
+      ParseArguments(app, arguments, path);
+    } catch (const UsageError& error) {
+      problem = error.what();
+    }
+    file.jobs.push_back({name, job.request, problem});
   }
   if (file.jobs.empty()) throw UsageError("در این پرونده هیچ گزارشی خواسته نشده است: " + path);
   return file;

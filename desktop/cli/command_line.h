@@ -29,6 +29,7 @@ struct CommandLine {
 struct ReportJob {
   std::string name;
   ReportRequest request;
+  std::string problem;  // why its section cannot be read; empty when it can
 };
 
 // A jobs file, read: what its top says of the session, and its jobs in order.
@@ -49,7 +50,8 @@ struct ParseResult {
 ParseResult ParseCommandLine(int argc, char** argv, CommandLine& line);
 
 // Reads the file at path: TOML as CLI11 takes it, the long options' names as keys. The top holds the
-// session's, each section is a job. Throws UsageError.
+// session's, each section is a job. Throws UsageError when the file or its top cannot be read; a section that
+// cannot be is a job with a problem.
 JobsFile ReadJobs(const std::string& path);
 
 // The password from the file, the environment variable GOODS_PASSWORD or, on a terminal, a prompt without

@@ -7,6 +7,7 @@
 #include "desktop/cli/screenless_services.h"
 #include "desktop/cli/screenless_windows.h"
 #include "host/base/base_dock.h"
+#include "host/components/standard.h"
 #include "host/core/text.h"
 #include "host/services/host.h"
 
@@ -75,6 +76,28 @@ void DescribeCriteria(const ReportSpec& report, std::ostream& out) {
   }
 }
 
+void DescribeColumns(const TSmartDBGrid_QRT& grid, std::ostream& out) {
+  out << "\ncolumns (* shown by itself):\n";
+  for (const auto& column : grid.Columns()) {
+    if (!IsOffered(*column)) continue;
+    out << (column->Visible() ? "  * " : "    ") << column->FieldName() << "  "
+        << ReplaceAll(PlainCaption(column->Caption()), "|", " / ") << "\n";
+  }
+}
+
+// The entries of lists that do not come from a company.
+void DescribeEntries(const ReportSpec& report, const TForm& form, std::ostream& out) {
+  for (const ReportCriterion& criterion : report.criteria) {
+    if (criterion.kind != CriterionKind::Object) continue;
+    const auto* list = dynamic_cast<const TComboBox*>(form.FindComponent(criterion.path));
+    if (list == nullptr || list->Items().size() < 2) continue;
+    out << "\n--" << criterion.option << ":\n";
+    for (std::size_t i = 1; i < list->Items().size(); ++i) {
+      out << "  " << list->Items()[i].Object << "  " << Trim(list->Items()[i].Text) << "\n";
+    }
+  }
+}
+
 }  // namespace
 
 void DescribeReport(const ReportSpec& report, const SessionOptions& options, std::ostream& out) {
@@ -88,12 +111,8 @@ void DescribeReport(const ReportSpec& report, const SessionOptions& options, std
   host.Windows().OnShown = [&](TForm& form) {
     auto* window = dynamic_cast<TBaseDock_FRM*>(&form);
     if (window == nullptr || window->PrintedGrid() == nullptr) return;
-    out << "\ncolumns (* shown by itself):\n";
-    for (const auto& column : window->PrintedGrid()->Columns()) {
-      if (!IsOffered(*column)) continue;
-      out << (column->Visible() ? "  * " : "    ") << column->FieldName() << "  "
-          << ReplaceAll(PlainCaption(column->Caption()), "|", " / ") << "\n";
-    }
+    DescribeColumns(*window->PrintedGrid(), out);
+    DescribeEntries(report, *window, out);
   };
   ModuleLibrary module(ModuleLibrary::Find(options.module, options.programFolder));
   module.Attach(host);

@@ -33,7 +33,15 @@ std::string SheetName(const std::string& title, std::size_t sheet) {
   }
   if (name.empty()) name = "گزارش";
   const std::string number = sheet == 0 ? "" : " (" + std::to_string(sheet + 1) + ")";
-  return std::string(Trim(FirstChars(name, kLongestName - CharCount(number)))) + number;
+  std::string_view first = FirstChars(name, kLongestName - CharCount(number));
+  // What is left over ends with a whole word, unless that would be little, and without an open bracket.
+  if (first.size() < name.size() && name[first.size()] != ' ') {
+    if (const auto blank = first.rfind(' '); blank != std::string_view::npos && blank > first.size() / 2) {
+      first = first.substr(0, blank);
+    }
+  }
+  while (!first.empty() && (first.back() == ' ' || first.back() == '(')) first.remove_suffix(1);
+  return std::string(first) + number;
 }
 
 std::size_t Utf16Length(std::string_view text) {

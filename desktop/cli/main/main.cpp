@@ -83,6 +83,7 @@ int RunJobs(CommandLine& line) {
   for (ReportJob& job : file.jobs) {
     const std::string where = job.name + ": ";
     const int code = Guarded(where, [&] {
+      if (!job.problem.empty()) throw UsageError(job.problem);
       CheckRequest(job.request, runner.Today());
       return WriteOne(runner, job.request, where, line.session.quiet);
     });

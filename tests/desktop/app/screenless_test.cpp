@@ -67,6 +67,9 @@ TEST_F(Screenless, ListNamesEveryReportAndDescribeTellsOfEach) {
     }
   }
   EXPECT_EQ(RunBare({"describe", "nothing"}), 2);
+  // Numbers that stand for something are told with it.
+  EXPECT_EQ(RunBare({"describe", "detail-search"}), 0);
+  EXPECT_TRUE(output_.section("\n--operation:\n", 1).contains("فروش")) << FromQt(output_);
 }
 
 TEST_F(Screenless, EveryReportWithoutCriteriaIsWritten) {
@@ -166,7 +169,7 @@ TEST_F(Screenless, TheCompanyItselfIsNeverWrittenOver) {
       const char* format = kFormats[next++ % std::size(kFormats)];
       EXPECT_EQ(RunBare({"--company", company, "--user", "admin", "--good", "12", format, At(target)}), 1)
           << format << " " << target;
-      EXPECT_TRUE(errors_.contains(At(target))) << FromQt(errors_);
+      EXPECT_TRUE(errors_.contains("این فایل از آن شرکت است")) << FromQt(errors_);
     }
     ++next;
   }
@@ -182,7 +185,7 @@ TEST_F(Screenless, APipeAFolderAndAFolderThatIsNotThereAreRefused) {
   ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
   ASSERT_TRUE(QDir(folder_.path()).mkdir("folder"));
   for (const char* target : {"pipe", "folder", "missing/file"}) {
-    EXPECT_EQ(Run({"--good", "12", "--csv", At("first.csv"), "--xlsx", At(target)}), 1) << target;
+    EXPECT_EQ(Run({"--good", "12", "--csv", At("first.csv"), "--text", At(target)}), 1) << target;
     EXPECT_TRUE(errors_.contains(At(target))) << FromQt(errors_);
     // What was written before stands, whole.
     EXPECT_TRUE(Written(Path("first.csv")).ends_with("\r\n"));
@@ -200,6 +203,40 @@ TEST_F(Screenless, RightsHoldAsOnTheDesktop) {
   // The storekeeper's list has no amounts; the list in money is not for him.
   EXPECT_EQ(Run({"--report", "turnover-list", "--json", At("a.json")}, "anbar"), 0) << FromQt(errors_);
   EXPECT_EQ(Run({"--report", "turnover-money", "--json", At("b.json")}, "anbar"), 4);
+}
+
+// What is money in the windows is in no file, and no question asks for it.
+TEST_F(Screenless, AUserWithoutPricesGetsNoneInAnyFormatAndIsRefusedToAskForThem) {
+  const QStringList written{"--pdf",     At("a.pdf"), "--text",     At("a.txt"), "--csv",
+                            At("a.csv"), "--json",    At("a.json"), "--xlsx",    At("a.xlsx")};
+  for (const char* report : {"stock-card", "turnover-list", "row-search", "store-stock"}) {
+    ASSERT_EQ(Run(QStringList{"--report", report} + written, "anbar"), 0) << report << FromQt(errors_);
+    QByteArray files =
+        QByteArray::fromStdString(Written(Path("a.txt")) + Written(Path("a.csv")) + Written(Path("a.json")));
+    QProcess reader;
+    reader.start("pdftotext", {At("a.pdf"), "-"});
+    ASSERT_TRUE(reader.waitForFinished());
+    files += reader.readAllStandardOutput();
+    reader.start("unzip", {"-p", At("a.xlsx"), "xl/worksheets/sheet1.xml"});
+    ASSERT_TRUE(reader.waitForFinished());
+    files += reader.readAllStandardOutput();
+    EXPECT_TRUE(files.contains("</worksheet>"));
+    for (const char* money : {"مبلغ", "قیمت", "ارزش", "فی وارده"})
+      EXPECT_FALSE(files.contains(money)) << report << money;
+  }
+  const QString csv = At("no.csv");
+  const QList<QStringList> asking{
+      {"--report", "stock-card", "--columns", "Date,Miangin"},
+      {"--report", "stock-card", "--sort", "Miangin"},
+      {"--report", "row-search", "--price-in", "1.."},
+      {"--report", "store-stock", "--price-basis", "last-purchase"},
+  };
+  for (const QStringList& arguments : asking) {
+    EXPECT_EQ(Run(arguments + QStringList{"--csv", csv}, "anbar"), 4) << FromQt(arguments.join(' '));
+    EXPECT_TRUE(errors_.contains("قیمت")) << FromQt(arguments.join(' ')) << FromQt(errors_);
+    EXPECT_EQ(Run(arguments + QStringList{"--csv", At("yes.csv")}), 0) << FromQt(errors_);
+  }
+  EXPECT_FALSE(QFile::exists(csv));
 }
 
 TEST_F(Screenless, APasswordComesFromAFileOrTheEnvironment) {
@@ -228,21 +265,23 @@ TEST_F(Screenless, RowsThatAreFoundEndWithThreeForAMonitor) {
 }
 
 TEST_F(Screenless, AJobThatFailsDoesNotStopTheOthers) {
-  WriteWholeFile(Path("jobs.toml"),
-                 "company = \"" + SmallCompany() +
-                     "\"\nuser = \"admin\"\n"
-                     "[first]\nreport = \"turnover-list\"\ntext = \"" +
-                     Path("first.txt") +
-                     "\"\n[broken]\nreport = \"turnover-list\"\ngroup = 987654\ntext = \"" +
-                     Path("broken.txt") + "\"\n[last]\nreport = \"stock-card\"\ncsv = [\"" +
-                     Path("last {date}.csv") + "\", \"" + Path("again.csv") + "\"]\n");
-  EXPECT_EQ(RunBare({"run", At("jobs.toml")}), 1);
+  WriteWholeFile(Path("jobs.toml"), "company = \"" + SmallCompany() +
+                                        "\"\nuser = \"admin\"\n"
+                                        "[first]\nreport = \"turnover-list\"\ntext = \"" +
+                                        Path("first.txt") +
+                                        "\"\n[mistyped]\nreport = \"turnover-list\"\nnothing = "
+                                        "1\n[broken]\nreport = \"turnover-list\"\ngroup = 987654\ntext = \"" +
+                                        Path("broken.txt") +
+                                        "\"\n[last]\nreport = \"stock-card\"\ncsv = [\"" +
+                                        Path("last {date}.csv") + "\", \"" + Path("again.csv") + "\"]\n");
+  EXPECT_EQ(RunBare({"run", At("jobs.toml")}), 2);  // the first of the gravest
   EXPECT_TRUE(QFile::exists(At("first.txt")));
   EXPECT_FALSE(QFile::exists(At("broken.txt")));
   EXPECT_TRUE(QFile::exists(At("again.csv")));
   EXPECT_EQ(QDir(folder_.path()).entryList({"last *-*-*.csv"}).size(), 1);
   EXPECT_EQ(output_.count('\n'), 2) << FromQt(output_);
-  EXPECT_TRUE(errors_.startsWith("broken: ")) << FromQt(errors_);
+  EXPECT_TRUE(errors_.startsWith("mistyped: ")) << FromQt(errors_);
+  EXPECT_TRUE(errors_.contains("\nbroken: ")) << FromQt(errors_);
   EXPECT_TRUE(output_.contains("first: ")) << FromQt(output_);
   WriteWholeFile(Path("wrong.toml"), "[a]\nnothing = 1\n");
   EXPECT_EQ(RunBare({"run", At("wrong.toml")}), 2);
