@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <set>
 
 #include "company/embedded/sqlite.h"
@@ -166,7 +167,8 @@ class Prices : public ::testing::Test {
   // What grids print, copy and export, row for row; and what the column chooser offers.
   void LookAtGrids(const QString& where, FormView& view) {
     for (TSmartDBGrid_QRT* grid : GridsOf(view.Form())) {
-      const IReportTable& table = grid->Table();
+      const std::unique_ptr<IReportTable> made = grid->Table();
+      const IReportTable& table = *made;
       const QString name = where + "." + ToQt(grid->Name());
       const auto columns = table.Columns();
       for (std::size_t column = 0; column < columns.size(); ++column) {
@@ -177,7 +179,11 @@ class Prices : public ::testing::Test {
         }
       }
       const std::string file = FromQt(folder_.filePath("exported.csv"));
-      WriteCsv(table, file);
+      PrintJob job;
+      job.table = &table;
+      WritingOptions shown;
+      shown.csvShown = true;
+      WriteReport(job, FileFormat::Csv, file, shown);
       QFile exported(ToQt(file));
       ASSERT_TRUE(exported.open(QIODevice::ReadOnly));
       for (const QString& cell : CellsOf(QString::fromUtf8(exported.readAll()))) Found(name + " (csv)", cell);
