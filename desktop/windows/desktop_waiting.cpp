@@ -55,7 +55,8 @@ class ReportedStatement : public IStatementProgress {
 
 }  // namespace
 
-DesktopWaiting::DesktopWaiting(DesktopWindows& windows) : windows_(windows) {}
+DesktopWaiting::DesktopWaiting(DesktopWindows& windows)
+    : windows_(windows), keys_([this] { return statements_ > 0; }, [this] { return KeyTarget(); }) {}
 
 DesktopWaiting::~DesktopWaiting() { TakeAway(); }
 
@@ -80,7 +81,15 @@ void DesktopWaiting::StatementBegins() {
 }
 
 void DesktopWaiting::StatementEnds() {
-  if (--statements_ == 0 && !asked_) TakeAway();
+  if (--statements_ > 0) return;
+  if (!asked_) TakeAway();
+  keys_.DeliverLater();
+}
+
+QWidget* DesktopWaiting::KeyTarget() const {
+  FormView* view = windows_.ActiveView();
+  if (view == nullptr) return nullptr;
+  return view->focusWidget() != nullptr ? view->focusWidget() : view;
 }
 
 void DesktopWaiting::TakeAway() {
@@ -118,9 +127,15 @@ bool DesktopWaiting::Progress(std::size_t rows) {
 
 bool DesktopWaiting::eventFilter(QObject* /*watched*/, QEvent* event) {
   if (!IsUserInput(event->type())) return false;
-  if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+  if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
     cancelled_ = true;
-  if (event->type() == QEvent::Close) event->ignore();
+  } else if (event->type() == QEvent::ShortcutOverride) {
+    event->accept();  // the key press follows then, instead of a shortcut
+  } else if (event->type() == QEvent::Close) {
+    event->ignore();
+  } else {
+    keys_.Hold(*event);
+  }
   return true;
 }
 

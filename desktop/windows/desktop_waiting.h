@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "desktop/windows/held_keys.h"
 #include "host/data/connection.h"
 #include "host/services/waiting.h"
 
@@ -16,8 +17,9 @@ class DesktopWindows;
 class WaitingPanel;
 
 // Shown only where the work lasts longer than kPatienceMs, so that quick statements do not flicker. While a
-// statement runs, Progress lets the window paint itself now and then; of the user's input only Esc is taken,
-// and cancels.
+// statement runs, Progress lets the window paint itself now and then; of the user's input only Esc is taken
+// at once, and cancels. Other keys are delivered in order when the statement has ended and the program is
+// back in the message loop; what the mouse does is dropped.
 class DesktopWaiting : public QObject, public IWaiting {
  public:
   static constexpr int kPatienceMs = 150;
@@ -45,6 +47,8 @@ class DesktopWaiting : public QObject, public IWaiting {
  private:
   void Update(std::size_t rows);
   void TakeAway();
+  // Where keys go when no widget has the keyboard.
+  QWidget* KeyTarget() const;
 
   DesktopWindows& windows_;
   QPointer<WaitingPanel> panel_;
@@ -56,6 +60,7 @@ class DesktopWaiting : public QObject, public IWaiting {
   int statements_ = 0;
   bool cancelled_ = false;
   bool pumping_ = false;
+  HeldKeys keys_;
 };
 
 // A connection whose statements report to the waiting indicator. Both must outlive it.

@@ -126,10 +126,11 @@ TEST(Windows, TodayIsAJalaliDateAndTheLayoutIsRemembered) {
   EXPECT_EQ(host.windows.KeyboardLayout(), "00000429");
 }
 
-TEST(Waiting, EscCancelsAStatementAndNothingElseGetsThrough) {
+TEST(Waiting, EscCancelsAStatementThoughKeysAreHeldAndNothingElseGetsThroughMeanwhile) {
   TestHost host;
   TCard_FRM form(host);
   bool cancelled = false;
+  int folds = -1;
   std::string shown;
   Later([&] {
     const WaitingScope waiting(host.waiting, &form, "سیستم در حال تهیه گزارش می باشد.");
@@ -145,12 +146,13 @@ TEST(Waiting, EscCancelsAStatementAndNothingElseGetsThrough) {
     } catch (const StatementCancelled&) {
       cancelled = true;
     }
+    folds = form.folds;
     EXPECT_TRUE(host.waiting.PanelVisible());
   });
   Later([&] { form.Close(); }, 300);
   form.ShowModal();
   EXPECT_TRUE(cancelled);
-  EXPECT_EQ(form.folds, 0);
+  EXPECT_EQ(folds, 0);
   EXPECT_NE(shown.find("سیستم در حال تهیه گزارش"), std::string::npos);
   EXPECT_NE(shown.find("ردیف خوانده شد"), std::string::npos);
   EXPECT_FALSE(form.Kardex_QRY.Active());
@@ -212,6 +214,67 @@ TEST(Waiting, AWindowLivesWhileTheDriverBlocksAndEscReturnsAtOnce) {
   EXPECT_GE(ticks, 5);
   EXPECT_NE(shown.find("۱,۲۳۴"), std::string::npos) << shown;
   EXPECT_FALSE(query.Active());
+}
+
+// 40,000,000 rows of a "slow" statement would take longer than the test waits: Esc ends it after a second.
+TEST(Waiting, KeysTypedDuringARunOfASecondAreDeliveredAfterItInOrder) {
+  TestHost host;
+  TCard_FRM form(host);
+  std::string during;
+  QElapsedTimer ran;
+  Later([&] {
+    QWidget* edit = host.windows.WidgetOf(form.Search_EDT);
+    form.Search_EDT.SetFocus();
+    Settle();
+    ran.start();
+    Later([&] { QTest::keyClicks(edit, "ab"); }, 300);
+    Later([&] { QTest::keyClicks(edit, "cd"); }, 600);
+    Later([&] { QTest::keyClick(edit, Qt::Key_Backspace); }, 700);
+    Later([&] { QTest::keyClick(edit, Qt::Key_2, Qt::AltModifier); }, 800);
+    Later(
+        [&] {
+          during = form.Search_EDT.Text();
+          QTest::keyClick(edit, Qt::Key_Escape);
+        },
+        1000);
+    EXPECT_THROW(form.Fill(40000000, "slow"), StatementCancelled);
+    EXPECT_GE(ran.elapsed(), 1000);
+    EXPECT_EQ(form.Search_EDT.Text(), "");
+    QTest::keyClick(edit, Qt::Key_E);  // typed after the others
+    host.windows.ProcessMessages([&] { return form.folds > 0; });
+    host.windows.ProcessMessages([&] { return form.Search_EDT.Text().size() == 4; });
+    form.Close();
+  });
+  form.ShowModal();
+  EXPECT_EQ(during, "");
+  EXPECT_EQ(form.Search_EDT.Text(), "abce");
+  EXPECT_EQ(form.folds, 1);
+}
+
+TEST(Waiting, AKeyThatOpensAWindowIsFollowedByKeysInThatWindow) {
+  TestHost host;
+  TCard_FRM form(host);
+  TCard_FRM second(host);
+  form.OpenInfo_BTN.OnClick = [&] {
+    second.OnShow = [&] { second.Search_EDT.SetFocus(); };
+    second.ShowModal();
+  };
+  Later([&] {
+    QWidget* view = host.windows.ViewOf(form);
+    Later(
+        [view] {
+          QTest::keyClick(view, Qt::Key_F2);
+          QTest::keyClicks(view, "xy");
+          QTest::keyClick(view, Qt::Key_Escape);
+        },
+        300);
+    EXPECT_THROW(form.Fill(40000000, "slow"), StatementCancelled);
+    Later([&] { second.Close(); }, 500);
+    Later([&] { form.Close(); }, 600);
+  });
+  form.ShowModal();
+  EXPECT_EQ(second.Search_EDT.Text(), "xy");
+  EXPECT_EQ(form.Search_EDT.Text(), "");
 }
 
 TEST(Waiting, AQuickStatementShowsNothing) {
