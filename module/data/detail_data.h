@@ -80,56 +80,53 @@ class TDetailReportRows : public TQueryWithSource {
   std::string_view head_;
 };
 
-// The part of each report: its rows, and their fetch under its published name.
-class StockByDetailsData {
+// The fetch of a report's rows as an operation of the data module.
+class TDetailFetch {
  public:
+  explicit TDetailFetch(TDetailReportRows& rows) : rows_(rows) {}
+  void operator()(std::string_view parameters, TForm* window, int mode, bool shown) const {
+    rows_.Fetch(parameters, window, mode, shown);
+  }
+
+ private:
+  TDetailReportRows& rows_;
+};
+
+// The part of each report: its rows, and their fetch under its published name.
+struct StockByDetailsData {
   explicit StockByDetailsData(DataModule& module)
       : GoodDetailTransaction(module, "GoodDetailTransaction", " EXEC GoodDetailTransaction ") {}
-  void GoodDetailTransaction_GetAll(std::string_view parameters, TForm* window, int mode, bool shown) {
-    GoodDetailTransaction.Fetch(parameters, window, mode, shown);
-  }
   TDetailReportRows GoodDetailTransaction;
+  TDetailFetch GoodDetailTransaction_GetAll{GoodDetailTransaction};
 };
 
-class SearchInDetailsData {
- public:
+struct SearchInDetailsData {
   explicit SearchInDetailsData(DataModule& module)
       : AllGoodDetailTransaction(module, "AllGoodDetailTransaction", " EXEC AllGoodDetailTransaction ") {}
-  void AllGoodDetailTransaction_GetAll(std::string_view parameters, TForm* window, int mode, bool shown) {
-    AllGoodDetailTransaction.Fetch(parameters, window, mode, shown);
-  }
   TDetailReportRows AllGoodDetailTransaction;
+  TDetailFetch AllGoodDetailTransaction_GetAll{AllGoodDetailTransaction};
 };
 
-class OneGoodDetailsData {
- public:
+struct OneGoodDetailsData {
   explicit OneGoodDetailsData(DataModule& module)
       : OneGoodDetailTransaction(module, "OneGoodDetailTransaction", " EXEC OneGoodDetailTransaction ") {}
-  void OneGoodDetailTransaction_GetAll(std::string_view parameters, TForm* window, int mode, bool shown) {
-    OneGoodDetailTransaction.Fetch(parameters, window, mode, shown);
-  }
   TDetailReportRows OneGoodDetailTransaction;
+  TDetailFetch OneGoodDetailTransaction_GetAll{OneGoodDetailTransaction};
 };
 
-class DetailMismatchData {
- public:
+struct DetailMismatchData {
   explicit DetailMismatchData(DataModule& module)
       : GoodDetailKardexDismatch(module, "GoodDetailKardexDismatch", " EXEC DetailKardexAsset_Dismatch ") {}
-  void GoodDetailKardexDismatch_GetAll(std::string_view parameters, TForm* window, int mode, bool shown) {
-    GoodDetailKardexDismatch.Fetch(parameters, window, mode, shown);
-  }
   TDetailReportRows GoodDetailKardexDismatch;
+  TDetailFetch GoodDetailKardexDismatch_GetAll{GoodDetailKardexDismatch};
 };
 
-class OperationMismatchData {
- public:
+struct OperationMismatchData {
   explicit OperationMismatchData(DataModule& module)
       : GoodDetailOperationDismatch(module, "GoodDetailOperationDismatch",
                                     " EXEC DetailOperation_Dismatch ") {}
-  void GoodDetailOperationDismatch_GetAll(std::string_view parameters, TForm* window, int mode, bool shown) {
-    GoodDetailOperationDismatch.Fetch(parameters, window, mode, shown);
-  }
   TDetailReportRows GoodDetailOperationDismatch;
+  TDetailFetch GoodDetailOperationDismatch_GetAll{GoodDetailOperationDismatch};
 };
 
 }  // namespace goods

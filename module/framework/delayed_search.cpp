@@ -24,7 +24,6 @@ void DelayedSearch::TakeEnter(TKey& key) {
 bool DelayedSearch::Ended() const { return !pending_ || window_.ModalResult() != kModalNone; }
 
 bool DelayedSearch::Held() const {
-  if (Hold) return Hold();
   const auto* edit = dynamic_cast<const TEdit*>(window_.ActiveControl());
   return edit != nullptr && edit->HalfTyped();
 }

@@ -45,17 +45,15 @@ class DelayedSearch {
   bool Handle(int message, TEdit* edit);
   // Whether typed text still waits for its run.
   bool Pending() const { return pending_; }
-  // The quiet time has passed, and only Hold keeps the wait up.
+  // The quiet time has passed, and only a half typed value keeps the wait up.
   bool IsHeld() const { return pending_ && held_; }
   // Ends the wait with a run at once; OnHurried is called when it has been made.
   void Hurry() { hurried_ = pending_; }
   // Enter in an edit whose text waits for its run hurries it, and goes no further.
   void TakeEnter(TKey& key);
   std::function<void()> OnHurried;
-  // While it is true the wait goes on, however long ago the last key was: what stands in the edit is no value
-  // yet. Where it is not set, the edit with the focus is asked. OnHeld is called when the quiet time has
-  // passed so.
-  std::function<bool()> Hold;
+  // While the edit with the focus holds what is no value yet, the wait goes on, however long ago the last key
+  // was; called when the quiet time has passed so.
   std::function<void()> OnHeld;
   // A key was told of.
   std::function<void()> OnTyped;
@@ -65,7 +63,7 @@ class DelayedSearch {
  private:
   bool Ended() const;
   bool Held() const;
-  // Whether the wait is over; tells once where only Hold keeps it up.
+  // Whether the wait is over; tells once where only a half typed value keeps it up.
   bool Ready();
   void RunEnded();
 

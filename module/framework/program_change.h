@@ -1,21 +1,24 @@
-// ProgramChange: the mark of a check box that the program, not the user, is changing.
+// ProgramChange: the mark of a control that the program, not the user, is changing.
 #pragma once
 
-#include "host/components/standard.h"
+#include "host/core/component.h"
 
 namespace goods {
 
-// The box carries the tag 1 for a scope; a click handler that must not react looks at it.
+// The control carries the tag 1 for a scope; what reacts to its changes asks ByProgram. For controls that
+// have no tag of their own.
 class ProgramChange {
  public:
-  explicit ProgramChange(TCheckBox& box) : box_(box), before_(box.Tag) { box_.Tag = 1; }
+  explicit ProgramChange(TComponent& control) : control_(control), before_(control.Tag) { control_.Tag = 1; }
   ProgramChange(const ProgramChange&) = delete;
   ProgramChange& operator=(const ProgramChange&) = delete;
-  ~ProgramChange() { box_.Tag = before_; }
+  ~ProgramChange() { control_.Tag = before_; }
 
  private:
-  TCheckBox& box_;
+  TComponent& control_;
   long before_;
 };
+
+inline bool ByProgram(const TComponent& control) { return control.Tag != 0; }
 
 }  // namespace goods

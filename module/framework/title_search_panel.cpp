@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "module/framework/program_change.h"
+
 namespace goods {
 
 TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, DelayedSearch& typing,
@@ -14,11 +16,12 @@ TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, Delay
   GoodDetailSearch_CMB.SetAccessibleName("جستجو بر اساس");
   GoodDetailSearch_EDT.SetAccessibleName("متن جستجو");
   GoodDetailSearch_CMB.OnChange = [this] {
+    if (ByProgram(GoodDetailSearch_CMB)) return;
     ApplyItem();
     if (OnItemChange) OnItemChange();
   };
   GoodDetailSearch_EDT.OnChange = [this, &typing, message] {
-    if (!busy_) typing.Typed(message);
+    if (!ByProgram(GoodDetailSearch_EDT)) typing.Typed(message);
   };
   GoodDetailSearch_EDT.OnKeyDown = [&typing, &grid](TKey& key) {
     if (key.Is(Key::Up) || key.Is(Key::Down)) {
@@ -37,29 +40,29 @@ void TTitleSearchPanel::SetItems(std::vector<TitleSearchItem> items, int chosen)
   items_ = std::move(items);
   std::vector<TComboItem> entries;
   for (const TitleSearchItem& item : items_) entries.push_back({item.text, item.object, "", item.money});
-  const auto onChange = std::exchange(GoodDetailSearch_CMB.OnChange, nullptr);
-  GoodDetailSearch_CMB.SetItems(std::move(entries));
-  GoodDetailSearch_CMB.SetItemIndex(chosen);
-  GoodDetailSearch_CMB.OnChange = onChange;
+  {
+    const ProgramChange change(GoodDetailSearch_CMB);
+    GoodDetailSearch_CMB.SetItems(std::move(entries));
+    GoodDetailSearch_CMB.SetItemIndex(chosen);
+  }
   ApplyItem();
 }
 
 void TTitleSearchPanel::Preset(int item, const std::string& text) {
-  const auto onChange = std::exchange(GoodDetailSearch_CMB.OnChange, nullptr);
-  GoodDetailSearch_CMB.SetItemIndex(item);
-  GoodDetailSearch_CMB.OnChange = onChange;
+  {
+    const ProgramChange change(GoodDetailSearch_CMB);
+    GoodDetailSearch_CMB.SetItemIndex(item);
+  }
   ApplyItem();
-  busy_ = true;
+  const ProgramChange change(GoodDetailSearch_EDT);
   GoodDetailSearch_EDT.SetText(text);
-  busy_ = false;
 }
 
 void TTitleSearchPanel::ApplyItem() {
-  busy_ = true;
+  const ProgramChange change(GoodDetailSearch_EDT);
   GoodDetailSearch_EDT.SetVisible(true);
   GoodDetailSearch_EDT.SetKind(Item().kind);
   GoodDetailSearch_EDT.Clear();
-  busy_ = false;
 }
 
 void TTitleSearchPanel::TakeSearchKeys(TKey& key, TADVSearch_Fram& advanced) {

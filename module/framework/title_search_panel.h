@@ -58,7 +58,6 @@ class TTitleSearchPanel : public TPanel {
 
  private:
   std::vector<TitleSearchItem> items_;
-  bool busy_ = false;
 };
 
 }  // namespace goods

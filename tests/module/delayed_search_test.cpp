@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/components/standard.h"
 #include "module/framework/program_change.h"
 #include "tests/scripted/scripted_host.h"
 
@@ -132,17 +133,16 @@ TEST_F(DelayedSearchTest, KeysDuringARunOfAnotherKindWaitUntilItHasEnded) {
 }
 
 TEST_F(DelayedSearchTest, AHeldWaitGoesOnUntilItIsLetGoAndTellsOnce) {
-  bool held = true;
   int told = 0;
-  window.Search.Hold = [&] { return held; };
+  window.Search_EDT.SetKind(InputKind::Integer);
   window.Search.OnHeld = [&] { ++told; };
-  While({Type(0, "-"), Pass(3000), Runs(0), [&] { EXPECT_EQ(told, 1); }, [&] { held = false; }, Pass(10),
-         Runs(1)});
+  While({[this] { window.Search_EDT.SetFocus(); }, Type(0, "-"), Pass(3000), Runs(0),
+         [&] { EXPECT_EQ(told, 1); }, [this] { window.SetActiveControl(nullptr); }, Pass(10), Runs(1)});
 }
 
 TEST_F(DelayedSearchTest, AHeldWaitEndsWithItsWindow) {
-  window.Search.Hold = [] { return true; };
-  While({Type(0, "-"), Pass(3000)});
+  window.Search_EDT.SetKind(InputKind::Integer);
+  While({[this] { window.Search_EDT.SetFocus(); }, Type(0, "-"), Pass(3000)});
   EXPECT_EQ(window.runs, 0);
 }
 

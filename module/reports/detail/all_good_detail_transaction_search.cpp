@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 
 namespace goods {
@@ -24,7 +25,9 @@ void TAllGoodDetailTransactionSearch_FRM::FormCreate() {
   FillSelectedList();
   for (TDetailRow* row : DetailRows()) {
     row->Fill(data_);
-    row->GoodDetailSelectSearch_CMB.OnChange = [this, row] { row->ApplySelection(data_); };
+    row->GoodDetailSelectSearch_CMB.OnChange = [this, row] {
+      if (!ByProgram(row->GoodDetailSelectSearch_CMB)) row->ApplySelection(data_);
+    };
   }
   KeepProperties();
 }

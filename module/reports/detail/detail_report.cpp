@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/services/public_methods.h"
+#include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 
 namespace goods {
@@ -23,9 +24,11 @@ void TDetailReport_FRM::FormCreate() {
   ShowRows(List_GRD, Rows().Source);
   Search_PNL.OnItemChange = [this] { Run(Waiting::Silent); };
 
-  DetailRow1.GoodDetailSelectSearch_CMB.OnChange = [this] { GoodDetailSelectSearch1_CMBChange(); };
+  DetailRow1.GoodDetailSelectSearch_CMB.OnChange = [this] {
+    if (!ByProgram(DetailRow1.GoodDetailSelectSearch_CMB)) GoodDetailSelectSearch1_CMBChange();
+  };
   DetailRow1.GoodDetail_CMB.OnChange = [this] {
-    if (busy_) return;
+    if (ByProgram(DetailRow1.GoodDetail_CMB)) return;
     if (DetailRow1.IsPickList()) {
       Run(Waiting::Silent);
     } else {
@@ -36,8 +39,8 @@ void TDetailReport_FRM::FormCreate() {
   for (auto [edit, message] : {std::pair{&DetailRow1.FromGoodDetail_EDT, kLowerEditTyped},
                                std::pair{&DetailRow1.ToGoodDetail_EDT, kUpperEditTyped}}) {
     edit->OnKeyDown = [this](TKey& key) { delayedSearch_.TakeEnter(key); };
-    edit->OnChange = [this, message = message] {
-      if (!busy_) Typed(message);
+    edit->OnChange = [this, edit = edit, message = message] {
+      if (!ByProgram(*edit)) Typed(message);
     };
   }
   DetailRow1.ToGoodDetailDate_EDT.OnExit = [this] { Run(Waiting::Silent); };
@@ -94,11 +97,6 @@ void TDetailReport_FRM::LookUpNames(DetailListCriteria& criteria) {
 }
 
 void TDetailReport_FRM::GoodDetailSelectSearch1_CMBChange() {
-  busy_ = true;
-  struct Busy {
-    bool& flag;
-    ~Busy() { flag = false; }
-  } const scope{busy_};
   DetailRow1.ApplySelection(dataModule_);
   Run(Waiting::Silent);
 }

@@ -58,7 +58,6 @@ class TDetailReport_FRM : public TReportOf<DetailListCriteria> {
   TAllGoodDetailTransactionSearch_FRM Search_FRM;
 
  private:
-  bool busy_ = false;  // the window itself is changing a control
   std::int64_t rowGood_ = 0;
 };
 

@@ -5,12 +5,13 @@
 #include <utility>
 #include <vector>
 
-#include "module/framework/report_window.h"
+#include "module/framework/program_change.h"
 
 namespace goods {
 namespace {
 
 constexpr int kLongestValue = 50;  // characters
+
 std::string Numbered(std::string_view before, int number, std::string_view behind) {
   return std::string(before) + std::to_string(number) + std::string(behind);
 }
@@ -23,10 +24,9 @@ void SpellPrompt(TComboBox& list) {
   if (items.empty()) return;
   const int chosen = list.ItemIndex();
   items.front().Text = kPrompt;
-  const auto onChange = std::exchange(list.OnChange, nullptr);
+  const ProgramChange change(list);
   list.SetItems(std::move(items));
   list.SetItemIndex(chosen);
-  list.OnChange = onChange;
 }
 
 }  // namespace
@@ -76,6 +76,9 @@ void TDetailRow::Fill(TGoodTransactions_DM& data) {
 }
 
 void TDetailRow::ApplySelection(TGoodTransactions_DM& data) {
+  const ProgramChange list(GoodDetail_CMB);
+  const ProgramChange lower(FromGoodDetail_EDT);
+  const ProgramChange upper(ToGoodDetail_EDT);
   type_ = 0;  // a detail that cannot be read has no condition, least of all that of the one before
   type_ = data.GoodDetailChange_ComboBox(
       GoodDetailSelectSearch_CMB,
@@ -85,9 +88,10 @@ void TDetailRow::ApplySelection(TGoodTransactions_DM& data) {
 }
 
 void TDetailRow::Clear(TGoodTransactions_DM& data) {
-  const auto onChange = std::exchange(GoodDetailSelectSearch_CMB.OnChange, nullptr);
-  GoodDetailSelectSearch_CMB.SetItemIndex(0);
-  GoodDetailSelectSearch_CMB.OnChange = onChange;
+  {
+    const ProgramChange change(GoodDetailSelectSearch_CMB);
+    GoodDetailSelectSearch_CMB.SetItemIndex(0);
+  }
   ApplySelection(data);
 }
 
