@@ -82,7 +82,7 @@ TSmartDBGrid_QRT& TPriceBasisPanel::ShownList() {
 }
 
 void TPriceBasisPanel::Stock_CHKClick() {
-  const bool byUser = Stock_CHK.Tag == 0;
+  const bool byUser = !ByProgram(Stock_CHK);
   Report_CMB.SetEnabled(Stock_CHK.Checked());
   if (!Stock_CHK.Checked()) {
     basis_ = kPriceBasisNone;
@@ -99,9 +99,11 @@ void TPriceBasisPanel::Sel_BTNClick() {
   Report_CMB.SetDroppedDown(false);
 }
 
-// The consumer price is a selling price: it is not offered among the buying ones.
+// The consumer price is a selling price: where the list has it, it is not offered among the buying ones.
 void TPriceBasisPanel::CostLevelType_PGCChange() {
-  data_.CostLevel.Query.SetFilter(CostLevelType_PGC.ActivePage() == &ts1 ? "Code <> -100" : "");
+  const bool hides =
+      style_.levels == CostLevelList::WithConsumerPrice && CostLevelType_PGC.ActivePage() == &ts1;
+  data_.CostLevel.Query.SetFilter(hides ? "Code <> -100" : "");
   if (Report_CMB.DroppedDown()) ShownList().SetFocus();
 }
 
