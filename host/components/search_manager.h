@@ -7,44 +7,18 @@
 #include <string_view>
 #include <vector>
 
+#include "host/components/search_criterion.h"
 #include "host/core/component.h"
 #include "host/data/query.h"
 
 namespace goods {
 
-enum class DataKind { Text, Number, Amount };
-enum class SearchOperator { Equals, Contains, Range };
-
-// One criterion: a field, how it is compared, and with what. A frame keeps it up to date; a manager reads it.
-//
-// As a filter over rows: (F = 3), (F LIKE '%text%'), (F >= 'a' AND F <= 'b'), each behind NOT when excluding.
-// As procedure parameters, the one rule for every report: @F=value for Equals and Contains, then @NotF=1 when
-// excluding; @FromF=value and @ToF=value for Range, then @NotRangeF=1, so that a field may stand in a
-// statement by value and by range at once. Values are written by the data kind: numbers bare, texts quoted; a
-// value that is not of its kind, and an open bound, is left out. A criterion without any value is as good as
-// unticked.
-class TQeratSearch : public TComponent {
+// A criterion that a frame keeps up to date, and a manager reads.
+class TQeratSearch : public TComponent, public SearchCriterion {
  public:
   TQeratSearch(TComponent* owner, std::string name);
 
-  std::string Title;  // of the field, for the reader
-  std::string FieldName;
-  DataKind Kind = DataKind::Text;
-  SearchOperator Operator = SearchOperator::Equals;
-  bool Active = false;
-  bool Exclude = false;
-  std::string Value;  // Equals and Contains
-  std::string From;   // Range; empty: open
-  std::string To;
-
-  // Empty when the criterion says nothing.
-  std::string DataSetCondition() const;
-  std::string ProcParams() const;
-  // The criterion in Persian, as it stands above a printed list: "نام کالا: پیچ", "کد کالا به جز از: 3 تا:
-  // 7".
-  std::string FarsiText() const;
-
-  // A frame calls it after changing any of the above; fires OnChange.
+  // A frame calls it after changing any of its fields; fires OnChange.
   void NotifyChange();
   std::function<void()> OnChange;
 };

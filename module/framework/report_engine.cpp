@@ -35,7 +35,9 @@ TReport_FRM::TReport_FRM(THost& host, std::string name, int formMode, Variant cu
   delayedSearch_.OnHeld = [this] { UpdateHint(); };
   delayedSearch_.OnTyped = [this] { UpdateHint(); };
   delayedSearch_.OnHurried = [this] {
-    if (!grids_.empty() && !grids_.front()->DataSet()->IsEmpty()) grids_.front()->SetFocus();
+    for (TSmartDBGrid_QRT* grid : grids_) {
+      if (grid->Visible() && !grid->DataSet()->IsEmpty()) return grid->SetFocus();
+    }
   };
 }
 
@@ -69,7 +71,7 @@ void TReport_FRM::UseDialog(TADVSearch_Fram& frame, TForm& dialog) {
     Run(Waiting::Shown);
   });
   frame.ADVSearch_CHK.OnClick = [this, &frame] {
-    if (frame.ADVSearch_CHK.Tag == 0) Run(Waiting::Shown);
+    if (!ByProgram(frame.ADVSearch_CHK)) Run(Waiting::Shown);
   };
 }
 
@@ -97,10 +99,14 @@ void TReport_FRM::ShowAndRun(TControl& first) {
 void TReport_FRM::FormClose() {
   shown_ = false;
   delayedSearch_.Cancel();
+  CloseRows();
+  TBaseDock_FRM::FormClose();
+}
+
+void TReport_FRM::CloseRows() {
   run_.reset();
   for (TADOQuery* query : Queries()) query->Close();
   UpdateHint();
-  TBaseDock_FRM::FormClose();
 }
 
 void TReport_FRM::WindowMessage(int code) {
@@ -150,6 +156,10 @@ void TReport_FRM::FetchAndArrange(const CriteriaText& text, Waiting waiting) {
   const std::size_t rows = grids_.empty() ? 0 : grids_.front()->DataSet()->TotalCount();
   run_ = ReportRun{text.parameters, text.caption, Host().Windows().TickCount(), rows};
   KeepRun();
+  RowsCame();
+}
+
+void TReport_FRM::RowsCame() {
   ArrangeRows();
   PlaceRow();
 }
@@ -162,6 +172,12 @@ void TReport_FRM::ArrangeRows() {
   NarrowRows();
   ApplySort();
   for (TSmartDBGrid_QRT* grid : grids_) grid->RefreshFooters();
+}
+
+void TReport_FRM::TellNarrowing() {
+  if (!run_) return;
+  run_->caption = Ask().caption;
+  KeepRun();
 }
 
 void TReport_FRM::ApplySort() {

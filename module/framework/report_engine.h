@@ -95,6 +95,11 @@ class TReport_FRM : public TBaseDock_FRM {
   void ApplySort();
   // NarrowRows, sort and footers again, over the rows at hand.
   void ArrangeRows();
+  // The rows at hand have been narrowed by criteria that are not sent: they are told with the run from now
+  // on.
+  void TellNarrowing();
+  // No rows, and no run.
+  void CloseRows();
   // Whether the criteria are others than those of the rows at hand, or there are none.
   bool CriteriaChanged() const;
   // Compares now; for what changes without a control's saying so.
@@ -111,6 +116,8 @@ class TReport_FRM : public TBaseDock_FRM {
   virtual void KeepRun() {}
   // Conditions on the rows that were read.
   virtual void NarrowRows() {}
+  // The rows of a run have come: their order, footers and current row.
+  virtual void RowsCame();
   // Which row is current after a run: the first.
   virtual void PlaceRow();
   // Lines of the printed page above that of the criteria.

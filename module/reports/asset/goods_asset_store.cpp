@@ -134,7 +134,8 @@ void TGoodsAsset_Store_FRM::btnShow_BTNClick() {
   if (!rows.RecNo()) return;
   const bool dates = Period_PNL.InUse();
   OpenStockCard(Host(), {kPartStockCard}, &dataModule_, rows.FieldByName("GoodCode").AsInteger(),
-                dates ? Period_PNL.Date1_EDT.Text() : "", dates ? Period_PNL.Date2_EDT.Text() : "");
+                dates ? Period_PNL.FromDate().value_or("") : "",
+                dates ? Period_PNL.ToDate().value_or("") : "");
 }
 
 void TGoodsAsset_Store_FRM::AdvShapeButton1Click() { ShowPrintWarning(Host(), AdvShapeButton1, 0); }

@@ -3,7 +3,6 @@
 #include <initializer_list>
 #include <utility>
 
-#include "module/data/good_transactions_dm.h"
 #include "module/framework/document_opening.h"
 #include "module/framework/good_header_panel.h"
 #include "module/framework/report_window.h"
@@ -18,14 +17,10 @@ std::string CodeInUse(const TSelectEntity_Search_Frame& frame) {
   return frame.InUse() ? std::to_string(frame.CodeAsInt()) : std::string();
 }
 
-std::string CodeAndName(const TSelect_Entity_Frame& entity) {
-  return std::to_string(entity.CodeAsInt()) + " - " + entity.EntityName();
-}
-
 }  // namespace
 
 TKardex_FRM::TKardex_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName)
-    : TBaseDock_FRM(host, "Kardex_FRM", formMode, std::move(customParameter), std::move(settingsName)),
+    : TReportOf(host, "Kardex_FRM", formMode, std::move(customParameter), std::move(settingsName)),
       dataModule_(host, this) {
   DeclareForm();
   Initialise();
@@ -34,17 +29,13 @@ TKardex_FRM::TKardex_FRM(THost& host, int formMode, Variant customParameter, std
 TKardex_FRM::~TKardex_FRM() = default;
 
 void TKardex_FRM::FormCreate() {
-  TBaseDock_FRM::FormCreate();
+  TReportOf::FormCreate();
   DescribeWindow(*this);
   SetCommonControls(Kardex_GRD, PrintList_BTN, Exit_BTN);
 
-  Kardex_GRD.SetDataSource(&dataModule_.Kardex.Source);
-  Kardex_GRD.OnSortChanged = [this] { Kardex_GRDSortChanged(); };
+  ShowRows(Kardex_GRD, dataModule_.Kardex.Source);
   Kardex_GRD.OnDblClick = [this] { OpenInfo_BTN.Click(); };
-  OpenInfo_BTN.OnClick = [this] {
-    AcceptTyping(*this);
-    OpenInfo_BTNClick();
-  };
+  OnAction(OpenInfo_BTN, [this] { OpenInfo_BTNClick(); });
 
   Good_SEF.OnCodeChange = [this] { Good_SEFCodeChange(); };
   Date_RDSF.OnCheckClick = [this] { Date_RDSFCheckClick(); };
@@ -57,6 +48,9 @@ void TKardex_FRM::FormCreate() {
     QeratSearchManager1.AddItem(frame->Search);
   }
   QeratSearchManager1.OnSearchItems_Changed = [this] { QeratSearchManager1SearchItems_Changed(); };
+  QeratSearchManager1.OnCustomFilter_DataSet = [this](std::string& filter) {
+    filter = RowConditionOf(ReadCriteria());
+  };
   QeratSearchManager1.OnAfterExecute = [this] { QeratSearchManager1AfterExecute(); };
   QeratSearchManager1.OnAfterExecute_DataSet = [this] { QeratSearchManager1AfterExecute_DataSet(); };
 }
@@ -67,13 +61,13 @@ void TKardex_FRM::OnCustomParameter(const CustomParameter& parameter) {
 }
 
 void TKardex_FRM::FormShow() {
-  TBaseDock_FRM::FormShow();
+  TReportOf::FormShow();
   ApplySettings();
   Criteria_PNL.SetFolded(true);
   SetShortCut(Kardex_GRD);
   SetPopMenu(Kardex_GRD);
   ApplyParameter();
-  shown_ = true;
+  SetShown();
   if (Good_SEF.Enabled()) {
     Good_SEF.Code_EDT.SetFocus();
   } else {
@@ -82,14 +76,8 @@ void TKardex_FRM::FormShow() {
   FillCard();
 }
 
-void TKardex_FRM::FormClose() {
-  shown_ = false;
-  dataModule_.Kardex.Query.Close();
-  TBaseDock_FRM::FormClose();
-}
-
 void TKardex_FRM::FormKeyDown(TKey& key) {
-  TBaseDock_FRM::FormKeyDown(key);
+  TReportOf::FormKeyDown(key);
   if (key.IsAlt(Key::Digit2)) {
     key.Consume();
     Criteria_PNL.SetFolded(!Criteria_PNL.Folded());
@@ -132,7 +120,7 @@ void TKardex_FRM::ApplySettings() {
 
 void TKardex_FRM::Good_SEFCodeChange() {
   ShowGood();
-  if (shown_) FillCard();
+  if (Shown()) FillCard();
 }
 
 void TKardex_FRM::ShowGood() {
@@ -146,29 +134,44 @@ void TKardex_FRM::ShowGood() {
 
 void TKardex_FRM::FillCard() {
   if (!GoodChosen()) {
-    dataModule_.Kardex.Query.Close();
+    CloseRows();
     ShowRemainderColumns();
     ShowPreTimeData();
     return;
   }
   SetPreTimeCaptions({});  // a card that cannot be filled must not stand under another good's figures
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
-  ReadCard();
+  Run(Waiting::Silent);
+}
+
+StockCardCriteria TKardex_FRM::ReadCriteria() const {
+  const auto entity = [](const TSelectEntity_Search_Frame& frame) {
+    return StockCardEntity{frame.Search, frame.TSelect_Entity_Frame1.EntityName()};
+  };
+  return {
+      .good = {Good_SEF.CodeAsInt(), Good_SEF.EntityName()},
+      .store = entity(Store_SESF),
+      .person = entity(Person_SESF),
+      .dates = Date_RDSF.Search,
+  };
 }
 
 // A card that is filled anew starts from no filter and ends on its last row, in whatever order.
-void TKardex_FRM::ReadCard() {
+void TKardex_FRM::Fetch(const std::string& /*parameters*/, Waiting /*waiting*/) {
   Good_SEF.SetFilled(false);
   TADOQuery& query = dataModule_.Kardex.Query;
   query.Close();
   query.SetFilter("");
   dataModule_.FillDataKardexTransact(Good_SEF.CodeAsInt());
+}
+
+void TKardex_FRM::RowsCame() {
   ApplyFilter(CurrentAfter::Last);
   Good_SEF.SetFilled(true);
 }
 
 void TKardex_FRM::QeratSearchManager1SearchItems_Changed() {
-  if (!shown_) return;
+  if (!Shown()) return;
   if (dataModule_.Kardex.Query.Active()) {
     ApplyFilter(CurrentAfter::TheSame);
   } else {
@@ -185,6 +188,7 @@ void TKardex_FRM::ApplyFilter(CurrentAfter current) {
   query.DisableControls();
   const auto finish = [&] {
     if (current == CurrentAfter::Last || CurrentRow() != before) query.Last();
+    TellNarrowing();
     query.EnableControls();
   };
   try {
@@ -208,17 +212,11 @@ void TKardex_FRM::ShowRemainderColumns() {
   remainderAmount_->SetFieldName(oneStore ? "Mab_RemainInAnbar" : "Mab_Bagh");
 }
 
-void TKardex_FRM::QeratSearchManager1AfterExecute() {
-  dataModule_.Kardex.Query.SetSort(GetGridSort(Kardex_GRD));
-}
+void TKardex_FRM::QeratSearchManager1AfterExecute() { ApplySort(); }
 
 void TKardex_FRM::QeratSearchManager1AfterExecute_DataSet() {
   Kardex_GRD.RefreshFooters();
   ShowPreTimeData();
-}
-
-void TKardex_FRM::Kardex_GRDSortChanged() {
-  if (dataModule_.Kardex.Query.Active()) QeratSearchManager1AfterExecute();
 }
 
 void TKardex_FRM::Date_RDSFCheckClick() {
@@ -256,30 +254,13 @@ void TKardex_FRM::OpenInfo_BTNClick() {
   if (!ChangesStockCard(type)) return;
 
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
-  ReadCard();
+  Run(Waiting::Silent);
   const Value key[] = {type, operationCode};
   query.Locate("Type;OperationCode", key);
 }
 
-// The printed page tells what it shows: the good, and the criteria in use.
-void TKardex_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
-  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
-  if (GoodChosen()) lines.push_back("کالا: " + CodeAndName(Good_SEF));
-  std::string filter;
-  const auto add = [&filter](const std::string& condition) {
-    filter = TGoodTransactions_DM::ADDFarsiFilter(condition, filter);
-  };
-  const auto addEntity = [&](const TSelectEntity_Search_Frame& frame, const std::string& title) {
-    if (!frame.InUse()) return;
-    add(title + (frame.IsOnlyThisOne() ? ": " : " به جز: ") + CodeAndName(frame.TSelect_Entity_Frame1));
-  };
-  addEntity(Store_SESF, "انبار");
-  addEntity(Person_SESF, "شخص");
-  if (!Date_RDSF.Search.DataSetCondition().empty()) {
-    add(std::string(Date_RDSF.RangeDate_Reverst_CHK.Checked() ? "تاریخ به جز از: " : "تاریخ از: ") +
-        Date_RDSF.FromDate() + " تا: " + Date_RDSF.ToDate());
-  }
-  AddFilterLine(lines, filter);
+void TKardex_FRM::AddPrintLines(std::vector<std::string>& lines) {
+  if (RunCriteria() != nullptr) lines.push_back("کالا: " + RunCriteria()->good.CodeAndName());
 }
 
 }  // namespace goods

@@ -5,34 +5,34 @@
 #include <string>
 #include <vector>
 
-#include "host/base/base_dock.h"
 #include "host/components/search_manager.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/select_entity_frame.h"
 #include "host/frames/select_entity_search_frame.h"
 #include "module/data/stockcard_data.h"
+#include "module/framework/report_engine.h"
+#include "module/reports/stockcard/stock_card_criteria.h"
 
 namespace goods {
 
 // Custom parameter: 0 form mode (1: the user chooses the good), 1 good, 2 store, 3 start date, 4 end date; 0
-// and the empty text are none. It is applied when the window is shown.
-class TKardex_FRM : public TBaseDock_FRM {
+// and the empty text are none. It is applied when the window is shown, and each showing begins from it alone.
+//
+// The card of a good is read once; store, person and dates narrow its rows where they are, without a run.
+class TKardex_FRM : public TReportOf<StockCardCriteria> {
  public:
   TKardex_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   ~TKardex_FRM() override;
 
   void FormCreate() override;
   void FormShow() override;
-  void FormClose() override;
   void FormKeyDown(TKey& key) override;
-  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
 
   void Good_SEFCodeChange();
   void Date_RDSFCheckClick();
   void QeratSearchManager1SearchItems_Changed();
   void QeratSearchManager1AfterExecute();
   void QeratSearchManager1AfterExecute_DataSet();
-  void Kardex_GRDSortChanged();
   void OpenInfo_BTNClick();
 
  private:
@@ -72,6 +72,10 @@ class TKardex_FRM : public TBaseDock_FRM {
 
  protected:
   void OnCustomParameter(const CustomParameter& parameter) override;
+  StockCardCriteria ReadCriteria() const override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
+  void RowsCame() override;
+  void AddPrintLines(std::vector<std::string>& lines) override;
 
  private:
   // The tree of components: captions, columns, order, layout (kardex_form.cpp).
@@ -84,7 +88,6 @@ class TKardex_FRM : public TBaseDock_FRM {
   template <typename Frame>
   bool Preset(Frame& frame, std::int64_t code);
   void FillCard();
-  void ReadCard();
   enum class CurrentAfter { TheSame, Last };
   void ApplyFilter(CurrentAfter current);
   void ShowGood();
@@ -97,7 +100,6 @@ class TKardex_FRM : public TBaseDock_FRM {
   std::optional<std::uint32_t> CurrentRow() const;
 
   CustomParameter parameter_;
-  bool shown_ = false;
   // The running figures: over all stores, or within the one store that the criteria leave.
   TGridColumn* remainder_ = nullptr;
   TGridColumn* remainderAmount_ = nullptr;

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "host/core/text.h"
 #include "host/services/public_methods.h"
 #include "module/data/stock_card_opening.h"
 #include "module/framework/program_change.h"
@@ -18,7 +17,7 @@ constexpr const char* kNegativeMode = "1";
 
 TKardexSearch_FRM::TKardexSearch_FRM(THost& host, int formMode, Variant customParameter,
                                      std::string settingsName)
-    : TReport_FRM(host, "KardexSearch_FRM", formMode, std::move(customParameter), std::move(settingsName)),
+    : TReportOf(host, "KardexSearch_FRM", formMode, std::move(customParameter), std::move(settingsName)),
       dataModule_(host, this) {
   DeclareForm();
   Initialise();
@@ -30,7 +29,7 @@ TKardexSearch_FRM::TKardexSearch_FRM(THost& host, int formMode, std::string sett
 TKardexSearch_FRM::~TKardexSearch_FRM() = default;
 
 void TKardexSearch_FRM::FormCreate() {
-  TReport_FRM::FormCreate();
+  TReportOf::FormCreate();
   DescribeWindow(*this);
   SetCommonControls(KardexSearch_GRD, PrintReportList_BTN, Exit_BTN);
 
@@ -39,7 +38,7 @@ void TKardexSearch_FRM::FormCreate() {
   KardexSearch_GRD.OnDblClick = [this] { KardexSearch_GRDDblClick(); };
   OnAction(OpenKardex_BTN, [this] { KardexSearch_GRDDblClick(); });
   OnAction(Report_BTN, [this] { Report_BTNClick(); });
-  ADVSearch_Fram1.ADVSearch_BTN.OnClick = [this] { ADVSearch_Fram1ADVSearch_BTNClick(); };
+  OnAction(ADVSearch_Fram1.ADVSearch_BTN, [this] { ADVSearch_Fram1ADVSearch_BTNClick(); });
   ADVSearch_Fram1.ADVSearch_CHK.OnClick = [this] { ADVSearch_Fram1ADVSearch_CHKClick(); };
 
   QeratSearchManager1.SetDataSource(&dataModule_.KardexSearch.Source);
@@ -48,7 +47,6 @@ void TKardexSearch_FRM::FormCreate() {
   QeratSearchManager1.OnCustomFilter_Proc = [this](std::string& text) {
     QeratSearchManager1CustomFilter_Proc(text);
   };
-  QeratSearchManager1.OnAfterExecute_PROC = [this] { QeratSearchManager1AfterExecute_PROC(); };
 }
 
 void TKardexSearch_FRM::OnCustomParameter(const CustomParameter& parameter) {
@@ -66,14 +64,14 @@ void TKardexSearch_FRM::OnCustomParameter(const CustomParameter& parameter) {
 }
 
 void TKardexSearch_FRM::FormShow() {
-  TReport_FRM::FormShow();
+  TReportOf::FormShow();
   SetPopMenu(KardexSearch_GRD);
   SetShown();
   SearchComment_Frame.GeneralSearch_EDT.SetFocus();
 }
 
 void TKardexSearch_FRM::FormKeyDown(TKey& key) {
-  TReport_FRM::FormKeyDown(key);
+  TReportOf::FormKeyDown(key);
   if (key.IsCtrl(Key::F2)) {
     Press(key, Report_BTN);
   } else if (key.IsCtrl(Key::F10)) {
@@ -85,17 +83,8 @@ void TKardexSearch_FRM::FormKeyDown(TKey& key) {
 
 void TKardexSearch_FRM::Report_BTNClick() { Run(Waiting::Shown); }
 
-// What the search manager sends, and says, behind its script.
-std::string TKardexSearch_FRM::ParametersNow() const {
-  std::string parameters = QeratSearchManager1.ProcFilter();
-  return AdvSearchInUse() ? ADDParam(advParameters_, parameters) : parameters;
-}
-
-CriteriaText TKardexSearch_FRM::Ask() {
-  CriteriaText text{ParametersNow(), FarsiFilterOf(QeratSearchManager1.FarsiTexts())};
-  if (AdvSearchInUse() && !advFarsiFilter_.empty())
-    text.caption += (text.caption.empty() ? "" : " ") + advFarsiFilter_;
-  return text;
+RowSearchCriteria TKardexSearch_FRM::ReadCriteria() const {
+  return {.comment = SearchComment_Frame.Search, .dialog = AdvSearchInUse() ? advanced_ : std::nullopt};
 }
 
 void TKardexSearch_FRM::Fetch(const std::string& /*parameters*/, Waiting /*waiting*/) {
@@ -107,7 +96,7 @@ void TKardexSearch_FRM::Fetch(const std::string& /*parameters*/, Waiting /*waiti
 void TKardexSearch_FRM::PlaceRow() { dataModule_.KardexSearch.Query.Last(); }
 
 bool TKardexSearch_FRM::AdvSearchInUse() const {
-  return ADVSearch_Fram1.ADVSearch_CHK.Checked() && advSearchDone_;
+  return ADVSearch_Fram1.ADVSearch_CHK.Checked() && advanced_;
 }
 
 void TKardexSearch_FRM::QeratSearchManager1SearchItems_Changed() {
@@ -115,14 +104,12 @@ void TKardexSearch_FRM::QeratSearchManager1SearchItems_Changed() {
 }
 
 void TKardexSearch_FRM::QeratSearchManager1CustomFilter_Proc(std::string& parameters) {
-  if (AdvSearchInUse()) parameters = ADDParam(advParameters_, parameters);
+  if (AdvSearchInUse()) parameters = ADDParam(ParametersOf(*advanced_), parameters);
 }
 
 void TKardexSearch_FRM::QeratSearchManager1AfterExecute_PROC() {
-  TADOQuery& query = dataModule_.KardexSearch.Query;
-  query.SetSort(GetGridSort(KardexSearch_GRD));
-  KardexSearch_GRD.RefreshFooters();
-  if (!query.IsEmpty()) query.Last();
+  ArrangeRows();
+  PlaceRow();
 }
 
 // The accepted dialog has run the procedure itself; the window only brings itself up to date.
@@ -149,11 +136,9 @@ void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
     if (typed) Typed(kSearchEditTyped);
     return;
   }
-  advParameters_ = advSearch_->Parameters();
-  advFarsiFilter_ = advSearch_->FarsiFilter();
-  advSearchDone_ = true;
+  advanced_ = advSearch_->Criteria();
   const ProgramChange change(ADVSearch_Fram1.ADVSearch_CHK);
-  ADVSearch_Fram1.ADVSearch_CHK.SetChecked(!Trim(advParameters_).empty());
+  ADVSearch_Fram1.ADVSearch_CHK.SetChecked(!ParametersOf(*advanced_).empty());
   readByDialog_ = true;
   struct ReadByDialog {
     bool& flag;
@@ -163,7 +148,7 @@ void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
 }
 
 void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_CHKClick() {
-  if (advSearchDone_ && !advSearchInProgress_ && !Trim(advParameters_).empty()) Run(Waiting::Shown);
+  if (advanced_ && !advSearchInProgress_ && !ParametersOf(*advanced_).empty()) Run(Waiting::Shown);
 }
 
 // The found row's good, over all stores and dates, for a user who may open the stock card.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/components/search_manager.h"
@@ -10,13 +11,14 @@
 #include "module/data/stockcard_data.h"
 #include "module/framework/report_engine.h"
 #include "module/reports/stockcard/kardex_search_adv_search.h"
+#include "module/reports/stockcard/row_search_criteria.h"
 
 namespace goods {
 
 // Custom parameter: 0 mode ("1": the negative stock card), 1 and 2 the two values of srKardex_Negative, the
 // text "0" for not given. Without one, and with any other mode, the ordinary search. Outside the negative
 // mode nothing runs until the user asks; the negative card runs once, on receiving its parameter.
-class TKardexSearch_FRM : public TReport_FRM {
+class TKardexSearch_FRM : public TReportOf<RowSearchCriteria> {
  public:
   TKardexSearch_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   TKardexSearch_FRM(THost& host, int formMode, std::string settingsName);
@@ -53,9 +55,9 @@ class TKardexSearch_FRM : public TReport_FRM {
 
  protected:
   void OnCustomParameter(const CustomParameter& parameter) override;
-  CriteriaText Ask() override;
-  std::string ParametersNow() const override;
+  RowSearchCriteria ReadCriteria() const override;
   void Fetch(const std::string& parameters, Waiting waiting) override;
+  void RowsCame() override { QeratSearchManager1AfterExecute_PROC(); }
   void PlaceRow() override;
 
  private:
@@ -65,10 +67,8 @@ class TKardexSearch_FRM : public TReport_FRM {
 
   std::unique_ptr<TKardexSearch_AdvSearch_FRM> advSearch_;
   bool advSearchInProgress_ = false;
-  bool readByDialog_ = false;  // the run is that of the dialog, whose rows have come
-  bool advSearchDone_ = false;
-  std::string advParameters_;
-  std::string advFarsiFilter_;
+  bool readByDialog_ = false;                        // the run is that of the dialog, whose rows have come
+  std::optional<RowSearchDialogCriteria> advanced_;  // of the dialog that was accepted last
 };
 
 }  // namespace goods

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "module/data/good_transactions_dm.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -20,9 +19,10 @@ void TKardexSearch_AdvSearch_FRM::SetUp(std::string script, TDataSource* source,
   QeratSearchManager1.SetEXtraAdvFilter(std::move(generalFilter));
 }
 
-std::string TKardexSearch_AdvSearch_FRM::FarsiFilter() const {
-  if (!FarsiFilter_CHK.Checked()) return {};
-  return TGoodTransactions_DM::FarsiFilterOf(QeratSearchManager1.FarsiTexts());
+RowSearchDialogCriteria TKardexSearch_AdvSearch_FRM::Criteria() const {
+  RowSearchDialogCriteria criteria{.told = FarsiFilter_CHK.Checked()};
+  for (const TQeratSearch* item : QeratSearchManager1.Items()) criteria.items.push_back(*item);
+  return criteria;
 }
 
 void TKardexSearch_AdvSearch_FRM::FormShow() {

@@ -7,6 +7,7 @@
 #include "host/frames/general_search_frame.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/range_digit_search_frame.h"
+#include "module/reports/stockcard/row_search_criteria.h"
 
 namespace goods {
 
@@ -20,10 +21,8 @@ class TKardexSearch_AdvSearch_FRM : public TBaseSearch_FRM {
   // What the window hands over before each showing: its statement head, its rows, and the parameters of its
   // own criteria.
   void SetUp(std::string script, TDataSource* source, std::string generalFilter);
-  // The parameters of the dialog's own criteria; empty when none is in use.
-  std::string Parameters() const { return QeratSearchManager1.ProcFilter(); }
-  // The same criteria in Persian, for the printed list; empty when the user wants none there.
-  std::string FarsiFilter() const;
+  // The dialog's own criteria.
+  RowSearchDialogCriteria Criteria() const;
 
   void FormShow() override;
   void Select_BTNClick() override;

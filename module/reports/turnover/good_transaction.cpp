@@ -1,10 +1,10 @@
 #include "module/reports/turnover/good_transaction.h"
 
+#include <optional>
 #include <utility>
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
-#include "module/data/good_transactions_dm.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
@@ -13,7 +13,6 @@ namespace goods {
 namespace {
 
 constexpr std::string_view kRefreshing = "در حال به روز رسانی گزارش";
-constexpr int kAllGoodsTab = 5;
 
 constexpr PriceBasisStyle kPriceBasisStyle{
     .softwarePart = kPartCashAsset,
@@ -30,12 +29,10 @@ constexpr PriceBasisStyle kPriceBasisStyle{
 
 TGoodTransaction_FRM::TGoodTransaction_FRM(THost& host, int formMode, Variant customParameter,
                                            std::string settingsName)
-    : TBaseDock_FRM(host, "GoodTransaction_FRM", formMode, std::move(customParameter),
-                    std::move(settingsName)),
+    : TReportOf(host, "GoodTransaction_FRM", formMode, std::move(customParameter), std::move(settingsName)),
       dataModule_(host, this),
       pnlReport_PNL(this, "pnlReport_PNL", host, dataModule_, kPriceBasisStyle),
-      TTags1(this, "TTags1", host.Connection()),
-      delayedSearch_(*this, [this] { RunList(); }) {
+      TTags1(this, "TTags1", host.Connection()) {
   DeclareForm();
   Initialise();
 }
@@ -43,14 +40,11 @@ TGoodTransaction_FRM::TGoodTransaction_FRM(THost& host, int formMode, Variant cu
 TGoodTransaction_FRM::~TGoodTransaction_FRM() = default;
 
 void TGoodTransaction_FRM::FormCreate() {
-  TBaseDock_FRM::FormCreate();
+  TReportOf::FormCreate();
   SetCommonControls(GoodTransactin_List_GRD, PrintList_BTN, EXit_BTN, GridLayout::Own);
   for (TSmartDBGrid_QRT* grid : BothGrids()) {
     grid->RightAligned = true;
-    grid->SetDataSource(&dataModule_.GoodTransaction.Source);
-    grid->OnSortChanged = [this, grid] {
-      if (ListDataSet().Active()) ListDataSet().SetSort(GetGridSort(*grid));
-    };
+    ShowRows(*grid, dataModule_.GoodTransaction.Source);
     grid->OnDblClick = [this] { Gar_BTN.Click(); };
     grid->OnDrawColumnCell = [this](std::size_t position, const TGridColumn& column, TCellStyle& style) {
       GoodTransactin_List_GRDDrawColumnCell(position, column, style);
@@ -68,31 +62,22 @@ void TGoodTransaction_FRM::FormCreate() {
   };
 
   Tags_btn.OnClick = [this] { Tags_btnClick(); };
-  Gar_BTN.OnClick = [this] {
-    AcceptTyping(*this);
-    Gar_BTNClick();
-  };
-  DetailList_BTN.OnClick = [this] {
-    AcceptTyping(*this);
-    DetailList_BTNClick();
-  };
-  Select_BTN.OnClick = [this] {
-    AcceptTyping(*this);
-    Select_BTNClick();
-  };
+  OnAction(Gar_BTN, [this] { Gar_BTNClick(); });
+  OnAction(DetailList_BTN, [this] { DetailList_BTNClick(); });
+  OnAction(Select_BTN, [this] { Select_BTNClick(); });
   Select_BTN.SetVisible(FormMode() == kFormModeChoose);
-  ADVSearch_Fram1.ADVSearch_BTN.OnClick = [this] { ADVSearch_Fram1ADVSearch_BTNClick(); };
+  OnAction(ADVSearch_Fram1.ADVSearch_BTN, [this] { ADVSearch_Fram1ADVSearch_BTNClick(); });
   ADVSearch_Fram1.ADVSearch_CHK.OnClick = [this] { ADVSearch_Fram1ADVSearch_CHKClick(); };
 
   QeratSearchManager1.SetDataSource(&dataModule_.GoodTransaction.Source);
   QeratSearchManager1.AddItem(GeneralSearch_FRAME.Search);
   QeratSearchManager1.OnSearchItems_Changed = [this] {
-    if (!formShowing_) delayedSearch_.Typed(kSearchEditTyped);
+    if (!formShowing_) Typed(kSearchEditTyped);
   };
   QeratSearchManager1.OnCustomFilter_Proc = [this](std::string& text) {
     QeratSearchManager1CustomFilter_Proc(text);
   };
-  QeratSearchManager1.OnAfterExecute_PROC = [this] { QeratSearchManager1AfterExecute_PROC(); };
+  WatchCriteria(Criteria_PNL);
 }
 
 void TGoodTransaction_FRM::OnCustomParameter(const CustomParameter& parameter) {
@@ -126,11 +111,12 @@ void TGoodTransaction_FRM::FormShow() {
     // The entry point has disabled them once more.
     ~Scope() {
       window.formShowing_ = false;
+      window.SetShown();
       while (window.ListDataSet().ControlsDisabled()) window.ListDataSet().EnableControls();
     }
   } const scope(*this);
 
-  TBaseDock_FRM::FormShow();
+  TReportOf::FormShow();
   SetCaption(IsMoney() ? " موجودي ريالي " : " موجودي کالاها ");
   for (TSmartDBGrid_QRT* grid : BothGrids()) {
     SetShortCut(*grid);
@@ -156,7 +142,8 @@ void TGoodTransaction_FRM::Open() {
       ADVSearch_Fram1.ADVSearch_CHK.SetChecked(!search_->HaveSelectedListPermission() ||
                                                (lists.RowCount >= 2 && lists.SelectedIndex >= 1));
     }
-    QeratSearchManager1.ExecuteFilter_PROC();
+    SetShown();
+    Run(Waiting::Silent);
   };
   if (FormMode() == kFormModeChoose) {
     read();
@@ -168,22 +155,20 @@ void TGoodTransaction_FRM::Open() {
 
 void TGoodTransaction_FRM::FormClose() {
   formShowing_ = true;
-  delayedSearch_.Cancel();
-  ListDataSet().Close();
+  TReportOf::FormClose();
   GeneralSearch_FRAME.GeneralSearch_EDT.Clear();
   GeneralSearch_FRAME.GeneralSearch_Reverst_CHK.SetChecked(false);
   Groups_PNL.SearchGroup_EDT.Clear();
   Tags_pnl.SetVisible(false);
   TTags1.Tags_QRY.Close();
   search_.reset();
-  kept_ = {};
+  kept_.reset();
   for (TSmartDBGrid_QRT* grid : BothGrids()) grid->RefreshFooters();
   formShowing_ = false;
-  TBaseDock_FRM::FormClose();
 }
 
 void TGoodTransaction_FRM::FormKeyDown(TKey& key) {
-  TBaseDock_FRM::FormKeyDown(key);
+  TReportOf::FormKeyDown(key);
   if (key.Is(Key::F2)) {
     Press(key, Gar_BTN);
   } else if (key.IsCtrl(Key::F2)) {
@@ -202,40 +187,46 @@ void TGoodTransaction_FRM::FormKeyDown(TKey& key) {
     const int tab = static_cast<int>(key.key) - static_cast<int>(Key::Digit1);
     key.Consume();
     if (tab >= static_cast<int>(Kala_TBC.Tabs().size())) return;
-    if (tab == Kala_TBC.TabIndex()) return RunList();
+    if (tab == Kala_TBC.TabIndex()) return Run(Waiting::Shown);
     Kala_TBC.SetTabIndex(tab);
   }
 }
 
-void TGoodTransaction_FRM::WindowMessage(int code) {
-  delayedSearch_.Handle(code, &GeneralSearch_FRAME.GeneralSearch_EDT);
-}
-
-void TGoodTransaction_FRM::RunList() {
-  delayedSearch_.Cancel();  // a run reads every criterion as it stands
-  const DelayedSearch::RunScope running(delayedSearch_);
-  if (formShowing_ || !Showing()) return;
+// The values come first, and a user who is bound to saved lists sees nothing without them.
+bool TGoodTransaction_FRM::MayRun() {
   if (IsMoney()) pnlReport_PNL.EnsureRestored();
-  const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
-  ReadList();
+  if (boundToLists_ && search_ == nullptr) {
+    PrepareDialog();
+    KeepCriteria();
+  }
+  return true;
 }
 
-// The reading makes the first row current and then the last: whoever watches the rows is told once, of the
-// last. No scope guard, because the watchers may throw.
-void TGoodTransaction_FRM::ReadList() {
-  ListDataSet().DisableControls();
-  try {
-    QeratSearchManager1.ExecuteFilter_PROC();
-  } catch (...) {
-    ListDataSet().EnableControls();
-    throw;
-  }
-  ListDataSet().EnableControls();
+GoodsListCriteria TGoodTransaction_FRM::ReadCriteria() const {
+  return {
+      .group = Groups_PNL.Code(),
+      .groupName = Groups_PNL.GroupName(),
+      .tab = Kala_TBC.TabIndex(),
+      .tabName = Kala_TBC.Tabs().at(static_cast<std::size_t>(Kala_TBC.TabIndex())),
+      .search = GeneralSearch_FRAME.Search,
+      .dialog = AdvSearchOn() ? kept_ : std::nullopt,
+  };
+}
+
+// The first reading stands under the indicator of the showing.
+void TGoodTransaction_FRM::Fetch(const std::string& /*parameters*/, Waiting /*waiting*/) {
+  std::optional<WaitingScope> waiting;
+  if (!formShowing_) waiting.emplace(Host().Waiting(), this, kPreparingReport);
+  QeratSearchManager1.ExecuteFilter_PROC();
 }
 
 void TGoodTransaction_FRM::RefreshList() {
   const auto refresh = [this] {
-    if (!formShowing_ && Showing()) ResetDataset(ListDataSet());
+    if (Shown() && LastRun() != nullptr) {
+      ResetDataset(ListDataSet());
+    } else if (Shown()) {
+      Run(Waiting::Shown);
+    }
     for (TSmartDBGrid_QRT* grid : BothGrids()) grid->RefreshFooters();
   };
   if (!showWaitting_) return refresh();
@@ -243,52 +234,25 @@ void TGoodTransaction_FRM::RefreshList() {
   refresh();
 }
 
+// The window's criteria are all that is sent; the manager's own item is one of them.
 void TGoodTransaction_FRM::QeratSearchManager1CustomFilter_Proc(std::string& parameters) {
-  std::string text;
-  if (Groups_PNL.Code() != 0) text = "@GrpCode = " + std::to_string(Groups_PNL.Code());
-  if (Kala_TBC.TabIndex() < kAllGoodsTab) {
-    text = ADDParam("@GoodExistType = " + std::to_string(Kala_TBC.TabIndex() + 1), text);
-  }
-  text = ADDParam(parameters, text);
-  if (AdvSearchOn() && search_ != nullptr) {
-    const bool storeGiven = search_->Store_Frame.SelectEntity_CHK.Checked() &&
-                            !search_->Store_Frame.TSelect_Entity_Frame1.Code_EDT.Text().empty();
-    if (search_->Period_PNL.InUse() || storeGiven) search_->Go_BTNClick();
-    text = ADDParam(DeleteParam(kept_.parameters, "@GrpCode"), text);
-  }
-  parameters = std::move(text);
+  parameters = ParametersNow();
 }
 
 void TGoodTransaction_FRM::QeratSearchManager1AfterExecute_PROC() {
-  ListDataSet().SetSort(GetGridSort(ShownGrid()));
-  for (TSmartDBGrid_QRT* grid : BothGrids()) grid->RefreshFooters();
-  if (!ListDataSet().IsEmpty()) ListDataSet().Last();
+  ArrangeRows();
+  PlaceRow();
 }
 
-void TGoodTransaction_FRM::Kala_TBCChange() { RunList(); }
+void TGoodTransaction_FRM::PlaceRow() { ListDataSet().Last(); }
+
+void TGoodTransaction_FRM::Kala_TBCChange() { Run(Waiting::Shown); }
 
 // The group query tells of its new rows too; those come while the window is being shown.
-void TGoodTransaction_FRM::GoodGroup_DBGRowChange() { RunList(); }
+void TGoodTransaction_FRM::GoodGroup_DBGRowChange() { Run(Waiting::Shown); }
 
 void TGoodTransaction_FRM::Select_BTNClick() {
   if (FormMode() == kFormModeChoose && ListDataSet().RecNo()) SetModalResult(kModalOk);
-}
-
-// The printed page tells what it shows.
-void TGoodTransaction_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
-  TBaseDock_FRM::PrintDBGridEhBeforePrint(lines);
-  std::vector<std::string> criteria;
-  if (Groups_PNL.Code() != 0) criteria.push_back("گروه کالا : " + Groups_PNL.GroupName());
-  if (Kala_TBC.TabIndex() < kAllGoodsTab) {
-    criteria.emplace_back(Trim(Kala_TBC.Tabs()[static_cast<std::size_t>(Kala_TBC.TabIndex())]));
-  }
-  const auto add = [&criteria](std::vector<std::string> texts) {
-    criteria.insert(criteria.end(), texts.begin(), texts.end());
-  };
-  add(QeratSearchManager1.FarsiTexts());
-  if (AdvSearchOn() && search_ != nullptr) add(search_->FarsiTexts());
-  const std::string filter = TGoodTransactions_DM::FarsiFilterOf(criteria);
-  AddFilterLine(lines, filter);
 }
 
 }  // namespace goods

@@ -5,19 +5,18 @@
 #include <string>
 #include <vector>
 
-#include "host/base/base_dock.h"
 #include "host/components/search_manager.h"
 #include "host/components/tabs.h"
-#include "host/frames/adv_search_frame.h"
 #include "host/frames/general_search_frame.h"
 #include "host/frames/tags_frame.h"
 #include "host/frames/vouchers_warning_frame.h"
 #include "module/data/stock_data.h"
-#include "module/framework/delayed_search.h"
 #include "module/framework/groups_panel.h"
+#include "module/framework/report_engine.h"
 #include "module/reports/pricing/price_basis_panel.h"
 #include "module/reports/stockcard/kardex.h"
 #include "module/reports/turnover/good_transaction_search.h"
+#include "module/reports/turnover/goods_list_criteria.h"
 
 namespace goods {
 
@@ -26,15 +25,14 @@ inline constexpr int kFormModeChoose = 5;
 
 // Custom parameter: 0 the report kind, 501 quantities or 502 quantities with money, which is also the
 // software part whose rights are asked for. The list is read once while the window is being shown, and again
-// at each change of group, tab or criteria.
-class TGoodTransaction_FRM : public TBaseDock_FRM {
+// at each change of group, tab or criteria. Of a showing nothing is kept but the group, the tab and the
+// column of the search; the dialog is made anew, with what the user's settings keep of it.
+class TGoodTransaction_FRM : public TReportOf<GoodsListCriteria> {
  public:
   TGoodTransaction_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   ~TGoodTransaction_FRM() override;
 
   int ReportKind() const { return reportKind_; }
-  // Whether the user holds the amount right (5021 of 502); asked for the money variant while it is shown.
-  bool AmountRights() const { return amountRights_; }
   // The good of the current row; 0 without one.
   std::int64_t CurrentGood() const;
 
@@ -50,8 +48,6 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   void FormShow() override;
   void FormClose() override;
   void FormKeyDown(TKey& key) override;
-  void WindowMessage(int code) override;
-  void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
 
   void QeratSearchManager1CustomFilter_Proc(std::string& parameters);
   void QeratSearchManager1AfterExecute_PROC();
@@ -97,18 +93,14 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
 
  protected:
   void OnCustomParameter(const CustomParameter& parameter) override;
+  bool MayRun() override;
+  GoodsListCriteria ReadCriteria() const override;
+  void Fetch(const std::string& parameters, Waiting waiting) override;
+  void RowsCame() override { QeratSearchManager1AfterExecute_PROC(); }
+  // The last row.
+  void PlaceRow() override;
 
  private:
-  // What the list keeps of the dialog after each showing.
-  struct KeptCriteria {
-    bool storeInUse = false;
-    std::int64_t store = 0;
-    bool dateInUse = false;
-    std::string from;
-    std::string to;
-    std::string parameters;
-  };
-
   void DeclareForm();
   void DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndPart);
 
@@ -122,10 +114,9 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   void ShowPriceColumns();
   void NamePriceColumns();
   void PrepareDialog();
+  void ApplyListRight(bool mayChoose);
   void KeepCriteria();
   bool AdvSearchOn() const { return ADVSearch_Fram1.ADVSearch_CHK.Checked(); }
-  void RunList();
-  void ReadList();
   void ShowTags(const std::string& field, const std::string& codes);
   void ShowStockCard(std::int64_t good);
 
@@ -133,12 +124,11 @@ class TGoodTransaction_FRM : public TBaseDock_FRM {
   bool formShowing_ = false;  // during FormShow and FormClose: changes of the controls run nothing
   bool showWaitting_ = false;
   bool automaticRefresh_ = true;
-  bool amountRights_ = false;
-  bool stockValues_ = false;  // permission 24 of part 502
-  KeptCriteria kept_;
+  bool stockValues_ = false;   // permission 24 of part 502
+  bool boundToLists_ = false;  // permission 34 is missing: nothing is read without the saved lists
+  std::optional<GoodsListDialogCriteria> kept_;  // what the dialog held when it was closed last
   std::unique_ptr<TGoodTransactionSearch_FRM> search_;
   std::unique_ptr<TKardex_FRM> kardex_;
-  DelayedSearch delayedSearch_;
 };
 
 }  // namespace goods

@@ -21,8 +21,8 @@ void Offer(TSmartDBGrid_QRT& grid, std::string_view field, bool offered) {
 
 void TGoodTransaction_FRM::ApplyColumnSet() {
   const TSettings& settings = Host().Settings().Settings();
-  amountRights_ =
-      IsMoney() && IsAllowed(Host().Rights(), kPartCashAsset, kPermissionAmounts, RightQuestion::Silent);
+  // The amount right is asked for; which columns are seen does not hang on it.
+  if (IsMoney()) IsAllowed(Host().Rights(), kPartCashAsset, kPermissionAmounts, RightQuestion::Silent);
   stockValues_ =
       IsMoney() && IsAllowed(Host().Rights(), kPartCashAsset, kPermissionStockValues, RightQuestion::Silent);
   const bool wholeAndPart = settings.SecondUnit && settings.WholeAndPart;
@@ -84,7 +84,7 @@ void TGoodTransaction_FRM::Stock_CHKClick() {
 // A chosen basis is seen at once; its prices come with the next reading of the list.
 void TGoodTransaction_FRM::PriceBasisChosen() {
   Stock_CHKClick();
-  RunList();
+  Run(Waiting::Shown);
 }
 
 // What a right hides stays hidden whatever the basis is.

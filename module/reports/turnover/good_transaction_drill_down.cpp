@@ -13,24 +13,37 @@ constexpr std::string_view kNoTags = ",,";
 
 }  // namespace
 
-// Created with the window's first reading, so that a preselected list counts from the start.
+// Created with the window's first reading, so that a preselected list counts from the start. The right counts
+// also where the lists cannot be read.
 void TGoodTransaction_FRM::PrepareDialog() {
-  if (search_ == nullptr) {
+  if (search_ != nullptr) return;
+  try {
     search_ = std::make_unique<TGoodTransactionSearch_FRM>(Host(), dataModule_, reportKind_);
-    const bool mayChoose = search_->HaveSelectedListPermission();
-    ADVSearch_Fram1.ADVSearch_CHK.SetEnabled(mayChoose);
-    ADVSearch_Fram1.ADVSearch_LBL.SetEnabled(mayChoose);
-    search_->SetUp(QeratSearchManager1.Script, &dataModule_.GoodTransaction.Source);
-    if (pnlReport_PNL.Named()) search_->NamePriceRange("في (" + pnlReport_PNL.Report_CMB.Text() + ")");
+  } catch (...) {
+    ApplyListRight(IsAllowed(Host().Rights(), reportKind_, kPermissionSelectedLists));
+    throw;
   }
+  ApplyListRight(search_->HaveSelectedListPermission());
+  if (pnlReport_PNL.Named()) search_->NamePriceRange("في (" + pnlReport_PNL.Report_CMB.Text() + ")");
+}
+
+// Who may not choose a list has the lists in force, and no way out of them.
+void TGoodTransaction_FRM::ApplyListRight(bool mayChoose) {
+  boundToLists_ = !mayChoose;
+  TCheckBox& box = ADVSearch_Fram1.ADVSearch_CHK;
+  if (!mayChoose) {
+    const ProgramChange change(box);
+    box.SetChecked(true);
+  }
+  box.SetEnabled(mayChoose);
+  ADVSearch_Fram1.ADVSearch_LBL.SetEnabled(mayChoose);
 }
 
 void TGoodTransaction_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
   PrepareDialog();
-  search_->SetGeneralFilter(QeratSearchManager1.ProcFilter());
   const bool accepted = !formShowing_ && search_->ShowModal() == kModalOk;
   KeepCriteria();
-  if (!accepted) return;
+  if (!accepted) return UpdateHint();
   TCheckBox& box = ADVSearch_Fram1.ADVSearch_CHK;
   {
     const ProgramChange change(box);
@@ -40,19 +53,10 @@ void TGoodTransaction_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
 }
 
 void TGoodTransaction_FRM::ADVSearch_Fram1ADVSearch_CHKClick() {
-  if (ADVSearch_Fram1.ADVSearch_CHK.Tag == 0) RunList();
+  if (!ByProgram(ADVSearch_Fram1.ADVSearch_CHK)) Run(Waiting::Shown);
 }
 
-void TGoodTransaction_FRM::KeepCriteria() {
-  const TSelectEntity_Search_Frame& store = search_->Store_Frame;
-  const TPeriodPanel& period = search_->Period_PNL;
-  kept_.storeInUse = store.SelectEntity_CHK.Checked();
-  kept_.store = store.CodeAsInt();
-  kept_.dateInUse = period.InUse();
-  kept_.from = period.Date1_EDT.Text();
-  kept_.to = period.Date2_EDT.Text();
-  kept_.parameters = search_->FilterText();
-}
+void TGoodTransaction_FRM::KeepCriteria() { kept_ = search_->Criteria(); }
 
 void TGoodTransaction_FRM::Tags_btnClick() {
   const TADOQuery& list = ListDataSet();
@@ -101,10 +105,10 @@ void TGoodTransaction_FRM::Gar_BTNClick() {
 
 // The stock card starts with the store and the period that the list is limited to.
 void TGoodTransaction_FRM::ShowStockCard(std::int64_t good) {
-  const std::int64_t store = AdvSearchOn() && kept_.storeInUse ? kept_.store : 0;
-  const bool dates = AdvSearchOn() && kept_.dateInUse;
-  const std::string parameter = "0;" + std::to_string(good) + ";" + std::to_string(store) + ";" +
-                                (dates ? kept_.from : "") + ";" + (dates ? kept_.to : "") + ";";
+  const GoodsListDialogCriteria limits = AdvSearchOn() && kept_ ? *kept_ : GoodsListDialogCriteria();
+  const PeriodCriteria period = limits.period.inUse ? limits.period : PeriodCriteria();
+  const std::string parameter = "0;" + std::to_string(good) + ";" + std::to_string(limits.store) + ";" +
+                                period.from.value_or("") + ";" + period.to.value_or("") + ";";
   {
     const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
     if (kardex_ == nullptr) kardex_ = std::make_unique<TKardex_FRM>(Host(), 1, Variant(parameter), "");
@@ -125,8 +129,8 @@ void TGoodTransaction_FRM::DetailList_BTNClick() {
   const bool categoryGiven = on && !categories.empty();
   Host().Documents().Call_GoodDetailTransactions(
       CurrentGood(), storeGiven, storeGiven ? search_->Store_Frame.CodeAsInt() : 0, period.InUse(),
-      period.Date1_EDT.Text(), period.Date2_EDT.Text(), on && tags != kNoTags, tags, categoryGiven,
-      categoryGiven ? categories.back() : std::string());
+      period.FromDate().value_or(""), period.ToDate().value_or(""), on && tags != kNoTags, tags,
+      categoryGiven, categoryGiven ? categories.back() : std::string());
 }
 
 }  // namespace goods

@@ -26,6 +26,7 @@ void TGoodTransaction_FRM::DeclareForm() {
   Criteria_PNL.Place(GeneralSearch_FRAME, 1);
   Criteria_PNL.Place(ADVSearch_Fram1);
   Criteria_PNL.Place(Tags_btn);
+  Criteria_PNL.Place(CriteriaChanged_LBL);
 
   Kala_TBC.SetAccessibleName("نوع کالاها");
   Kala_TBC.SetTabs({" کالاهای موجود ", " کالاهای کسری ", " کالاهای بدون گردش ", " کالاهای موجودی صفر ",

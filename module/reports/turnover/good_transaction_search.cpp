@@ -8,6 +8,16 @@
 #include "module/framework/program_change.h"
 
 namespace goods {
+namespace {
+
+// Tags and categories are known by their names.
+std::string NamesOf(const TTokenEditor& editor) {
+  std::string names;
+  for (const TToken& token : editor.Tokens()) names += (names.empty() ? "" : "، ") + token.Text;
+  return names;
+}
+
+}  // namespace
 
 TGoodTransactionSearch_FRM::TGoodTransactionSearch_FRM(THost& host, SelectedListData& data, int reportKind)
     : TBaseSearch_FRM(host, "GoodTransactionSearch_FRM"), data_(data), reportKind_(reportKind) {
@@ -27,9 +37,6 @@ void TGoodTransactionSearch_FRM::FormCreate() {
   AddItems();
 
   TCategorySearchFrame1.OnChange = [this] { TCategorySearchFrame1Change(); };
-  Period_PNL.OnDateClick = [this] {
-    if (!Period_PNL.Date_CHK.Checked()) Go_BTNClick();
-  };
   QeratSearchManager1.OnCustomFilter_Proc = [this](std::string& text) {
     QeratSearchManager1CustomFilter_Proc(text);
   };
@@ -93,47 +100,23 @@ void TGoodTransactionSearch_FRM::AddItems() {
   });
 }
 
-void TGoodTransactionSearch_FRM::SetUp(std::string script, TDataSource* source) {
-  QeratSearchManager1.Script = std::move(script);
-  QeratSearchManager1.SetDataSource(source);
-}
-
-void TGoodTransactionSearch_FRM::SetGeneralFilter(std::string parameters) {
-  QeratSearchManager1.SetEXtraAdvFilter(std::move(parameters));
-}
-
-std::string TGoodTransactionSearch_FRM::FilterText() {
-  std::string text = QeratSearchManager1.ProcFilter();
-  QeratSearchManager1CustomFilter_Proc(text);
-  return text;
-}
-
-std::vector<std::string> TGoodTransactionSearch_FRM::FarsiTexts() const {
-  std::vector<std::string> texts;
-  for (const TQeratSearch* item : QeratSearchManager1.Items()) {
-    // Tags and categories are known by their names.
-    if (item != &categorySearch_ && item != &TTags_search_FRM1.Search && !item->FarsiText().empty()) {
-      texts.push_back(item->FarsiText());
-    }
-  }
-  const auto addNames = [&texts](std::string_view title, const TTokenEditor& editor, bool exclude) {
-    std::string names;
-    for (const TToken& token : editor.Tokens()) names += (names.empty() ? "" : "، ") + token.Text;
-    if (!names.empty()) texts.push_back(std::string(title) + (exclude ? " به جز: " : ": ") + names);
+GoodsListDialogCriteria TGoodTransactionSearch_FRM::Criteria() const {
+  GoodsListDialogCriteria criteria{
+      .ranges = {Code_Frame.Search},
+      .categories = categorySearch_,
+      .categoryNames = NamesOf(TCategorySearchFrame1.Category_EDT),
+      .tags = TTags_search_FRM1.Search,
+      .tagNames = NamesOf(TTags_search_FRM1.Tags_EDT),
+      .list = SelectedListCode(),
+      .listName = SelectedList_CMB.Text(),
+      .listInverted = DisplayType_CHK.Checked(),
+      .period = Period_PNL.Criteria(),
+      .store = Store_Frame.SelectEntity_CHK.Checked() ? Store_Frame.CodeAsInt() : 0,
   };
-  addNames("دسته", TCategorySearchFrame1.Category_EDT, false);
-  addNames("برچسب", TTags_search_FRM1.Tags_EDT, TTags_search_FRM1.Search.Exclude);
-  if (SelectedListCode() != 0) {
-    texts.push_back("لیست انتخابی: " + SelectedList_CMB.Text() +
-                    (DisplayType_CHK.Checked() ? " - " + DisplayType_CHK.Caption() : ""));
-  }
-  const auto from = Period_PNL.FromDate();
-  const auto to = Period_PNL.ToDate();
-  if (Period_PNL.InUse() && from && to) {
-    texts.push_back(Period_PNL.AvalDore_CHK.Checked() ? "تا تاریخ " + *to
-                                                      : "از تاریخ " + *from + " تا تاریخ " + *to);
-  }
-  return texts;
+  if (ShowsAmounts()) criteria.ranges.push_back(CostRangeSearch_FRAME.Search);
+  criteria.ranges.push_back(Date_Frame.Search);
+  criteria.ranges.push_back(Store_Frame.Search);
+  return criteria;
 }
 
 bool TGoodTransactionSearch_FRM::HaveAdvFilter() const {
@@ -159,17 +142,7 @@ std::int64_t TGoodTransactionSearch_FRM::SelectedListCode() const {
 }
 
 void TGoodTransactionSearch_FRM::QeratSearchManager1CustomFilter_Proc(std::string& text) {
-  const std::int64_t code = SelectedListCode();
-  std::string extra = DisplayType_CHK.Checked() ? "@invertList=1, @Inlist=1, @SelectedCode="
-                                                : "@invertList=0, @Inlist=1, @SelectedCode=";
-  extra += code == 0 ? "NULL" : std::to_string(code);
-  const auto from = Period_PNL.FromDate();
-  const auto to = Period_PNL.ToDate();
-  if (Period_PNL.InUse() && from && to) {
-    extra += ", @EffectiveDate1 = " + QuotedStr(Period_PNL.AvalDore_CHK.Checked() ? "" : *from);
-    extra += ", @EffectiveDate2 = " + QuotedStr(*to);
-  }
-  text = ADDParam(extra, text);
+  text = ADDParam(ListAndPeriodOf(Criteria()), text);
 }
 
 void TGoodTransactionSearch_FRM::SelectedList_CMBChange() {
@@ -179,24 +152,6 @@ void TGoodTransactionSearch_FRM::SelectedList_CMBChange() {
   if (!chosen) return;
   const ProgramChange change(DisplayType_CHK);
   DisplayType_CHK.SetChecked(data_.GoodSelectedIndex_IsChecked(SelectedListCode()) != 0);
-}
-
-// The positional text has no reader any more: the parameters go out by name. It is still put together, and
-// given up again.
-void TGoodTransactionSearch_FRM::Go_BTNClick() {
-  std::string text = "1";
-  if (Period_PNL.Date_CHK.Checked()) {
-    const auto from = Period_PNL.FromDate();
-    const auto to = Period_PNL.ToDate();
-    text += from && to ? "," + QuotedStr(*from) + "," + QuotedStr(*to) : ",'','9999/99/99' ";
-    text += Period_PNL.AvalDore_CHK.Checked() ? ",1" : ",0";
-  } else {
-    text += ",'','9999/99/99',1 ";
-  }
-  const std::string& store = Store_Frame.TSelect_Entity_Frame1.Code_EDT.Text();
-  text += "," + (store.empty() ? std::string("0") : store);
-  positionalText_ = std::move(text);
-  positionalText_ = "1";
 }
 
 void TGoodTransactionSearch_FRM::TCategorySearchFrame1Change() {

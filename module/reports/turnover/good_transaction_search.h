@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "host/base/base_search.h"
 #include "host/components/stored_properties.h"
@@ -13,10 +12,12 @@
 #include "host/frames/tags_frame.h"
 #include "module/data/list_data.h"
 #include "module/framework/period_panel.h"
+#include "module/reports/turnover/goods_list_criteria.h"
 
 namespace goods {
 
-// Belongs to its list, which reads the criteria after each showing and runs them itself. The boxes, the
+// Belongs to its list, which reads the criteria after each showing and runs them itself: the dialog's search
+// manager holds the items and runs nothing. The boxes, the
 // choice of columns and the ranges are kept in the host's settings between runs of the program.
 class TGoodTransactionSearch_FRM : public TBaseSearch_FRM {
  public:
@@ -25,14 +26,7 @@ class TGoodTransactionSearch_FRM : public TBaseSearch_FRM {
   TGoodTransactionSearch_FRM(THost& host, SelectedListData& data, int reportKind);
   ~TGoodTransactionSearch_FRM() override;
 
-  // What the list hands over before each showing: its statement head, its rows, its own criteria.
-  void SetUp(std::string script, TDataSource* source);
-  void SetGeneralFilter(std::string parameters);
-
-  // The parameters of the criteria, with those of the selected list and of the period.
-  std::string FilterText();
-  // The same criteria in Persian, for the printed list.
-  std::vector<std::string> FarsiTexts() const;
+  GoodsListDialogCriteria Criteria() const;
   // Whether any criterion is in use.
   bool HaveAdvFilter() const;
   // Whether the user may choose selected lists; asked once, when the dialog is created.
@@ -51,7 +45,8 @@ class TGoodTransactionSearch_FRM : public TBaseSearch_FRM {
 
   void QeratSearchManager1CustomFilter_Proc(std::string& text);
   void SelectedList_CMBChange();
-  void Go_BTNClick();
+  // Of the hidden button. What it stood for, parameters by their position, has no reader.
+  void Go_BTNClick() {}
   void TCategorySearchFrame1Change();
 
   TRange_Digit_Search_Frame Code_Frame{this, "Code_Frame", "&کد :"};
@@ -81,7 +76,6 @@ class TGoodTransactionSearch_FRM : public TBaseSearch_FRM {
   TQeratSearch categorySearch_{this, "CategorySearch"};
   TStoredProperties boxes_{this, "Boxes", "ptt2"};
   TStoredProperties ranges_{this, "Ranges", "Ptt1"};
-  std::string positionalText_ = "1";
 };
 
 }  // namespace goods
