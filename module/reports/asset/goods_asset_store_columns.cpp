@@ -2,6 +2,7 @@
 // the other stores.
 #include <algorithm>
 
+#include "module/framework/report_columns.h"
 #include "module/reports/asset/goods_asset_store.h"
 
 namespace goods {
@@ -39,12 +40,9 @@ void TGoodsAsset_Store_FRM::DeclareColumns() {
 
 void TGoodsAsset_Store_FRM::DeclareGroup(const std::string& prefix, const std::string& title) {
   const auto number = [&](const char* suffix, const char* caption, std::string_view format, int width) {
-    GoodsAsset_Store_GRD.AddColumn(prefix + suffix, title + caption)
-        .SetDisplayFormat(format)
-        .SetMoney(format == kAmountFormat)
-        .SetFooterFormat(format)
-        .SetFooter(FooterKind::Sum)
-        .SetWidth(width);
+    ReportColumns(GoodsAsset_Store_GRD)
+        .Summed(prefix + suffix, title + caption, format, width)
+        .SetFooterFormat(format);
   };
   number("-1", kQuantity, kQuantityFormat, kQuantityWidth);
   number("-2", kSecondQuantity, kQuantityFormat, kQuantityWidth);

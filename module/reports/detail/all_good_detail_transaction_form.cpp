@@ -1,4 +1,5 @@
 // The component tree of the search in all goods' detail movements.
+#include "module/framework/report_columns.h"
 #include "module/reports/detail/all_good_detail_transaction.h"
 
 namespace goods {
@@ -65,35 +66,25 @@ void TAllGoodDetailTransaction_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = List_GRD;
   grid.SetCaption(" گزارش جزئیات کالا ");
   grid.SetEmptyText("<داده ای برای نمایش وجود ندارد>");
-  const auto text = [&](const char* field, const char* caption, int width,
-                        bool visible = true) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetWidth(width).SetVisible(visible);
-  };
-  const auto number = [&](const char* field, const char* caption, std::string_view format,
-                          int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption)
-        .SetDisplayFormat(format)
-        .SetMoney(format == kAmountFormat)
-        .SetWidth(width);
-  };
+  const ReportColumns columns(grid);
 
-  text("OperationDate", "تاریخ", 94).SetKind(CellKind::Date);
-  text("Anbar", "کد انبار", 70, false);
-  text("AnbarName", "انبار", 150);
-  text("Code", "کد کالا", 70, false);
-  text("Name", "نام کالا", 116).SetAutoFit(true);
-  text("D1Value", "جزئیات 1", 100, false);
-  text("D2Value", "جزئیات 2", 100, false);
-  text("D3Value", "جزئیات 3", 100, false);
-  text("D4Value", "جزئیات 4", 100, false);
-  text("D5Value", "جزئیات 5", 100, false);
-  text("DetailValues", "جـــــزئیات", 250).SetAutoFit(true);
-  text("fullname", "نام شخص", 116);
-  text("Comment", "شرح", 200).SetAutoFit(true);
-  number("Varede", "مقدار وارده", kQuantityFormat, 55).SetAutoFit(true);
-  number("Sadere", "مقدار صادره", kQuantityFormat, 53).SetAutoFit(true);
-  number("Amount", "مبلغ واحد", kAmountFormat, 100);
-  number("TotalAmount", "مبلغ کل", kAmountFormat, 100);
+  columns.Date("OperationDate", "تاریخ", 94);
+  columns.Text("Anbar", "کد انبار", 70).SetVisible(false);
+  columns.Text("AnbarName", "انبار", 150);
+  columns.Text("Code", "کد کالا", 70).SetVisible(false);
+  columns.Text("Name", "نام کالا", 116).SetAutoFit(true);
+  columns.Text("D1Value", "جزئیات 1", 100).SetVisible(false);
+  columns.Text("D2Value", "جزئیات 2", 100).SetVisible(false);
+  columns.Text("D3Value", "جزئیات 3", 100).SetVisible(false);
+  columns.Text("D4Value", "جزئیات 4", 100).SetVisible(false);
+  columns.Text("D5Value", "جزئیات 5", 100).SetVisible(false);
+  columns.Text("DetailValues", "جـــــزئیات", 250).SetAutoFit(true);
+  columns.Text("fullname", "نام شخص", 116);
+  columns.Text("Comment", "شرح", 200).SetAutoFit(true);
+  columns.Number("Varede", "مقدار وارده", kQuantityFormat, 55).SetAutoFit(true);
+  columns.Number("Sadere", "مقدار صادره", kQuantityFormat, 53).SetAutoFit(true);
+  columns.Number("Amount", "مبلغ واحد", kAmountFormat, 100);
+  columns.Number("TotalAmount", "مبلغ کل", kAmountFormat, 100);
 }
 
 }  // namespace goods

@@ -1,4 +1,5 @@
 // The component tree of the stock by detail values.
+#include "module/framework/report_columns.h"
 #include "module/reports/detail/good_detail_transaction.h"
 
 namespace goods {
@@ -46,21 +47,19 @@ void TGoodDetailTransaction_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = List_GRD;
   grid.SetAccessibleName("موجودی جزئیات کالا");
   grid.SetEmptyText("<داده ای برای نمایش وجود ندارد>");
-  grid.AddColumn("Anbar", "کد انبار").SetWidth(70).SetVisible(false).SetCustomizable(false);
-  grid.AddColumn("AnbarName", "انبار").SetWidth(140).SetVisible(false).SetCustomizable(false);
-  grid.AddColumn("Code", "کد کالا").SetWidth(80);
-  grid.AddColumn("Name", "نام کالا").SetWidth(210);
-  grid.AddColumn("DetailValues", "جــــزئیات").SetWidth(300).SetAutoFit(true);
-  grid.AddColumn("D1Value", "جزییات 1").SetWidth(100).SetVisible(false);
-  grid.AddColumn("D2Value", "جزییات 2").SetWidth(100).SetVisible(false);
-  grid.AddColumn("D3Value", "جزییات 3").SetWidth(100).SetVisible(false);
-  grid.AddColumn("D4Value", "جزییات 4").SetWidth(100).SetVisible(false);
-  grid.AddColumn("D5Value", "جزییات 5").SetWidth(100).SetVisible(false);
-  grid.AddColumn("SumDetailKardex", "موجودی")
-      .SetWidth(120)
-      .SetDisplayFormat(kQuantityFormat)
-      .SetFooter(FooterKind::Sum);
-  grid.AddColumn("UnitName", "واحد").SetWidth(80);
+  const ReportColumns columns(grid);
+  columns.Text("Anbar", "کد انبار", 70).SetVisible(false).SetCustomizable(false);
+  columns.Text("AnbarName", "انبار", 140).SetVisible(false).SetCustomizable(false);
+  columns.Text("Code", "کد کالا", 80);
+  columns.Text("Name", "نام کالا", 210);
+  columns.Text("DetailValues", "جــــزئیات", 300).SetAutoFit(true);
+  columns.Text("D1Value", "جزییات 1", 100).SetVisible(false);
+  columns.Text("D2Value", "جزییات 2", 100).SetVisible(false);
+  columns.Text("D3Value", "جزییات 3", 100).SetVisible(false);
+  columns.Text("D4Value", "جزییات 4", 100).SetVisible(false);
+  columns.Text("D5Value", "جزییات 5", 100).SetVisible(false);
+  columns.Summed("SumDetailKardex", "موجودی", kQuantityFormat, 120);
+  columns.Text("UnitName", "واحد", 80);
 }
 
 }  // namespace goods

@@ -1,4 +1,5 @@
 // The component tree of one good's detail movements.
+#include "module/framework/report_columns.h"
 #include "module/reports/detail/one_good_detail_transaction.h"
 
 namespace goods {
@@ -34,22 +35,20 @@ void TOneGoodDetailTransaction_FRM::DeclareForm() {
 void TOneGoodDetailTransaction_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = GoodDetailTransaction_GRD;
   grid.SetAccessibleName("گردش جزئیات");
-  grid.AddColumn("Date", "تاریخ").SetWidth(83).SetKind(CellKind::Date);
-  grid.AddColumn("Anbar", "کد انبار").SetWidth(57).SetVisible(false);
-  grid.AddColumn("AnbarName", "انبار").SetWidth(120);
-  grid.AddColumn("fullname", "نام شخص").SetWidth(122);
-  grid.AddColumn("Comment", "شرح").SetWidth(189).SetAutoFit(true);
-  grid.AddColumn("Length", "طول").SetWidth(60);
-  grid.AddColumn("Width", "عرض").SetWidth(60);
-  grid.AddColumn("Amount3", "تعداد").SetWidth(70);
+  const ReportColumns columns(grid);
+  columns.Date("Date", "تاریخ", 83);
+  columns.Text("Anbar", "کد انبار", 57).SetVisible(false);
+  columns.Text("AnbarName", "انبار", 120);
+  columns.Text("fullname", "نام شخص", 122);
+  columns.Text("Comment", "شرح", 189).SetAutoFit(true);
+  columns.Text("Length", "طول", 60);
+  columns.Text("Width", "عرض", 60);
+  columns.Text("Amount3", "تعداد", 70);
   // Cells are without their sign; what is left of the movements is not.
-  grid.AddColumn("Amount1", "مقدار").SetWidth(60).SetFooter(FooterKind::Sum).SetFooterFormat(kQuantityFormat);
-  grid.AddColumn("Amount2", "مقدار 2")
-      .SetWidth(60)
-      .SetFooter(FooterKind::Sum)
-      .SetFooterFormat(kQuantityFormat);
-  grid.AddColumn("KardexAmount", "مبلغ واحد").SetWidth(100).SetDisplayFormat(kAmountFormat).SetMoney();
-  grid.AddColumn("TotalAmount", "مبلغ کل").SetWidth(100).SetDisplayFormat(kAmountFormat).SetMoney();
+  columns.Text("Amount1", "مقدار", 60).SetFooter(FooterKind::Sum).SetFooterFormat(kQuantityFormat);
+  columns.Text("Amount2", "مقدار 2", 60).SetFooter(FooterKind::Sum).SetFooterFormat(kQuantityFormat);
+  columns.Number("KardexAmount", "مبلغ واحد", kAmountFormat, 100);
+  columns.Number("TotalAmount", "مبلغ کل", kAmountFormat, 100);
 }
 
 }  // namespace goods

@@ -1,6 +1,7 @@
 // The stock-card mismatch's component tree.
 #include <initializer_list>
 
+#include "module/framework/report_columns.h"
 #include "module/reports/mismatch/good_detail_kardex_dismatch.h"
 
 namespace goods {
@@ -76,14 +77,12 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
 void TGoodDetailKardexDismatch_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = GoodDetailKardexDismatch_GRD;
   grid.SetAccessibleName("کالاهای مغایر");
-  grid.AddColumn("StoreCode", "کد انبار").SetWidth(70).SetVisible(false);
-  grid.AddColumn("StoreTitle", "انبار").SetWidth(160);
-  grid.AddColumn("GoodCode", "کد کالا").SetWidth(90);
-  grid.AddColumn("GoodTitle", "نام کالا").SetWidth(260).SetAutoFit(true);
-  grid.AddColumn("DiffAsset", "برآیند اختلاف موجودی")
-      .SetDisplayFormat(kQuantityFormat)
-      .SetWidth(160)
-      .SetFooter(FooterKind::Sum);
+  const ReportColumns columns(grid);
+  columns.Text("StoreCode", "کد انبار", 70).SetVisible(false);
+  columns.Text("StoreTitle", "انبار", 160);
+  columns.Text("GoodCode", "کد کالا", 90);
+  columns.Text("GoodTitle", "نام کالا", 260).SetAutoFit(true);
+  columns.Summed("DiffAsset", "برآیند اختلاف موجودی", kQuantityFormat, 160);
 }
 
 }  // namespace goods

@@ -1,4 +1,5 @@
 // The operation mismatch's component tree.
+#include "module/framework/report_columns.h"
 #include "module/reports/mismatch/good_detail_operation_dismatch.h"
 #include "module/reports/mismatch/operation_kinds.h"
 
@@ -48,14 +49,15 @@ void TGoodDetailOperationDismatch_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = GoodDetailOperationDismatch_GRD;
   grid.SetAccessibleName("ردیف های مغایر");
   grid.ShowFooter = false;
-  grid.AddColumn("OperationDate", "تاریخ").SetWidth(100).SetKind(CellKind::Date);
-  grid.AddColumn("StoreCode", "کد انبار").SetWidth(57).SetVisible(false);
-  grid.AddColumn("StoreName", "انبار").SetWidth(120);
-  grid.AddColumn("OperationTitle", "نوع عملیات").SetWidth(215).SetAutoFit(true);
-  grid.AddColumn("OperationCode", "کد عملیات").SetWidth(90);
-  grid.AddColumn("OperationRow", "ردیف عملیات").SetWidth(90);
-  grid.AddColumn("OperationAmount", "مقدار عملیات").SetDisplayFormat(kQuantityFormat).SetWidth(100);
-  grid.AddColumn("DetailAmount", "مقدار جزئیات").SetDisplayFormat(kQuantityFormat).SetWidth(100);
+  const ReportColumns columns(grid);
+  columns.Date("OperationDate", "تاریخ", 100);
+  columns.Text("StoreCode", "کد انبار", 57).SetVisible(false);
+  columns.Text("StoreName", "انبار", 120);
+  columns.Text("OperationTitle", "نوع عملیات", 215).SetAutoFit(true);
+  columns.Text("OperationCode", "کد عملیات", 90);
+  columns.Text("OperationRow", "ردیف عملیات", 90);
+  columns.Number("OperationAmount", "مقدار عملیات", kQuantityFormat, 100);
+  columns.Number("DetailAmount", "مقدار جزئیات", kQuantityFormat, 100);
 }
 
 }  // namespace goods

@@ -1,4 +1,5 @@
 // The stock card's component tree.
+#include "module/framework/report_columns.h"
 #include "module/reports/stockcard/kardex.h"
 
 namespace goods {
@@ -67,30 +68,21 @@ void TKardex_FRM::DeclareColumns() {
   grid.ShowFooter = true;
   grid.SetAccessibleName("ردیف های کاردکس");
 
-  const auto text = [&](const char* field, const char* caption, int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetWidth(width);
-  };
-  const auto number = [&](const char* field, const char* caption, std::string_view format,
-                          int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption)
-        .SetDisplayFormat(format)
-        .SetMoney(format == kAmountFormat)
-        .SetWidth(width);
-  };
+  const ReportColumns columns(grid);
 
-  text("Date", "تاریخ", 86).SetKind(CellKind::Date);
-  text("PerName", "نام شخص", 124);
-  text("Comment", "شرح", 130).SetAutoFit(true);
-  text("Anbar", "انبار", 50);
-  number("Tedad_Varde", "مقدار وارده", kQuantityFormat, 86).SetFooter(FooterKind::Sum);
-  number("Tedad_Sadere", "مقدار صادره", kQuantityFormat, 86).SetFooter(FooterKind::Sum);
-  number("Meghdar2", "مقدار 2", kQuantityFormat, 92).SetFooter(FooterKind::Sum);
-  remainder_ = &number("Bagh", "مقدار باقیمانده", kQuantityFormat, 98);
-  number("Gheymat_Varede", "قیمت وارده", kAmountFormat, 96);
-  number("Gheymat_Sadere", "قیمت صادره", kAmountFormat, 96);
-  number("Foroosh", "مبلغ سند", kAmountFormat, 112);
-  number("Miangin", "قیمت میانگین", kAmountFormat, 96);
-  remainderAmount_ = &number("Mab_Bagh", "مبلغ باقیمانده", kAmountFormat, 140);
+  columns.Date("Date", "تاریخ", 86);
+  columns.Text("PerName", "نام شخص", 124);
+  columns.Text("Comment", "شرح", 130).SetAutoFit(true);
+  columns.Text("Anbar", "انبار", 50);
+  columns.Summed("Tedad_Varde", "مقدار وارده", kQuantityFormat, 86);
+  columns.Summed("Tedad_Sadere", "مقدار صادره", kQuantityFormat, 86);
+  columns.Summed("Meghdar2", "مقدار 2", kQuantityFormat, 92);
+  remainder_ = &columns.Number("Bagh", "مقدار باقیمانده", kQuantityFormat, 98);
+  columns.Number("Gheymat_Varede", "قیمت وارده", kAmountFormat, 96);
+  columns.Number("Gheymat_Sadere", "قیمت صادره", kAmountFormat, 96);
+  columns.Number("Foroosh", "مبلغ سند", kAmountFormat, 112);
+  columns.Number("Miangin", "قیمت میانگین", kAmountFormat, 96);
+  remainderAmount_ = &columns.Number("Mab_Bagh", "مبلغ باقیمانده", kAmountFormat, 140);
 }
 
 }  // namespace goods

@@ -1,4 +1,5 @@
 // The row search's component tree.
+#include "module/framework/report_columns.h"
 #include "module/reports/stockcard/kardex_search.h"
 
 namespace goods {
@@ -28,31 +29,22 @@ void TKardexSearch_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = KardexSearch_GRD;
   grid.SetAccessibleName("ردیف های یافته شده");
 
-  const auto text = [&](const char* field, const char* caption, int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetWidth(width);
-  };
-  const auto number = [&](const char* field, const char* caption, std::string_view format,
-                          int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption)
-        .SetDisplayFormat(format)
-        .SetMoney(format == kAmountFormat)
-        .SetWidth(width);
-  };
+  const ReportColumns columns(grid);
 
-  text("Radif", "ردیف", 60).SetFooter(FooterKind::Count);
-  text("Date", "تاریخ", 86).SetKind(CellKind::Date);
-  text("Code", "کد کالا", 60);
-  text("AbbName", "بارکد کالا", 100).SetVisible(false);
-  text("PerName", "نام شخص", 112);
-  text("KalaName", "نام کالا", 150).SetAutoFit(true);
-  text("AnbarName", "انبار", 108);
-  text("Comment", "شرح", 120).SetAutoFit(true);
-  number("Varede", " وارده", kQuantityFormat, 84).SetFooter(FooterKind::Sum);
-  number("Sadere", "صادره", kQuantityFormat, 84).SetFooter(FooterKind::Sum);
-  number("Mab_Varede", "فی وارده", kAmountFormat, 96);
-  number("Mab_Sadere", "فی صادره", kAmountFormat, 96);
-  number("Gheymat_Varede", "مبلغ وارده", kAmountFormat, 134).SetFooter(FooterKind::Sum);
-  number("Gheymat_Sadere", "مبلغ صادره", kAmountFormat, 134).SetFooter(FooterKind::Sum);
+  columns.Text("Radif", "ردیف", 60).SetFooter(FooterKind::Count);
+  columns.Date("Date", "تاریخ", 86);
+  columns.Text("Code", "کد کالا", 60);
+  columns.Text("AbbName", "بارکد کالا", 100).SetVisible(false);
+  columns.Text("PerName", "نام شخص", 112);
+  columns.Text("KalaName", "نام کالا", 150).SetAutoFit(true);
+  columns.Text("AnbarName", "انبار", 108);
+  columns.Text("Comment", "شرح", 120).SetAutoFit(true);
+  columns.Summed("Varede", " وارده", kQuantityFormat, 84);
+  columns.Summed("Sadere", "صادره", kQuantityFormat, 84);
+  columns.Number("Mab_Varede", "فی وارده", kAmountFormat, 96);
+  columns.Number("Mab_Sadere", "فی صادره", kAmountFormat, 96);
+  columns.Summed("Gheymat_Varede", "مبلغ وارده", kAmountFormat, 134);
+  columns.Summed("Gheymat_Sadere", "مبلغ صادره", kAmountFormat, 134);
 }
 
 }  // namespace goods

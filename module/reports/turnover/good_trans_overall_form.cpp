@@ -1,4 +1,5 @@
 // The component tree of the overall turnover.
+#include "module/framework/report_columns.h"
 #include "module/reports/turnover/good_trans_overall.h"
 
 namespace goods {
@@ -54,17 +55,14 @@ void TGoodTrans_Overall_FRM::DeclareForm() {
 
 void TGoodTrans_Overall_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, std::string_view format, int width,
                                             const char* remained) {
+  const ReportColumns columns(grid);
   const auto number = [&](const char* field, const char* caption) -> TGridColumn& {
-    return grid.AddColumn(field, caption)
-        .SetDisplayFormat(format)
-        .SetMoney(format == kAmountFormat)
-        .SetFooter(FooterKind::Sum)
-        .SetWidth(width);
+    return columns.Summed(field, caption, format, width);
   };
   grid.FixedColumns = kFixedColumns;
-  grid.AddColumn("KalaCode", "کد کالا").SetWidth(70);
-  grid.AddColumn("AbbName1", "بارکد کالا").SetWidth(110).SetVisible(false);
-  grid.AddColumn("kalaname", "نام کالا").SetWidth(190).SetAutoFit(true);
+  columns.Text("KalaCode", "کد کالا", 70);
+  columns.Text("AbbName1", "بارکد کالا", 110).SetVisible(false);
+  columns.Text("kalaname", "نام کالا", 190).SetAutoFit(true);
   number("sarjame_GhableDore", "موجودی قبل از بازه").SetVisible(false);
 
   number("YearStart", "وارده|اول دوره");

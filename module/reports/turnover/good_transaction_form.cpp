@@ -1,4 +1,5 @@
 // The turnover list's component tree.
+#include "module/framework/report_columns.h"
 #include "module/reports/turnover/good_transaction.h"
 
 namespace goods {
@@ -60,43 +61,32 @@ void TGoodTransaction_FRM::DeclareForm() {
 // The list with whole and part quantities shows the same columns in another order, and the part between.
 void TGoodTransaction_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndPart) {
   grid.SetAccessibleName("فهرست کالاها");
-  grid.KeyColumns = kKeyColumns;
-  const auto text = [&](const char* field, const char* caption, int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption).SetWidth(width);
-  };
-  const auto number = [&](const char* field, const char* caption, std::string_view format,
-                          int width) -> TGridColumn& {
-    return grid.AddColumn(field, caption)
-        .SetDisplayFormat(format)
-        .SetMoney(format == kAmountFormat)
-        .SetWidth(width);
-  };
+  const ReportColumns columns(grid);
 
-  text("Code", "کد", 60);
-  text("AbbName", wholeAndPart ? "بارکد " : "بارکد", 110).SetVisible(wholeAndPart);
-  text("Name", "نام کالا", 170).SetAutoFit(true);
-  text("OperationDate", "تاریخ آخرین عملیات", 100).SetKind(CellKind::Date);
-  number("gheymat_miangin", "فی (قیمت میانگین)", kAmountFormat, 128);
-  number("Stock", "فی", kAmountFormat, 170);
-  number("varede", "وارده", kQuantityFormat, 94).SetFooter(FooterKind::Sum);
-  number("sadere", "صادره", kQuantityFormat, 94).SetFooter(FooterKind::Sum);
+  columns.Text("Code", "کد", 60);
+  columns.Text("AbbName", wholeAndPart ? "بارکد " : "بارکد", 110).SetVisible(wholeAndPart);
+  columns.Text("Name", "نام کالا", 170).SetAutoFit(true);
+  columns.Date("OperationDate", "تاریخ آخرین عملیات", 100);
+  columns.Number("gheymat_miangin", "فی (قیمت میانگین)", kAmountFormat, 128);
+  columns.Number("Stock", "فی", kAmountFormat, 170);
+  columns.Summed("varede", "وارده", kQuantityFormat, 94);
+  columns.Summed("sadere", "صادره", kQuantityFormat, 94);
   const auto secondUnit = [&] {
-    number("Mogodi2", wholeAndPart ? "موجودی کل" : "موجودی 2", kQuantityFormat, 90)
-        .SetFooter(FooterKind::Sum);
-    text("UnitName2", wholeAndPart ? "واحد کل" : "واحد 2", 70);
+    columns.Summed("Mogodi2", wholeAndPart ? "موجودی کل" : "موجودی 2", kQuantityFormat, 90);
+    columns.Text("UnitName2", wholeAndPart ? "واحد کل" : "واحد 2", 70);
   };
   if (wholeAndPart) {
     secondUnit();
-    number("Joz", "مقدار جزء", kQuantityFormat, 86).SetFooter(FooterKind::Sum);
+    columns.Summed("Joz", "مقدار جزء", kQuantityFormat, 86);
   }
-  number("Mogodi", "موجودی 1", kQuantityFormat, 94).SetFooter(FooterKind::Sum);
-  text("UnitName1", wholeAndPart ? "واحد جزء" : "واحد 1", 70);
+  columns.Summed("Mogodi", "موجودی 1", kQuantityFormat, 94);
+  columns.Text("UnitName1", wholeAndPart ? "واحد جزء" : "واحد 1", 70);
   if (!wholeAndPart) secondUnit();
-  number("Jam_Kol", "مبلغ کل", kAmountFormat, 150);
-  number("SumStock", "مبلغ کل", kAmountFormat, 150);
-  text("t1", "", kTagWidth).SetKind(CellKind::Swatch);
-  text("t2", "", kTagWidth).SetKind(CellKind::Swatch);
-  text("t3", "", kTagWidth).SetKind(CellKind::Swatch).SetCustomizable(false);
+  columns.Number("Jam_Kol", "مبلغ کل", kAmountFormat, 150);
+  columns.Number("SumStock", "مبلغ کل", kAmountFormat, 150);
+  columns.Text("t1", "", kTagWidth).SetKind(CellKind::Swatch);
+  columns.Text("t2", "", kTagWidth).SetKind(CellKind::Swatch);
+  columns.Text("t3", "", kTagWidth).SetKind(CellKind::Swatch).SetCustomizable(false);
 }
 
 }  // namespace goods

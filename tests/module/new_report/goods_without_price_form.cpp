@@ -1,4 +1,5 @@
 // The component tree of the goods without a price.
+#include "module/framework/report_columns.h"
 #include "tests/module/new_report/goods_without_price.h"
 
 namespace goods {
@@ -10,12 +11,10 @@ void TGoodsWithoutPrice_FRM::DeclareForm() {
   Codes_FRAME.RangeDigit_Reverst_CHK.SetVisible(false);
 
   GoodsWithoutPrice_GRD.SetAccessibleName("کالاهای بدون قیمت");
-  GoodsWithoutPrice_GRD.AddColumn("GoodCode", "کد کالا").SetWidth(90);
-  GoodsWithoutPrice_GRD.AddColumn("GoodName", "نام کالا").SetWidth(300).SetAutoFit(true);
-  GoodsWithoutPrice_GRD.AddColumn("Stock", "موجودی")
-      .SetWidth(120)
-      .SetDisplayFormat(kQuantityFormat)
-      .SetFooter(FooterKind::Sum);
+  const ReportColumns columns(GoodsWithoutPrice_GRD);
+  columns.Text("GoodCode", "کد کالا", 90);
+  columns.Text("GoodName", "نام کالا", 300).SetAutoFit(true);
+  columns.Summed("Stock", "موجودی", kQuantityFormat, 120);
 
   Criteria_PNL.Place(Search_PNL, 1);
   Criteria_PNL.Place(WithStock_CHK);
