@@ -46,7 +46,6 @@ TReport_FRM::~TReport_FRM() = default;
 void TReport_FRM::ShowRows(TSmartDBGrid_QRT& grid, TDataSource& source) {
   grids_.push_back(&grid);
   grid.SetDataSource(&source);
-  grid.OnSortChanged = [this] { ApplySort(); };
 }
 
 void TReport_FRM::WatchCriteria(TControl& container) {

@@ -72,8 +72,8 @@ class TReport_FRM : public TBaseDock_FRM {
  protected:
   TReport_FRM(THost& host, std::string name, int formMode, Variant customParameter, std::string settingsName);
 
-  // The grid shows the rows of the source; its sort is put on them when it changes and after every run. Both
-  // must live as long as the window. Enter that ends the wait for more keys moves to the first grid.
+  // The grid shows the rows of the source; its sort is put on them after every run. Both must live as long as
+  // the window. Enter that ends the wait for more keys moves to the first grid.
   void ShowRows(TSmartDBGrid_QRT& grid, TDataSource& source);
   // The controls in container, at any depth, hold criteria: changing one may bring the hint.
   void WatchCriteria(TControl& container);

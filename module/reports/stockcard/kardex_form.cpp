@@ -32,7 +32,6 @@ void TKardex_FRM::DeclareForm() {
   Good_PNL.Place(Good_LBL);
   Good_PNL.Place(Good_SEF, 1);
   for (TLabel* label : {&Unit_Cap_LBL, &Unit_LBL, &Unit2_Cap_LBL, &Unit2_LBL}) Good_PNL.Place(*label);
-  Good_PNL.Place(CriteriaChanged_LBL);
 
   Filters_PNL.Place(Store_SESF, 1);
   Filters_PNL.Place(Person_SESF, 1);
@@ -54,6 +53,7 @@ void TKardex_FRM::DeclareForm() {
   Buttons_PNL.Place(OpenInfo_BTN);
   Buttons_PNL.Place(PrintList_BTN);
   Buttons_PNL.Place(Exit_BTN);
+  Buttons_PNL.Place(CriteriaChanged_LBL);
 
   DeclareColumns();
   Place(Good_PNL);

@@ -25,8 +25,8 @@ inline constexpr int kFormModeChoose = 5;
 
 // Custom parameter: 0 the report kind, 501 quantities or 502 quantities with money, which is also the
 // software part whose rights are asked for. The list is read once while the window is being shown, and again
-// at each change of group, tab or criteria. Of a showing nothing is kept but the group, the tab and the
-// column of the search; the dialog is made anew, with what the user's settings keep of it.
+// at each change of group, tab or criteria. Of a showing nothing is kept but the tab, the column of the
+// search and the user's sort; the dialog is made anew, with what the user's settings keep of it.
 class TGoodTransaction_FRM : public TReportOf<GoodsListCriteria> {
  public:
   TGoodTransaction_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);

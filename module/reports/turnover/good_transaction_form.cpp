@@ -27,7 +27,6 @@ void TGoodTransaction_FRM::DeclareForm() {
   Criteria_PNL.Place(GeneralSearch_FRAME, 1);
   Criteria_PNL.Place(ADVSearch_Fram1);
   Criteria_PNL.Place(Tags_btn);
-  Criteria_PNL.Place(CriteriaChanged_LBL);
 
   Kala_TBC.SetAccessibleName("نوع کالاها");
   Kala_TBC.SetTabs({" کالاهای موجود ", " کالاهای کسری ", " کالاهای بدون گردش ", " کالاهای موجودی صفر ",
@@ -50,6 +49,7 @@ void TGoodTransaction_FRM::DeclareForm() {
   for (TButton* button : {&Select_BTN, &Gar_BTN, &DetailList_BTN, &PrintList_BTN, &EXit_BTN}) {
     Buttons_PNL.Place(*button);
   }
+  Buttons_PNL.Place(CriteriaChanged_LBL);
 
   Place(Criteria_PNL);
   Place(pnlReport_PNL);
