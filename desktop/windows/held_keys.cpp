@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <utility>
 
+#include "desktop/windows/message_dialog.h"
+
 // Tries the shortcuts, as the windowing system's own keys do before they become a key press. Exported by Qt
 // Gui for Qt Test, whose header declares it in the same way.
 QT_BEGIN_NAMESPACE
@@ -40,6 +42,11 @@ void HeldKeys::DeliverLater() {
 void HeldKeys::Deliver() {
   posted_ = false;
   if (keys_.empty() || busy_()) return;
+  if (dynamic_cast<const MessageDialog*>(QApplication::activeModalWidget()) != nullptr) {
+    keys_.clear();
+    qApp->removeEventFilter(this);
+    return;
+  }
   const std::unique_ptr<QEvent> key = std::move(keys_.front());
   keys_.pop_front();
   if (keys_.empty()) qApp->removeEventFilter(this);

@@ -13,7 +13,8 @@ namespace goods {
 
 // A key goes where the keyboard is at the time of its delivery, so that a key that opens a window is followed
 // by keys in that window. As long as keys are held and the program is not at work, those that are typed next
-// are held behind them; what is typed during work comes in through Hold.
+// are held behind them; what is typed during work comes in through Hold. Where the work ends with a message,
+// keys that were typed before it appeared are no answer to it, and are dropped.
 class HeldKeys : public QObject {
  public:
   // busy: the program is at work, nothing may be delivered now. target: where keys go when no widget of the

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <atomic>
 #include <memory>
+#include <stdexcept>
 
 #include <gtest/gtest.h>
 
@@ -275,6 +276,34 @@ TEST(Waiting, AKeyThatOpensAWindowIsFollowedByKeysInThatWindow) {
   form.ShowModal();
   EXPECT_EQ(second.Search_EDT.Text(), "xy");
   EXPECT_EQ(form.Search_EDT.Text(), "");
+}
+
+TEST(Waiting, KeysTypedBeforeAMessageAppearedDoNotAnswerIt) {
+  TestHost host;
+  TCard_FRM form(host);
+  bool open = false;
+  Later([&] {
+    QWidget* view = host.windows.ViewOf(form);
+    Later(
+        [view] {
+          QTest::keyClick(view, Qt::Key_Return);
+          QTest::keyClick(view, Qt::Key_Space);
+          QTest::keyClick(view, Qt::Key_Escape);
+        },
+        300);
+    EXPECT_THROW(form.Fill(40000000, "slow"), StatementCancelled);
+    Later(
+        [&open] {
+          auto* dialog = dynamic_cast<MessageDialog*>(QApplication::activeModalWidget());
+          open = dialog != nullptr;
+          if (dialog != nullptr) dialog->reject();
+        },
+        300);
+    host.messages.ShowError(std::runtime_error("deadlock"));
+    form.Close();
+  });
+  form.ShowModal();
+  EXPECT_TRUE(open);
 }
 
 TEST(Waiting, AQuickStatementShowsNothing) {
