@@ -39,6 +39,7 @@ DesktopProgram::DesktopProgram(StartOptions options)
   QSettings::setDefaultFormat(QSettings::IniFormat);
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
                      FolderOr(options_.settingsFolder, DesktopSettings::DefaultFolder()));
+  settings_.OnFailure = [](const QString& text) { QTimer::singleShot(0, qApp, [text] { Tell(text); }); };
   ApplyLook(settings_.Options());
 }
 

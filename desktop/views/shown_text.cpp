@@ -4,12 +4,15 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "host/core/text.h"
+
 namespace goods {
 namespace {
 
 constexpr char16_t kIsolateLeftToRight = 0x2066;
 constexpr char16_t kPopIsolate = 0x2069;
 constexpr char16_t kPersianZero = 0x06F0;
+constexpr std::size_t kLongestShown = 2000;  // characters of a cell, caption or hint
 
 bool g_persianDigits = true;
 
@@ -21,6 +24,13 @@ bool IsLatinLetter(QChar c) { return c.isLetter() && c < u'\x80'; }
 bool EndsKeyName(const QString& text, qsizetype at) {
   if (at > 1 && text[at - 1] == u'+') --at;
   return at > 0 && IsLatinLetter(text[at - 1]);
+}
+
+// What a file brings may be of any length; measuring and drawing a text takes time with its length.
+QString Shortened(std::string_view text) {
+  if (text.size() <= kLongestShown) return ToQt(text);
+  const std::string_view first = FirstChars(text, kLongestShown);
+  return first.size() == text.size() ? ToQt(text) : ToQt(first) + QChar(0x2026);
 }
 
 bool IsInsideNumber(QChar c) { return IsAsciiDigit(c) || c == u',' || c == u'.'; }
@@ -50,7 +60,7 @@ QString ShownNumber(QString text) {
   return ShownDigits(std::move(text));
 }
 
-QString ShownText(std::string_view text) { return ShownText(ToQt(text)); }
+QString ShownText(std::string_view text) { return ShownText(Shortened(text)); }
 
 QString ShownText(const QString& text) {
   QString out;
@@ -91,7 +101,7 @@ bool HasRightToLeft(const QString& text) {
 }
 
 QString ShownCell(std::string_view text, bool isNumber) {
-  QString shown = ToQt(text);
+  QString shown = Shortened(text);
   if (isNumber) return ShownNumber(std::move(shown));
   return IsNumberLike(shown) ? ShownDigits(std::move(shown)) : ShownText(shown);
 }

@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace goods {
 namespace {
@@ -79,7 +80,14 @@ void DesktopSettings::Save() {
   store_.endGroup();
   store_.setValue("Desktop/PersianDigits", options_.PersianDigits);
   store_.setValue("Desktop/DarkPalette", options_.DarkPalette);
+  Write();
+}
+
+// The store is replaced whole or stays as it was.
+void DesktopSettings::Write() {
   store_.sync();
+  if (store_.status() == QSettings::NoError || std::exchange(told_, true) || !OnFailure) return;
+  OnFailure("تنظیمات را نمی‌توان نوشت: " + store_.fileName());
 }
 
 void DesktopSettings::SaveSettingItem(int softwarePart, int item, bool on, std::int64_t number,
@@ -99,7 +107,7 @@ std::string DesktopSettings::ReadSection(std::string_view section) const {
 
 void DesktopSettings::WriteSection(std::string_view section, std::string_view text) {
   store_.setValue(SectionKey(section), QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-  store_.sync();
+  Write();
 }
 
 std::string DesktopSettings::GetSettingFilePath() const {

@@ -5,6 +5,7 @@
 #include <QSettings>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <string>
 
 #include "host/services/settings.h"
@@ -28,6 +29,8 @@ class DesktopSettings : public ISettings {
 
   TSettings& Settings() override { return settings_; }
   DesktopOptions& Options() { return options_; }
+  // Told once when the settings cannot be written, with a Persian text; what was kept before stays.
+  std::function<void(const QString&)> OnFailure;
   // Writes both of the above.
   void Save();
 
@@ -48,7 +51,9 @@ class DesktopSettings : public ISettings {
 
  private:
   void Load();
+  void Write();
 
+  bool told_ = false;
   QString folder_;
   mutable QSettings store_;
   TSettings settings_;

@@ -75,6 +75,21 @@ class FullDisk {
   rlimit before_{};
 };
 
+TEST_F(Services, SettingsThatCannotBeWrittenStayAsTheyWereAndSaySoOnce) {
+  DesktopSettings settings(folder_.filePath("full"));
+  settings.WriteSection("Turnover", "kept");
+  const std::string before = Written(Path("full/goods-desktop.ini"));
+  int told = 0;
+  settings.OnFailure = [&](const QString&) { ++told; };
+  {
+    const FullDisk disk(10);
+    settings.WriteSection("Turnover", "lost");
+    settings.WriteSection("Turnover", "lost too");
+  }
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(Written(Path("full/goods-desktop.ini")), before);
+}
+
 TEST_F(Services, ALogThatCannotBeWrittenSaysSoOnce) {
   StatementLog log(Path("log"));
   int told = 0;
