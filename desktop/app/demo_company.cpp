@@ -75,7 +75,7 @@ QString EnsureDemoCompany(const QString& folder, QWidget* parent) {
     throw CompanyError("پوشه داده‌ها را نمی‌توان ساخت: " + FromQt(folder));
   try {
     MakeWithProgress(FromQt(path), parent);
-  } catch (const CompanyError&) {
+  } catch (const std::exception&) {
     // Another program has made it in the meantime.
     if (!QFile::exists(path)) throw;
   }

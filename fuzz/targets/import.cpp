@@ -5,6 +5,8 @@
 #include <fstream>
 #include <string>
 
+#include "company/company.h"
+#include "company/files/file_error.h"
 #include "company/interchange/import_company.h"
 #include "fuzz/fuzz_input.h"
 
@@ -21,6 +23,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   try {
     goods::ImportCompany(target, folder.Path(""));
     std::filesystem::remove(target);
+  } catch (const goods::FileError&) {
+    goods::fuzz::Holds(!std::filesystem::exists(target), "a refused import leaves no company");
   } catch (const goods::CompanyError&) {
     goods::fuzz::Holds(!std::filesystem::exists(target), "a refused import leaves no company");
   }

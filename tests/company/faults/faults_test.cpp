@@ -43,7 +43,8 @@ constexpr char kMakeOlder[] =
     "DROP INDEX Kardex_ByDocument; DROP INDEX DetailKardex_ByDocument; DROP INDEX DetailKardex_ByValue;"
     "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
     "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
-    "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; PRAGMA user_version = 1";
+    "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
+    "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches; PRAGMA user_version = 1";
 
 // What a company says of itself; throws when it cannot be opened.
 std::string Figures(const std::string& path) {
