@@ -64,6 +64,7 @@ void ScriptedConnection::FailNext(std::string pattern, std::string message) {
 void ScriptedConnection::Before(std::string_view how, std::string_view statement) {
   ++sent_;
   log_.AddStatement(how, statement);
+  if (sent_ == failAt_) throw DatabaseError(failAtMessage_, std::string(statement));
   if (left_ && *left_ == 0) throw ConnectionLost("the connection is lost", std::string(statement));
   if (left_) --*left_;
   if (std::exchange(cancelNext_, false)) throw StatementCancelled("stopped", std::string(statement));

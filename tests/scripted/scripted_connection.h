@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/data/connection.h"
@@ -39,6 +40,11 @@ class ScriptedConnection : public IConnection {
   void Answer(std::string pattern, CannedRows rows);
   // The next statement that matches fails with the message, once.
   void FailNext(std::string pattern, std::string message);
+  // The n-th statement from the beginning on fails with the message, once.
+  void FailAt(std::size_t number, std::string message) {
+    failAt_ = number;
+    failAtMessage_ = std::move(message);
+  }
   // The next statement is stopped by the user.
   void CancelNext() { cancelNext_ = true; }
   // Something was said about a next statement, and it never came.
@@ -73,6 +79,8 @@ class ScriptedConnection : public IConnection {
   std::deque<Failure> failures_;
   bool cancelNext_ = false;
   std::size_t sent_ = 0;
+  std::size_t failAt_ = 0;
+  std::string failAtMessage_;
   std::optional<std::size_t> left_;  // statements until the connection is lost
   std::vector<std::string> unanswered_;
 };

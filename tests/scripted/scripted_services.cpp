@@ -148,6 +148,7 @@ void ScriptedLookups::GiveCategory(TCategory category) { PutByCode(categories_, 
 
 void ScriptedLookups::FailIfTold(const std::string& call) {
   log_.Add(CallKind::Lookup, call);
+  if (++asked_ == failAt_) throw DatabaseError(failAtMessage_, call);
   if (failure_) {
     const std::string message = *std::exchange(failure_, std::nullopt);
     throw DatabaseError(message, call);

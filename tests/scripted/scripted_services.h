@@ -196,6 +196,12 @@ class ScriptedLookups : public ILookups {
   void GiveTag(TTag tag);
   void GiveCategory(TCategory category);
   void FailNext(std::string message) { failure_ = std::move(message); }
+  // The n-th look-up from the beginning on fails with the message, once.
+  void FailAt(std::size_t number, std::string message) {
+    failAt_ = number;
+    failAtMessage_ = std::move(message);
+  }
+  std::size_t AskedCount() const { return asked_; }
   // What the next picker answers: a code, or none when the user gives up.
   void AnswerPicker(std::optional<std::int64_t> code) { picks_.push_back(code); }
   // The same for the next category tree.
@@ -225,6 +231,9 @@ class ScriptedLookups : public ILookups {
   std::vector<TTag> tags_;
   std::vector<TCategory> categories_;
   std::optional<std::string> failure_;
+  std::size_t asked_ = 0;
+  std::size_t failAt_ = 0;
+  std::string failAtMessage_;
   std::deque<std::optional<std::int64_t>> picks_;
   std::deque<std::optional<std::vector<std::string>>> treePicks_;
 };

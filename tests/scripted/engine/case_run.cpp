@@ -39,9 +39,9 @@ CaseRun::CaseRun(const CaseEnvironment& environment, const CaseFile& file, const
 std::vector<std::string> CaseRun::Run() {
   if (environment_.prepareHost) environment_.prepareHost(*host_);
   if (environment_.attach && !environment_.attach(*host_)) Fail(case_.place, "the module refuses the host");
-  host_->Windows().Pump([this] { return aborted_ || next_ == steps_.size(); }, [] {});
+  host_->Windows().Pump([this] { return aborted_ || (next_ == steps_.size() && (!more_ || ended_)); }, [] {});
   if (environment_.detach && !environment_.detach()) Fail(case_.place, "the module does not let the host go");
-  if (!aborted_) {
+  if (!aborted_ && !more_) {
     CheckNothingLeft();
     CheckWaits();
   }
@@ -49,13 +49,24 @@ std::vector<std::string> CaseRun::Run() {
   return std::move(failures_);
 }
 
+bool CaseRun::AddStep() {
+  if (!more_ || ended_) return false;
+  std::optional<Step> step = more_(*this);
+  ended_ = !step.has_value();
+  if (ended_) return false;
+  made_.push_back(std::move(*step));
+  steps_.push_back(&made_.back());
+  return true;
+}
+
 bool CaseRun::NextStep() {
-  if (aborted_ || next_ == steps_.size()) return false;
+  if (aborted_ || (next_ == steps_.size() && !AddStep())) return false;
   const Step& step = *steps_[next_++];
   // Nothing may be thrown through the windows of the module that stand between this step and its caller.
   try {
     Take(step);
   } catch (const CaseError& error) {
+    if (more_) return true;
     failures_.emplace_back(error.what());
     aborted_ = true;
   } catch (const std::exception& error) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -40,11 +41,17 @@ class CaseRun {
   // Takes every step; the failures, each beginning with file and line. Empty: the case passed.
   std::vector<std::string> Run();
 
+  // For a case that is made up while it runs: behind the last step comes what next gives, until it gives
+  // none. A step that cannot be taken is left out, here and among the steps of the file, and what nothing has
+  // looked at is no failure. Call it before Run.
+  void GoOnWith(std::function<std::optional<Step>(CaseRun&)> next) { more_ = std::move(next); }
+
   const CaseEnvironment& Environment() const { return environment_; }
   const CaseFile& File() const { return file_; }
   ScriptedHost& Host() { return *host_; }
 
   void Fail(const Place& place, const std::string& message);
+  std::size_t Failed() const { return failures_.size(); }
   // Fails with a diff when the two are not the same.
   void Compare(const Place& place, const std::string& what, const std::vector<std::string>& expected,
                const std::vector<std::string>& got);
@@ -78,6 +85,7 @@ class CaseRun {
 
  private:
   bool NextStep();
+  bool AddStep();
   void Take(const Step& step);
   void Hold();
   void CheckNothingLeft();
@@ -87,6 +95,9 @@ class CaseRun {
   const CaseFile& file_;
   const Case& case_;
   std::vector<const Step*> steps_;
+  std::deque<Step> made_;
+  std::function<std::optional<Step>(CaseRun&)> more_;
+  bool ended_ = false;
   std::size_t next_ = 0;
   bool aborted_ = false;
   std::vector<std::string> failures_;
