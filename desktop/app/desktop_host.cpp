@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "include/goods_reports.h"
+#include "goods_reports.h"
 
 namespace goods {
 namespace {

@@ -3,8 +3,8 @@
 #include <QFile>
 
 #include "desktop/views/shown_text.h"
+#include "goods_reports.h"
 #include "host/base/base_dock.h"
-#include "include/goods_reports.h"
 
 // The pages lie in a library of their own, whose resources are there only once it is asked for.
 static void LoadPages() { Q_INIT_RESOURCE(help_pages); }

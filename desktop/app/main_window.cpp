@@ -16,7 +16,7 @@
 #include "desktop/app/settings_dialog.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
-#include "include/goods_reports.h"
+#include "goods_reports.h"
 
 namespace goods {
 namespace {

@@ -8,7 +8,7 @@
 #include "desktop/app/app_look.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
-#include "include/goods_reports.h"
+#include "goods_reports.h"
 
 namespace goods {
 namespace {

@@ -12,7 +12,7 @@
 #include "desktop/app/app_look.h"
 #include "desktop/app/report_card.h"
 #include "desktop/views/shown_text.h"
-#include "include/goods_reports.h"
+#include "goods_reports.h"
 
 namespace goods {
 namespace {

@@ -18,8 +18,8 @@
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
+#include "goods_reports.h"
 #include "host/components/drop_down.h"
-#include "include/goods_reports.h"
 
 namespace goods {
 namespace {

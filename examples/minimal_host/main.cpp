@@ -2,10 +2,10 @@
 // good 12 over a row that it makes up, prints what the card shows, and detaches.
 #include <iostream>
 
+#include "goods_transaction_qrt.h"
 #include "host/components/form.h"
 #include "host/components/grid.h"
 #include "host/services/host.h"
-#include "include/goods_transaction_qrt.h"
 
 using namespace goods;
 using Text = std::string_view;

@@ -1,7 +1,7 @@
 // The exports that open the overall turnover and the stock per store.
 #include <string>
 
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 #include "module/entry/attached_host.h"
 #include "module/reports/asset/goods_asset_store.h"
 #include "module/reports/turnover/good_trans_overall.h"

@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <string>
 
+#include "goods_transaction_qrt.h"
 #include "host/services/host_version.h"
-#include "include/goods_transaction_qrt.h"
 
 namespace goods {
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
+#include "goods_reports.h"
 #include "host/core/text.h"
 #include "host/services/host.h"
-#include "include/goods_reports.h"
 #include "module/reports/detail/all_good_detail_transaction.h"
 #include "module/reports/detail/good_detail_transaction.h"
 #include "module/reports/mismatch/good_detail_kardex_dismatch.h"

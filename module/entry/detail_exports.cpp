@@ -1,7 +1,7 @@
 // The exports that open the good-detail reports.
 #include <string>
 
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 #include "module/entry/attached_host.h"
 #include "module/framework/parameter_text.h"
 

@@ -1,5 +1,5 @@
 // The export that opens the mismatch of good details and stock card.
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 #include "module/entry/attached_host.h"
 
 using namespace goods;

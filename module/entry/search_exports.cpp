@@ -1,7 +1,7 @@
 // The exports that open the row search, ordinary and negative.
 #include <string>
 
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 #include "module/entry/attached_host.h"
 #include "module/reports/stockcard/kardex_search.h"
 

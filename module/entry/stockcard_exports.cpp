@@ -1,7 +1,7 @@
 // The exports that open the stock card.
 #include <string>
 
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 #include "module/entry/attached_host.h"
 #include "module/framework/texts.h"
 

@@ -1,7 +1,7 @@
 // The exports that open the goods turnover list, in quantity and in money.
 #include <string>
 
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 #include "module/entry/attached_host.h"
 
 namespace goods {

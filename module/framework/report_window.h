@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "goods_reports.h"
 #include "host/base/base_dock.h"
 #include "host/components/form.h"
 #include "host/components/standard.h"
@@ -13,7 +14,6 @@
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/range_digit_search_frame.h"
 #include "host/frames/select_entity_search_frame.h"
-#include "include/goods_reports.h"
 #include "module/framework/criteria_text.h"
 
 namespace goods {

@@ -1,5 +1,5 @@
 /* The published header is a C header. */
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 
 void goods_c_header_check(void);
 void goods_c_header_check(void) {

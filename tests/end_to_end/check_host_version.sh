@@ -8,7 +8,7 @@ rm -rf "$scratch" && mkdir -p "$scratch"
 cat >"$scratch/host.cpp" <<'PROGRAM'
 #include <cstdio>
 
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 
 int main() {
   char notReached = 0;  // only a pointer that is not null; nothing is called on it

@@ -5,7 +5,7 @@
 #include <string.h>
 
 #include "c_host.h"
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 
 static int failures = 0;
 

@@ -8,9 +8,9 @@
 #include <dlfcn.h>
 
 #include "desktop/app/main_window.h"
+#include "goods_transaction_qrt.h"
 #include "host/components/drop_down.h"
 #include "host/components/tabs.h"
-#include "include/goods_transaction_qrt.h"
 #include "tests/end_to_end/walk.h"
 
 namespace goods {

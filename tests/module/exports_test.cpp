@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "goods_transaction_qrt.h"
 #include "host/components/edit.h"
-#include "include/goods_transaction_qrt.h"
 #include "tests/scripted/scripted_host.h"
 
 namespace goods {

@@ -2,7 +2,7 @@
 #include <functional>
 #include <stdexcept>
 
-#include "include/goods_transaction_qrt.h"
+#include "goods_transaction_qrt.h"
 #include "module/reports/mismatch/good_detail_kardex_dismatch.h"
 #include "module/reports/mismatch/good_detail_operation_dismatch.h"
 #include "tests/module/data_module_fixture.h"

@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "goods_reports.h"
 #include "host/core/text.h"
-#include "include/goods_reports.h"
 #include "module/reports/asset/goods_asset_store.h"
 #include "module/reports/detail/all_good_detail_transaction.h"
 #include "module/reports/detail/good_detail_transaction.h"

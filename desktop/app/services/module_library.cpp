@@ -5,15 +5,15 @@
 
 #include <dlfcn.h>
 
+#include "goods_reports.h"
+#include "goods_transaction_qrt.h"
 #include "host/core/text.h"
 #include "host/services/host.h"
-#include "include/goods_reports.h"
-#include "include/goods_transaction_qrt.h"
 
 namespace goods {
 namespace {
 
-constexpr const char* kFileName = "libGoods_Transaction_QRT.so";
+constexpr const char* kFileName = "libGoods_Transaction_QRT.so." GOODS_LIBRARY_VERSION;
 
 template <typename Function>
 Function* As(void* symbol) {
@@ -34,7 +34,8 @@ ModuleError::~ModuleError() = default;
 std::vector<std::string> ModuleLibrary::SearchPaths(const std::string& programFolder) {
   const std::filesystem::path folder(programFolder);
   return {(folder / kFileName).string(), (folder / "lib" / kFileName).string(),
-          (folder / ".." / "lib" / kFileName).lexically_normal().string()};
+          (folder / ".." / "lib" / kFileName).lexically_normal().string(),
+          (folder / GOODS_LIBRARY_FOLDER / kFileName).lexically_normal().string()};
 }
 
 std::string ModuleLibrary::Find(const std::string& given, const std::string& programFolder) {

@@ -14,7 +14,7 @@
 #include "desktop/app/help_viewer.h"
 #include "desktop/app/main_window.h"
 #include "desktop/app/users_dialog.h"
-#include "include/goods_reports.h"
+#include "goods_reports.h"
 #include "tests/desktop/app/kit.h"
 
 namespace goods {

@@ -5,7 +5,7 @@
 
 #include "desktop/app/report_card.h"
 #include "desktop/app/settings_dialog.h"
-#include "include/goods_reports.h"
+#include "goods_reports.h"
 #include "tests/desktop/app/kit.h"
 
 namespace goods {

@@ -25,7 +25,7 @@ TEST_F(Services, ALibraryThatIsMissingIsNoLibraryOrIsAnotherOneIsTold) {
 
 TEST_F(Services, TheLibraryIsFoundBesideTheProgramAndInTheLibFolderNextToIt) {
   QDir(folder_.path()).mkpath("lib");
-  const std::string inLib = Path("lib/libGoods_Transaction_QRT.so");
+  const std::string inLib = Path("lib/libGoods_Transaction_QRT.so.1");
   std::ofstream(inLib) << "x";
   EXPECT_EQ(ModuleLibrary::Find("", FromQt(folder_.filePath("bin"))), inLib);
   EXPECT_EQ(ModuleLibrary::Find("given.so", FromQt(folder_.filePath("bin"))), "given.so");

@@ -6,9 +6,9 @@
 
 #include <dlfcn.h>
 
+#include "goods_reports.h"
+#include "goods_transaction_qrt.h"
 #include "host/core/text.h"
-#include "include/goods_reports.h"
-#include "include/goods_transaction_qrt.h"
 #include "module/reports/asset/goods_asset_store.h"
 #include "module/reports/detail/all_good_detail_transaction.h"
 #include "module/reports/detail/good_detail_transaction.h"
