@@ -132,7 +132,11 @@ void GridPainter::PaintEmpty() {
   painter_.setFont(font_);
   painter_.setPen(CurrentTheme().mutedText);
   painter_.setLayoutDirection(Qt::RightToLeft);
-  painter_.drawText(geometry_.RowsArea(), Qt::AlignCenter | Qt::TextWordWrap, ShownText(grid_.EmptyText()));
+  // A list that was stopped is not an empty one.
+  const TADOQuery* query = grid_.DataSet();
+  const bool stopped = query != nullptr && query->Stopped();
+  const QString text = stopped ? QStringLiteral("خواندن اطلاعات متوقف شد") : ShownText(grid_.EmptyText());
+  painter_.drawText(geometry_.RowsArea(), Qt::AlignCenter | Qt::TextWordWrap, text);
 }
 
 void GridPainter::PaintHeader() {

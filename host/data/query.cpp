@@ -28,6 +28,17 @@ void RefuseNul(const std::string& statement) {
   }
 }
 
+// Of the exception that is being handled.
+bool CaughtStop() {
+  try {
+    throw;
+  } catch (const StatementCancelled&) {
+    return true;
+  } catch (...) {
+    return false;
+  }
+}
+
 }  // namespace
 
 FilterError::~FilterError() = default;
@@ -43,6 +54,7 @@ void TADOQuery::Open() {
   const bool wasActive = Active();
   const bool hadRow = cursor_.has_value();
   Clear();
+  stopped_ = false;
   try {
     const std::string statement = sql_;
     RefuseNul(statement);
@@ -53,6 +65,7 @@ void TADOQuery::Open() {
     rows_ = std::move(rows);
     ArrangeOpened();
   } catch (...) {
+    stopped_ = CaughtStop();
     Clear();
     try {
       Notify(wasActive, hadRow);
@@ -70,6 +83,7 @@ void TADOQuery::ExecSQL() {
 }
 
 void TADOQuery::Close() {
+  stopped_ = false;
   if (!Active()) return;
   const bool hadRow = cursor_.has_value();
   Clear();

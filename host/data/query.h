@@ -56,6 +56,8 @@ class TADOQuery : public TComponent {
   void ExecSQL();
   void Close();
   bool Active() const { return rows_ != nullptr; }
+  // Closed because the user stopped the statement of the last Open.
+  bool Stopped() const { return stopped_; }
 
   // Rows: all that were read, and those that the filter leaves.
   std::size_t TotalCount() const { return rows_ == nullptr ? 0 : rows_->Count(); }
@@ -158,6 +160,7 @@ class TADOQuery : public TComponent {
   void Notify(bool changed, bool scrolled);
 
   IConnection& connection_;
+  bool stopped_ = false;
   std::string sql_;
   std::string filter_;
   std::string sort_;

@@ -91,6 +91,23 @@ TEST_F(Query, AStatementThatFailsLeavesTheQueryClosedAndEmpty) {
   EXPECT_EQ(CurrentCode(), Value(30));
 }
 
+TEST_F(Query, AStatementThatTheUserStoppedIsToldApartFromOneThatFailed) {
+  EXPECT_FALSE(query.Stopped());
+  connection.duringOpen = [] { throw StatementCancelled("متوقف شد", ""); };
+  EXPECT_THROW(query.Open(), StatementCancelled);
+  EXPECT_TRUE(query.Stopped());
+  query.Close();
+  EXPECT_FALSE(query.Stopped());
+  EXPECT_THROW(query.Open(), StatementCancelled);
+  connection.duringOpen = nullptr;
+  connection.failing = true;
+  EXPECT_THROW(query.Open(), DatabaseError);
+  EXPECT_FALSE(query.Stopped());
+  connection.failing = false;
+  query.Open();
+  EXPECT_FALSE(query.Stopped());
+}
+
 TEST_F(Query, AFirstOpenThatFailsTellsNobody) {
   connection.failing = true;
   EXPECT_THROW(query.Open(), DatabaseError);
