@@ -75,15 +75,22 @@ std::string PlainAmount(std::string_view text) {
 
 std::string TwoDigits(const std::string& part) { return part.size() == 1 ? "0" + part : part; }
 
-// "14010305" and "1401/3/5" as "1401/03/05"; anything else as it stands.
+// "01" as "1401", "99" as "1399": a year of two digits is that of the current century up to 49.
+std::string FourDigitYear(const std::string& year) {
+  if (year.size() != 2) return year;
+  return (year < "50" ? "14" : "13") + year;
+}
+
+// "14010305", "1401/3/5" and "01/3/5" as "1401/03/05"; anything else as it stands.
 std::string CompletedDate(const std::string& text) {
   if (text.size() == 8 && AllDigits(text))
     return text.substr(0, 4) + "/" + text.substr(4, 2) + "/" + text.substr(6);
   const std::vector<std::string> parts = Split(text, '/');
-  const bool complete = parts.size() == 3 && parts[0].size() == 4 && !parts[1].empty() &&
-                        parts[1].size() <= 2 && !parts[2].empty() && parts[2].size() <= 2;
+  const auto oneOrTwo = [](const std::string& part) { return part.size() == 1 || part.size() == 2; };
+  const bool complete = parts.size() == 3 && (parts[0].size() == 4 || parts[0].size() == 2) &&
+                        oneOrTwo(parts[1]) && oneOrTwo(parts[2]);
   if (!complete) return text;
-  return parts[0] + "/" + TwoDigits(parts[1]) + "/" + TwoDigits(parts[2]);
+  return FourDigitYear(parts[0]) + "/" + TwoDigits(parts[1]) + "/" + TwoDigits(parts[2]);
 }
 
 // "930" and "9:5" as "09:30" and "09:05"; anything else as it stands.
@@ -111,7 +118,12 @@ void TEdit::SetKind(InputKind kind) {
 }
 
 bool TEdit::Store(std::string_view text) {
-  const std::string plain = kind_ == InputKind::Text ? std::string(text) : AsciiDigits(Trim(text));
+  std::string plain = kind_ == InputKind::Text ? std::string(text) : AsciiDigits(Trim(text));
+  // Other programs part a date with "-" or ".".
+  if (kind_ == InputKind::Date) {
+    std::replace_if(
+        plain.begin(), plain.end(), [](char c) { return c == '-' || c == '.'; }, '/');
+  }
   const bool tooLong = MaxLength > 0 && CharCount(plain) > static_cast<std::size_t>(MaxLength);
   if (tooLong || !Fits(kind_, plain)) {
     Changed();  // a view that already shows the refused text goes back to this one

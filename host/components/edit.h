@@ -35,9 +35,9 @@ class TEdit : public TControl {
   bool SetText(std::string_view text);
   // What a view calls at each key: OnChange only; the text is accepted later.
   bool TypeText(std::string_view text);
-  // The end of typing (Enter, or the focus goes): completes a date ("14010305", "1401/3/5") or a time ("930",
-  // "9:5"), marks a date that does not exist as a problem until it is another one, then OnAccept when the
-  // text is another than the one accepted before.
+  // The end of typing (Enter, or the focus goes): completes a date ("14010305", "1401/3/5", "01-3-5") or a
+  // time ("930", "9:5"), marks a date that does not exist as a problem until it is another one, then OnAccept
+  // when the text is another than the one accepted before.
   void Accept();
   void Clear() { SetText(""); }
 

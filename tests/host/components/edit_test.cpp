@@ -75,7 +75,7 @@ TEST(Edit, TheProgramsTextIsAcceptedAtOnce) {
 
 TEST(Edit, ADateIsCompletedWhenItIsAccepted) {
   TDateEdit edit(nullptr, "Date_EDT");
-  for (const char* typed : {"14010305", "1401/3/5", "۱۴۰۱/۰۳/۰۵"}) {
+  for (const char* typed : {"14010305", "1401/3/5", "۱۴۰۱/۰۳/۰۵", "1401-03-05", "1401.3.5", "01/3/5", "01-03-05"}) {
     EXPECT_TRUE(edit.SetText(typed));
     EXPECT_EQ(edit.Text(), "1401/03/05") << typed;
     EXPECT_TRUE(edit.IsValidDate());
@@ -83,7 +83,9 @@ TEST(Edit, ADateIsCompletedWhenItIsAccepted) {
   edit.SetText("1401/13/01");
   EXPECT_EQ(edit.Text(), "1401/13/01");
   EXPECT_FALSE(edit.IsValidDate());
-  EXPECT_FALSE(edit.SetText("1401-03-05"));
+  edit.SetText("99/12/01");
+  EXPECT_EQ(edit.Text(), "1399/12/01");
+  EXPECT_FALSE(edit.SetText("1401 03 05"));
 }
 
 TEST(Edit, ATimeIsCompletedWhenItIsAccepted) {
