@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/views/plain_texts.h"
 #include "desktop/views/style.h"
 
 namespace goods {
@@ -110,6 +111,8 @@ void ApplyTheme(QApplication& application, ThemeMode mode) {
   application.setFont(InterfaceFont());
   application.setStyle(new HostStyle);
   application.setPalette(PaletteOf(g_theme));
+  static const bool kPlain = (ShowPlainTextsOnly(application), true);
+  static_cast<void>(kPlain);
 }
 
 QFont InterfaceFont() {
