@@ -75,7 +75,7 @@ QAction* MainWindow::AddAction(QMenu& menu, const char* name, const QString& tex
 void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
   QMenu& program = *menuBar()->addMenu("پر&ونده");
   AddAction(program, "SwitchCompany_ACT", "تعویض شرکت…", Qt::Key_F3, &MainWindow::SwitchCompany);
-  AddAction(program, "SignOut_ACT", "خروج از حساب کا&ربر", Qt::Key_F4, &MainWindow::SignOut);
+  AddAction(program, "SignOut_ACT", "خروج از حساب کا&ربر", QKeySequence("Ctrl+L"), &MainWindow::SignOut);
   program.addSeparator();
   if (account_.manageUsers) AddAction(program, "Users_ACT", "کاربران…", Qt::Key_F6, &MainWindow::ManageUsers);
   if (account_.changePassword) {
