@@ -18,7 +18,7 @@
 #include "company/demo/demo_company.h"
 #include "desktop/app/desktop_host.h"
 #include "desktop/views/theme.h"
-#include "include/goods_reports.h"
+#include "goods_reports.h"
 
 namespace goods {
 namespace {

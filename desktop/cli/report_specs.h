@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "include/goods_reports.h"
+#include "goods_reports.h"
 
 namespace goods {
 

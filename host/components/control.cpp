@@ -11,8 +11,11 @@ TControl::TControl(TComponent* owner, std::string name, std::string caption)
     : TComponent(owner, std::move(name)), caption_(std::move(caption)) {}
 
 TControl::~TControl() {
-  if (TForm* form = Form(); form != nullptr && form != this) form->ForgetControl(*this);
-  if (parent_ != nullptr) std::erase(parent_->controls_, this);
+  // Without a parent it stands in no window: one whose window could not be made has never been placed.
+  if (parent_ != nullptr) {
+    if (TForm* form = Form(); form != nullptr) form->ForgetControl(*this);
+    std::erase(parent_->controls_, this);
+  }
   for (TControl* control : controls_) control->parent_ = nullptr;
 }
 
@@ -78,6 +81,7 @@ bool TControl::Focused() const {
 }
 
 TControl& TControl::Place(TControl& control, int stretch) {
+  controls_.reserve(controls_.size() + 1);  // what may fail comes first
   if (control.parent_ != nullptr) std::erase(control.parent_->controls_, &control);
   control.parent_ = this;
   control.stretch_ = stretch;

@@ -26,7 +26,12 @@ class WaitingScope {
   WaitingScope(const WaitingScope&) = delete;
   WaitingScope& operator=(const WaitingScope&) = delete;
   ~WaitingScope() {
-    if (!stays_) waiting_.HideWaitting(owner_, 0);
+    if (stays_) return;
+    // Also while an exception is on its way; a host that fails at this, too, must not end the program.
+    try {
+      waiting_.HideWaitting(owner_, 0);
+    } catch (...) {
+    }
   }
   // The indicator stays up behind the scope.
   void Stay() { stays_ = true; }

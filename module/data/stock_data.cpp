@@ -1,27 +1,20 @@
 #include "module/data/stock_data.h"
 
+#include <utility>
+
 #include "module/data/lookup.h"
 #include "module/data/price_history.h"
+#include "module/framework/told_once.h"
 
 namespace goods {
 namespace {
 
 // While the rows are exchanged the grid shows nothing half done.
-class ControlsOff {
- public:
-  explicit ControlsOff(TADOQuery& query) : query_(query) { query_.DisableControls(); }
-  ControlsOff(const ControlsOff&) = delete;
-  ControlsOff& operator=(const ControlsOff&) = delete;
-  ~ControlsOff() { query_.EnableControls(); }
-
- private:
-  TADOQuery& query_;
-};
-
 void Refill(TADOQuery& query, std::string statement) {
-  const ControlsOff off(query);
-  query.SetSQL(std::move(statement));
-  query.Open();
+  ToldOnce(query, [&] {
+    query.SetSQL(std::move(statement));
+    query.Open();
+  });
 }
 
 std::string PriceHistoryStatement() {

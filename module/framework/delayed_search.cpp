@@ -38,7 +38,12 @@ bool DelayedSearch::Ready() {
 
 // Keys that came during the run have lost their message to it.
 void DelayedSearch::RunEnded() {
-  if (--runs_ == 0 && pending_) window_.Host().Windows().PostMessage(window_, lastMessage_);
+  if (--runs_ > 0 || !pending_) return;
+  // At the end of a scope: a host that cannot take the message leaves the run to the next key.
+  try {
+    window_.Host().Windows().PostMessage(window_, lastMessage_);
+  } catch (...) {
+  }
 }
 
 bool DelayedSearch::Handle(int message, TEdit* edit) {

@@ -4,28 +4,9 @@
 
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
+#include "module/framework/told_once.h"
 
 namespace goods {
-namespace {
-
-// Watchers of the queries are told once, when all is in place. No scope guard, because they may throw.
-template <typename Action>
-void ToldOnce(const std::vector<TADOQuery*>& queries, Action&& action) {
-  for (TADOQuery* query : queries) query->DisableControls();
-  const auto tell = [&queries] {
-    for (TADOQuery* query : queries) query->EnableControls();
-  };
-  try {
-    action();
-  } catch (...) {
-    tell();
-    throw;
-  }
-  tell();
-}
-
-}  // namespace
-
 TReport_FRM::TReport_FRM(THost& host, std::string name, int formMode, Variant customParameter,
                          std::string settingsName)
     : TBaseDock_FRM(host, std::move(name), formMode, std::move(customParameter), std::move(settingsName)),
@@ -119,24 +100,23 @@ void TReport_FRM::Run(Waiting waiting) {
     again_ = std::max(again_.value_or(waiting), waiting);
     return;
   }
-  struct Running {
-    TReport_FRM& window;
-    explicit Running(TReport_FRM& owner) : window(owner) {
-      window.running_ = true;
-      window.UpdateHint();
-    }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-    ~Running() {
-      window.running_ = false;
-      window.again_.reset();
-      window.UpdateHint();
-    }
-  };
   const DelayedSearch::RunScope noneInside(delayedSearch_);
-  const Running scope(*this);
-  RunOnce(waiting);
-  while (again_ && shown_) RunOnce(*std::exchange(again_, std::nullopt));
+  running_ = true;
+  // No scope guard, because the hint may throw.
+  const auto ended = [this] {
+    running_ = false;
+    again_.reset();
+    UpdateHint();
+  };
+  try {
+    UpdateHint();
+    RunOnce(waiting);
+    while (again_ && shown_) RunOnce(*std::exchange(again_, std::nullopt));
+  } catch (...) {
+    ended();
+    throw;
+  }
+  ended();
 }
 
 void TReport_FRM::RunOnce(Waiting waiting) {

@@ -7,6 +7,7 @@
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
+#include "module/framework/told_once.h"
 
 namespace goods {
 namespace {
@@ -119,17 +120,16 @@ void TKardexSearch_FRM::ADVSearch_Fram1ADVSearch_BTNClick() {
   // The dialog takes the typed text along; a dialog that is left goes back to waiting for its run.
   const bool typed = delayedSearch_.Pending();
   delayedSearch_.Cancel();
-  advSearchInProgress_ = true;
-  query.DisableControls();
-  struct InProgress {
-    bool& flag;
-    TADOQuery& query;
-    ~InProgress() {
-      flag = false;
-      query.EnableControls();
-    }
-  } const scope{advSearchInProgress_, query};
+  ToldOnce(query, [&] {
+    struct InProgress {
+      bool& flag;
+      ~InProgress() { flag = false; }
+    } const scope{advSearchInProgress_ = true};
+    SearchByDialog(typed);
+  });
+}
 
+void TKardexSearch_FRM::SearchByDialog(bool typed) {
   advSearch_->SetUp(QeratSearchManager1.Script, &dataModule_.KardexSearch.Source,
                     QeratSearchManager1.ProcFilter());
   if (advSearch_->ShowModal() != kModalOk) {

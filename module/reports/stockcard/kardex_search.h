@@ -61,6 +61,9 @@ class TKardexSearch_FRM : public TReportOf<RowSearchCriteria> {
   void PlaceRow() override;
 
  private:
+  // The dialog; typed: a search that waited for the end of typing waits again when the dialog is left.
+  void SearchByDialog(bool typed);
+
   void DeclareForm();
   void DeclareColumns();
   bool AdvSearchInUse() const;

@@ -98,24 +98,27 @@ std::int64_t TGoodTransaction_FRM::CurrentGood() const {
   return dataModule_.GoodTransaction.Query.FieldByName("Code").AsInteger();
 }
 
-// Everything that the list depends on is set first; then its statement runs once.
+// Everything that the list depends on is set first; then its statement runs once. No scope guard, because
+// whoever watches the rows may throw.
 void TGoodTransaction_FRM::FormShow() {
-  struct Scope {
-    TGoodTransaction_FRM& window;
-    explicit Scope(TGoodTransaction_FRM& owner) : window(owner) {
-      window.ListDataSet().DisableControls();
-      window.formShowing_ = true;
-    }
-    Scope(const Scope&) = delete;
-    Scope& operator=(const Scope&) = delete;
+  const auto shown = [this] {
+    formShowing_ = false;
+    SetShown();
     // The entry point has disabled them once more.
-    ~Scope() {
-      window.formShowing_ = false;
-      window.SetShown();
-      while (window.ListDataSet().ControlsDisabled()) window.ListDataSet().EnableControls();
-    }
-  } const scope(*this);
+    while (ListDataSet().ControlsDisabled()) ListDataSet().EnableControls();
+  };
+  ListDataSet().DisableControls();
+  formShowing_ = true;
+  try {
+    FillWindow();
+  } catch (...) {
+    shown();
+    throw;
+  }
+  shown();
+}
 
+void TGoodTransaction_FRM::FillWindow() {
   TReportOf::FormShow();
   SetCaption(IsMoney() ? " موجودي ريالي " : " موجودي کالاها ");
   for (TSmartDBGrid_QRT* grid : BothGrids()) {

@@ -107,6 +107,7 @@ class TGoodTransaction_FRM : public TReportOf<GoodsListCriteria> {
   bool IsMoney() const { return reportKind_ == kPartCashAsset; }
   TSmartDBGrid_QRT& ShownGrid();
   std::vector<TSmartDBGrid_QRT*> BothGrids();
+  void FillWindow();
   void Open();
   void ApplyColumnSet();
   void ApplyFooterRights();

@@ -1,4 +1,6 @@
 // Steps on single controls: what a user does with mouse and keyboard.
+#include <memory>
+
 #include "host/components/edit.h"
 #include "host/components/standard.h"
 #include "host/components/token_editor.h"
@@ -119,6 +121,8 @@ void Type(CaseRun& run, const Step& step, const std::string& name, const std::st
     throw CaseError(step.place.Text() + ": nothing can be typed into " + name);
   }
   run.UserAction([&] { control.SetFocus(); });
+  // Keys of a window that a fault has closed meanwhile go nowhere.
+  const auto window = std::make_shared<WindowWatch>(*control.Form());
   const std::size_t count = CharCount(text);
   std::size_t from = 0;
   for (std::size_t i = 0; i < count; ++i) {
@@ -126,7 +130,8 @@ void Type(CaseRun& run, const Step& step, const std::string& name, const std::st
     const std::string character = text.substr(from, to - from);
     from = to;
     run.Host().Windows().QueueInput(static_cast<std::uint64_t>(pause) * i,
-                                    [&run, &control, character, first = i == 0 && !more] {
+                                    [&run, &control, window, character, first = i == 0 && !more] {
+                                      if (window->Get() == nullptr) return;
                                       TypeCharacter(run, control, character, first);
                                     });
   }
