@@ -180,6 +180,7 @@ void DeclareOptions(CLI::App& app, CommandLine& line) {
   AddRequest(app, line);
   app.footer(
       "Names of files may hold {date}, {year}, {month}, {day}, {report}, and with --each {code} and {name}.\n"
+      "- instead of a name is the standard output (not for --xlsx).\n"
       "A file is written whole or not at all.\n"
       "Exit codes: 0 written, 1 error, 2 usage, 3 --fail-if-rows found rows, 4 refused by the user's "
       "rights.");
@@ -236,6 +237,10 @@ JobsFile ReadJobs(const std::string& path) {
       ParseArguments(app, arguments, path);
     } catch (const UsageError& error) {
       problem = error.what();
+    }
+    for (const OutputFile& output : job.request.outputs) {
+      // The jobs' own lines go there.
+      if (output.ToStandardOutput()) problem = "خروجی استاندارد در پرونده کارها پذیرفته نیست: -";
     }
     file.jobs.push_back({name, job.request, problem});
   }

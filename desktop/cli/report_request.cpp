@@ -161,6 +161,20 @@ void CheckEach(const ReportSpec& report, const ReportRequest& request) {
   }
 }
 
+// One list can go there, in a format that is written from front to back.
+void CheckStandardOutput(const ReportRequest& request) {
+  const auto& outputs = request.outputs;
+  const auto count = std::count_if(outputs.begin(), outputs.end(),
+                                   [](const OutputFile& output) { return output.ToStandardOutput(); });
+  const bool sheet = std::any_of(outputs.begin(), outputs.end(), [](const OutputFile& output) {
+    return output.ToStandardOutput() && output.format == FileFormat::Xlsx;
+  });
+  if (sheet)
+    Fail("--xlsx: صفحه گسترده به خروجی استاندارد نوشته نمی‌شود.");
+  if (count > 1)
+    Fail("تنها یک قالب به خروجی استاندارد نوشته می‌شود: -");
+}
+
 DayRange MonthsOf(int year, int month, int count) {
   const int last = month + count - 1;
   return {FormatJalali({year, month, 1}), FormatJalali({year, last, JalaliMonthLength(year, last)})};
@@ -219,6 +233,7 @@ void CheckRequest(ReportRequest& request, const std::string& today) {
   }
   CheckCriteria(*report, request);
   CheckEach(*report, request);
+  CheckStandardOutput(request);
   for (const OutputFile& output : request.outputs) CheckPlaceholders(output.path);
   const auto given = [&](const char* option) {
     const auto found = request.criteria.find(option);

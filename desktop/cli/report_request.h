@@ -6,6 +6,7 @@
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "company/company.h"
@@ -35,9 +36,14 @@ inline constexpr int kExitUsage = 2;
 inline constexpr int kExitRowsFound = 3;
 inline constexpr int kExitRefused = 4;
 
+// In the place of a file's name.
+inline constexpr std::string_view kStandardOutput = "-";
+
 struct OutputFile {
   FileFormat format = FileFormat::Text;
-  std::string path;  // may hold placeholders: see file_names.h
+  std::string path;  // may hold placeholders: see file_names.h; or kStandardOutput
+
+  bool ToStandardOutput() const { return path == kStandardOutput; }
 };
 
 struct ReportRequest {

@@ -4,6 +4,7 @@
 #include <QString>
 #include <exception>
 #include <filesystem>
+#include <iostream>
 #include <ostream>
 #include <stdexcept>
 #include <utility>
@@ -92,6 +93,23 @@ class ScreenlessHost : public THost {
   NoWaiting waiting_;
   FixedSettings settings_;
   NoDocuments documents_;
+};
+
+class StandardOutput : public ByteSink {
+ public:
+  void Write(std::string_view bytes) override {
+    std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    Check();
+  }
+  void Finish() {
+    std::cout.flush();
+    Check();
+  }
+
+ private:
+  static void Check() {
+    if (!std::cout) throw ExportError("به خروجی استاندارد نوشته نشد.");
+  }
 };
 
 // The file that a company's description names; empty for one on a server.
@@ -248,6 +266,12 @@ void ReportRunner::Impl::Write(TBaseDock_FRM& window) {
   exporting.isoDates = request->isoDates;
   exporting.forbidden = {CompanyFile(options.company), options.statementLog};
   for (const OutputFile& output : request->outputs) {
+    if (output.ToStandardOutput()) {
+      StandardOutput standard;
+      StreamReport(job, output.format, standard, exporting);
+      standard.Finish();
+      continue;
+    }
     const std::string path = FileNameFor(output.path, names);
     if (options.progress) {
       exporting.progress = [&](std::size_t row) {

@@ -36,13 +36,10 @@ constexpr std::array<Writer, 4> kStreamed{{
 
 ExportOutcome WriteInto(WholeFile& file, const PrintJob& job, FileFormat format,
                         const WritingOptions& options) {
-  for (const Writer& writer : kStreamed) {
-    if (writer.format != format) continue;
-    WholeFileSink sink(file);
-    writer.write(job, sink, options);
-    return {};
-  }
-  return WriteXlsxAt(job, file.TemporaryPath(), options);
+  if (format == FileFormat::Xlsx) return WriteXlsxAt(job, file.TemporaryPath(), options);
+  WholeFileSink sink(file);
+  StreamReport(job, format, sink, options);
+  return {};
 }
 
 // The length of the UTF-8 character that text begins with; 0 where it begins with none.
@@ -83,6 +80,13 @@ ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::str
     // A library's own words say nothing to a user.
     throw ExportError("پرونده «" + path + "» نوشته نشد. جای خالی دیسک و پوشه موقت را بررسی کنید.");
   }
+}
+
+void StreamReport(const PrintJob& job, FileFormat format, ByteSink& sink, const WritingOptions& options) {
+  for (const Writer& writer : kStreamed) {
+    if (writer.format == format) return writer.write(job, sink, options);
+  }
+  throw std::invalid_argument("a format that is not written from front to back");
 }
 
 std::string_view EndingOf(FileFormat format) {

@@ -14,8 +14,15 @@ bool LooksLikeFormula(std::string_view text) {
   return false;
 }
 
+// A search for one of several characters that does not begin anew at each.
+bool NeedsQuotes(std::string_view text) {
+  bool needs = false;
+  for (const char c : text) needs |= c == ',' || c == '"' || c == '\r' || c == '\n';
+  return needs;
+}
+
 void AppendQuoted(std::string& out, std::string_view text) {
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+  if (!NeedsQuotes(text)) {
     out += text;
     return;
   }

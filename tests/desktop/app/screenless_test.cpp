@@ -264,6 +264,26 @@ TEST_F(Screenless, RowsThatAreFoundEndWithThreeForAMonitor) {
   EXPECT_FALSE(QFile::exists(At("none.txt")));
 }
 
+TEST_F(Screenless, AListGoesToAPipeByAHyphen) {
+  for (const char* format : {"--csv", "--json", "--text"}) {
+    ASSERT_EQ(Run({"--good", "12", format, At("card"), format, "-"}), 0) << FromQt(errors_);
+    EXPECT_EQ(FromQt(output_), Written(Path("card"))) << format;
+  }
+  EXPECT_FALSE(QFile::exists(At("-")));
+  EXPECT_EQ(Run({"--good", "12", "--xlsx", "-"}), 2);
+  EXPECT_EQ(Run({"--good", "12", "--csv", "-", "--json", "-"}), 2);
+  QProcess full;
+  full.setProcessEnvironment(environment_);
+  full.setStandardOutputFile("/dev/full");
+  full.start(GOODS_REPORT_PROGRAM, {"--company", ToQt(SmallCompany()), "--user", "admin", "--csv", "-"});
+  ASSERT_TRUE(full.waitForFinished(120'000));
+  EXPECT_EQ(full.exitCode(), 1);
+  WriteWholeFile(Path("jobs.toml"),
+                 "company = \"" + SmallCompany() + "\"\nuser = \"admin\"\n[a]\ncsv = \"-\"\n");
+  EXPECT_EQ(RunBare({"run", At("jobs.toml")}), 2);
+  EXPECT_TRUE(output_.isEmpty()) << FromQt(output_);
+}
+
 TEST_F(Screenless, AJobThatFailsDoesNotStopTheOthers) {
   WriteWholeFile(Path("jobs.toml"), "company = \"" + SmallCompany() +
                                         "\"\nuser = \"admin\"\n"
