@@ -70,6 +70,8 @@ const CompanyTable& GoodsTable();
 // The files that hold more than a plain table.
 inline constexpr const char* kCompanyFile = "company|شرکت";
 inline constexpr const char* kGoodTagsFile = "good_tags|برچسب کالاها";
+inline constexpr const char* kGoodTagColumn = "tag|برچسب";
+inline constexpr const char* kGoodCategoryColumn = "category|دسته";
 inline constexpr const char* kGoodCategoriesFile = "good_categories|دسته کالاها";
 inline constexpr const char* kMovementsFile = "movements|گردش|گردش ها|گردش کالا|کاردکس";
 inline constexpr const char* kDetailMovementsFile = "detail_movements|گردش جزییات";

@@ -69,6 +69,18 @@ std::string DataFolder::ExpectedName(std::string_view names) const {
   return workbook_ ? fs::path(path_).filename().string() + " [" + first + "]" : first + ".csv";
 }
 
+std::vector<std::string> DataFolder::Names() const {
+  if (workbook_) return workbook_->Sheets();
+  std::vector<std::string> names;
+  for (const std::string& file : files_) {
+    const std::string ending = fs::path(file).extension().string();
+    const bool table = std::any_of(kEndings.begin(), kEndings.end(),
+                                   [&](std::string_view known) { return SameText(ending, known); });
+    if (table) names.push_back(file);
+  }
+  return names;
+}
+
 std::string DataFolder::Title() const {
   const fs::path named = fs::absolute(path_).lexically_normal();
   if (workbook_) return named.stem().string();

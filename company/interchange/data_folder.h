@@ -31,6 +31,8 @@ class DataFolder {
   std::optional<OpenedTable> Open(std::string_view names) const;
   // What the missing file would be called.
   std::string ExpectedName(std::string_view names) const;
+  // The files that could hold a table, or the workbook's sheets, in the order of their names.
+  std::vector<std::string> Names() const;
   // What the folder or workbook is called.
   std::string Title() const;
 

@@ -30,17 +30,22 @@ Decimal Measure(TableReader& reader, DetailColumn column) {
 
 }  // namespace
 
+const std::vector<ColumnTitle>& DetailMovementTitles() {
+  static const std::vector<ColumnTitle> kTitles = {{"movement|گردش", true}, {"combination|ترکیب", true},
+                                                   {"amount|مقدار", true},  {"amount 2|مقدار 2"},
+                                                   {"count|تعداد"},         {"length|طول"},
+                                                   {"width|عرض"},           {"comment|شرح"}};
+  return kTitles;
+}
+
+const std::vector<ColumnTitle>& RemarkTitles() {
+  static const std::vector<ColumnTitle> kTitles = {
+      {"kind|نوع", true}, {"number|شماره", true}, {"remark|شرح", true}};
+  return kTitles;
+}
+
 TableReader DetailMovementsReader(ImportSession& session) {
-  return {session.source,
-          kDetailMovementsFile,
-          {{"movement|گردش", true},
-           {"combination|ترکیب", true},
-           {"amount|مقدار", true},
-           {"amount 2|مقدار 2"},
-           {"count|تعداد"},
-           {"length|طول"},
-           {"width|عرض"},
-           {"comment|شرح"}}};
+  return {session.source, kDetailMovementsFile, DetailMovementTitles()};
 }
 
 void ReadDetailMovements(ImportSession& session, TableReader& reader) {
@@ -67,9 +72,7 @@ void ReadDetailMovements(ImportSession& session, TableReader& reader) {
   }
 }
 
-TableReader RemarksReader(ImportSession& session) {
-  return {session.source, kDocumentsFile, {{"kind|نوع", true}, {"number|شماره", true}, {"remark|شرح", true}}};
-}
+TableReader RemarksReader(ImportSession& session) { return {session.source, kDocumentsFile, RemarkTitles()}; }
 
 void ReadRemarks(ImportSession& session, TableReader& reader) {
   if (!reader.Open(false)) return;

@@ -5,9 +5,15 @@
 
 namespace goods {
 
+std::vector<ColumnTitle> GoodCodesTitles(const char* title) {
+  return {{"good|کالا|کد کالا", true}, {title, true}};
+}
+
+std::vector<ColumnTitle> CompanyTitles() { return {{"title|عنوان|نام", true}}; }
+
 void ReadGoodCodes(ImportSession& session, const char* file, const char* title, Entity entity,
                    const char* column) {
-  TableReader reader(session.source, file, {{"good|کالا|کد کالا", true}, {title, true}});
+  TableReader reader(session.source, file, GoodCodesTitles(title));
   if (!reader.Open(false)) return;
   std::map<std::int64_t, std::string> codes;
   while (reader.Next()) {

@@ -16,7 +16,7 @@ namespace {
 
 // The company's title from its own file.
 std::string ReadTitle(const ImportSession& session) {
-  TableReader reader(session.source, kCompanyFile, {{"title|عنوان|نام", true}});
+  TableReader reader(session.source, kCompanyFile, CompanyTitles());
   if (!reader.Open(false) || !reader.Next()) return "";
   return std::string(reader.Field(0));
 }
@@ -31,8 +31,8 @@ void ReadTables(ImportSession& session) {
       session.Book(Entity::Group).Add(0);
     }
   }
-  ReadGoodCodes(session, kGoodTagsFile, "tag|برچسب", Entity::Tag, "Tags");
-  ReadGoodCodes(session, kGoodCategoriesFile, "category|دسته", Entity::Category, "category_code");
+  ReadGoodCodes(session, kGoodTagsFile, kGoodTagColumn, Entity::Tag, "Tags");
+  ReadGoodCodes(session, kGoodCategoriesFile, kGoodCategoryColumn, Entity::Category, "category_code");
 }
 
 const char* Reason(Unattached::Kind kind) {

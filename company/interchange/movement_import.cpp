@@ -26,7 +26,11 @@ enum Column : std::size_t {
   kSignedQuantity
 };
 
-const std::vector<ColumnTitle>& Titles() {
+std::string Quoted(std::string_view text) { return "«" + std::string(text) + "»"; }
+
+}  // namespace
+
+const std::vector<ColumnTitle>& MovementTitles() {
   static const std::vector<ColumnTitle> kTitles = {
       {"date|تاریخ|تاریخ سند", true},
       {"good|good code|کالا|کد کالا", true},
@@ -46,12 +50,11 @@ const std::vector<ColumnTitle>& Titles() {
   return kTitles;
 }
 
-std::string Quoted(std::string_view text) { return "«" + std::string(text) + "»"; }
-
-}  // namespace
-
 MovementImport::MovementImport(ImportSession& session, const MovementKinds& kinds, BatchHash& hash)
-    : session_(session), kinds_(kinds), hash_(hash), reader_(session.source, kMovementsFile, Titles()) {
+    : session_(session),
+      kinds_(kinds),
+      hash_(hash),
+      reader_(session.source, kMovementsFile, MovementTitles()) {
   Statement types = session_.db.Prepare("SELECT Type, Sign FROM MovementTypes");
   while (types.Step()) sign_[MovementKinds::Place(types.Integer(0))] = static_cast<int>(types.Integer(1));
 }

@@ -16,6 +16,11 @@
 
 namespace goods {
 
+// The titles of the columns of movements.csv, detail_movements.csv and documents.csv.
+const std::vector<ColumnTitle>& MovementTitles();
+const std::vector<ColumnTitle>& DetailMovementTitles();
+const std::vector<ColumnTitle>& RemarkTitles();
+
 class MovementImport {
  public:
   MovementImport(ImportSession& session, const MovementKinds& kinds, BatchHash& hash);

@@ -32,9 +32,9 @@ void NameMap::ReadFile(const std::string& path) {
       }
       const std::string what = FoldName(fields[0]);
       if (what == "file") {
-        files_[FoldName(fields[2])] = FoldName(fields[1]);
+        SetFile(fields[2], fields[1]);
       } else if (what == "movementtype") {
-        movementTypes_[FoldName(fields[1])] = Trim(fields[2]);
+        SetMovementType(fields[1], fields[2]);
       } else {
         SetColumn(fields[0], fields[2], fields[1]);
       }
@@ -59,6 +59,14 @@ void NameMap::AddColumn(std::string_view assignment) {
 
 void NameMap::SetColumn(std::string_view table, std::string_view ours, std::string_view theirs) {
   headers_[FoldName(table)][FoldName(ours)] = FoldName(theirs);
+}
+
+void NameMap::SetFile(std::string_view table, std::string_view theirs) {
+  files_[FoldName(table)] = FoldName(theirs);
+}
+
+void NameMap::SetMovementType(std::string_view theirs, std::string_view ours) {
+  movementTypes_[FoldName(theirs)] = Trim(ours);
 }
 
 std::optional<std::string> NameMap::Header(std::string_view table, std::string_view column) const {

@@ -25,7 +25,11 @@ class NameMap {
   void ReadFile(const std::string& path);
   // Throws CompanyError when the text has no "=".
   void AddColumn(std::string_view assignment);
+  // An empty theirs: the table has no such column, whatever its header says; there is no such file.
   void SetColumn(std::string_view table, std::string_view ours, std::string_view theirs);
+  void SetFile(std::string_view table, std::string_view theirs);
+  // ours: a name or code of docs/import.md.
+  void SetMovementType(std::string_view theirs, std::string_view ours);
 
   // What the column of the table is called; none when nothing is told.
   std::optional<std::string> Header(std::string_view table, std::string_view column) const;

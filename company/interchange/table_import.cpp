@@ -21,12 +21,6 @@ bool HasTextCodes(Entity entity) {
   return entity == Entity::Good || entity == Entity::Store || entity == Entity::Person;
 }
 
-std::vector<ColumnTitle> Titles(const CompanyTable& table) {
-  std::vector<ColumnTitle> titles;
-  for (const TableField& field : table.fields) titles.push_back({field.names, field.required, field.instead});
-  return titles;
-}
-
 bool IsNumber(std::string_view text) {
   return ReadWhole(text, std::numeric_limits<std::int64_t>::min() + 1, 0).has_value();
 }
@@ -43,8 +37,14 @@ std::string GridColor(std::string_view text) {
 
 }  // namespace
 
+std::vector<ColumnTitle> TableTitles(const CompanyTable& table) {
+  std::vector<ColumnTitle> titles;
+  for (const TableField& field : table.fields) titles.push_back({field.names, field.required, field.instead});
+  return titles;
+}
+
 TableImport::TableImport(ImportSession& session, const CompanyTable& table)
-    : session_(session), table_(table), reader_(session.source, table.names, Titles(table)) {}
+    : session_(session), table_(table), reader_(session.source, table.names, TableTitles(table)) {}
 
 void TableImport::Run() {
   const bool needed = table_.entity == Entity::Good && !session_.adding;
@@ -62,7 +62,7 @@ void TableImport::GiveTextsNumbers() {
   ImportProblems unheard;
   const WorkWatcher silent;
   const ImportSource again{session_.source.folder, session_.source.names, unheard, silent};
-  TableReader codes(again, table_.names, Titles(table_));
+  TableReader codes(again, table_.names, TableTitles(table_));
   if (!codes.Open(false)) return;
   const TableField& field = table_.fields[0];
   std::vector<std::string> texts;

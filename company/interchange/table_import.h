@@ -13,6 +13,9 @@ namespace goods {
 
 // A table is read into a new company, or changes and adds to the rows that are there; columns that its file
 // does not have stay as they are, or get what the company gives by itself.
+// The titles of the table's columns.
+std::vector<ColumnTitle> TableTitles(const CompanyTable& table);
+
 class TableImport {
  public:
   TableImport(ImportSession& session, const CompanyTable& table);
@@ -60,6 +63,11 @@ class TableImport {
   Statement insert_;
   std::map<std::string, std::int64_t> colors_;
 };
+
+// The titles of the columns of a file of goods' tags or categories (title names the second column), and of
+// company.csv.
+std::vector<ColumnTitle> GoodCodesTitles(const char* title);
+std::vector<ColumnTitle> CompanyTitles();
 
 // The tags and categories of goods, which a good keeps as a list of codes.
 void ReadGoodCodes(ImportSession& session, const char* file, const char* title, Entity entity,

@@ -36,6 +36,23 @@ std::string SplitNumber(const std::vector<std::string_view>& fields) {
 
 }  // namespace
 
+std::optional<std::size_t> FindColumn(const NameMap& map, std::string_view table,
+                                      const std::vector<std::string>& header, std::string_view names) {
+  const std::vector<std::string> all = Split(names, '|');
+  std::vector<std::string> wanted;
+  if (const std::optional<std::string> theirs = map.Header(table, all[0])) {
+    if (theirs->empty()) return std::nullopt;
+    wanted.push_back(*theirs);
+  } else {
+    for (const std::string& name : all) wanted.push_back(FoldName(name));
+  }
+  for (const std::string& name : wanted) {
+    const auto found = std::find(header.begin(), header.end(), name);
+    if (found != header.end()) return static_cast<std::size_t>(found - header.begin());
+  }
+  return std::nullopt;
+}
+
 TableReader::TableReader(const ImportSource& source, std::string_view table, std::vector<ColumnTitle> columns)
     : source_(source), table_(table), columns_(std::move(columns)) {}
 
@@ -53,22 +70,6 @@ bool TableReader::Open(bool required) {
   return ReadHeader();
 }
 
-std::size_t TableReader::FindColumn(const std::vector<std::string>& header, const ColumnTitle& column) const {
-  const std::vector<std::string> names = Split(column.names, '|');
-  const std::string table = Split(table_, '|')[0];
-  std::vector<std::string> wanted;
-  if (const std::optional<std::string> theirs = source_.names.Header(table, names[0])) {
-    wanted.push_back(*theirs);
-  } else {
-    for (const std::string& name : names) wanted.push_back(FoldName(name));
-  }
-  for (const std::string& name : wanted) {
-    const auto found = std::find(header.begin(), header.end(), name);
-    if (found != header.end()) return static_cast<std::size_t>(found - header.begin());
-  }
-  return kNowhere;
-}
-
 bool TableReader::ReadHeader() {
   try {
     if (!rows_->Next(fields_)) {
@@ -82,7 +83,10 @@ bool TableReader::ReadHeader() {
   std::vector<std::string> header;
   for (const std::string_view field : fields_) header.push_back(FoldName(field));
   width_ = header.size();
-  for (std::size_t i = 0; i < columns_.size(); ++i) places_[i] = FindColumn(header, columns_[i]);
+  const std::string table = Split(table_, '|')[0];
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    places_[i] = FindColumn(source_.names, table, header, columns_[i].names).value_or(kNowhere);
+  }
   bool complete = true;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (!columns_[i].required || Has(i)) continue;

@@ -30,6 +30,11 @@ struct ColumnTitle {
   const char* instead = nullptr;
 };
 
+// Where the header has a column with one of these titles; what the map calls it comes before, and of a column
+// that the map says is not there nothing is found. header: names folded; names: as in ColumnTitle.
+std::optional<std::size_t> FindColumn(const NameMap& map, std::string_view table,
+                                      const std::vector<std::string>& header, std::string_view names);
+
 // Reads record by record. What is wrong with a record is noted as a problem, and reading goes on.
 class TableReader {
  public:
@@ -57,7 +62,6 @@ class TableReader {
   static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 
   bool ReadHeader();
-  std::size_t FindColumn(const std::vector<std::string>& header, const ColumnTitle& column) const;
   bool FitsHeader();
 
   const ImportSource& source_;

@@ -8,10 +8,12 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "desktop/app/app_look.h"
+#include "desktop/app/import_dialog.h"
 #include "desktop/app/server_dialog.h"
 #include "desktop/documents/plain_table.h"
 #include "desktop/views/shown_text.h"
@@ -65,6 +67,11 @@ void CompanyChooser::LayOut() {
   server->setObjectName("Server_BTN");
   connect(server, &QPushButton::clicked, this, [this] { OpenServer({}); });
   connect(new QShortcut(Qt::Key_F4, this), &QShortcut::activated, this, [this] { OpenServer({}); });
+  auto* import = new QPushButton("شرکت تازه از پرونده‌ها…  F5", this);
+  import->setObjectName("Import_BTN");
+  import->setAutoDefault(false);
+  connect(import, &QPushButton::clicked, this, &CompanyChooser::ImportFiles);
+  connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &CompanyChooser::ImportFiles);
   buttons->addButton("خروج  Esc", QDialogButtonBox::RejectRole)->setObjectName("Exit_BTN");
   connect(buttons, &QDialogButtonBox::accepted, this, &CompanyChooser::OpenCurrent);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -77,9 +84,10 @@ void CompanyChooser::LayOut() {
   layout->addWidget(TitleLabel("انتخاب شرکت", this));
   layout->addWidget(MutedLabel("با کدام شرکت کار می‌کنید؟", this));
   layout->addWidget(list_, 1);
+  layout->addWidget(import, 0, Qt::AlignStart);
   layout->addWidget(problem_);
   layout->addWidget(buttons);
-  resize(560, 420);
+  resize(560, 460);
   list_->setFocus();
 }
 
@@ -126,6 +134,20 @@ void CompanyChooser::OpenFile(const QString& path) {
 
 void CompanyChooser::OpenServer(const QString& known) {
   if (const auto description = ServerDialog(known, this).Ask()) OpenFile(ToQt(*description));
+}
+
+void CompanyChooser::ImportFiles() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  const auto made = ImportDialog(folder, this).Make();
+  if (!made) return;
+  if (!made->login.isEmpty()) settings_.SetLastLogin(made->login);
+  settings_.AddRecentCompany(made->path);
+  if (made->open) {
+    OpenFile(made->path);
+  } else {
+    AddRecent(made->path);
+    list_->setCurrentRow(list_->count() - 1);
+  }
 }
 
 void CompanyChooser::Open(const QString& path, bool demo) {

@@ -37,6 +37,8 @@ class CompanyChooser : public QDialog {
   void OpenFile(const QString& path);
   // known: the description of a company on a server that was kept, or empty; the password is asked.
   void OpenServer(const QString& known);
+  // Makes a company from files, and opens it where the user wants that.
+  void ImportFiles();
 
  private:
   void LayOut();

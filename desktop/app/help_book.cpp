@@ -13,6 +13,7 @@ namespace goods {
 namespace {
 
 constexpr const char* kUsers = "users.md";
+constexpr const char* kImport = "import.md";
 
 QString TitleOf(const QString& file) {
   QFile page(":/help/fa/" + file);
@@ -27,7 +28,7 @@ std::vector<HelpPage> ReadPages() {
     const QString file = ToQt(report.HelpPage());
     pages.push_back({file, TitleOf(file)});
   }
-  pages.push_back({kUsers, TitleOf(kUsers)});
+  for (const char* file : {kImport, kUsers}) pages.push_back({file, TitleOf(file)});
   return pages;
 }
 
@@ -40,6 +41,7 @@ const std::vector<HelpPage>& HelpPages() {
 
 QString HelpPageOf(const QString& window) {
   static const QStringList kWithUsers{"Users_FRM", "User_FRM", "Password_FRM"};
+  if (window == "Import_FRM") return kImport;
   return kWithUsers.contains(window) ? kUsers : QString();
 }
 

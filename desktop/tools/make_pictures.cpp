@@ -2,6 +2,9 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
 #include <iostream>
@@ -10,6 +13,7 @@
 #include "desktop/app/demo_company.h"
 #include "desktop/app/desktop_host.h"
 #include "desktop/app/entity_picker.h"
+#include "desktop/app/import_dialog.h"
 #include "desktop/app/main_window.h"
 #include "desktop/app/settings_dialog.h"
 #include "desktop/app/sign_in.h"
@@ -37,6 +41,72 @@ struct Pictures {
   }
 };
 
+// Files as another system hands them over, with a row that is wrong.
+void WriteForeignFiles(const QDir& folder) {
+  const auto write = [&](const char* name, const QString& text) {
+    QFile file(folder.filePath(name));
+    if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("cannot write a file");
+    file.write(text.toUtf8());
+  };
+  QString goods = "کد کالا;نام کالا;گروه;واحد;نقطه سفارش;بارکد\n";
+  const char* const names[] = {"روغن آفتابگردان",
+                               "برنج هاشمی",
+                               "چای کیسه‌ای",
+                               "شکر",
+                               "قند حبه",
+                               "رب گوجه",
+                               "ماکارونی",
+                               "عدس",
+                               "لپه",
+                               "نخود"};
+  for (int i = 0; i < 10; ++i) {
+    goods += QString("G00000%1;%2;خواربار;بسته;%3;62600010%4\n")
+                 .arg(i)
+                 .arg(names[i])
+                 .arg(20 + i * 5)
+                 .arg(1000 + i * 7);
+  }
+  write("کالاها.csv", goods);
+  QString movements = "تاریخ;کد کالا;انبار;عملیات;تعداد;فی;شماره سند\n";
+  for (int i = 0; i < 60; ++i) {
+    movements += QString("1403/0%1/%2;G00000%3;مرکزی;%4;%5;%6;%7\n")
+                     .arg(1 + i / 20)
+                     .arg(i == 41 ? 32 : 10 + i % 20)
+                     .arg(i == 47 ? 77 : i % 10)
+                     .arg(i < 10       ? "موجودی اول دوره"
+                          : i % 3 == 0 ? "خرید"
+                                       : "فروش")
+                     .arg(i == 52 ? QString("دوازده") : QString::number(5 + i % 7))
+                     .arg(450000 + i * 1000)
+                     .arg(1 + i / 3);
+  }
+  write("گردش کالا.csv", movements);
+}
+
+void PictureImport(const Pictures& pictures) {
+  const QTemporaryDir data;
+  WriteForeignFiles(QDir(data.path()));
+  ImportDialog dialog(data.path());
+  WhileModal([&](QWidget& window) {
+    dynamic_cast<QLineEdit&>(Child(window, "Source_EDT")).setText(data.path());
+    const auto goOn = [&] {
+      PressKey(window, Qt::Key_Return);
+      Wait(1200);
+    };
+    goOn();
+    auto& tables = dynamic_cast<QListWidget&>(Child(window, "Tables_LST"));
+    tables.setCurrentRow(1);
+    Wait(200);
+    pictures.Save(window, "import-matching");
+    goOn();
+    goOn();
+    pictures.Save(window, "import-problems");
+    for (int i = 0; i < 4; ++i) PressKey(window, Qt::Key_Escape);
+  });
+  dialog.Make();
+  RethrowFailure();
+}
+
 void PictureDialogs(const Pictures& pictures) {
   SignInDialog signIn(pictures.company, "admin", kDemoUsersHint);
   WhileModal([&](QWidget& window) { pictures.Save(window, "sign-in"); });
@@ -53,6 +123,8 @@ void PictureDialogs(const Pictures& pictures) {
     PressKey(window, Qt::Key_F2);
   });
   users.exec();
+
+  PictureImport(pictures);
 
   SettingsDialog settings(pictures.settings);
   WhileModal([&](QWidget& window) { pictures.Save(window, "settings"); });
