@@ -152,7 +152,8 @@ class ICompany {
   virtual std::unique_ptr<IConnection> OpenConnection() = 0;
 
   // None when the login is unknown or the password is not its own; both take as long. After five failures in
-  // a row the login has to wait, longer with each further one, also for another program: SignInDelayed.
+  // a row the login has to wait, longer with each further one: SignInDelayed. A company in a file counts them
+  // for every program, one on a server for this object.
   virtual std::optional<UserRecord> SignIn(std::string_view login, std::string_view password) = 0;
   virtual bool HasRight(const UserRecord& user, int softwarePart, int permission) = 0;
   // The users and their rights. Lives as long as the company.

@@ -1,6 +1,5 @@
 #include "company/embedded/embedded_company.h"
 
-#include <ctime>
 #include <utility>
 
 #include "company/company.h"
@@ -34,8 +33,7 @@ class EmbeddedCompany : public StatementCompany {
         db_(OpenCompanyDatabase(path_, SQLITE_OPEN_READONLY, Access::Read)),
         users_([this] { return OpenInPlace(SQLITE_OPEN_READONLY, Access::Read); },
                [this] { return OpenToWrite(); }),
-        guard_([this] { return OpenToWrite(); },
-               [] { return static_cast<std::int64_t>(std::time(nullptr)); }) {
+        guard_([this] { return OpenToWrite(); }) {
     title_ = Shortened(db_.AskText("SELECT Value FROM Meta WHERE Key = 'Title'"));
   }
 

@@ -1,5 +1,6 @@
 // SignInGuard: failed sign-ins are counted and answered with a growing delay.
 #include <algorithm>
+#include <ctime>
 #include <stdexcept>
 #include <utility>
 
@@ -15,6 +16,8 @@ constexpr std::int64_t kFreeFailures = 5;
 constexpr std::int64_t kFirstDelay = 5;
 constexpr std::int64_t kLongestDelay = 300;
 constexpr std::size_t kLoginKept = 60;  // characters of what was typed
+constexpr std::size_t kLoginsKept = 1'000;
+constexpr std::int64_t kMostFailures = 1'000'000;
 // A forgotten password is no attack: a day without a try begins anew.
 constexpr std::int64_t kForgottenAfter = 24 * 60 * 60;
 
@@ -55,11 +58,26 @@ std::int64_t SignInDelay(std::int64_t failures) {
 SignInGuard::SignInGuard(CompanyOpening forWriting, Clock clock)
     : forWriting_(std::move(forWriting)), clock_(std::move(clock)) {}
 
+SignInGuard::SignInGuard(CompanyOpening forWriting)
+    : SignInGuard(std::move(forWriting), [] { return static_cast<std::int64_t>(std::time(nullptr)); }) {}
+
 std::optional<UserRecord> SignInGuard::SignIn(Database& db, std::string_view login,
                                               std::string_view password) {
   const std::string key = KeyOf(login);
+  return SignIn(key, FailuresOf(db, key), [&]() -> std::optional<UserRecord> {
+    const std::optional<Known> known = Find(db, login);
+    if (!(known ? VerifyPassword(password, known->hash) : VerifyNothing(password))) return std::nullopt;
+    return known->user;
+  });
+}
+
+std::optional<UserRecord> SignInGuard::SignIn(std::string_view login, const Check& check) {
+  const std::string key = KeyOf(login);
+  return SignIn(key, Unwritten(key), check);
+}
+
+std::optional<UserRecord> SignInGuard::SignIn(const std::string& key, Failures failures, const Check& check) {
   const std::int64_t now = clock_();
-  Failures failures = FailuresOf(db, key);
   if (now - failures.last > kForgottenAfter) failures = {};
   if (failures.last > now) {  // the clock was set back: the wait begins now
     failures.last = now;
@@ -68,24 +86,31 @@ std::optional<UserRecord> SignInGuard::SignIn(Database& db, std::string_view log
   const std::int64_t left = SignInDelay(failures.count) - (now - failures.last);
   if (left > 0) throw SignInDelayed(left);
 
-  const std::optional<Known> known = Find(db, login);
-  const bool right = known ? VerifyPassword(password, known->hash) : VerifyNothing(password);
-  if (!right) {
+  std::optional<UserRecord> user = check();
+  if (!user) {
     Keep(key, {failures.count + 1, now});
-    return std::nullopt;
+  } else if (failures.count > 0) {
+    Forget(key);
   }
-  if (failures.count > 0) Forget(key);
-  return known->user;
+  return user;
+}
+
+SignInGuard::Failures SignInGuard::Unwritten(const std::string& login) const {
+  const auto unwritten = unwritten_.find(login);
+  return unwritten == unwritten_.end() ? Failures() : unwritten->second;
 }
 
 SignInGuard::Failures SignInGuard::FailuresOf(Database& db, const std::string& login) const {
   Failures failures;
   Statement kept = db.Prepare("SELECT Failures, LastFailure FROM SignInFailures WHERE Login = ?1");
   kept.Bind(1, std::string_view(login));
-  if (kept.Step()) failures = {kept.Integer(0), kept.Integer(1)};
-  const auto unwritten = unwritten_.find(login);
-  if (unwritten != unwritten_.end() && unwritten->second.count > failures.count) return unwritten->second;
-  return failures;
+  if (kept.Step()) {
+    // A file may hold any number.
+    failures.count = std::clamp<std::int64_t>(kept.Integer(0), 0, kMostFailures);
+    failures.last = std::max<std::int64_t>(kept.Integer(1), 0);
+  }
+  const Failures unwritten = Unwritten(login);
+  return unwritten.count > failures.count ? unwritten : failures;
 }
 
 void SignInGuard::Keep(const std::string& login, Failures failures) {
@@ -99,13 +124,17 @@ void SignInGuard::Keep(const std::string& login, Failures failures) {
     keep.Run();
     db.Run(
         "DELETE FROM SignInFailures WHERE Login NOT IN "
-        "(SELECT Login FROM SignInFailures ORDER BY LastFailure DESC LIMIT 1000)");
+        "(SELECT Login FROM SignInFailures ORDER BY LastFailure DESC LIMIT " +
+        std::to_string(kLoginsKept) + ")");
   });
-  if (written) {
-    unwritten_.erase(login);
-  } else {
-    unwritten_[login] = failures;
+  unwritten_.erase(login);
+  if (written) return;
+  if (unwritten_.size() >= kLoginsKept) {
+    unwritten_.erase(std::min_element(unwritten_.begin(), unwritten_.end(), [](const auto& a, const auto& b) {
+      return a.second.last < b.second.last;
+    }));
   }
+  unwritten_[login] = failures;
 }
 
 void SignInGuard::Forget(const std::string& login) {
@@ -118,6 +147,7 @@ void SignInGuard::Forget(const std::string& login) {
 }
 
 bool SignInGuard::Write(const std::function<void(Database&)>& change) const {
+  if (!forWriting_) return false;
   try {
     Database db = forWriting_();
     Transaction transaction(db);

@@ -52,24 +52,34 @@ void CheckAdministratorsLeft(std::int64_t administrators);
 std::int64_t SignInDelay(std::int64_t failures);
 
 // Checks logins and passwords. Failures are counted in the company's file, so that ending the program does
-// not forget them; of a file that cannot be written, in this object. An unknown login costs what a known one
-// does and is counted alike. At most 1,000 logins are kept, the latest ones.
+// not forget them; of a file that cannot be written, and of a company on a server, in this object. An unknown
+// login costs what a known one does and is counted alike. At most 1,000 logins are kept, the latest ones.
 class SignInGuard {
  public:
   using Clock = std::function<std::int64_t()>;  // seconds since 1970
 
+  // Looks at a login's password; none when it is unknown or the password is not its own.
+  using Check = std::function<std::optional<UserRecord>()>;
+
+  // forWriting: empty for a company that keeps no failures.
   SignInGuard(CompanyOpening forWriting, Clock clock);
+  // With the clock of the computer.
+  explicit SignInGuard(CompanyOpening forWriting = {});
 
   // None when the login is unknown or the password is not its own. Throws SignInDelayed, without a look at
   // the password, while the login is refused; SqliteError when the company cannot be read.
   std::optional<UserRecord> SignIn(Database& db, std::string_view login, std::string_view password);
+  // The same for users who are looked up otherwise, with failures counted in this object.
+  std::optional<UserRecord> SignIn(std::string_view login, const Check& check);
 
  private:
   struct Failures {
     std::int64_t count = 0;
     std::int64_t last = 0;
   };
+  std::optional<UserRecord> SignIn(const std::string& key, Failures failures, const Check& check);
   Failures FailuresOf(Database& db, const std::string& login) const;
+  Failures Unwritten(const std::string& login) const;
   void Keep(const std::string& login, Failures failures);
   void Forget(const std::string& login);
   // Runs change on a handle that may write; false when the company cannot be written now.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "company/embedded/password.h"
+#include "company/embedded/users.h"
 #include "company/kit/look_ups.h"
 #include "company/kit/statement_company.h"
 #include "company/server/deploy.h"
@@ -41,21 +42,7 @@ class ServerCompany : public StatementCompany {
   }
 
   std::optional<UserRecord> SignIn(std::string_view login, std::string_view password) override {
-    return Asked([&](LookUps& lookUps) -> std::optional<UserRecord> {
-      const LookUpRows user = lookUps.Ask(
-          "SELECT e.Code, e.Login, e.Name, e.EveryRight, e.PasswordHash, e.SeesPrices FROM UserLookUp_VW e "
-          "WHERE e.Login = " +
-          TextLiteral(login));
-      const bool known = user.Count() == 1 && user.Text(0, 1) == login;
-      if (!(known ? VerifyPassword(password, user.Text(0, 4)) : VerifyNothing(password))) return std::nullopt;
-      UserRecord record;
-      record.code = user.Integer(0, 0);
-      record.login = user.Text(0, 1);
-      record.name = user.Text(0, 2);
-      record.everyRight = user.Integer(0, 3) != 0;
-      record.seesPrices = record.everyRight || user.Integer(0, 5) != 0;
-      return record;
-    });
+    return guard_.SignIn(login, [&] { return FindUser(login, password); });
   }
 
   IUsers& Users() override { return users_; }
@@ -76,8 +63,27 @@ class ServerCompany : public StatementCompany {
   }
 
  private:
+  std::optional<UserRecord> FindUser(std::string_view login, std::string_view password) {
+    return Asked([&](LookUps& lookUps) -> std::optional<UserRecord> {
+      const LookUpRows user = lookUps.Ask(
+          "SELECT e.Code, e.Login, e.Name, e.EveryRight, e.PasswordHash, e.SeesPrices FROM UserLookUp_VW e "
+          "WHERE e.Login = " +
+          TextLiteral(login));
+      const bool known = user.Count() == 1 && user.Text(0, 1) == login;
+      if (!(known ? VerifyPassword(password, user.Text(0, 4)) : VerifyNothing(password))) return std::nullopt;
+      UserRecord record;
+      record.code = user.Integer(0, 0);
+      record.login = user.Text(0, 1);
+      record.name = user.Text(0, 2);
+      record.everyRight = user.Integer(0, 3) != 0;
+      record.seesPrices = record.everyRight || user.Integer(0, 5) != 0;
+      return record;
+    });
+  }
+
   std::string connectionString_;
   ServerUsers users_;
+  SignInGuard guard_;
   std::string title_;
 };
 

@@ -243,6 +243,34 @@ TEST_F(SignInGuardTest, ADayWithoutATryBeginsAnewAndAClockSetBackDoesNotLengthen
   EXPECT_EQ(WaitOf(guard, "admin"), 0);
 }
 
+TEST_F(SignInGuardTest, WhateverNumbersAFileHoldsTheWaitIsAtMostFiveMinutes) {
+  SignInGuard guard = Guard();
+  for (const char* numbers : {"9223372036854775807, 9223372036854775807", "9223372036854775807, 1700000000",
+                              "-9223372036854775808, -9223372036854775808"}) {
+    Database(file_.Path(), SQLITE_OPEN_READWRITE)
+        .Run(std::string("INSERT OR REPLACE INTO SignInFailures VALUES('admin', ") + numbers + ")");
+    EXPECT_LE(WaitOf(guard, "admin"), 300) << numbers;
+    now_ += 301;
+    EXPECT_EQ(WaitOf(guard, "admin", "admin"), 0) << numbers;
+  }
+}
+
+TEST_F(SignInGuardTest, UsersThatAreLookedUpElsewhereWaitAlike) {
+  SignInGuard guard({}, [this] { return now_; });
+  int looked = 0;
+  const auto wrong = [&]() -> std::optional<UserRecord> {
+    ++looked;
+    return std::nullopt;
+  };
+  for (int i = 0; i < 2'000; ++i) guard.SignIn("login" + std::to_string(i), wrong);
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(guard.SignIn("admin", wrong), std::nullopt);
+  EXPECT_THROW(guard.SignIn("admin", wrong), SignInDelayed);
+  EXPECT_EQ(looked, 2'005);
+  now_ += 5;
+  EXPECT_TRUE(guard.SignIn("admin", [] { return UserRecord(); }));
+  EXPECT_EQ(guard.SignIn("admin", wrong), std::nullopt);
+}
+
 TEST_F(SignInGuardTest, TheLatestThousandLoginsAreKept) {
   {
     Database db(file_.Path(), SQLITE_OPEN_READWRITE);
