@@ -84,7 +84,7 @@ void CompanyChooser::LayOut() {
   layout->addWidget(TitleLabel("انتخاب شرکت", this));
   layout->addWidget(MutedLabel("با کدام شرکت کار می‌کنید؟", this));
   layout->addWidget(list_, 1);
-  layout->addWidget(import, 0, Qt::AlignStart);
+  layout->addWidget(import, 0, Qt::AlignLeading);
   layout->addWidget(problem_);
   layout->addWidget(buttons);
   resize(560, 460);
