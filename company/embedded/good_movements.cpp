@@ -33,8 +33,8 @@ Statement FindGoods(Database& db, const GoodSearch& search) {
 }
 
 Period::Period(std::string from, std::string to) : from_(std::move(from)), to_(std::move(to)) {
-  if (from_ == "0000/00/00") from_.clear();
-  if (to_ == "9" || to_ == "9999/99/99") to_.clear();
+  if (Trim(from_).empty() || from_ == "0000/00/00") from_.clear();
+  if (Trim(to_).empty() || to_ == "9" || to_ == "9999/99/99") to_.clear();
 }
 
 GoodMovements::GoodMovements(sqlite3* db, std::string_view columns, const Period& period,

@@ -12,7 +12,7 @@
 namespace goods {
 
 // Of what this program deploys. An older database is brought up to it, a newer one refused.
-inline constexpr int kServerSchemaVersion = 2;
+inline constexpr int kServerSchemaVersion = 3;
 // The role that may run every report, refresh the stored figures, and write nothing else.
 inline constexpr const char* kReaderRole = "goods_reader";
 

@@ -40,7 +40,8 @@ constexpr const char* kTables[] = {"Meta",
                                    "SelectedListGoods",
                                    "CostLevelPrices",
                                    "UserRights",
-                                   "GoodStoreStock"};
+                                   "GoodStoreStock",
+                                   "Batches"};
 
 // What is searched by name, with the number of its kind.
 struct Searched {
@@ -48,8 +49,9 @@ struct Searched {
   int kind;
   const char* abbreviation;  // an expression
 };
-constexpr Searched kSearched[] = {{"Stores", 1, "''"},    {"Persons", 2, "''"},     {"GoodInf", 6, "AbbName"},
-                                  {"GoodGrps", 16, "''"}, {"Categories", 17, "''"}, {"Units", 18, "''"}};
+constexpr Searched kSearched[] = {{"Stores", 1, "AbbName"},  {"Persons", 2, "AbbName"},
+                                  {"GoodInf", 6, "AbbName"}, {"GoodGrps", 16, "''"},
+                                  {"Categories", 17, "''"},  {"Units", 18, "''"}};
 
 // One statement takes this much at most.
 constexpr std::size_t kBlockRows = 5000;
@@ -217,9 +219,7 @@ void FillSearchNames(Database& db, ServerSession& session) {
       block.Integer(searched.kind);
       block.Integer(rows.Integer(0));
       block.Text(FoldPersian(rows.Text(1)));
-      // A bar code of digits alone is not searched: a few digits of it would find too much.
-      const bool digits = rows.Text(2).find_first_not_of("0123456789") == std::string_view::npos;
-      block.Text(digits ? std::string() : FoldPersian(rows.Text(2)));
+      block.Text(FoldPersian(rows.Text(2)));
       block.EndRow();
     }
   }

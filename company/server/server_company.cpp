@@ -29,8 +29,15 @@ class ServerCompany : public StatementCompany {
     for (std::size_t row = 0; row < meta.Count(); ++row) {
       const std::string key = meta.Cell(row, 0).AsText();
       if (key == "Title") title_ = meta.Cell(row, 1).AsText();
-      if (key == "SchemaVersion" && meta.Cell(row, 1).AsInteger() > kServerSchemaVersion) {
+      if (key != "SchemaVersion") continue;
+      const std::int64_t version = meta.Cell(row, 1).AsInteger();
+      if (version > kServerSchemaVersion) {
         throw CompanyError("این شرکت با نسخه تازه تری از برنامه ساخته شده است و با این نسخه باز نمی شود.");
+      }
+      if (version < kServerSchemaVersion) {
+        throw CompanyError(
+            "این شرکت با نسخه قدیمی تری از برنامه ساخته شده است؛ نخست با goods-company deploy به نسخه تازه "
+            "برده شود.");
       }
     }
   }

@@ -31,4 +31,26 @@ MadeObject ObjectOf(std::string_view batch) {
   return object;
 }
 
+std::vector<std::string> ColumnsOfTable(std::string_view batch) {
+  const std::size_t create = batch.find("CREATE TABLE");
+  const std::size_t open = create == std::string_view::npos ? create : batch.find('(', create);
+  if (open == std::string_view::npos) return {};
+  std::vector<std::string> columns;
+  int depth = 0;
+  bool atName = false;
+  for (std::size_t at = open; at < batch.size(); ++at) {
+    const char c = batch[at];
+    if (c == '(') atName = ++depth == 1;
+    if (c == ')') --depth;
+    if (c == ',' && depth == 1) atName = true;
+    if (!atName || c == '(' || c == ',' || static_cast<unsigned char>(c) <= ' ') continue;
+    std::string name(batch.substr(at, batch.find_first_of(" (", at) - at));
+    if (name.front() == '[') name = name.substr(1, name.find(']') - 1);
+    const bool rule = name == "CONSTRAINT" || name == "PRIMARY" || name == "FOREIGN" || name == "CHECK";
+    if (!rule) columns.push_back(std::move(name));
+    atName = false;
+  }
+  return columns;
+}
+
 }  // namespace goods

@@ -17,6 +17,9 @@ struct ServerScript {
 std::span<const ServerScript> SchemaScripts();
 // One procedure a file.
 std::span<const ServerScript> ProcedureScripts();
+// What leads a database from one version of its tables to the next, in order; each named by the version that
+// it leads to. One is never changed once it has been delivered.
+std::span<const ServerScript> UpgradeScripts();
 
 // The batches of a script, without the lines between them.
 std::vector<std::string_view> BatchesOf(std::string_view script);
@@ -27,5 +30,8 @@ struct MadeObject {
   std::string name;
 };
 MadeObject ObjectOf(std::string_view batch);
+
+// The names of the columns of the table that a batch makes.
+std::vector<std::string> ColumnsOfTable(std::string_view batch);
 
 }  // namespace goods

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "company/company.h"
+#include "company/server/deploy.h"
 #include "company/server/server_address.h"
 #include "company/server/server_scripts.h"
 
@@ -62,8 +63,26 @@ TEST(ServerScripts, EveryBatchMakesOneObjectAndEveryProcedureHasItsFile) {
   }
 }
 
+TEST(ServerScripts, ColumnsOfATableAreReadFromItsText) {
+  EXPECT_EQ(ColumnsOfTable(
+                "-- Why, (and what).\nCREATE TABLE dbo.T([Key] int NOT NULL,\n  A decimal(19,9) DEFAULT 0, "
+                "B AS (A),\n  CONSTRAINT PK_T PRIMARY KEY([Key], A), PRIMARY KEY(A), FOREIGN KEY(B));"),
+            (std::vector<std::string>{"Key", "A", "B"}));
+  EXPECT_EQ(ColumnsOfTable("CREATE INDEX T_ByA ON dbo.T(A);"), std::vector<std::string>());
+}
+
+TEST(ServerScripts, EveryVersionButTheFirstHasItsUpgrade) {
+  std::vector<std::string> names;
+  for (const ServerScript& step : UpgradeScripts()) names.emplace_back(step.name);
+  std::vector<std::string> versions;
+  for (int version = 2; version <= kServerSchemaVersion; ++version) {
+    versions.push_back((version < 10 ? "0" : "") + std::to_string(version));
+  }
+  EXPECT_EQ(names, versions);
+}
+
 TEST(ServerScripts, TextsAreUnicodeLiterals) {
-  for (const auto scripts : {SchemaScripts(), ProcedureScripts()}) {
+  for (const auto scripts : {SchemaScripts(), ProcedureScripts(), UpgradeScripts()}) {
     for (const ServerScript& script : scripts) {
       for (std::size_t at = script.text.find('\''); at != std::string_view::npos;
            at = script.text.find('\'', at + 1)) {

@@ -160,8 +160,13 @@ TEST_F(ServerConnectionTest, AKilledConnectionIsToldUntilTheHostConnectsAnew) {
 
 TEST_F(ServerConnectionTest, WhatAnotherSessionHasLockedIsWaitedForAndThenTold) {
   const TestDatabase database;
-  database.Deploy();
+  {
+    ServerAddress server = TheServer();
+    server.Set("DATABASE", "master");
+    ServerSession(server.ConnectionString()).Run("CREATE DATABASE " + ServerName(database.Name()));
+  }
   ServerSession holder(database.Address().ConnectionString());
+  holder.Run("CREATE TABLE dbo.Units(Code bigint NOT NULL PRIMARY KEY, Name nvarchar(400) NOT NULL)");
   holder.Run("INSERT INTO dbo.Units(Code, Name) VALUES(0, N'')");
   ServerConnection waiting(database.Address().ConnectionString(), {.login = 5, .statement = 60, .lock = 1});
   {

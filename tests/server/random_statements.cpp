@@ -36,6 +36,7 @@ std::string RandomStatements::Text() {
 
 std::string RandomStatements::Date() {
   const auto two = [](int value) { return (value < 10 ? "0" : "") + std::to_string(value); };
+  if (Maybe(8)) return Maybe() ? "''" : "N' '";
   return Quoted(std::to_string(1400 + Below(6)) + "/" + two(1 + Below(12)) + "/" + two(1 + Below(29)));
 }
 

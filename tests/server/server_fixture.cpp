@@ -11,7 +11,9 @@
 
 #include <unistd.h>
 
+#include "company/server/fill_company.h"
 #include "company/server/server_company.h"
+#include "company/server/server_scripts.h"
 #include "company/server/server_session.h"
 #include "host/core/text.h"
 
@@ -114,7 +116,8 @@ TestDatabase::~TestDatabase() {
     ServerAddress server = TheServer();
     server.Set("DATABASE", "master");
     ServerSession session(server.ConnectionString());
-    if (!session.AskText("SELECT DB_NAME(DB_ID(" + ServerText(name_) + "))").empty()) {
+    if (session.AskInteger("SELECT CASE WHEN DB_ID(" + ServerText(name_) + ") IS NULL THEN 0 ELSE 1 END") !=
+        0) {
       session.Run("DROP DATABASE " + ServerName(name_));
     }
   } catch (const CompanyError& error) {
@@ -130,29 +133,76 @@ ServerAddress TestDatabase::Address() const {
 
 void TestDatabase::Deploy(const std::string& from) const { DeployCompany({TheServer(), name_, from, {}}); }
 
+namespace {
+
+// The database of TwoEngines.
+struct SharedCompany {
+  TestDatabase database;
+  std::unique_ptr<ServerSession> session;
+  std::unique_ptr<ICompany> company;
+  std::unique_ptr<IConnection> connection;
+};
+std::unique_ptr<SharedCompany> shared;
+
+class DropShared : public testing::Environment {
+ public:
+  void TearDown() override { shared = nullptr; }
+};
+[[maybe_unused]] testing::Environment* const kDropShared = testing::AddGlobalTestEnvironment(new DropShared);
+
+std::vector<std::string> MadeOf(std::string_view kind) {
+  std::vector<std::string> names;
+  for (const ServerScript& script : SchemaScripts()) {
+    for (const std::string_view batch : BatchesOf(script.text)) {
+      MadeObject object = ObjectOf(batch);
+      if (object.kind == kind) names.push_back(std::move(object.name));
+    }
+  }
+  return names;
+}
+
+SharedCompany& FilledFrom(const std::string& path) {
+  if (shared == nullptr) {
+    shared = std::make_unique<SharedCompany>();
+    shared->database.Deploy();
+    shared->session = std::make_unique<ServerSession>(shared->database.Address().ConnectionString());
+    // Filling brings what they keep.
+    for (const std::string& trigger : MadeOf("TRIGGER")) shared->session->Run("DROP TRIGGER dbo." + trigger);
+    shared->company = OpenServerCompany(shared->database.Address().ConnectionString(), "");
+    shared->connection = shared->company->OpenConnection();
+  }
+  const std::vector<std::string> tables = MadeOf("TABLE");
+  for (auto table = tables.rbegin(); table != tables.rend(); ++table) {
+    shared->session->Run("DELETE FROM dbo." + *table +
+                         (*table == "Meta" ? " WHERE [Key] <> N'SchemaVersion'" : ""));
+  }
+  FillFromFile(*shared->session, path, {});
+  return *shared;
+}
+
+}  // namespace
+
 TwoEngines::TwoEngines(const DemoOptions& options)
     : path_((fs::path(GOODS_TEST_FILES) / (UniqueName() + ".company")).string()) {
   fs::create_directories(GOODS_TEST_FILES);
   MakeDemoCompany(path_, options);
-  database_.Deploy(path_);
+  FilledFrom(path_);
   file_ = OpenCompany(path_);
-  server_ = OpenServerCompany(database_.Address().ConnectionString(), "");
   fileConnection_ = file_->OpenConnection();
-  serverConnection_ = server_->OpenConnection();
 }
 
 TwoEngines::~TwoEngines() {
   fileConnection_ = nullptr;
-  serverConnection_ = nullptr;
   file_ = nullptr;
-  server_ = nullptr;
   std::error_code error;
   fs::remove(path_, error);
 }
 
+ICompany& TwoEngines::Server() { return *shared->company; }
+
 std::string TwoEngines::Difference(const std::string& statement) {
   const Answer file = Ask(*fileConnection_, statement);
-  const Answer server = Ask(*serverConnection_, statement);
+  const Answer server = Ask(*shared->connection, statement);
   if (file.refusal && server.refusal) return {};
   ++answered_;
   rows_ += file.rows.Count();
@@ -177,8 +227,8 @@ std::vector<std::string> StatementsOfTheCaseFiles() {
     if (entry.path().extension() != ".case" && entry.path().extension() != ".inc") continue;
     std::ifstream file(entry.path());
     for (std::string line; std::getline(file, line);) {
-      if (const std::optional<std::string> text = QuotedLine(line); text && IsStatement(*text))
-        statements.insert(*text);
+      const std::optional<std::string> text = QuotedLine(line);
+      if (text && IsStatement(*text) && text->find('{') == std::string::npos) statements.insert(*text);
     }
   }
   return {statements.begin(), statements.end()};

@@ -25,9 +25,9 @@ bool HasServer();
 ServerAddress TheServer();
 
 // Skips the test without a server.
-#define GOODS_NEEDS_SERVER()                                                                \
-  if (!HasServer()) {                                                                       \
-    GTEST_SKIP() << "set GOODS_SERVER to the ODBC connection string of a server for tests"; \
+#define GOODS_NEEDS_SERVER()                                                                     \
+  if (!HasServer()) {                                                                            \
+    GTEST_SKIP() << "GOODS_SERVER is not set: the ODBC connection string of a server for tests"; \
   }
 
 // A database of a name of its own, dropped at the end.
@@ -47,13 +47,16 @@ class TestDatabase {
   std::string name_;
 };
 
-// A demo company as a file and in a database, both alike.
+// A demo company as a file and in a database, both alike. The database and the connections to it are made
+// once for all tests of a process, and filled anew for each.
 class TwoEngines {
  public:
   explicit TwoEngines(const DemoOptions& options);
+  TwoEngines(const TwoEngines&) = delete;
+  TwoEngines& operator=(const TwoEngines&) = delete;
   ~TwoEngines();
   ICompany& File() { return *file_; }
-  ICompany& Server() { return *server_; }
+  ICompany& Server();
   // Empty when both engines answer the statement alike: names, types, rows in order and cells, or both refuse
   // it. Else where they differ.
   std::string Difference(const std::string& statement);
@@ -65,11 +68,8 @@ class TwoEngines {
   std::size_t answered_ = 0;
   std::size_t rows_ = 0;
   std::string path_;
-  TestDatabase database_;
   std::unique_ptr<ICompany> file_;
-  std::unique_ptr<ICompany> server_;
   std::unique_ptr<IConnection> fileConnection_;
-  std::unique_ptr<IConnection> serverConnection_;
 };
 
 // The statements that the walk through all exports sends, and those that the case files expect; without the

@@ -11,7 +11,7 @@ FROM negative_stock k
 LEFT JOIN GoodInf g ON g.Code = k.Kala
 LEFT JOIN Stores s ON s.Code = k.Anbar
 LEFT JOIN Persons p ON p.Code = k.Percode
-WHERE (ifnull(@First, '') = '' OR k.Date >= @First)
-  AND (ifnull(@Second, '') = '' OR k.Date <= @Second)
+WHERE (trim(ifnull(@First, '')) = '' OR k.Date >= @First)
+  AND (trim(ifnull(@Second, '')) = '' OR k.Date <= @Second)
   AND {criteria}
 ORDER BY k.Kala, k.Date, k.Radif

@@ -35,6 +35,9 @@ CREATE PROCEDURE dbo.AllGoodDetailTransaction
   @ToDate nvarchar(4000) = NULL AS
 BEGIN
   SET NOCOUNT ON;
+  -- An empty date is an open end.
+  IF LTRIM(@FromDate) = N'' SET @FromDate = NULL;
+  IF LTRIM(@ToDate) = N'' SET @ToDate = NULL;
   DECLARE @titleAsked bigint = ISNULL(@TitleID, 0);
   DECLARE @part nvarchar(4000) = dbo.FoldPersian(@Title);
   DECLARE @number decimal(38,9) = dbo.NumberIn(@Title);

@@ -22,6 +22,9 @@ CREATE PROCEDURE dbo.DetailOperation_Dismatch
   @ToDetailAmount decimal(38,9) = NULL AS
 BEGIN
   SET NOCOUNT ON;
+  -- An empty date is an open end.
+  IF LTRIM(@FromDate) = N'' SET @FromDate = NULL;
+  IF LTRIM(@ToDate) = N'' SET @ToDate = NULL;
   DECLARE @storePart nvarchar(4000) = dbo.FoldPersian(@StoreName);
   SELECT m.Date AS OperationDate, m.Anbar AS StoreCode, s.Name AS StoreName, y.Name AS OperationTitle, m.OperationCode,
          m.OperationRow, m.OperationAmount, m.DetailAmount, m.Type AS OperationType, m.Kala AS GoodCode

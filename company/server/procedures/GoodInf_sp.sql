@@ -52,6 +52,9 @@ CREATE PROCEDURE dbo.GoodInf_sp
   @NotRangeOperationDate bigint = 0 AS
 BEGIN
   SET NOCOUNT ON;
+  -- An empty date is an open end.
+  IF LTRIM(@FromOperationDate) = N'' SET @FromOperationDate = NULL;
+  IF LTRIM(@ToOperationDate) = N'' SET @ToOperationDate = NULL;
   DECLARE @tagsAsked int = CASE WHEN REPLACE(REPLACE(ISNULL(@tags, N''), N',', N''), N' ', N'') = N'' THEN 0 ELSE 1 END;
   DECLARE @category_codeAsked int = CASE WHEN REPLACE(REPLACE(ISNULL(@category_code, N''), N',', N''), N' ', N'') = N'' THEN 0 ELSE 1 END;
   DECLARE @NamePart nvarchar(4000) = dbo.FoldPersian(@Name);
@@ -113,7 +116,7 @@ BEGIN
   LEFT JOIN dbo.SearchNames nu ON nu.Kind = 18 AND nu.Code = g.Unit
   LEFT JOIN dbo.Units u2 ON u2.Code = g.Unit2
   LEFT JOIN dbo.SearchNames nu2 ON nu2.Kind = 18 AND nu2.Code = g.Unit2
-  LEFT JOIN dbo.SessionPrices r ON r.Session = @@SPID AND r.Kala = g.Code
+  LEFT JOIN dbo.RialiStock r ON r.Kala = g.Code
   LEFT JOIN dbo.TagS t1 ON t1.Code = CASE WHEN g.Tags = N'' THEN NULL ELSE dbo.CodeAt(g.Tags, 1) END
   LEFT JOIN dbo.colors c1 ON c1.code = t1.color_code
   LEFT JOIN dbo.TagS t2 ON t2.Code = CASE WHEN g.Tags = N'' THEN NULL ELSE dbo.CodeAt(g.Tags, 2) END

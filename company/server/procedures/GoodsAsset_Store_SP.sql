@@ -51,7 +51,7 @@ BEGIN
   SELECT g.Code, g.Name, ISNULL(g.Meghdar_Formool, 0), ISNULL(r.Stock, 0)
   FROM dbo.GoodInf g
   JOIN dbo.SearchNames n ON n.Kind = 6 AND n.Code = g.Code
-  LEFT JOIN dbo.SessionPrices r ON r.Session = @@SPID AND r.Kala = g.Code
+  LEFT JOIN dbo.RialiStock r ON r.Kala = g.Code
   WHERE @codeAsked + @nameAsked = 0
      OR CASE WHEN (@codeAsked = 0 OR g.Code = @code) AND (@nameAsked = 0 OR dbo.Holds(n.Name, @namePart) = 1) THEN 1 ELSE 0 END
         = CASE WHEN ISNULL(@Reverse, 0) = 0 THEN 1 ELSE 0 END;

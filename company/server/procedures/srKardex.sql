@@ -35,6 +35,9 @@ CREATE PROCEDURE dbo.srKardex
   @NotRangeGheymat_Sadere bigint = 0 AS
 BEGIN
   SET NOCOUNT ON;
+  -- An empty date is an open end.
+  IF LTRIM(@FromDate) = N'' SET @FromDate = NULL;
+  IF LTRIM(@ToDate) = N'' SET @ToDate = NULL;
   DECLARE @CommentPart nvarchar(4000) = dbo.FoldPersian(@Comment);
   DECLARE @KalaNamePart nvarchar(4000) = dbo.FoldPersian(@KalaName);
   DECLARE @PerNamePart nvarchar(4000) = dbo.FoldPersian(@PerName);

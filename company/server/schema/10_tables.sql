@@ -8,11 +8,12 @@ GO
 CREATE TABLE dbo.GoodGrps(Code bigint NOT NULL PRIMARY KEY, Name nvarchar(400) NOT NULL);
 GO
 CREATE TABLE dbo.Stores(
-  Code bigint NOT NULL PRIMARY KEY, Name nvarchar(400) NOT NULL, Address nvarchar(1000) NOT NULL DEFAULT N'');
+  Code bigint NOT NULL PRIMARY KEY, Name nvarchar(400) NOT NULL, Address nvarchar(1000) NOT NULL DEFAULT N'',
+  AbbName nvarchar(400) NOT NULL DEFAULT N'');
 GO
 CREATE TABLE dbo.Persons(
   Code bigint NOT NULL PRIMARY KEY, Name nvarchar(400) NOT NULL, Phone nvarchar(400) NOT NULL DEFAULT N'',
-  City nvarchar(400) NOT NULL DEFAULT N'');
+  City nvarchar(400) NOT NULL DEFAULT N'', AbbName nvarchar(400) NOT NULL DEFAULT N'');
 GO
 CREATE TABLE dbo.Categories(
   Code bigint NOT NULL PRIMARY KEY, Name nvarchar(400) NOT NULL, ParentCode bigint NOT NULL DEFAULT 0);
@@ -52,7 +53,7 @@ CREATE TABLE dbo.GoodInf(
   Tags nvarchar(400) NOT NULL DEFAULT N'');
 GO
 -- Names as they are searched, kept by triggers: Kind is the kind of entity as look-ups number it, Abb the folded
--- abbreviation of a good.
+-- abbreviation of a good, a store or a person.
 CREATE TABLE dbo.SearchNames(
   Kind int NOT NULL, Code bigint NOT NULL,
   Name nvarchar(400) COLLATE Latin1_General_BIN2 NOT NULL, Abb nvarchar(400) COLLATE Latin1_General_BIN2 NOT NULL,
@@ -169,6 +170,11 @@ GO
 -- The unit prices that a session prepared last: each user asks at a basis of the own.
 CREATE TABLE dbo.SessionPrices(
   Session int NOT NULL, Kala bigint NOT NULL, Stock decimal(25,9) NOT NULL DEFAULT 0, PRIMARY KEY(Session, Kala));
+GO
+-- The movements that were taken in from files, so that none is taken in twice.
+CREATE TABLE dbo.Batches(
+  Hash nvarchar(100) COLLATE Latin1_General_BIN2 NOT NULL PRIMARY KEY, AddedAt nvarchar(40) NOT NULL,
+  Movements bigint NOT NULL);
 GO
 CREATE TABLE dbo.Users(
   Code bigint NOT NULL PRIMARY KEY, Login nvarchar(200) COLLATE Latin1_General_BIN2 NOT NULL UNIQUE,

@@ -11,12 +11,15 @@ JOIN dbo.Units u ON u.Code = g.Unit
 JOIN dbo.Units u2 ON u2.Code = g.Unit2;
 GO
 -- The views that look-ups read; a database that keeps its masters otherwise serves look-ups by views of the same columns.
+-- SearchName has the abbreviation too, but for a bar code of digits alone: a few digits of it would find too much.
 CREATE VIEW dbo.StoreLookUp_VW AS
-SELECT e.Code, e.Name, CONVERT(nvarchar(20), e.Code) AS CodeText, n.Name AS SearchName
+SELECT e.Code, e.Name, CONVERT(nvarchar(20), e.Code) AS CodeText,
+       n.Name + N' ' + CASE WHEN e.AbbName LIKE N'%[^0-9]%' COLLATE Latin1_General_BIN2 THEN n.Abb ELSE N'' END AS SearchName
 FROM dbo.Stores e JOIN dbo.SearchNames n ON n.Kind = 1 AND n.Code = e.Code;
 GO
 CREATE VIEW dbo.PersonLookUp_VW AS
-SELECT e.Code, e.Name, CONVERT(nvarchar(20), e.Code) AS CodeText, n.Name AS SearchName
+SELECT e.Code, e.Name, CONVERT(nvarchar(20), e.Code) AS CodeText,
+       n.Name + N' ' + CASE WHEN e.AbbName LIKE N'%[^0-9]%' COLLATE Latin1_General_BIN2 THEN n.Abb ELSE N'' END AS SearchName
 FROM dbo.Persons e JOIN dbo.SearchNames n ON n.Kind = 2 AND n.Code = e.Code;
 GO
 CREATE VIEW dbo.GroupLookUp_VW AS
@@ -32,8 +35,9 @@ SELECT e.Code, e.Name, CONVERT(nvarchar(20), e.Code) AS CodeText, n.Name AS Sear
 FROM dbo.Units e JOIN dbo.SearchNames n ON n.Kind = 18 AND n.Code = e.Code;
 GO
 CREATE VIEW dbo.GoodLookUp_VW AS
-SELECT g.Code, g.Name, CONVERT(nvarchar(20), g.Code) AS CodeText, n.Name AS SearchName, u.Name AS Unit, u2.Name AS Unit2,
-       g.AbbName, g.UnitKind, t1.Title AS D1Title, t2.Title AS D2Title, t3.Title AS D3Title, t4.Title AS D4Title,
+SELECT g.Code, g.Name, CONVERT(nvarchar(20), g.Code) AS CodeText,
+       n.Name + N' ' + CASE WHEN g.AbbName LIKE N'%[^0-9]%' COLLATE Latin1_General_BIN2 THEN n.Abb ELSE N'' END AS SearchName,
+       u.Name AS Unit, u2.Name AS Unit2, g.AbbName, g.UnitKind, t1.Title AS D1Title, t2.Title AS D2Title, t3.Title AS D3Title, t4.Title AS D4Title,
        t5.Title AS D5Title
 FROM dbo.GoodInf g
 JOIN dbo.SearchNames n ON n.Kind = 6 AND n.Code = g.Code

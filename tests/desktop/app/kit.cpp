@@ -1,5 +1,6 @@
 #include "tests/desktop/app/kit.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
@@ -21,9 +22,20 @@ const std::string& SmallCompany() {
   return kPath;
 }
 
+namespace {
+
+// The same company elsewhere, as its description: tests/end_to_end/check_on_server.sh.
+std::string CompanyOfTheTests() {
+  const char* elsewhere = std::getenv("GOODS_TEST_COMPANY");
+  return elsewhere != nullptr ? elsewhere : SmallCompany();
+}
+
+}  // namespace
+
 std::int64_t BusiestGood(ICompany& company) { return company.ListBusyGoods(1).at(0).code; }
 
-DesktopTest::DesktopTest() : company_(OpenCompany(SmallCompany())), settings_(folder_.filePath("settings")) {}
+DesktopTest::DesktopTest()
+    : company_(OpenCompany(CompanyOfTheTests())), settings_(folder_.filePath("settings")) {}
 
 DesktopTest::~DesktopTest() {
   if (module_ != nullptr) module_->Detach();

@@ -1,0 +1,167 @@
+// Reading a stock card of 1,000,000 rows from a server: through the connection into a query, beside a bare
+// ODBC loop with the same block size that copies the same cells into plain vectors. Needs GOODS_SERVER;
+// without it nothing is measured.
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+#include "bare_loop.h"
+#include "company/company.h"
+#include "company/server/deploy.h"
+#include "company/server/odbc/odbc_handles.h"
+#include "company/server/server_connection.h"
+#include "company/server/server_session.h"
+#include "host/core/text.h"
+#include "host/data/decimal.h"
+#include "host/data/query.h"
+
+namespace goods {
+namespace {
+
+constexpr std::int64_t kRows = 1'000'000;
+constexpr char kStatement[] = "Exec Kardex_Proc 1";
+constexpr char kDatabase[] = "goods_bench";
+// Of server/odbc/odbc_rows.cpp.
+constexpr std::size_t kBlock = 1024;
+
+bool HasServer() { return std::getenv("GOODS_SERVER") != nullptr; }
+
+// A company with one good that has every movement; kept from run to run.
+const std::string& ServerConnectionString() {
+  static const std::string text = [] {
+    ServerAddress server(std::getenv("GOODS_SERVER"));
+    DeployCompany({server, kDatabase, {}, {}});
+    server.Set("DATABASE", kDatabase);
+    ServerSession session(server.ConnectionString());
+    if (session.AskInteger("SELECT COUNT(*) FROM dbo.Kardex") != kRows) {
+      session.Run("DELETE FROM dbo.Kardex");
+      session.Run(
+          "WITH d AS (SELECT 0 AS n UNION ALL SELECT 1 UNION ALL SELECT 2 UNION ALL SELECT 3 UNION ALL "
+          "SELECT 4 UNION "
+          "ALL SELECT 5 UNION ALL SELECT 6 UNION ALL SELECT 7 UNION ALL SELECT 8 UNION ALL SELECT 9), m AS "
+          "(SELECT a.n + "
+          "10 * b.n + 100 * c.n + 1000 * d.n + 10000 * e.n + 100000 * f.n AS i FROM d a, d b, d c, d d, d e, "
+          "d f) INSERT "
+          "INTO dbo.Kardex(Kala, Date, Radif, Anbar, Percode, Tedad, Meghdar2, Gheymat, Fi, Miangin, Type, "
+          "OperationCode, "
+          "OperationRow, Comment, CommentSearch) SELECT 1, N'1402/0' + CONVERT(nvarchar(1), 1 + i / 125000) "
+          "+ N'/' + "
+          "CONVERT(nvarchar(2), 10 + i / 7000 % 20), i, 1 + i % 6, 0, CASE WHEN i % 3 = 0 THEN -1.25 ELSE "
+          "2.5 END, 0, "
+          "125000.5 + i % 900, 130000 + i % 700, 125001.333333333, CASE WHEN i % 3 = 0 THEN 1 ELSE 2 END, i "
+          "/ 4, 1 + i % "
+          "4, N'خرید شماره ' + CONVERT(nvarchar(10), i / 1000), N'خرید شماره ' + CONVERT(nvarchar(10), i / "
+          "1000) FROM m");
+    }
+    return server.ConnectionString();
+  }();
+  return text;
+}
+
+// What a caller without any of this library would write.
+std::size_t ReadBare(const OdbcConnection& connection) {
+  OdbcStatement statement(connection);
+  statement.Run(kStatement);
+  while (statement.Columns() == 0) statement.NextResult();
+  struct Bound {
+    SQLSMALLINT type = SQL_C_WCHAR;
+    std::size_t width = 0;
+    std::vector<unsigned char> cells;
+    std::vector<SQLLEN> lengths;
+    std::vector<std::int64_t> integers;
+    std::vector<Int128> decimals;
+    std::vector<std::string> texts;
+  };
+  const SQLHSTMT handle = statement.Handle();
+  std::vector<Bound> columns(static_cast<std::size_t>(statement.Columns()));
+  SQLULEN fetched = 0;
+  SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(kBlock), 0);
+  SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    char16_t name[256];
+    SQLSMALLINT length = 0;
+    SQLSMALLINT type = 0;
+    SQLULEN size = 0;
+    SQLSMALLINT scale = 0;
+    SQLSMALLINT nullable = 0;
+    const auto number = static_cast<SQLUSMALLINT>(i + 1);
+    SQLDescribeColW(handle, number, reinterpret_cast<SQLWCHAR*>(name), 256, &length, &type, &size, &scale,
+                    &nullable);
+    Bound& column = columns[i];
+    const bool decimal = type == SQL_DECIMAL || type == SQL_NUMERIC;
+    const bool integer = type == SQL_BIGINT || type == SQL_INTEGER;
+    column.type = integer ? SQL_C_SBIGINT : decimal ? SQL_C_CHAR : SQL_C_WCHAR;
+    column.width = integer ? 8 : decimal ? 48 : (size + 1) * 2;
+    column.cells.resize(column.width * kBlock);
+    column.lengths.resize(kBlock);
+    SQLBindCol(handle, number, column.type, column.cells.data(), static_cast<SQLLEN>(column.width),
+               column.lengths.data());
+  }
+  std::size_t rows = 0;
+  while (SQL_SUCCEEDED(SQLFetch(handle))) {
+    for (Bound& column : columns) {
+      for (std::size_t row = 0; row < fetched; ++row) {
+        const unsigned char* cell = column.cells.data() + row * column.width;
+        const SQLLEN length = column.lengths[row];
+        const auto bytes = static_cast<std::size_t>(std::max<SQLLEN>(length, 0));
+        if (column.type == SQL_C_SBIGINT) {
+          column.integers.push_back(length < 0 ? 0 : *reinterpret_cast<const std::int64_t*>(cell));
+        } else if (column.type == SQL_C_CHAR) {
+          const auto value = Decimal::Parse({reinterpret_cast<const char*>(cell), bytes});
+          column.decimals.push_back(value.value_or(Decimal()).Units());
+        } else {
+          column.texts.push_back(FromUtf16({reinterpret_cast<const char16_t*>(cell), bytes / 2}));
+        }
+      }
+    }
+    rows += fetched;
+  }
+  benchmark::DoNotOptimize(columns);
+  return rows;
+}
+
+void BareLoop(benchmark::State& state) {
+  if (!HasServer()) return state.SkipWithError("GOODS_SERVER is not set");
+  const OdbcConnection connection(ServerConnectionString(), 15);
+  for (auto _ : state) {
+    const Watch watch("bare");
+    if (ReadBare(connection) != static_cast<std::size_t>(kRows)) state.SkipWithError("rows are missing");
+  }
+}
+
+void QueryOpen(benchmark::State& state) {
+  if (!HasServer()) return state.SkipWithError("GOODS_SERVER is not set");
+  ServerConnection connection(ServerConnectionString());
+  for (auto _ : state) {
+    TADOQuery query(nullptr, "Kardex_QRY", connection);
+    query.SetSQL(kStatement);
+    {
+      const Watch watch("query");
+      query.Open();
+    }
+    if (query.RecordCount() != static_cast<std::size_t>(kRows)) state.SkipWithError("rows are missing");
+    state.counters["bytes a row"] = static_cast<double>(query.MemoryBytes()) / static_cast<double>(kRows);
+  }
+}
+
+BENCHMARK(BareLoop)->Unit(benchmark::kMillisecond)->Iterations(2);
+BENCHMARK(QueryOpen)->Unit(benchmark::kMillisecond)->Iterations(2);
+
+}  // namespace
+}  // namespace goods
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  if (goods::Best().contains("bare") && goods::Best().contains("query")) {
+    std::printf("reading into the query / bare loop: %.2f of processor time (goal at most 1.3)\n",
+                goods::Best()["query"] / goods::Best()["bare"]);
+  }
+  return 0;
+}
