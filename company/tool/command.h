@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "company/interchange/import_company.h"
 #include "company/interchange/name_map.h"
 
 namespace goods {
@@ -48,5 +49,7 @@ void AddFileOptions(CLI::App& command, FileOptions& options);
 NameMap ReadNames(const FileOptions& options);
 // Runs body; the problems of a refusal are written to the file too that the options name.
 int WithProblemsFile(const FileOptions& options, const std::function<int()>& body);
+// Says the first user's password where it was made, and which users have none yet.
+void PrintPasswords(const ImportCounts& counts);
 
 }  // namespace goods

@@ -1,17 +1,25 @@
 #include <chrono>
 #include <csignal>
-#include <fstream>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <system_error>
+
+#include <stdlib.h>
 
 #include "command.h"
 #include "company/company.h"
+#include "company/interchange/import_company.h"
 #include "company/server/deploy.h"
+#include "password_input.h"
+#include "progress_line.h"
 
 namespace goods {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 struct Line {
   std::string server;
@@ -34,14 +42,41 @@ ServerAddress AddressOf(const Line& line) {
   ServerAddress address(line.server);
   if (!line.user.empty()) address.Set("UID", line.user);
   if (!line.passwordFile.empty()) {
-    std::ifstream file(line.passwordFile);
-    std::string password;
-    if (!std::getline(file, password)) throw CompanyError("پرونده گذرواژه خوانده نشد: " + line.passwordFile);
-    if (!password.empty() && password.back() == '\r') password.pop_back();
-    address.Set("PWD", password);
+    address.Set("PWD", ReadPasswordFile(line.passwordFile));
   }
   return address;
 }
+
+// A folder of files as a company file of its own that is gone at the end.
+class ImportedFolder {
+ public:
+  explicit ImportedFolder(const std::string& from) {
+    std::string folder = (fs::temp_directory_path() / "goods-deploy-XXXXXX").string();
+    if (mkdtemp(folder.data()) == nullptr) throw CompanyError("پوشه موقت ساخته نشد: " + folder);
+    folder_ = folder;
+    try {
+      ImportOptions options;
+      options.watcher = MakeProgressLine(false);
+      const ImportCounts counts = ImportCompany(File(), from, options);
+      EndProgressLine();
+      PrintPasswords(counts);
+    } catch (...) {
+      Remove();
+      throw;
+    }
+  }
+  ImportedFolder(const ImportedFolder&) = delete;
+  ImportedFolder& operator=(const ImportedFolder&) = delete;
+  ~ImportedFolder() { Remove(); }
+  std::string File() const { return (folder_ / "company.goods").string(); }
+
+ private:
+  void Remove() const {
+    std::error_code error;
+    fs::remove_all(folder_, error);
+  }
+  fs::path folder_;
+};
 
 volatile std::sig_atomic_t stopped = 0;
 
@@ -74,14 +109,23 @@ Command MakeDeployCommand(CLI::App& program) {
   CLI::App* deploy = program.add_subcommand(
       "deploy", "Make, upgrade or fill a company's database on a server; see docs/server.md");
   AddServerOptions(*deploy, *line);
-  deploy->add_option("--from", line->from, "Fill the database from this company file");
-  return {
-      deploy, [line] {
-        ToldLines lines;
-        DeployCompany({AddressOf(*line), line->database, line->from,
-                       [&](std::string_view table, std::int64_t rows) { return lines.Tell(table, rows); }});
-        return kDone;
-      }};
+  deploy->add_option(
+      "--from", line->from,
+      "Fill the database from this company file, or from a folder that docs/import.md describes");
+  return {deploy, [line] {
+            const ServerAddress address = AddressOf(*line);
+            std::unique_ptr<ImportedFolder> imported;
+            std::string from = line->from;
+            if (fs::is_directory(from)) {
+              imported = std::make_unique<ImportedFolder>(from);
+              from = imported->File();
+            }
+            ToldLines lines;
+            DeployCompany({address, line->database, from, [&](std::string_view table, std::int64_t rows) {
+                             return lines.Tell(table, rows);
+                           }});
+            return kDone;
+          }};
 }
 
 Command MakeVerifyCommand(CLI::App& program) {

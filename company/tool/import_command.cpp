@@ -14,6 +14,8 @@ void PrintCounts(const ImportCounts& counts) {
             << counts.movements << " movements\n";
 }
 
+}  // namespace
+
 void PrintPasswords(const ImportCounts& counts) {
   if (!counts.firstPassword.empty()) {
     std::cout << "گذرواژه کاربر " << counts.firstLogin << ": " << counts.firstPassword
@@ -24,8 +26,6 @@ void PrintPasswords(const ImportCounts& counts) {
   for (const std::string& login : counts.withoutPassword) std::cout << " " << login;
   std::cout << "\n";
 }
-
-}  // namespace
 
 Command MakeImportCommand(CLI::App& program) {
   struct Line {

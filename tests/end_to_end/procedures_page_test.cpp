@@ -1,4 +1,5 @@
-// The page of the procedures says what the embedded procedures declare: parameters, their defaults, columns.
+// The page of the procedures says what the procedures declare, of a company file and on a server: parameters,
+// their defaults, columns.
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "company/embedded/procedures.h"
+#include "company/server/server_scripts.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -69,6 +71,48 @@ Described Declared(const Procedure& procedure) {
   for (const ColumnInfo& each : procedure.columns)
     declared.columns.push_back(each.name + " | " + TypeName(each.type));
   return declared;
+}
+
+std::string ServerTypeName(std::string_view type) {
+  if (type == "bigint") return "integer";
+  if (type == "decimal(38,9)") return "decimal";
+  return type == "nvarchar(4000)" ? "text" : "unknown: " + std::string(type);
+}
+
+// The parameters in the head of a T-SQL procedure: "@Name type" or "@Name type = default", between commas.
+Lines DeclaredOnServer(const ServerScript& procedure) {
+  const std::size_t create = procedure.text.find("CREATE PROCEDURE dbo.");
+  std::string_view head = procedure.text.substr(create, procedure.text.find(" AS\nBEGIN", create) - create);
+  Lines parameters;
+  for (std::size_t at = head.find('@'); at != std::string_view::npos; at = head.find('@')) {
+    head.remove_prefix(at);
+    std::size_t end = 0;
+    int depth = 0;
+    for (bool quoted = false; end < head.size(); ++end) {
+      if (head[end] == '\'') quoted = !quoted;
+      if (quoted) continue;
+      depth += head[end] == '(' ? 1 : head[end] == ')' ? -1 : 0;
+      if (head[end] == ',' && depth == 0) break;
+    }
+    const std::string_view declared = Trim(head.substr(0, end));
+    const std::size_t blank = declared.find(' ');
+    const std::size_t equals = std::min(declared.find(" = "), declared.size());
+    std::string given(equals == declared.size() ? "required" : declared.substr(equals + 3));
+    if (given == "NULL") given = "null";
+    if (given.starts_with("N'")) given.erase(0, 1);
+    parameters.push_back(std::string(declared.substr(0, blank)) + " | " +
+                         ServerTypeName(declared.substr(blank + 1, equals - blank - 1)) + " | " + given);
+    head.remove_prefix(end);
+  }
+  return parameters;
+}
+
+TEST(ProceduresPage, NamesEveryParameterOfTheServersProceduresWithItsTypeAndDefaultInOrder) {
+  auto page = ReadPage();
+  EXPECT_EQ(ProcedureScripts().size(), page.size());
+  for (const ServerScript& procedure : ProcedureScripts()) {
+    EXPECT_EQ(page[std::string(procedure.name)].parameters, DeclaredOnServer(procedure)) << procedure.name;
+  }
 }
 
 TEST(ProceduresPage, DescribesEveryProcedureAndNoOther) {
