@@ -1,5 +1,6 @@
 #include "company/server/server_company.h"
 
+#include <memory>
 #include <utility>
 
 #include "company/embedded/password.h"
@@ -45,7 +46,7 @@ class ServerCompany : public StatementCompany {
   std::string Title() const override { return title_; }
 
   std::unique_ptr<IConnection> OpenConnection() override {
-    return std::make_unique<ServerConnection>(connectionString_);
+    return std::make_unique<ServerConnection>(connectionString_, ServerTimeouts{}, prices_);
   }
 
   std::optional<UserRecord> SignIn(std::string_view login, std::string_view password) override {
@@ -89,6 +90,7 @@ class ServerCompany : public StatementCompany {
   }
 
   std::string connectionString_;
+  std::shared_ptr<PreparedPrices> prices_ = std::make_shared<PreparedPrices>();
   ServerUsers users_;
   SignInGuard guard_;
   std::string title_;

@@ -1,9 +1,12 @@
 #include "company/server/server_connection.h"
 
+#include <chrono>
 #include <utility>
 
 #include "company/server/odbc/odbc_handles.h"
 #include "company/server/odbc/odbc_rows.h"
+#include "company/server/server_errors.h"
+#include "host/core/text.h"
 #include "host/data/blocking_work.h"
 #include "host/data/row_store.h"
 
@@ -16,9 +19,6 @@ struct ServerConnection::Session {
 };
 
 namespace {
-
-constexpr int kLockTimeout = 1222;  // the server's number of "lock request time out period exceeded"
-constexpr int kDeadlock = 1205;
 
 // One statement, owned by the thread that runs it as much as by the caller.
 struct Job {
@@ -45,15 +45,33 @@ struct Job {
   BlockingWork::Rows count = std::make_shared<std::atomic<std::size_t>>(0);
 };
 
-// In the user's language what happened, then the server's own words.
-std::string UserMessage(const OdbcError& error) {
-  const std::string said = error.what();
-  if (error.TimedOut()) return "پاسخ سرور در زمان تعیین شده نرسید.\n" + said;
-  if (error.Native() == kLockTimeout)
-    return "داده ها در دست کاربر دیگری است؛ کمی بعد دوباره بکوشید.\n" + said;
-  if (error.Native() == kDeadlock) return "کار با کار کاربر دیگری برخورد کرد؛ دوباره بکوشید.\n" + said;
-  return said;
+constexpr const char* kTooLong = "پاسخ سرور در زمان تعیین شده نرسید.";
+constexpr const char* kForgetPrices =
+    "IF OBJECT_ID(N'dbo.SessionPrices') IS NOT NULL DELETE FROM dbo.SessionPrices WHERE Session = @@SPID";
+
+bool IsPreparing(std::string_view statement) {
+  constexpr std::string_view kPreparing = "exec rialistock_sp";
+  return SameText(Trim(statement).substr(0, kPreparing.size()), kPreparing);
 }
+
+// Stops a statement when its time is over; drivers' own timeouts do not hold against a busy server.
+class Deadline : public IStatementProgress {
+ public:
+  Deadline(IStatementProgress* inner, int seconds)
+      : inner_(inner), limited_(seconds > 0), end_(Clock::now() + std::chrono::seconds(seconds)) {}
+  bool Progress(std::size_t rows) override {
+    expired_ = limited_ && Clock::now() >= end_;
+    return !expired_ && (inner_ == nullptr || inner_->Progress(rows));
+  }
+  bool Expired() const { return expired_; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  IStatementProgress* inner_;
+  bool limited_;
+  Clock::time_point end_;
+  bool expired_ = false;
+};
 
 [[noreturn]] void Cancelled(std::string_view statement) {
   throw StatementCancelled("کار به خواست کاربر متوقف شد.", std::string(statement));
@@ -61,8 +79,21 @@ std::string UserMessage(const OdbcError& error) {
 
 }  // namespace
 
-ServerConnection::ServerConnection(std::string connectionString, ServerTimeouts timeouts)
-    : connectionString_(std::move(connectionString)), timeouts_(timeouts) {
+void PreparedPrices::Keep(std::string_view statement) {
+  const std::lock_guard lock(mutex_);
+  statement_ = statement;
+}
+
+std::string PreparedPrices::Statement() const {
+  const std::lock_guard lock(mutex_);
+  return statement_;
+}
+
+ServerConnection::ServerConnection(std::string connectionString, ServerTimeouts timeouts,
+                                   std::shared_ptr<PreparedPrices> prices)
+    : connectionString_(std::move(connectionString)),
+      timeouts_(timeouts),
+      prices_(prices != nullptr ? std::move(prices) : std::make_shared<PreparedPrices>()) {
   Connect();
 }
 
@@ -75,9 +106,22 @@ void ServerConnection::Connect() {
     settings.Run("SET NOCOUNT ON");
     settings.Run("SET TEXTSIZE 2147483647");
     settings.Run("SET LOCK_TIMEOUT " + std::to_string(timeouts_.lock == 0 ? -1 : timeouts_.lock * 1000));
+    PreparePrices();
   } catch (const OdbcError& error) {
     session_ = nullptr;
-    throw ConnectionLost(std::string("ارتباط با سرور برقرار نشد.\n") + error.what(), "");
+    throw ConnectionLost("ارتباط با سرور برقرار نشد.\n" + UserMessage(error), "");
+  }
+}
+
+// A session begins without prices; it may have the number of one that is gone and left some.
+void ServerConnection::PreparePrices() {
+  try {
+    OdbcStatement prices(session_->connection);
+    const std::string prepared = prices_->Statement();
+    prices.Run(prepared.empty() ? kForgetPrices : prepared);
+  } catch (const OdbcError& error) {
+    if (error.ConnectionGone())
+      throw;  // a database of another make, or a user without the right: none to forget
   }
 }
 
@@ -94,20 +138,22 @@ void ServerConnection::Run(std::string_view statement, RowStore* into, IStatemen
   if (session_ == nullptr) Connect();  // the last one was left behind in a cancelled statement
   try {
     const auto job = std::make_shared<Job>(session_, statement, into != nullptr);
-    job->statement.SetTimeout(timeouts_.statement);
+    Deadline deadline(progress, timeouts_.statement);
     WorkOutcome outcome = WorkOutcome::Ended;
     const auto leaveBehind = [&] {
       if (outcome == WorkOutcome::Abandoned) session_ = nullptr;
     };
     try {
       BlockingWork::Run(
-          progress, job->count, [job] { job->Run(); }, [job] { job->statement.Cancel(); }, &outcome);
+          &deadline, job->count, [job] { job->Run(); }, [job] { job->statement.Cancel(); }, &outcome);
     } catch (...) {
       leaveBehind();
       throw;
     }
     leaveBehind();
+    if (deadline.Expired()) throw DatabaseError(kTooLong, std::string(statement));
     if (outcome != WorkOutcome::Ended) Cancelled(statement);
+    if (IsPreparing(statement)) prices_->Keep(statement);
     if (into != nullptr) *into = std::move(job->rows);
   } catch (const OdbcError& error) {
     if (error.Cancelled()) Cancelled(statement);

@@ -2,6 +2,7 @@
 
 #include "company/company.h"
 #include "company/server/odbc/odbc_rows.h"
+#include "company/server/server_errors.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -15,7 +16,7 @@ auto Guarded(Body body) -> decltype(body()) {
   try {
     return body();
   } catch (const OdbcError& error) {
-    throw CompanyError(std::string("سرور: ") + error.what());
+    throw CompanyError("سرور: " + UserMessage(error));
   }
 }
 

@@ -100,6 +100,23 @@ TEST(AgreementOfRefreshing, RefreshedFiguresAreAlike) {
                             "Exec DefineRemainInStore 12, 1", "SELECT * FROM GoodInf_VW ORDER BY Code"});
 }
 
+// Prices belong to a session; one that takes the place of another prepares them anew, as a company file keeps
+// them.
+TEST(AgreementOfPrices, PreparedPricesOutliveTheConnection) {
+  GOODS_NEEDS_SERVER();
+  TwoEngines engines(RandomCompany(5));
+  const auto sum = [&](IConnection& connection) {
+    return AskServer(connection, "SELECT SUM(Stock) AS Stock FROM RialiStock").Cell(0, 0);
+  };
+  auto connection = engines.Server().OpenConnection();
+  EXPECT_TRUE(sum(*connection).IsNull());
+  connection->Execute("Exec RialiStock_SP -1");
+  const Value prepared = sum(*connection);
+  EXPECT_FALSE(prepared.IsNull());
+  connection = nullptr;
+  EXPECT_EQ(sum(*engines.Server().OpenConnection()), prepared);
+}
+
 TEST(AgreementOfLookUps, LookUpsAreAlike) {
   GOODS_NEEDS_SERVER();
   TwoEngines engines(RandomCompany(11));

@@ -128,10 +128,6 @@ OdbcStatement::OdbcStatement(const OdbcConnection& connection) {
 
 OdbcStatement::~OdbcStatement() { SQLFreeHandle(SQL_HANDLE_STMT, handle_); }
 
-void OdbcStatement::SetTimeout(int seconds) {
-  SQLSetStmtAttrW(handle_, SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(std::intptr_t{seconds}), 0);
-}
-
 void OdbcStatement::Run(std::string_view text) {
   std::u16string wide = Wide(text);
   Check(SQLExecDirectW(handle_, Chars(wide), static_cast<SQLINTEGER>(wide.size())), SQL_HANDLE_STMT, handle_);

@@ -64,8 +64,6 @@ class OdbcStatement {
   ~OdbcStatement();
   SQLHSTMT Handle() const { return handle_; }
 
-  // seconds; 0 waits for ever.
-  void SetTimeout(int seconds);
   // Sends the text as it is.
   void Run(std::string_view text);
   // Goes on to the next result of the statement; false after the last one. Failures of a batch's later parts
