@@ -35,7 +35,7 @@ bool HasServer() { return std::getenv("GOODS_SERVER") != nullptr; }
 const std::string& ServerConnectionString() {
   static const std::string text = [] {
     ServerAddress server(std::getenv("GOODS_SERVER"));
-    DeployCompany({server, kDatabase, {}, {}});
+    DeployCompany({server, kDatabase, {}, {}, {}});
     server.Set("DATABASE", kDatabase);
     ServerSession session(server.ConnectionString());
     if (session.AskInteger("SELECT COUNT(*) FROM dbo.Kardex") != kRows) {

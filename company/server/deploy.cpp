@@ -1,6 +1,7 @@
 #include "company/server/deploy.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -83,13 +84,27 @@ void DropMade(ServerSession& session) {
   }
 }
 
-// A text of code without its blanks and line ends, which a server may keep otherwise.
+// A text of code without its comment lines, blanks and line ends, which a server may keep otherwise.
 std::string Words(std::string_view text) {
   std::string words;
-  for (const char c : text) {
-    if (static_cast<unsigned char>(c) > ' ' && c != ';') words += c;
+  for (const std::string& line : Split(text, '\n')) {
+    if (Trim(line).starts_with("--")) continue;
+    for (const char c : line) {
+      if (static_cast<unsigned char>(c) > ' ' && c != ';') words += c;
+    }
   }
   return words;
+}
+
+// The code of views, functions, triggers and procedures as Words, by their names in lower case.
+std::map<std::string, std::string> CodeOf(ServerSession& session) {
+  const RowStore rows = session.Ask(
+      "SELECT o.name, m.definition FROM sys.sql_modules m JOIN sys.objects o ON o.object_id = m.object_id");
+  std::map<std::string, std::string> code;
+  for (std::size_t row = 0; row < rows.Count(); ++row) {
+    code[LowerAscii(rows.Cell(row, 0).AsText())] = Words(rows.Cell(row, 1).AsText());
+  }
+  return code;
 }
 
 // Everything but the tables.
@@ -105,6 +120,21 @@ void KeepMeta(ServerSession& session, std::string_view key, std::string_view val
   session.Run("DELETE FROM dbo.Meta WHERE [Key] = " + ServerText(key));
   session.Run("INSERT INTO dbo.Meta([Key], Value) VALUES(" + ServerText(key) + ", " + ServerText(value) +
               ")");
+}
+
+// What is there is known by its key in Meta: servers keep names of indexes each in their own way.
+void MakeOption(ServerSession& session, const std::string& name) {
+  for (const ServerScript& script : OptionScripts()) {
+    if (script.name != name) continue;
+    const std::string key = "Option." + name;
+    if (!session.AskText("SELECT Value FROM dbo.Meta WHERE [Key] = " + ServerText(key)).empty()) return;
+    RunScript(session, script);
+    KeepMeta(session, key, "1");
+    return;
+  }
+  std::string known;
+  for (const ServerScript& script : OptionScripts()) known += " " + std::string(script.name);
+  throw CompanyError("این گزینه شناخته نیست: " + name + ". گزینه ها:" + known);
 }
 
 // Reading everything that reports read. Of writing only the figures that are worked out from the rest: a
@@ -193,9 +223,19 @@ void DeployCompany(const DeployOptions& options) {
     FillFromFile(session, options.from, options.told);
   }
   MakeCode(session);
+  for (const std::string& option : options.with) MakeOption(session, option);
   GrantReading(session);
   KeepMeta(session, "SchemaVersion", std::to_string(kServerSchemaVersion));
   transaction.Commit();
+}
+
+std::string CollationWarning(ServerAddress server, const std::string& database) {
+  ServerSession session(InDatabase(std::move(server), database).ConnectionString());
+  const std::string kept = session.AskText("SELECT CAST(CAST(N'پک' AS varchar(10)) AS nvarchar(10))");
+  if (kept == "پک") return {};
+  return "ترتیب حروف (collation) این پایگاه داده متن فارسی بدون N را نگه نمی دارد؛ عنوان های تاریخچه قیمت در "
+         "آن ناخوانا "
+         "می شود. docs/server.md می گوید کدام ترتیب حروف مناسب است.";
 }
 
 std::vector<std::string> VerifyCompany(ServerAddress server, const std::string& database) {
@@ -208,21 +248,18 @@ std::vector<std::string> VerifyCompany(ServerAddress server, const std::string& 
                           std::to_string(kServerSchemaVersion));
   }
   const std::set<std::string> there = ObjectsOf(session);
+  std::map<std::string, std::string> code = CodeOf(session);
   const auto look = [&](const ServerScript& script) {
     for (const std::string_view batch : BatchesOf(script.text)) {
       const MadeObject object = ObjectOf(batch);
       if (object.kind.empty() || object.kind == "INDEX") continue;
-      if (session.AskInteger("SELECT COUNT(*) FROM sys.objects WHERE name = " + ServerText(object.name)) ==
-          0) {
+      if (!there.contains(LowerAscii(object.name))) {
         differences.push_back("missing: " + object.name);
-        continue;
+      } else if (object.kind == "TABLE") {
+        CompareColumns(session, object.name, batch, differences);
+      } else if (code[LowerAscii(object.name)] != Words(batch)) {
+        differences.push_back("changed: " + object.name);
       }
-      if (object.kind == "TABLE") CompareColumns(session, object.name, batch, differences);
-      if (object.kind != "PROCEDURE") continue;
-      const std::string kept =
-          session.AskText("SELECT definition FROM sys.sql_modules WHERE object_id = OBJECT_ID(" +
-                          ServerText("dbo." + object.name) + ")");
-      if (Words(kept) != Words(batch)) differences.push_back("changed: " + object.name);
     }
   };
   for (const ServerScript& script : SchemaScripts()) look(script);

@@ -21,6 +21,8 @@ struct DeployOptions {
   std::string database;
   // A company file to fill the database from; it must then hold no goods yet. Empty: nothing is filled in.
   std::string from;
+  // Names of OptionScripts() that are made too, where they are not yet; they stay.
+  std::vector<std::string> with;
   // Hears of the filling, rows so far of a table; returning false stops it, and everything is undone.
   std::function<bool(std::string_view table, std::int64_t rows)> told;
 };
@@ -29,6 +31,10 @@ struct DeployOptions {
 // and procedures are made anew. All but the database itself is one transaction: what fails or is stopped
 // leaves everything as it was. Throws CompanyError, also for a database that holds tables of something else.
 void DeployCompany(const DeployOptions& options);
+
+// What the database's collation does to texts that reports send without N; empty where they arrive whole.
+// Throws CompanyError.
+std::string CollationWarning(ServerAddress server, const std::string& database);
 
 // What differs between the database and what this program deploys, and between stored figures and the
 // movements: one line each, empty where all is well. Throws CompanyError when it cannot be looked at.

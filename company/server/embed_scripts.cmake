@@ -1,8 +1,9 @@
-# cmake -DSCHEMA=<file;...> -DPROCEDURES=<file;...> -DUPGRADES=<file;...> -DOUTPUT=<file.cpp> -P embed_scripts.cmake
+# cmake -DSCHEMA=<file;...> -DPROCEDURES=<file;...> -DUPGRADES=<file;...> -DOPTIONS=<file;...>
+#   -DOUTPUT=<file.cpp> -P embed_scripts.cmake
 # Writes the T-SQL files as C++ text literals, each list in the order of the files' names.
 set(delimiter GOODS_SQL)
 set(body "#include \"company/server/server_scripts.h\"\n\nnamespace goods {\n\nnamespace {\n\n")
-foreach(list Schema Procedures Upgrades)
+foreach(list Schema Procedures Upgrades Options)
   string(APPEND body "constexpr ServerScript k${list}[] = {\n")
   string(TOUPPER ${list} files)
   foreach(file ${${files}})
@@ -25,5 +26,6 @@ foreach(list Schema Procedures Upgrades)
 endforeach()
 string(APPEND body "}  // namespace\n\nstd::span<const ServerScript> SchemaScripts() { return kSchema; }\n")
 string(APPEND body "std::span<const ServerScript> ProcedureScripts() { return kProcedures; }\n")
-string(APPEND body "std::span<const ServerScript> UpgradeScripts() { return kUpgrades; }\n\n}  // namespace goods\n")
+string(APPEND body "std::span<const ServerScript> UpgradeScripts() { return kUpgrades; }\n")
+string(APPEND body "std::span<const ServerScript> OptionScripts() { return kOptions; }\n\n}  // namespace goods\n")
 file(WRITE ${OUTPUT} "${body}")

@@ -20,6 +20,8 @@ std::span<const ServerScript> ProcedureScripts();
 // What leads a database from one version of its tables to the next, in order; each named by the version that
 // it leads to. One is never changed once it has been delivered.
 std::span<const ServerScript> UpgradeScripts();
+// What a large company may want beside: each is made once, where it is asked for.
+std::span<const ServerScript> OptionScripts();
 
 // The batches of a script, without the lines between them.
 std::vector<std::string_view> BatchesOf(std::string_view script);

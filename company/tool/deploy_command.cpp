@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include <stdlib.h>
 
@@ -27,6 +28,7 @@ struct Line {
   std::string passwordFile;
   std::string database;
   std::string from;
+  std::vector<std::string> with;
 };
 
 void AddServerOptions(CLI::App& command, Line& line) {
@@ -78,6 +80,10 @@ class ImportedFolder {
   fs::path folder_;
 };
 
+void Warn(const std::string& warning) {
+  if (!warning.empty()) std::cerr << warning << "\n";
+}
+
 volatile std::sig_atomic_t stopped = 0;
 
 // A line every few seconds; Ctrl+C stops, and the database stays as it was.
@@ -112,20 +118,24 @@ Command MakeDeployCommand(CLI::App& program) {
   deploy->add_option(
       "--from", line->from,
       "Fill the database from this company file, or from a folder that docs/import.md describes");
-  return {deploy, [line] {
-            const ServerAddress address = AddressOf(*line);
-            std::unique_ptr<ImportedFolder> imported;
-            std::string from = line->from;
-            if (fs::is_directory(from)) {
-              imported = std::make_unique<ImportedFolder>(from);
-              from = imported->File();
-            }
-            ToldLines lines;
-            DeployCompany({address, line->database, from, [&](std::string_view table, std::int64_t rows) {
-                             return lines.Tell(table, rows);
-                           }});
-            return kDone;
-          }};
+  deploy->add_option(
+      "--with", line->with,
+      "Make this too, for a large company: period_indexes; see docs/scale.md. May be given repeatedly");
+  return {
+      deploy, [line] {
+        const ServerAddress address = AddressOf(*line);
+        std::unique_ptr<ImportedFolder> imported;
+        std::string from = line->from;
+        if (fs::is_directory(from)) {
+          imported = std::make_unique<ImportedFolder>(from);
+          from = imported->File();
+        }
+        ToldLines lines;
+        DeployCompany({address, line->database, from, line->with,
+                       [&](std::string_view table, std::int64_t rows) { return lines.Tell(table, rows); }});
+        Warn(CollationWarning(address, line->database));
+        return kDone;
+      }};
 }
 
 Command MakeVerifyCommand(CLI::App& program) {
@@ -135,7 +145,9 @@ Command MakeVerifyCommand(CLI::App& program) {
       "Compare a company's database with what deploy installs, and its stored figures with the movements");
   AddServerOptions(*verify, *line);
   return {verify, [line] {
-            const std::vector<std::string> differences = VerifyCompany(AddressOf(*line), line->database);
+            const ServerAddress address = AddressOf(*line);
+            Warn(CollationWarning(address, line->database));
+            const std::vector<std::string> differences = VerifyCompany(address, line->database);
             for (const std::string& difference : differences) std::cout << difference << "\n";
             return differences.empty() ? kDone : kDiffers;
           }};

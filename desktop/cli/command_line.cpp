@@ -115,8 +115,15 @@ void AddLimits(CLI::App& app, CommandLine& line) {
 }
 
 void AddSession(CLI::App& app, CommandLine& line) {
-  app.add_option("--company", line.session.company, "The company: a file, or server:ADDRESS (docs/server.md)")
-      ->type_name("COMPANY")
+  CLI::Option* company = app.add_option("--company", line.session.company,
+                                        "The company: a file, or server:ADDRESS (docs/server.md)")
+                             ->type_name("COMPANY")
+                             ->group(kCompany);
+  app.add_option_function<std::string>(
+         "--server", [&line](const std::string& address) { line.session.company = "server:" + address; },
+         "The company on this server: HOST[:PORT]/DATABASE, or an ODBC connection string")
+      ->type_name("ADDRESS")
+      ->excludes(company)
       ->group(kCompany);
   app.add_option("--user", line.user, "Who signs in; rights and prices are that user's")
       ->type_name("NAME")

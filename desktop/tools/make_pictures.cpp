@@ -15,6 +15,7 @@
 #include "desktop/app/entity_picker.h"
 #include "desktop/app/import_dialog.h"
 #include "desktop/app/main_window.h"
+#include "desktop/app/server_dialog.h"
 #include "desktop/app/settings_dialog.h"
 #include "desktop/app/sign_in.h"
 #include "desktop/app/users_dialog.h"
@@ -125,6 +126,9 @@ void PictureDialogs(const Pictures& pictures) {
   users.exec();
 
   PictureImport(pictures);
+  ServerDialog server("server:SERVER=10.0.0.5;DATABASE=Sherkat;UID=anbar");
+  WhileModal([&](QWidget& window) { pictures.Save(window, "server-dialog"); });
+  server.Ask();
 
   SettingsDialog settings(pictures.settings);
   WhileModal([&](QWidget& window) { pictures.Save(window, "settings"); });

@@ -49,11 +49,16 @@ TEST_F(DeployedTest, NothingIsToldOfItAndWhatIsChangedOrDroppedIsToldAndDeployed
     ServerSession session = SessionIn(*deployed);
     session.Run("DROP PROCEDURE dbo.srKardex");
     session.Run("ALTER PROCEDURE dbo.Kardex_Proc @GoodCode bigint AS SELECT 1 AS Date");
+    session.Run("DROP VIEW dbo.TagLookUp_VW");
+    session.Run("CREATE VIEW dbo.TagLookUp_VW AS SELECT t.Code, t.Name, N'' AS Background FROM dbo.TagS t");
   }
   const std::vector<std::string> told = Verified(*deployed);
   EXPECT_NE(std::find(told.begin(), told.end(), "missing: srKardex"), told.end());
   EXPECT_NE(std::find(told.begin(), told.end(), "changed: Kardex_Proc"), told.end());
-  deployed->Deploy();
+  EXPECT_NE(std::find(told.begin(), told.end(), "changed: TagLookUp_VW"), told.end());
+  EXPECT_EQ(told.size(), 3U);
+  EXPECT_THROW(deployed->Deploy({}, {"no_such_option"}), CompanyError);
+  deployed->Deploy({}, {"period_indexes"});
   EXPECT_EQ(Verified(*deployed), std::vector<std::string>());
 }
 
@@ -104,6 +109,10 @@ TEST_F(DeployTest, ADatabaseOfTheFirstVersionIsBroughtUpToDateWithWhatItHolds) {
     const std::string script((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
     for (const std::string_view batch : BatchesOf(script)) session.Run(batch);
     session.Run("INSERT INTO dbo.Meta([Key], Value) VALUES(N'SchemaVersion', N'1')");
+    session.Run(
+        "INSERT INTO dbo.Users(Code, Login, Name, PasswordHash) VALUES(5, N'anbar', N'x', N'y'), (6, "
+        "N'hesab', N'x', N'y')");
+    session.Run("INSERT INTO dbo.UserRights(UserCode, Part, Permission) VALUES(5, 509, 6), (6, 500, 24)");
     session.Run("INSERT INTO dbo.Stores(Code, Name) VALUES(7, N'انبار قدیمی')");
     session.Run("INSERT INTO dbo.SearchNames(Kind, Code, Name, Abb) VALUES(1, 7, N'انبار قدیمی', N'')");
   }
@@ -114,6 +123,8 @@ TEST_F(DeployTest, ADatabaseOfTheFirstVersionIsBroughtUpToDateWithWhatItHolds) {
   database.Deploy();
   EXPECT_EQ(Verified(database), std::vector<std::string>());
   SessionIn(database).Run("UPDATE dbo.Stores SET AbbName = N'ANB-7' WHERE Code = 7");
+  EXPECT_EQ(SessionIn(database).AskInteger("SELECT SeesPrices FROM dbo.Users WHERE Code = 5"), 0);
+  EXPECT_EQ(SessionIn(database).AskInteger("SELECT SeesPrices FROM dbo.Users WHERE Code = 6"), 1);
   const auto company = OpenServerCompany(database.Address().ConnectionString(), "");
   ASSERT_EQ(company->SearchEntities(EntityType::Store, "anb-7", 5).size(), 1U);
   EXPECT_EQ(company->SearchEntities(EntityType::Store, "قديمي", 5).at(0).code, 7);

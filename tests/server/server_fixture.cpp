@@ -131,7 +131,9 @@ ServerAddress TestDatabase::Address() const {
   return address;
 }
 
-void TestDatabase::Deploy(const std::string& from) const { DeployCompany({TheServer(), name_, from, {}}); }
+void TestDatabase::Deploy(const std::string& from, const std::vector<std::string>& with) const {
+  DeployCompany({TheServer(), name_, from, with, {}});
+}
 
 namespace {
 

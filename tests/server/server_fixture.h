@@ -41,7 +41,7 @@ class TestDatabase {
   // The server's address with this database.
   ServerAddress Address() const;
   // Deploys and fills it from a company file.
-  void Deploy(const std::string& from = {}) const;
+  void Deploy(const std::string& from = {}, const std::vector<std::string>& with = {}) const;
 
  private:
   std::string name_;

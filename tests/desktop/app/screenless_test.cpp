@@ -153,6 +153,11 @@ TEST_F(Screenless, WhatTheCompanyAnswersIsAnErrorWithCodeOne) {
   EXPECT_EQ(Run({"--module", "missing.so", "--text", text}), 1);
   EXPECT_EQ(Run({"--text", At("no/such/folder/card.txt")}), 1);
   EXPECT_FALSE(errors_.isEmpty());
+  // Nobody listens on port 1.
+  const QStringList nowhere{"--server", "127.0.0.1:1/Sherkat", "--user", "admin", "--text", text};
+  EXPECT_EQ(RunBare(nowhere), 1);
+  EXPECT_TRUE(errors_.contains("سرور")) << FromQt(errors_);
+  EXPECT_EQ(RunBare(nowhere + QStringList{"--company", "shop.goods"}), 2);
   EXPECT_FALSE(QFile::exists(text));
 }
 

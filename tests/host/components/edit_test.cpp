@@ -75,7 +75,8 @@ TEST(Edit, TheProgramsTextIsAcceptedAtOnce) {
 
 TEST(Edit, ADateIsCompletedWhenItIsAccepted) {
   TDateEdit edit(nullptr, "Date_EDT");
-  for (const char* typed : {"14010305", "1401/3/5", "۱۴۰۱/۰۳/۰۵", "1401-03-05", "1401.3.5", "01/3/5", "01-03-05"}) {
+  for (const char* typed :
+       {"14010305", "1401/3/5", "۱۴۰۱/۰۳/۰۵", "1401-03-05", "1401.3.5", "01/3/5", "01-03-05"}) {
     EXPECT_TRUE(edit.SetText(typed));
     EXPECT_EQ(edit.Text(), "1401/03/05") << typed;
     EXPECT_TRUE(edit.IsValidDate());
