@@ -7,6 +7,7 @@
 #include <exception>
 #include <iostream>
 #include <iterator>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -58,7 +59,12 @@ Outcome RunWith(const CaseEnvironment& environment, const CaseFile& file, const 
   if (fault == Fault::Lookup) run.Host().Lookups().FailAt(at, kFault);
   {
     const FailingNew memory(fault == Fault::Allocation ? static_cast<int>(at) : 0);
-    outcome.failures = run.Run();
+    try {
+      outcome.failures = run.Run();
+    } catch (const std::bad_alloc&) {
+      // In the loop that stands for the screen, between two actions.
+      environment.detach();
+    }
     outcome.allocations = FailingNew::Calls();
   }
   outcome.statements = run.Host().Connection().SentCount();
