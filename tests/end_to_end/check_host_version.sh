@@ -19,7 +19,7 @@ PROGRAM
 
 answer() {  # of a host compiled with the headers of folder $1
   cmake -DROOT="$1/host" -DOUTPUTS="$1/goods_host_version.h" -P "$sources/cmake/host_version.cmake"
-  "$compiler" -std=c++20 -I"$1" "$scratch/host.cpp" "$module" "$host_library" \
+  "$compiler" -std=c++20 -I"$1" -I"$1/include" "$scratch/host.cpp" "$module" "$host_library" \
     -Wl,-rpath,"$(dirname "$module")" -Wl,-rpath,"$(dirname "$host_library")" -o "$1/host_program"
   "$1/host_program"
 }
