@@ -10,17 +10,17 @@
 namespace goods {
 namespace {
 
-constexpr std::string_view kNotGiven = "0";
+constexpr std::string_view kNoTitle = "0";
 
 enum class ValueForm { Bare, Quoted, WithoutSeparators };
 
-struct TitleParameter {
+struct OperationParameter {
   std::string_view name;
   ValueForm form;
 };
 
 // By the item of the column search.
-constexpr std::array kTitleParameters = std::to_array<TitleParameter>({
+constexpr std::array kOperationParameters = std::to_array<OperationParameter>({
     {"@Store", ValueForm::Bare},
     {"@StoreName", ValueForm::Quoted},
     {"@OperationCode", ValueForm::Bare},
@@ -53,7 +53,7 @@ void AddRange(CriteriaText& text, const RangeTexts& texts, const CriteriaRange& 
 }
 
 void AddCodes(CriteriaText& text, const RangeTexts& texts, const CriteriaRange& range) {
-  if (range.from != kNotGiven && range.to != kNotGiven) AddRange(text, texts, range);
+  if (range.from != kNoTitle && range.to != kNoTitle) AddRange(text, texts, range);
 }
 
 void AddDialog(CriteriaText& text, const OperationDismatchDialog& dialog) {
@@ -63,7 +63,7 @@ void AddDialog(CriteriaText& text, const OperationDismatchDialog& dialog) {
   }
   AddCodes(text, kCodes, dialog.codes);
   AddCodes(text, kRows, dialog.rows);
-  if (dialog.amounts.to != kNotGiven) {
+  if (dialog.amounts.to != kNoTitle) {
     AddRange(text, dialog.amountsOfDetails ? kDetailAmounts : kOperationAmounts, dialog.amounts);
   }
 }
@@ -75,7 +75,8 @@ CriteriaText TextOf(const OperationDismatchCriteria& criteria) {
   text.Add("@GoodCode", std::to_string(criteria.goodCode));
   text.Say("کالا : " + criteria.goodName);
   if (!criteria.title.empty()) {
-    const TitleParameter& parameter = kTitleParameters.at(static_cast<std::size_t>(criteria.titleItem));
+    const OperationParameter& parameter =
+        kOperationParameters.at(static_cast<std::size_t>(criteria.titleItem));
     text.Add(parameter.name, InForm(criteria.title, parameter.form));
     text.Say(criteria.titleCaption + " : " + criteria.title);
   }

@@ -138,8 +138,8 @@ TEST_F(Help, OnTheMainWindowAndInTheHelpItselfItIsTheIndex) {
 }
 
 TEST(HelpPagesTest, EachHasATitleLinksThatLeadToPagesAndPicturesThatAreThere) {
-  // The index and the users beside the reports.
-  ASSERT_EQ(HelpPages().size(), kReports.size() + 2);
+  // The index, the import and the users beside the reports.
+  ASSERT_EQ(HelpPages().size(), kReports.size() + 3);
   static const QRegularExpression kTarget(R"(\]\(([^)#]+)\))");
   for (const HelpPage& page : HelpPages()) {
     const QString text = QString::fromUtf8(PageText(page.file));
