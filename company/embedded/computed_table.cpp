@@ -63,9 +63,9 @@ int Disconnect(sqlite3_vtab* table) {
 }
 
 // Arguments must all be there: they come from the call, or from a table that stands before this one. Without
-// arguments one good may be asked for; SQLite then holds the rows against it once more.
-int BestIndex(sqlite3_vtab* table, sqlite3_index_info* plan) {
-  const ComputedTable& computed = *TableOf(table).computed;
+// arguments one good may be asked for; SQLite then holds the rows against it once more. False: this order of
+// the tables lacks one.
+bool Plan(const ComputedTable& computed, sqlite3_index_info* plan) {
   const int most = std::max(computed.arguments, 1);
   std::vector<bool> given(static_cast<std::size_t>(most), false);
   for (int i = 0; i < plan->nConstraint; ++i) {
@@ -79,7 +79,7 @@ int BestIndex(sqlite3_vtab* table, sqlite3_index_info* plan) {
     plan->aConstraintUsage[i].omit = computed.arguments > 0 ? 1 : 0;
   }
   if (computed.arguments > 0) {
-    if (std::find(given.begin(), given.end(), false) != given.end()) return SQLITE_CONSTRAINT;
+    if (std::find(given.begin(), given.end(), false) != given.end()) return false;
     plan->estimatedCost = 10;
     plan->estimatedRows = 1;
   } else {
@@ -91,7 +91,13 @@ int BestIndex(sqlite3_vtab* table, sqlite3_index_info* plan) {
     inOrder = plan->aOrderBy[i].iColumn == i && plan->aOrderBy[i].desc == 0;
   }
   plan->orderByConsumed = inOrder ? 1 : 0;
-  return SQLITE_OK;
+  return true;
+}
+
+int BestIndex(sqlite3_vtab* table, sqlite3_index_info* plan) {
+  bool possible = false;
+  const int code = Guarded(table, [&] { possible = Plan(*TableOf(table).computed, plan); });
+  return code == SQLITE_OK && !possible ? SQLITE_CONSTRAINT : code;
 }
 
 int OpenCursor(sqlite3_vtab*, sqlite3_vtab_cursor** result) {
@@ -168,12 +174,10 @@ ComputedRows::~ComputedRows() = default;
 // handle; that happens here, since a handle that may only read could not declare it later.
 void RegisterComputedTable(sqlite3* db, const ComputedTable& table) {
   sqlite3_create_module_v2(db, table.name, &Module(), const_cast<ComputedTable*>(&table), nullptr);
-  sqlite3_stmt* statement = nullptr;
   std::string first = std::string("SELECT 1 FROM ") + table.name;
   for (int i = 0; i < table.arguments; ++i) first += i == 0 ? "(NULL" : ", NULL";
   if (table.arguments > 0) first += ")";
-  sqlite3_prepare_v2(db, first.c_str(), -1, &statement, nullptr);
-  sqlite3_finalize(statement);
+  const Statement declares(db, first);
 }
 
 }  // namespace goods

@@ -52,7 +52,11 @@ int WatchedStatements::Ask(void* self) {
   const auto now = std::chrono::steady_clock::now();
   if (now - watched->asked_ < kPause) return 0;
   watched->asked_ = now;
-  return watched->watcher_(watched->progress_) ? 0 : 1;
+  try {
+    return watched->watcher_(watched->progress_) ? 0 : 1;
+  } catch (...) {  // nothing may be thrown through SQLite: a watcher that fails stops the work
+    return 1;
+  }
 }
 
 }  // namespace goods
