@@ -28,3 +28,12 @@ function(goods_layer target folder)
     target_link_libraries(${target} INTERFACE ${LAYER_SEES})
   endif()
 endfunction()
+
+# goods_compiled_apart(<file>...): sources of this CMakeLists.txt whose private names others of their target have too, or
+# whose classes hold private ones; with GOODS_UNITY they are compiled by themselves.
+function(goods_compiled_apart)
+  foreach(file ${ARGN})
+    list(APPEND files ${PROJECT_SOURCE_DIR}/${file})
+  endforeach()
+  set_source_files_properties(${files} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()

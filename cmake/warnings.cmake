@@ -30,6 +30,11 @@ if(GOODS_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(GOODS_UNITY)
+  set(CMAKE_UNITY_BUILD ON)
+  set(CMAKE_UNITY_BUILD_BATCH_SIZE 16)
+endif()
+
 if(PROJECT_IS_TOP_LEVEL)
   find_program(CCACHE ccache)
   if(CCACHE)

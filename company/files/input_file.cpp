@@ -7,7 +7,7 @@ namespace goods {
 
 namespace {
 
-void Check(int error, const std::string& path) {
+void CheckInput(int error, const std::string& path) {
   if (error == 0) return;
   const bool missing = error == ENOENT || error == ENOTDIR;
   throw FileError(missing ? FileProblem::Missing : ProblemOf(error), path, error);
@@ -21,13 +21,13 @@ void CheckState(const FileState& state, const std::string& path) {
 
 FileHandle OpenInput(const std::string& path, FileLayer& layer) {
   FileState state;
-  Check(layer.Look(path, true, state), path);
+  CheckInput(layer.Look(path, true, state), path);
   CheckState(state, path);
   int opened = -1;
-  Check(layer.OpenToRead(path, true, opened), path);
+  CheckInput(layer.OpenToRead(path, true, opened), path);
   FileHandle handle(layer, opened);
   // Looked at once more, by the handle: what was looked at before may have been replaced.
-  Check(layer.LookAt(opened, state), path);
+  CheckInput(layer.LookAt(opened, state), path);
   CheckState(state, path);
   return handle;
 }
@@ -42,7 +42,7 @@ std::string ReadInputFile(const std::string& path, std::uint64_t limit, FileLaye
   std::array<char, 65536> block{};
   for (;;) {
     std::size_t read = 0;
-    Check(layer.Read(handle.Get(), block.data(), block.size(), read), path);
+    CheckInput(layer.Read(handle.Get(), block.data(), block.size(), read), path);
     if (read == 0) return contents;
     if (contents.size() + read > limit) throw FileError(FileProblem::TooLarge, path);
     contents.append(block.data(), read);

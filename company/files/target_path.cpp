@@ -25,7 +25,7 @@ std::string NameOf(const std::string& path) {
   return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
-void Check(int error, const std::string& path) {
+void CheckTarget(int error, const std::string& path) {
   if (error != 0) throw FileError(ProblemOf(error), path, error);
 }
 
@@ -69,13 +69,13 @@ Target FindTarget(FileLayer& layer, const std::string& path, const TargetRules& 
     target.name = NameOf(target.path);
     if (target.name.empty() || target.name == "." || target.name == "..")
       throw FileError(FileProblem::Folder, path);
-    Check(layer.Look(target.path, false, target.state), path);
+    CheckTarget(layer.Look(target.path, false, target.state), path);
     if (target.state.kind != FileKind::Link) break;
     if (links == kMostLinks || !MayFollow(layer, target.state, target.folder)) {
       throw FileError(FileProblem::ForeignLink, path);
     }
     std::string next;
-    Check(layer.ReadLink(target.path, next), path);
+    CheckTarget(layer.ReadLink(target.path, next), path);
     target.path = next.starts_with('/') ? next : target.folder + "/" + next;
   }
   RefuseForbidden(layer, target, rules.forbidden);
@@ -83,7 +83,7 @@ Target FindTarget(FileLayer& layer, const std::string& path, const TargetRules& 
     case FileKind::None:
     case FileKind::Link: {
       FileState folder;
-      Check(layer.Look(target.folder, true, folder), path);
+      CheckTarget(layer.Look(target.folder, true, folder), path);
       if (folder.kind != FileKind::Folder) throw FileError(FileProblem::NoFolder, path);
       return target;
     }

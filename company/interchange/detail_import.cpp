@@ -18,8 +18,6 @@ enum DetailColumn : std::size_t {
 };
 enum RemarkColumn : std::size_t { kKind, kNumber, kRemark };
 
-std::string Quoted(std::string_view text) { return "«" + std::string(text) + "»"; }
-
 Decimal Measure(TableReader& reader, DetailColumn column) {
   const std::string_view text = reader.Field(column);
   if (text.empty()) return {};

@@ -80,6 +80,8 @@ std::optional<Decimal> ReadShortNumber(std::string_view text) {
 
 }  // namespace
 
+std::string Quoted(std::string_view text) { return "«" + std::string(text) + "»"; }
+
 std::optional<std::int64_t> ReadWhole(std::string_view text, std::int64_t low, std::int64_t high) {
   text = Trim(text);
   std::int64_t number = 0;

@@ -11,6 +11,9 @@
 
 namespace goods {
 
+// As a problem quotes what a field holds.
+std::string Quoted(std::string_view text);
+
 // A whole number from low to high.
 std::optional<std::int64_t> ReadWhole(std::string_view text, std::int64_t low, std::int64_t high);
 // A number with at most nine decimals, its absolute value at most largest. Thousands may be set apart with

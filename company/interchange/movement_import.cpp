@@ -26,8 +26,6 @@ enum Column : std::size_t {
   kSignedQuantity
 };
 
-std::string Quoted(std::string_view text) { return "«" + std::string(text) + "»"; }
-
 }  // namespace
 
 const std::vector<ColumnTitle>& MovementTitles() {

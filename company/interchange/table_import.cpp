@@ -15,8 +15,6 @@ namespace {
 constexpr std::string_view kHashPrefix = "$argon2id$";
 constexpr std::size_t kLongestHash = 127;
 
-std::string Quoted(std::string_view text) { return "«" + std::string(text) + "»"; }
-
 bool HasTextCodes(Entity entity) {
   return entity == Entity::Good || entity == Entity::Store || entity == Entity::Person;
 }

@@ -17,7 +17,7 @@ namespace goods {
 
 namespace {
 
-constexpr std::string_view kOrdering = "مرتب کردن سندها";
+constexpr std::string_view kOrderingStage = "مرتب کردن سندها";
 constexpr std::string_view kCards = "نوشتن کاردکس ها";
 constexpr std::string_view kIndexes = "ساختن نمایه ها";
 constexpr std::string_view kSaving = "ذخیره شرکت";
@@ -133,7 +133,7 @@ void CompanyWriter::WriteMovements(const std::function<void(const Unattached&)>&
   written_ = true;
   RecordSorter cards(file_.TargetPath());
   std::string packed;
-  WorkMeter meter(watcher_, kOrdering, intake_->Movements());
+  WorkMeter meter(watcher_, kOrderingStage, intake_->Movements());
   WriteDocuments(
       *db_, *intake_, meter,
       [&](const WaitingMovement& waiting) {

@@ -17,6 +17,8 @@ namespace goods {
 // Fonts are measured and painted this many times their size, because a font's pixel size is a whole number.
 inline constexpr int kFontUnits = 8;
 
+inline constexpr double kPointsPerInch = 72;
+
 // Lengths are points (1/72 inch).
 struct PrintedColumn {
   int index = -1;  // in the table; -1: row numbers

@@ -22,7 +22,6 @@
 namespace goods {
 namespace {
 
-constexpr double kPointsPerInch = 72;
 constexpr double kZoomStep = 1.2;
 
 void SetUpPaper(QPrinter& printer, const PageLayout& layout) {

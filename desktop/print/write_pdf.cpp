@@ -15,7 +15,6 @@ namespace goods {
 namespace {
 
 constexpr int kPdfDpi = 600;
-constexpr double kPointsPerInch = 72;
 
 // The characters that the codes of a font's map stand for, as a reader searches for them. A code of a
 // letter's joined form becomes the letter's own, one of a ligature those of its letters, from left to right:

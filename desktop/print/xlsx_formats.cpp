@@ -10,7 +10,7 @@ namespace goods {
 namespace {
 
 constexpr lxw_color_t kHeadFill = 0xE9EEF4;
-constexpr double kTitleSize = 14;
+constexpr double kSheetTitleSize = 14;
 
 bool IsDigitMark(char c) { return c == '0' || c == '#' || c == ',' || c == '.'; }
 
@@ -81,7 +81,7 @@ lxw_format* XlsxFormats::Plain(lxw_format*& kept, void (*setUp)(lxw_format*)) {
 lxw_format* XlsxFormats::Title() {
   return Plain(title_, [](lxw_format* format) {
     format_set_bold(format);
-    format_set_font_size(format, kTitleSize);
+    format_set_font_size(format, kSheetTitleSize);
   });
 }
 

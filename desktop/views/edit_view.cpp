@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kTextWidth = 160;
 constexpr int kNumberWidth = 100;
-constexpr int kPadding = 4;
+constexpr int kEditPadding = 4;
 constexpr int kFrameRoom = 22;
 
 }  // namespace
@@ -23,7 +23,7 @@ constexpr int kFrameRoom = 22;
 EditView::EditView(FormView& form, TEdit& edit, QWidget* parent)
     : ControlView(form, edit), edit_(edit), line_(new LineEdit(parent)) {
   SetWidget(line_);
-  line_->setTextMargins(Scaled(kPadding, *line_), 0, Scaled(kPadding, *line_), 0);
+  line_->setTextMargins(Scaled(kEditPadding, *line_), 0, Scaled(kEditPadding, *line_), 0);
   connect(line_, &QLineEdit::textEdited, this, [this](const QString& text) { Typed(text); });
   connect(line_, &QLineEdit::cursorPositionChanged, this, [this](int, int now) { CaretMoved(now); });
 }

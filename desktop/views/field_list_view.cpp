@@ -13,7 +13,7 @@
 namespace goods {
 namespace {
 
-constexpr int kRowExtra = 7;
+constexpr int kFieldRowExtra = 7;
 constexpr int kGap = 10;        // between a caption and its text
 constexpr int kPairGap = 28;    // between pairs beside each other
 constexpr int kTextRoom = 170;  // what a text wants when as many pairs as fit stand beside each other
@@ -30,7 +30,7 @@ FieldListWidget::FieldListWidget(QWidget* parent) : QAbstractScrollArea(parent) 
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 
-int FieldListWidget::RowHeight() const { return LineHeight(font()) + Scaled(kRowExtra, *this); }
+int FieldListWidget::RowHeight() const { return LineHeight(font()) + Scaled(kFieldRowExtra, *this); }
 
 int FieldListWidget::RowCount() const {
   return (static_cast<int>(pairs_.size()) + shownColumns_ - 1) / shownColumns_;

@@ -12,8 +12,8 @@
 namespace goods {
 namespace {
 
-constexpr int kPadding = 6;
-constexpr int kRowExtra = 9;
+constexpr int kCellPadding = 6;
+constexpr int kGridRowExtra = 9;
 constexpr int kHeaderExtra = 12;
 constexpr int kMaxTitleLines = 3;
 constexpr int kEdgeReach = 4;
@@ -43,9 +43,9 @@ void GridGeometry::Update(const TSmartDBGrid_QRT& grid, const QWidget& viewport)
   size_ = viewport.size();
   rightToLeft_ = grid.RightAligned;
   dpi_ = viewport.logicalDpiX();
-  padding_ = Scaled(kPadding, viewport);
+  padding_ = Scaled(kCellPadding, viewport);
   const QFontMetrics metrics(viewport.font());
-  rowHeight_ = LineHeight(viewport.font()) + Scaled(kRowExtra, viewport);
+  rowHeight_ = LineHeight(viewport.font()) + Scaled(kGridRowExtra, viewport);
   footerHeight_ = grid.ShowFooter ? rowHeight_ + Scaled(2, viewport) : 0;
   numberWidth_ = 0;
   if (grid.ShowRowNumbers) {

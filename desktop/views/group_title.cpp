@@ -10,7 +10,7 @@ namespace goods {
 namespace {
 
 constexpr int kArrowRoom = 22;
-constexpr int kPadding = 6;
+constexpr int kTitlePadding = 6;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ void GroupTitle::Show(const QString& caption, bool foldable, bool folded) {
 
 QSize GroupTitle::sizeHint() const {
   const QFontMetrics metrics(font());
-  return {metrics.horizontalAdvance(text()) + Scaled(kArrowRoom + 2 * kPadding, *this),
+  return {metrics.horizontalAdvance(text()) + Scaled(kArrowRoom + 2 * kTitlePadding, *this),
           LineHeight(font()) + Scaled(8, *this)};
 }
 
@@ -50,7 +50,7 @@ void GroupTitle::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(theme.buttonHover);
     painter.drawRoundedRect(box, 5, 5);
   }
-  box.adjust(Scaled(kPadding, *this), 0, -Scaled(kPadding, *this), 0);
+  box.adjust(Scaled(kTitlePadding, *this), 0, -Scaled(kTitlePadding, *this), 0);
   if (foldable_) {
     const int room = Scaled(kArrowRoom, *this);
     const bool rightToLeft = layoutDirection() == Qt::RightToLeft;

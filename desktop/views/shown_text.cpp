@@ -11,7 +11,7 @@ namespace {
 
 constexpr char16_t kIsolateLeftToRight = 0x2066;
 constexpr char16_t kPopIsolate = 0x2069;
-constexpr char16_t kPersianZero = 0x06F0;
+constexpr char16_t kFirstPersianDigit = 0x06F0;
 constexpr std::size_t kLongestShown = 2000;  // characters of a cell, caption or hint
 
 bool g_persianDigits = true;
@@ -47,7 +47,7 @@ bool PersianDigits() { return g_persianDigits; }
 QString ShownDigits(QString text) {
   if (!g_persianDigits) return text;
   for (QChar& c : text) {
-    if (IsAsciiDigit(c)) c = QChar(static_cast<char16_t>(kPersianZero + (c.unicode() - u'0')));
+    if (IsAsciiDigit(c)) c = QChar(static_cast<char16_t>(kFirstPersianDigit + (c.unicode() - u'0')));
   }
   return text;
 }

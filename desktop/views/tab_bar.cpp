@@ -9,7 +9,7 @@
 namespace goods {
 namespace {
 
-constexpr int kPadding = 14;
+constexpr int kTabPadding = 14;
 constexpr int kHeightExtra = 14;
 constexpr double kMarkWidth = 3;
 
@@ -35,7 +35,7 @@ TabBar::TabBar(QWidget* parent) : QTabBar(parent) {
 QSize TabBar::tabSizeHint(int index) const {
   const QFontMetrics metrics(ChosenFont(font()));
   const int text = metrics.size(Qt::TextShowMnemonic, tabText(index)).width();
-  return {text + 2 * Scaled(kPadding, *this), LineHeight(font()) + Scaled(kHeightExtra, *this)};
+  return {text + 2 * Scaled(kTabPadding, *this), LineHeight(font()) + Scaled(kHeightExtra, *this)};
 }
 
 QSize TabBar::minimumTabSizeHint(int index) const { return tabSizeHint(index); }

@@ -21,8 +21,8 @@ namespace {
 constexpr int kCodeRole = Qt::UserRole;
 constexpr int kColorRole = Qt::UserRole + 1;
 constexpr int kRowsShown = 8;
-constexpr int kRowExtra = 12;
-constexpr int kPadding = 10;
+constexpr int kTokenRowExtra = 12;
+constexpr int kTokenPadding = 10;
 constexpr int kSwatch = 12;
 
 // A choice: its colour, where it has one, and its text.
@@ -43,7 +43,7 @@ class ChoiceRows : public QStyledItemDelegate {
     }
     const bool rightToLeft = option.direction == Qt::RightToLeft;
     const QWidget& widget = *option.widget;
-    QRect box = option.rect.adjusted(Scaled(kPadding, widget), 0, -Scaled(kPadding, widget), 0);
+    QRect box = option.rect.adjusted(Scaled(kTokenPadding, widget), 0, -Scaled(kTokenPadding, widget), 0);
     if (const QVariant color = index.data(kColorRole); color.isValid()) {
       const int side = Scaled(kSwatch, widget);
       const QRectF swatch(rightToLeft ? box.right() + 1 - side : box.left(),
@@ -52,7 +52,7 @@ class ChoiceRows : public QStyledItemDelegate {
       painter->setPen(Mixed(fill, theme.text, 0.3));
       painter->setBrush(fill);
       painter->drawRoundedRect(swatch.adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-      const int room = side + Scaled(kPadding, widget) / 2 + 2;
+      const int room = side + Scaled(kTokenPadding, widget) / 2 + 2;
       box = rightToLeft ? box.adjusted(0, 0, -room, 0) : box.adjusted(room, 0, 0, 0);
     }
     painter->setFont(option.font);
@@ -63,8 +63,8 @@ class ChoiceRows : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const int text = option.fontMetrics.horizontalAdvance(index.data().toString());
-    return {text + Scaled(3 * kPadding + kSwatch, *option.widget),
-            LineHeight(option.font) + Scaled(kRowExtra, *option.widget)};
+    return {text + Scaled(3 * kTokenPadding + kSwatch, *option.widget),
+            LineHeight(option.font) + Scaled(kTokenRowExtra, *option.widget)};
   }
 };
 

@@ -28,6 +28,8 @@ std::vector<std::string> Split(std::string_view text, char separator);
 // The whole text as a decimal integer with an optional sign; none when it is not one or does not fit.
 std::optional<std::int64_t> ParseInteger(std::string_view text);
 
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 // Persian and Arabic-Indic digits as 0 to 9, everything else as it stands: what a typed number means.
 std::string AsciiDigits(std::string_view text);
 

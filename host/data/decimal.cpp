@@ -5,6 +5,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "host/core/text.h"
 #include "host/data/wide_integer.h"
 
 namespace goods {
@@ -63,8 +64,6 @@ UInt128 Divide(Wide dividend, UInt128 divisor) {
   if (quotient == ~UInt128{0}) ThrowOverflow();
   return quotient + 1;
 }
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 }  // namespace
 

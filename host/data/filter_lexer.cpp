@@ -8,8 +8,6 @@
 namespace goods {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // Every character beyond ASCII can stand in a field's name.
 bool StartsWord(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||

@@ -95,8 +95,6 @@ ResultColumn Describe(SQLHSTMT statement, SQLUSMALLINT number) {
   throw OdbcError("خانه ای از ستون " + column.name + " عددی بیرون از اندازه دارد", "22003", 0);
 }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // The billionths of a plain number of at most 18 digits; none for what needs the long way.
 std::optional<std::int64_t> ShortUnits(std::string_view text) {
   const bool negative = text.starts_with('-');

@@ -9,13 +9,15 @@
 
 #include <gtest/gtest.h>
 
+#include "decimal_of.h"
+
 namespace goods {
 namespace {
 
+using test::Of;
+
 constexpr auto kMaxText = "170141183460469231731687303715.884105727";
 constexpr auto kMinText = "-170141183460469231731687303715.884105728";
-
-Decimal Of(std::string_view text) { return Decimal::Parse(text).value(); }
 
 // Schoolbook arithmetic on digit strings: another road to every figure below.
 std::string Stripped(const std::string& digits) {

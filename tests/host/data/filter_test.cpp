@@ -3,13 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include "decimal_of.h"
 #include "fake_connection.h"
 #include "host/data/query.h"
 
 namespace goods {
 namespace {
 
-Decimal Of(std::string_view text) { return Decimal::Parse(text).value(); }
+using test::Of;
 
 class FilterLanguage : public ::testing::Test {
  protected:

@@ -7,12 +7,13 @@
 
 #include <gtest/gtest.h>
 
+#include "decimal_of.h"
 #include "fake_connection.h"
 
 namespace goods {
 namespace {
 
-Decimal Of(std::string_view text) { return Decimal::Parse(text).value(); }
+using test::Of;
 
 class Query : public ::testing::Test {
  protected:

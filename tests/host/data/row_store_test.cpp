@@ -7,13 +7,14 @@
 
 #include <gtest/gtest.h>
 
+#include "decimal_of.h"
 #include "fake_connection.h"
 #include "host/data/column_chunk.h"
 
 namespace goods {
 namespace {
 
-Decimal Of(std::string_view text) { return Decimal::Parse(text).value(); }
+using test::Of;
 
 RowStore OneColumn(ColumnType type, const std::vector<Value>& cells) {
   std::vector<test::Row> rows;

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "decimal_of.h"
 #include "fake_connection.h"
 #include "host/data/persian.h"
 #include "host/data/query.h"
@@ -13,7 +14,7 @@
 namespace goods {
 namespace {
 
-Decimal Of(std::string_view text) { return Decimal::Parse(text).value(); }
+using test::Of;
 
 class Sorting : public ::testing::Test {
  protected:

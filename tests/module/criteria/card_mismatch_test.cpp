@@ -5,7 +5,7 @@
 namespace goods {
 namespace {
 
-KardexDismatchCriteria Random(Dice& dice) {
+KardexDismatchCriteria RandomCardMismatch(Dice& dice) {
   const int stores = dice.Roll(10);
   return {
       .group = {dice.Code(), dice.Text()},
@@ -17,7 +17,7 @@ KardexDismatchCriteria Random(Dice& dice) {
   };
 }
 
-ExpectedText Expect(const KardexDismatchCriteria& criteria) {
+ExpectedText ExpectCardMismatch(const KardexDismatchCriteria& criteria) {
   ExpectedText text;
   // 1. The group of the current row, unless its code is 0.
   const std::string group = std::to_string(criteria.group.code);
@@ -62,7 +62,7 @@ ExpectedText Expect(const KardexDismatchCriteria& criteria) {
 }
 
 TEST(CardMismatchCriteria, AreSentAndToldAlikeByTwoWays) {
-  HoldOverRandomCriteria(61, Random, Expect,
+  HoldOverRandomCriteria(61, RandomCardMismatch, ExpectCardMismatch,
                          {"@GoodGroupCode", "@StoreSeparation", "@GoodCode", "@GoodName", "@Store",
                           "@StoreName", "@FromDiffAsset", "@ToDiffAsset"});
 }

@@ -21,7 +21,7 @@ DetailValue RandomValue(Dice& dice) {
   };
 }
 
-DetailDialogCriteria RandomDialog(Dice& dice) {
+DetailDialogCriteria RandomDetailListDialog(Dice& dice) {
   DetailDialogCriteria dialog{
       .tags = dice.One<const char*>({"", ",,", " ", ",3,", ",3,7,"}),
       .tagNames = dice.Text(),
@@ -42,7 +42,7 @@ DetailDialogCriteria RandomDialog(Dice& dice) {
   return dialog;
 }
 
-DetailListCriteria Random(Dice& dice, DetailList report) {
+DetailListCriteria RandomDetailList(Dice& dice, DetailList report) {
   const bool stock = report == DetailList::Stock;
   DetailListCriteria criteria{
       .report = report,
@@ -56,7 +56,7 @@ DetailListCriteria Random(Dice& dice, DetailList report) {
       .detail = RandomValue(dice),
       .dialog = std::nullopt,
   };
-  if (dice.Chance(70)) criteria.dialog = RandomDialog(dice);
+  if (dice.Chance(70)) criteria.dialog = RandomDetailListDialog(dice);
   if (stock && criteria.dialog) {
     criteria.dialog->goodIsGroup = false;       // its dialog offers goods alone,
     criteria.dialog->codesItem = dice.Roll(2);  // and codes of goods and stores
@@ -211,14 +211,14 @@ TEST(DetailListCriteria, OfTheMovementsAreSentAndToldAlikeByTwoWays) {
   std::vector<std::string> names = CommonNames();
   for (const char* name : {"@OperationType", "@FromGoodGroupCode", "@ToGoodGroupCode"}) names.push_back(name);
   HoldOverRandomCriteria(
-      54, [](Dice& dice) { return Random(dice, DetailList::Movements); }, ExpectMovements, names);
+      54, [](Dice& dice) { return RandomDetailList(dice, DetailList::Movements); }, ExpectMovements, names);
 }
 
 TEST(DetailListCriteria, OfTheStockAreSentAndToldAlikeByTwoWays) {
   std::vector<std::string> names = CommonNames();
   for (const char* name : {"@StoreSeparation", "@HaveAmount"}) names.push_back(name);
   HoldOverRandomCriteria(
-      51, [](Dice& dice) { return Random(dice, DetailList::Stock); }, ExpectStock, names);
+      51, [](Dice& dice) { return RandomDetailList(dice, DetailList::Stock); }, ExpectStock, names);
 }
 
 TEST(DetailListCriteria, OfAnUntouchedDialogAreThreePieces) {

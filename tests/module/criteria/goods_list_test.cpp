@@ -5,7 +5,7 @@
 namespace goods {
 namespace {
 
-GoodsListDialogCriteria RandomDialog(Dice& dice) {
+GoodsListDialogCriteria RandomGoodsListDialog(Dice& dice) {
   GoodsListDialogCriteria dialog;
   dialog.ranges.push_back(RandomCriterion(dice, SearchOperator::Range, DataKind::Number, "Code"));
   if (dice.Chance(50))
@@ -31,13 +31,13 @@ GoodsListDialogCriteria RandomDialog(Dice& dice) {
   return dialog;
 }
 
-GoodsListCriteria Random(Dice& dice) {
+GoodsListCriteria RandomGoodsList(Dice& dice) {
   GoodsListCriteria criteria{.group = dice.Code(), .groupName = "فلزات", .tab = dice.Roll(6)};
   criteria.tabName = " کالاهای " + std::to_string(criteria.tab) + " ";
   const auto kind = dice.One({DataKind::Text, DataKind::Number, DataKind::Amount});
   const auto how = kind == DataKind::Text ? SearchOperator::Contains : SearchOperator::Equals;
   criteria.search = RandomCriterion(dice, how, kind, "Mogodi");
-  if (dice.Chance(70)) criteria.dialog = RandomDialog(dice);
+  if (dice.Chance(70)) criteria.dialog = RandomGoodsListDialog(dice);
   return criteria;
 }
 
@@ -67,7 +67,7 @@ void ExpectDialog(ExpectedText& text, const GoodsListDialogCriteria& dialog) {
   text.Verbatim(piece);
 }
 
-ExpectedText Expect(const GoodsListCriteria& criteria) {
+ExpectedText ExpectGoodsList(const GoodsListCriteria& criteria) {
   ExpectedText text;
   if (criteria.group != 0) {
     text.Piece("@GrpCode", std::to_string(criteria.group));
@@ -83,7 +83,7 @@ ExpectedText Expect(const GoodsListCriteria& criteria) {
 }
 
 TEST(GoodsListCriteria, GoOutAndAreToldAsASecondWayPutsThemTogether) {
-  HoldOverRandomCriteria(31, Random, Expect,
+  HoldOverRandomCriteria(31, RandomGoodsList, ExpectGoodsList,
                          {"@GrpCode",
                           "@GoodExistType",
                           "@Mogodi",

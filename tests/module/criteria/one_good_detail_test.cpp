@@ -5,7 +5,7 @@
 namespace goods {
 namespace {
 
-OneGoodDetailCriteria Random(Dice& dice) {
+OneGoodDetailCriteria RandomOneGoodDetail(Dice& dice) {
   OneGoodDetailCriteria criteria{
       .goodCode = 1 + dice.Roll(100000),
       .detailValue = dice.Roll(5000),
@@ -21,7 +21,7 @@ OneGoodDetailCriteria Random(Dice& dice) {
   return criteria;
 }
 
-ExpectedText Expect(const OneGoodDetailCriteria& criteria) {
+ExpectedText ExpectOneGoodDetail(const OneGoodDetailCriteria& criteria) {
   ExpectedText text;
   text.Piece("@GoodCode", std::to_string(criteria.goodCode));
   text.Piece("@DetailValueID", std::to_string(criteria.detailValue));
@@ -52,7 +52,7 @@ ExpectedText Expect(const OneGoodDetailCriteria& criteria) {
 
 TEST(OneGoodDetailCriteria, AreSentAndToldAlikeByTwoWays) {
   HoldOverRandomCriteria(
-      53, Random, Expect,
+      53, RandomOneGoodDetail, ExpectOneGoodDetail,
       {"@GoodCode", "@DetailValueID", "@TitleID", "@Title", "@PerCode", "@Anbar", "@FromDate", "@ToDate"});
 }
 

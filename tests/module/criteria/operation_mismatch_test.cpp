@@ -23,7 +23,7 @@ const std::map<std::int64_t, std::string> kOperationPhrases{
     {25, "نوع عملیات : ورود کالا در تقسيم جزئيات"},
 };
 
-OperationDismatchCriteria Random(Dice& dice) {
+OperationDismatchCriteria RandomOperationMismatch(Dice& dice) {
   const int item = dice.Roll(6);
   OperationDismatchCriteria criteria{
       .goodCode = 1 + dice.Roll(100000),
@@ -52,7 +52,7 @@ void ExpectRange(ExpectedText& text, const CriteriaRange& range, const std::stri
   text.Phrase(title + " از: " + range.from + " تا : " + range.to);
 }
 
-ExpectedText Expect(const OperationDismatchCriteria& criteria) {
+ExpectedText ExpectOperationMismatch(const OperationDismatchCriteria& criteria) {
   ExpectedText text;
   text.Piece("@GoodCode", std::to_string(criteria.goodCode));
   text.Phrase("کالا : " + criteria.goodName);
@@ -98,7 +98,7 @@ ExpectedText Expect(const OperationDismatchCriteria& criteria) {
 
 TEST(OperationMismatchCriteria, AreSentAndToldAlikeByTwoWays) {
   HoldOverRandomCriteria(
-      62, Random, Expect,
+      62, RandomOperationMismatch, ExpectOperationMismatch,
       {"@GoodCode", "@Store", "@StoreName", "@OperationCode", "@OperationRow", "@OperationAmount",
        "@DetailAmount", "@OperationType", "@FromDate", "@ToDate", "@FromOperationCode", "@ToOperationCode",
        "@FromOperationRow", "@ToOperationRow", "@FromOperationAmount", "@ToOperationAmount",
