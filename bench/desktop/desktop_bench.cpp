@@ -12,6 +12,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "desktop/tools/window_driver.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/theme.h"
 #include "tests/desktop/views/kit.h"
@@ -101,7 +102,7 @@ BENCHMARK(BareDialogToFirstPaint)->Unit(benchmark::kMillisecond);
 }  // namespace goods::testing
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  goods::UseOffscreenScreen(QSize(1920, 1080));
   qputenv("QT_LOGGING_RULES", "*.debug=false");
   QApplication application(argc, argv);
   goods::ApplyTheme(application, goods::ThemeMode::Light);

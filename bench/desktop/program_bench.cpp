@@ -23,6 +23,7 @@
 
 #include "company/demo/demo_company.h"
 #include "desktop/app/program.h"
+#include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
 #include "host/components/grid.h"
 
@@ -227,7 +228,7 @@ int Compare(std::string company, const DemoOptions& options) {
 }  // namespace goods
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  goods::UseOffscreenScreen(QSize(1920, 1080));
   QApplication application(argc, argv);
   bool empty = false;
   std::string company, desktop, list, folder;

@@ -16,6 +16,7 @@ QLabel* TitleLabel(const QString& text, QWidget* parent) {
   font.setPointSizeF(font.pointSizeF() * 1.5);
   font.setWeight(QFont::DemiBold);
   label->setFont(font);
+  label->setWordWrap(true);
   return label;
 }
 

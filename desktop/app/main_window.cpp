@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
-#include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/app/app_look.h"
@@ -15,6 +15,7 @@
 #include "desktop/app/services/company_rights.h"
 #include "desktop/app/settings_dialog.h"
 #include "desktop/views/shown_text.h"
+#include "desktop/views/text_label.h"
 #include "desktop/views/theme.h"
 #include "goods_reports.h"
 
@@ -22,6 +23,7 @@ namespace goods {
 namespace {
 
 constexpr const char* kStateName = "Main";
+constexpr int kLeastLabelWidth = 170;
 
 }  // namespace
 
@@ -109,9 +111,13 @@ void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
 
 void MainWindow::MakeStatusBar(const QString& companyTitle, const QString& companyPath) {
   const auto add = [this](const char* name, const QString& text) {
-    auto* label = new QLabel(text, this);
+    auto* label = new TextLabel(this);
+    label->setText(text);
     label->setObjectName(name);
     label->setContentsMargins(10, 2, 10, 2);
+    label->setMinimumWidth(std::min(label->sizeHint().width(), kLeastLabelWidth));
+    label->SetShrinkable(true);  // a long name does not widen the window
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     statusBar()->addWidget(label);
     return label;
   };

@@ -13,13 +13,14 @@
 namespace goods {
 namespace {
 
-constexpr int kWidth = 350;
+constexpr int kLeastWidth = 280;
+constexpr int kBestWidth = 350;
 constexpr int kHeight = 96;
 
 }  // namespace
 
 ReportCard::ReportCard(const ReportDescription& report, const QString& reason, QWidget* parent)
-    : QPushButton(parent) {
+    : QPushButton(parent), width_(kBestWidth) {
   const bool allowed = reason.isEmpty();
   setObjectName(report.exportName);
   setAccessibleName(ToQt(report.title));
@@ -58,8 +59,18 @@ ReportCard::ReportCard(const ReportDescription& report, const QString& reason, Q
   for (QLabel* label : findChildren<QLabel*>()) label->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
+int ReportCard::LeastWidth() { return kLeastWidth; }
+
+int ReportCard::BestWidth() { return kBestWidth; }
+
+void ReportCard::SetCardWidth(int width) {
+  if (width == width_) return;
+  width_ = width;
+  updateGeometry();
+}
+
 QSize ReportCard::sizeHint() const {
-  return {kWidth, std::max(kHeight, layout()->totalHeightForWidth(kWidth))};
+  return {width_, std::max(kHeight, layout()->totalHeightForWidth(width_))};
 }
 QSize ReportCard::minimumSizeHint() const { return sizeHint(); }
 

@@ -13,11 +13,19 @@ class ReportCard : public QPushButton {
  public:
   ReportCard(const ReportDescription& report, const QString& reason, QWidget* parent);
 
+  // The least width that the texts can do with, and the width that looks best; pixels.
+  static int LeastWidth();
+  static int BestWidth();
+  void SetCardWidth(int width);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int width_;
 };
 
 }  // namespace goods

@@ -17,7 +17,9 @@
 namespace goods {
 namespace {
 
-constexpr int kCardsInLine = 3;
+constexpr int kMostInLine = 3;
+constexpr int kCardGap = 14;
+constexpr int kSideMargin = 40;
 
 QLabel* GroupLabel(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
@@ -41,22 +43,6 @@ QHBoxLayout* Head(const QString& title, const QString& subtitle, QWidget* parent
   return head;
 }
 
-// Which way an arrow key moves among cards that stand from right to left; 0 for other keys.
-int StepOf(int key) {
-  switch (key) {
-    case Qt::Key_Left:
-      return 1;
-    case Qt::Key_Right:
-      return -1;
-    case Qt::Key_Down:
-      return kCardsInLine;
-    case Qt::Key_Up:
-      return -kCardsInLine;
-    default:
-      return 0;
-  }
-}
-
 }  // namespace
 
 StartPage::StartPage(const QString& title, const QString& subtitle, const std::vector<OfferedReport>& reports,
@@ -68,34 +54,68 @@ StartPage::StartPage(const QString& title, const QString& subtitle, const std::v
   setWidget(page);
   page->setObjectName("Start_PNL");
   auto* layout = new QVBoxLayout(page);
-  layout->setContentsMargins(40, 32, 40, 32);
+  layout->setContentsMargins(kSideMargin, 32, kSideMargin, 32);
   layout->setSpacing(12);
   layout->addLayout(Head(title, subtitle, page));
   layout->addSpacing(8);
 
-  QGridLayout* grid = nullptr;
   std::string_view group;
-  int place = 0;
   for (const OfferedReport& report : reports) {
-    if (grid == nullptr || group != report.entry->group) {
+    if (groups_.empty() || group != report.entry->group) {
       group = report.entry->group;
       layout->addSpacing(8);
       layout->addWidget(GroupLabel(ToQt(group), page));
-      grid = new QGridLayout;
-      grid->setSpacing(14);
-      grid->setColumnStretch(kCardsInLine, 1);
-      layout->addLayout(grid);
-      place = 0;
+      groups_.push_back({new QGridLayout, {}});
+      groups_.back().grid->setSpacing(kCardGap);
+      groups_.back().grid->setColumnStretch(kMostInLine, 1);
+      layout->addLayout(groups_.back().grid);
     }
     auto* card = new ReportCard(*report.entry, report.reason, page);
-    grid->addWidget(card, place / kCardsInLine, place % kCardsInLine);
-    ++place;
+    groups_.back().cards.push_back(card);
     if (!report.reason.isEmpty()) continue;
     cards_.push_back(card);
     card->installEventFilter(this);
     connect(card, &QPushButton::clicked, this, [open, entry = report.entry] { open(*entry); });
   }
   layout->addStretch(1);
+  PlaceCards();
+}
+
+void StartPage::PlaceCards() {
+  const int room = viewport()->width() - 2 * kSideMargin;
+  const int inLine = std::clamp((room + kCardGap) / (ReportCard::LeastWidth() + kCardGap), 1, kMostInLine);
+  const int width = std::clamp((room - (inLine - 1) * kCardGap) / inLine, ReportCard::LeastWidth(),
+                               ReportCard::BestWidth());
+  for (const Group& group : groups_) {
+    int place = 0;
+    for (ReportCard* card : group.cards) {
+      card->SetCardWidth(width);
+      if (inLine != cardsInLine_) group.grid->addWidget(card, place / inLine, place % inLine);
+      ++place;
+    }
+  }
+  cardsInLine_ = inLine;
+}
+
+void StartPage::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  PlaceCards();
+}
+
+// Which way an arrow key moves among cards that stand from right to left; 0 for other keys.
+int StartPage::StepOf(int key) const {
+  switch (key) {
+    case Qt::Key_Left:
+      return 1;
+    case Qt::Key_Right:
+      return -1;
+    case Qt::Key_Down:
+      return cardsInLine_;
+    case Qt::Key_Up:
+      return -cardsInLine_;
+    default:
+      return 0;
+  }
 }
 
 void StartPage::FocusFirst() {

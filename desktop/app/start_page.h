@@ -5,6 +5,8 @@
 #include <functional>
 #include <vector>
 
+class QGridLayout;
+
 namespace goods {
 
 struct ReportDescription;
@@ -17,6 +19,7 @@ struct OfferedReport {
 };
 
 // The arrow keys move between the cards, Enter and Space open.
+// As many cards stand beside each other as the width has room for, three at most.
 class StartPage : public QScrollArea {
  public:
   StartPage(const QString& title, const QString& subtitle, const std::vector<OfferedReport>& reports,
@@ -25,8 +28,21 @@ class StartPage : public QScrollArea {
   void FocusFirst();
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  // A group of cards, those among them that cannot be opened too.
+  struct Group {
+    QGridLayout* grid;
+    std::vector<ReportCard*> cards;
+  };
+  int StepOf(int key) const;
+  void PlaceCards();
+
+  std::vector<Group> groups_;
   std::vector<ReportCard*> cards_;  // those that can be opened, in order
+  int cardsInLine_ = 0;
 };
 
 }  // namespace goods

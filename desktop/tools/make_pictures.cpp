@@ -299,7 +299,7 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
 }  // namespace goods
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  goods::UseOffscreenScreen(QSize(1920, 1080));
   QLoggingCategory::setFilterRules("*.warning=false\n*.debug=false");
   QApplication application(argc, argv);
   std::string company;

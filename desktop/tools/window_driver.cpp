@@ -2,10 +2,14 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
+#include <QTemporaryFile>
 #include <QTimer>
 #include <exception>
 #include <memory>
@@ -66,6 +70,23 @@ class ModalSteps : public QObject {
 };
 
 }  // namespace
+
+void UseOffscreenScreen(QSize pixels, double scale) {
+  static QTemporaryFile file;
+  const QJsonObject screen{{"name", "screen"},
+                           {"x", 0},
+                           {"y", 0},
+                           {"width", pixels.width()},
+                           {"height", pixels.height()},
+                           {"logicalDpi", 96},
+                           {"logicalBaseDpi", 96},
+                           {"dpr", 1}};
+  if (!file.open()) throw std::runtime_error("cannot write the description of a screen");
+  file.write(QJsonDocument(QJsonObject{{"screens", QJsonArray{screen}}}).toJson());
+  file.close();
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
+  qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
+}
 
 void Wait(int milliseconds) {
   QEventLoop loop;

@@ -3,12 +3,17 @@
 
 #include <QImage>
 #include <QKeySequence>
+#include <QSize>
 #include <QString>
 #include <functional>
 
 class QWidget;
 
 namespace goods {
+
+// The screen of a program that runs without one, in its own pixels, and the factor that everything is shown
+// at. To be called before the application is made; without it the screen has 800 x 800 pixels.
+void UseOffscreenScreen(QSize pixels, double scale = 1);
 
 // Lets the message loop run for that long.
 void Wait(int milliseconds);

@@ -22,6 +22,7 @@ FormView::FormView(TForm& form, std::vector<GridCommand> gridCommands, QWidget* 
   setLayoutDirection(Qt::RightToLeft);
   setFocusPolicy(Qt::NoFocus);
   auto* layout = new QVBoxLayout(this);
+  layout->setSizeConstraint(QLayout::SetNoConstraint);  // the screen has the last word
   const int margin = Scaled(12, *this);
   layout->setContentsMargins(margin, margin, margin, margin);
   if (ControlView* root = Build(form_, this)) layout->addWidget(root->Widget());

@@ -4,9 +4,11 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "desktop/views/fit_area.h"
 #include "desktop/views/form_view.h"
 #include "desktop/views/group_title.h"
 #include "desktop/views/panel_splitter.h"
+#include "desktop/views/row_layout.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "host/components/drop_down.h"
@@ -17,6 +19,7 @@ namespace goods {
 namespace {
 
 constexpr int kSpacing = 8;
+constexpr int kTitleSpacing = 4;
 constexpr int kRowSpacing = 6;
 constexpr int kPairSpacing = 18;
 constexpr int kFramePadding = 10;
@@ -102,23 +105,29 @@ PanelView::PanelView(FormView& form, TControl& control, QWidget* parent)
   const bool framed = look != PanelLook::Plain;
   auto* widget = new PanelWidget(parent, look);
   SetWidget(widget);
-  auto* outer = new QVBoxLayout(widget);
+  outer_ = new QVBoxLayout(widget);
   const int padding = framed ? Scaled(kFramePadding, *widget) : 0;
   const int start = look == PanelLook::Warning ? Scaled(kSignRoom, *widget) : padding;
   const bool rightToLeft = widget->layoutDirection() == Qt::RightToLeft;
-  outer->setContentsMargins(rightToLeft ? padding : start, padding / 2, rightToLeft ? start : padding,
-                            padding / 2);
-  outer->setSpacing(Scaled(4, *widget));
+  outer_->setContentsMargins(rightToLeft ? padding : start, padding / 2, rightToLeft ? start : padding,
+                             padding / 2);
+  outer_->setSpacing(Scaled(panel_ == nullptr ? kSpacing : kTitleSpacing, *widget));
   title_ = new GroupTitle(widget);
   title_->hide();
   connect(title_, &QAbstractButton::clicked, this, [this] {
     if (panel_ != nullptr && panel_->Foldable) Act([this] { panel_->SetFolded(!panel_->Folded()); });
   });
-  outer->addWidget(title_);
+  outer_->addWidget(title_);
   body_ = new QWidget(widget);
-  outer->addWidget(body_, 1);
+  if (panel_ == nullptr) {
+    area_ = new FitArea(widget);
+    area_->SetContents(body_);
+    outer_->addWidget(area_, 1);
+  } else {
+    outer_->addWidget(body_, 1);
+  }
   const bool splits = panel_ != nullptr && panel_->Splitter;
-  layout_ = new QBoxLayout(IsRow() && !splits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, body_);
+  layout_ = IsRow() && !splits ? new RowLayout(body_) : new QBoxLayout(QBoxLayout::TopToBottom, body_);
   const int edge = framed ? Scaled(3, *widget) : 0;
   layout_->setContentsMargins(0, edge, 0, edge);
   layout_->setSpacing(Scaled(IsRow() ? kRowSpacing : kSpacing, *widget));
@@ -151,14 +160,38 @@ void PanelView::ArrangeSplitter() {
   splitter_->StartSizes();
 }
 
+QWidget* PanelView::Foot() const {
+  if (area_ == nullptr || Contents().size() < 2) return nullptr;
+  const auto* last = dynamic_cast<const TPanel*>(Contents().back());
+  if (last == nullptr || last->Direction() != Flow::Row) return nullptr;
+  const bool buttons =
+      std::any_of(last->Controls().begin(), last->Controls().end(),
+                  [](const TControl* each) { return dynamic_cast<const TButton*>(each) != nullptr; });
+  return buttons ? Form().WidgetOf(*last) : nullptr;
+}
+
+// Where nothing in the form takes the room that is left over, it is under the last row.
+void PanelView::ArrangeFoot(bool anyStretch) {
+  constexpr int kTitleAndArea = 2;
+  while (outer_->count() > kTitleAndArea) delete outer_->takeAt(kTitleAndArea);
+  if (QWidget* foot = Foot()) {
+    foot->setParent(Widget());
+    outer_->addWidget(foot);
+  }
+  area_->setSizePolicy(QSizePolicy::Expanding, anyStretch ? QSizePolicy::Expanding : QSizePolicy::Maximum);
+  outer_->setStretchFactor(area_, anyStretch ? 1 : 0);
+  if (!anyStretch) outer_->addStretch(1);
+}
+
 void PanelView::Arrange() {
   while (QLayoutItem* item = layout_->takeAt(0)) delete item;
   if (splitter_ != nullptr) return ArrangeSplitter();
+  const QWidget* foot = Foot();
   bool anyStretch = false;  // no matter for a row: what stretches there may be hidden at times
   const TControl* before = nullptr;
   for (const TControl* each : Contents()) {
     QWidget* widget = Form().WidgetOf(*each);
-    if (widget == nullptr) continue;
+    if (widget == nullptr || widget == foot) continue;
     widget->setParent(body_);
     if (IsRow() && BeginsPair(before, *each)) layout_->addSpacing(Scaled(kPairSpacing, *body_));
     before = each;
@@ -169,7 +202,9 @@ void PanelView::Arrange() {
   // What stretches takes all the room; without such the controls stand together at the start.
   const bool fills = std::any_of(Contents().begin(), Contents().end(),
                                  [](const TControl* each) { return !each->Controls().empty(); });
-  if (IsRow() || (!anyStretch && (!fills || panel_ == nullptr))) {
+  if (area_ != nullptr) {
+    ArrangeFoot(anyStretch);
+  } else if (IsRow() || (!anyStretch && !fills)) {
     layout_->addItem(IsRow() ? new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum)
                              : new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
   }

@@ -8,6 +8,7 @@ class QBoxLayout;
 
 namespace goods {
 
+class FitArea;
 class PanelSplitter;
 // The clickable title of a group, with an arrow where the group can be folded.
 class GroupTitle;
@@ -31,12 +32,17 @@ class PanelView : public ContainerView {
   bool IsPage() const;
   bool Titled() const;
   void ArrangeSplitter();
+  // The last row of a form, where buttons stand in it: it stays in view while the rest is scrolled.
+  QWidget* Foot() const;
+  void ArrangeFoot(bool anyStretch);
   void RefreshSizes();
 
   TPanel* panel_;  // null for the form itself
   GroupTitle* title_ = nullptr;
   QWidget* body_ = nullptr;
+  QBoxLayout* outer_ = nullptr;
   QBoxLayout* layout_ = nullptr;
+  FitArea* area_ = nullptr;            // of the form alone
   PanelSplitter* splitter_ = nullptr;  // null where nothing can be dragged
 };
 

@@ -64,6 +64,8 @@ void LabelView::Refresh() {
   }
   SetSizes(*this);
   widget_->SetShrinkable(label_.Stretch() > 0);
+  const auto* line = dynamic_cast<const TPanel*>(label_.Parent());
+  widget_->SetWrapping(line == nullptr || line->Direction() == Flow::Column);
 }
 
 ButtonView::ButtonView(FormView& form, TButton& button, QWidget* parent)

@@ -3,8 +3,11 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QStyle>
 #include <QToolTip>
+#include <algorithm>
+#include <climits>
 
 #include "desktop/views/shown_text.h"
 
@@ -22,10 +25,27 @@ void TextLabel::SetShrinkable(bool shrinkable) {
   updateGeometry();
 }
 
+void TextLabel::SetWrapping(bool wrapping) {
+  if (wrapping == wrapping_) return;
+  wrapping_ = wrapping;
+  updateGeometry();
+}
+
+int TextLabel::WrappedHeight() const {
+  const QRect room(0, 0, contentsRect().width(), INT_MAX / 2);
+  return fontMetrics().boundingRect(room, Qt::AlignRight | Qt::TextWordWrap, text()).height();
+}
+
 QSize TextLabel::minimumSizeHint() const {
   QSize size = QLabel::minimumSizeHint();
-  if (shrinkable_) size.setWidth(fontMetrics().averageCharWidth() * 4);
+  if (shrinkable_ || wrapping_) size.setWidth(std::min(size.width(), fontMetrics().averageCharWidth() * 4));
+  if (wrapping_ && Cut()) size.setHeight(std::max(size.height(), WrappedHeight()));
   return size;
+}
+
+void TextLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  if (wrapping_ && event->size().width() != event->oldSize().width()) updateGeometry();
 }
 
 bool TextLabel::Cut() const {
@@ -38,6 +58,11 @@ void TextLabel::paintEvent(QPaintEvent* event) {
     return;
   }
   QPainter painter(this);
+  if (wrapping_) {
+    style()->drawItemText(&painter, contentsRect(), Qt::AlignRight | Qt::AlignAbsolute | Qt::TextWordWrap,
+                          palette(), isEnabled(), text(), foregroundRole());
+    return;
+  }
   const QString cut = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
   style()->drawItemText(&painter, contentsRect(), Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter,
                         palette(), isEnabled(), cut, foregroundRole());
@@ -49,7 +74,7 @@ void TextLabel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 bool TextLabel::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && Cut()) {
+  if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && !wrapping_ && Cut()) {
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
     return true;
   }

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "desktop/views/plain_texts.h"
+#include "desktop/views/screen_fit.h"
 #include "desktop/views/style.h"
 
 namespace goods {
@@ -113,6 +114,7 @@ void ApplyTheme(QApplication& application, ThemeMode mode) {
   application.setPalette(PaletteOf(g_theme));
   static const bool kPlain = (ShowPlainTextsOnly(application), true);
   static_cast<void>(kPlain);
+  KeepWindowsOnScreen(application);
 }
 
 QFont InterfaceFont() {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/views/screen_fit.h"
 #include "desktop/views/shown_text.h"
 #include "host/core/jalali.h"
 
@@ -52,8 +53,8 @@ void DesktopWindows::Quit() {
   for (FormView* view : open) view->Run([view] { view->Form().Close(); });
 }
 
-void DesktopWindows::RestorePlace(FormView& view) const {
-  if (KeepsPlaces()) view.restoreGeometry(QSettings().value(PlaceKey(view)).toByteArray());
+bool DesktopWindows::RestorePlace(FormView& view) const {
+  return KeepsPlaces() && view.restoreGeometry(QSettings().value(PlaceKey(view)).toByteArray());
 }
 
 void DesktopWindows::KeepPlace(const FormView& view) const {
@@ -69,8 +70,9 @@ void DesktopWindows::RunModal(TForm& form) {
   views_.push_back(view.get());
   view->setWindowModality(Qt::ApplicationModal);
   ApplyLayout(*view);
-  RestorePlace(*view);
-  if (form.Maximised) view->setWindowState(view->windowState() | Qt::WindowMaximized);
+  const QSize wanted = view->size();
+  const bool tooLarge = !RestorePlace(*view) && wanted.boundedTo(RoomFor(*view)) != wanted;
+  if (form.Maximised || tooLarge) view->setWindowState(view->windowState() | Qt::WindowMaximized);
   view->show();
   view->raise();
   view->activateWindow();

@@ -55,7 +55,8 @@ class DesktopWindows : public QObject, public IWindows {
   struct Posted;
   void Deliver(const std::shared_ptr<Posted>& message);
   void ApplyLayout(QWidget& view) const;
-  void RestorePlace(FormView& view) const;
+  // False where no place was kept.
+  bool RestorePlace(FormView& view) const;
   void KeepPlace(const FormView& view) const;
 
   std::vector<GridCommand> gridCommands_;

@@ -418,7 +418,7 @@ TEST_F(Prices, TheDemosStorekeeperFindsNotOneAmount) {
 }  // namespace goods
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  goods::UseOffscreenScreen(QSize(1920, 1080));
   testing::InitGoogleTest(&argc, argv);
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -321,7 +321,7 @@ TEST_F(WalkThrough, EveryExportOpensNarrowsRunsSortsDrillsDownPrintsAndClosesWit
 }  // namespace goods
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  goods::UseOffscreenScreen(QSize(1920, 1080));
   testing::InitGoogleTest(&argc, argv);
   goods::updateTheList = argc > 1 && std::string_view(argv[1]) == "--update";
   QApplication application(argc, argv);

@@ -3,10 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/tools/window_driver.h"
 #include "desktop/views/theme.h"
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  goods::UseOffscreenScreen(QSize(1920, 1080));
   QStandardPaths::setTestModeEnabled(true);
   QApplication application(argc, argv);
   goods::ApplyTheme(application, goods::ThemeMode::Light);
