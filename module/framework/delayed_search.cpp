@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "module/framework/endings.h"
+
 namespace goods {
 
 void DelayedSearch::Typed(int message) {
@@ -52,13 +54,8 @@ bool DelayedSearch::Handle(int message, TEdit* edit) {
   // asks again when it ends.
   if (waiting_ || runs_ > 0) return true;
   waiting_ = true;
-  try {
-    window_.Host().Windows().ProcessMessages([&] { return Ready(); });
-  } catch (...) {
-    waiting_ = false;
-    throw;
-  }
-  waiting_ = false;
+  WithEnd([this] { window_.Host().Windows().ProcessMessages([this] { return Ready(); }); },
+          [this] { waiting_ = false; });
   if (Ended() || Held()) return true;
   pending_ = false;
   const bool hurried = std::exchange(hurried_, false);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "module/framework/endings.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 #include "module/framework/told_once.h"
@@ -102,32 +103,26 @@ void TReport_FRM::Run(Waiting waiting) {
   }
   const DelayedSearch::RunScope noneInside(delayedSearch_);
   running_ = true;
-  // No scope guard, because the hint may throw.
-  const auto ended = [this] {
-    running_ = false;
-    again_.reset();
-    UpdateHint();
-  };
-  try {
-    UpdateHint();
-    RunOnce(waiting);
-    while (again_ && shown_) RunOnce(*std::exchange(again_, std::nullopt));
-  } catch (...) {
-    ended();
-    throw;
-  }
-  ended();
+  WithEnd(
+      [&] {
+        UpdateHint();
+        RunOnce(waiting);
+        while (again_ && shown_) RunOnce(*std::exchange(again_, std::nullopt));
+      },
+      [this] {
+        running_ = false;
+        again_.reset();
+        UpdateHint();
+      });
 }
 
 void TReport_FRM::RunOnce(Waiting waiting) {
   if (!MayRun()) return;
   const CriteriaText text = Ask();
-  try {
-    ToldOnce(Queries(), [&] { FetchAndArrange(text, waiting); });
-  } catch (...) {
-    if (!RowsAreOpen()) run_.reset();
-    throw;
-  }
+  OnFailure([&] { ToldOnce(Queries(), [&] { FetchAndArrange(text, waiting); }); },
+            [this] {
+              if (!RowsAreOpen()) run_.reset();
+            });
 }
 
 void TReport_FRM::FetchAndArrange(const CriteriaText& text, Waiting waiting) {

@@ -4,24 +4,17 @@
 #include <span>
 
 #include "host/data/query.h"
+#include "module/framework/endings.h"
 
 namespace goods {
 
-// Does the action; whoever watches the queries is told once, when all is in place, also when it fails. No
-// scope guard, because the watchers may throw.
+// Does the action; whoever watches the queries is told once, when all is in place, also when it fails.
 template <typename Action>
 void ToldOnce(std::span<TADOQuery* const> queries, Action&& action) {
   for (TADOQuery* query : queries) query->DisableControls();
-  const auto tell = [&queries] {
+  WithEnd(action, [&queries] {
     for (TADOQuery* query : queries) query->EnableControls();
-  };
-  try {
-    action();
-  } catch (...) {
-    tell();
-    throw;
-  }
-  tell();
+  });
 }
 
 template <typename Action>

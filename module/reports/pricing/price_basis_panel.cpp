@@ -5,6 +5,7 @@
 
 #include "host/core/text.h"
 #include "module/data/price_history.h"
+#include "module/framework/endings.h"
 #include "module/framework/program_change.h"
 
 namespace goods {
@@ -172,14 +173,12 @@ void TPriceBasisPanel::Restore() {
   basis_ = kPriceBasisNone;
   buyOrSell_ = -1;
   levelCode_ = -1;
-  try {
-    ReadLists();
-  } catch (...) {
-    // The box would seem to say a basis that nothing is valued at.
-    const ProgramChange change(Stock_CHK);
-    Stock_CHK.SetChecked(false);
-    throw;
-  }
+  OnFailure([this] { ReadLists(); },
+            [this] {
+              // The box would seem to say a basis that nothing is valued at.
+              const ProgramChange change(Stock_CHK);
+              Stock_CHK.SetChecked(false);
+            });
   TakeOver();
   restored_ = true;
 }

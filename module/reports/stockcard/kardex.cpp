@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "module/framework/document_opening.h"
+#include "module/framework/endings.h"
 #include "module/framework/good_header_panel.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
@@ -186,18 +187,13 @@ void TKardex_FRM::ApplyFilter(CurrentAfter current) {
   TADOQuery& query = dataModule_.Kardex.Query;
   ShowRemainderColumns();
   query.DisableControls();
-  const auto finish = [&] {
-    if (current == CurrentAfter::Last || CurrentRow() != before) query.Last();
-    TellNarrowing();
-    query.EnableControls();
-  };
-  try {
-    QeratSearchManager1.ExecuteFilter_DataSet();
-  } catch (...) {
-    finish();  // the figures may have failed; the rows are filtered all the same
-    throw;
-  }
-  finish();
+  // When the figures fail, the rows are filtered all the same.
+  WithEnd([this] { QeratSearchManager1.ExecuteFilter_DataSet(); },
+          [&] {
+            if (current == CurrentAfter::Last || CurrentRow() != before) query.Last();
+            TellNarrowing();
+            query.EnableControls();
+          });
 }
 
 std::optional<std::uint32_t> TKardex_FRM::CurrentRow() const {

@@ -5,6 +5,7 @@
 
 #include "host/core/text.h"
 #include "host/services/public_methods.h"
+#include "module/framework/endings.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
 #include "module/framework/texts.h"
@@ -98,24 +99,17 @@ std::int64_t TGoodTransaction_FRM::CurrentGood() const {
   return dataModule_.GoodTransaction.Query.FieldByName("Code").AsInteger();
 }
 
-// Everything that the list depends on is set first; then its statement runs once. No scope guard, because
-// whoever watches the rows may throw.
+// Everything that the list depends on is set first; then its statement runs once.
 void TGoodTransaction_FRM::FormShow() {
-  const auto shown = [this] {
-    formShowing_ = false;
-    SetShown();
-    // The entry point has disabled them once more.
-    while (ListDataSet().ControlsDisabled()) ListDataSet().EnableControls();
-  };
   ListDataSet().DisableControls();
   formShowing_ = true;
-  try {
-    FillWindow();
-  } catch (...) {
-    shown();
-    throw;
-  }
-  shown();
+  WithEnd([this] { FillWindow(); },
+          [this] {
+            formShowing_ = false;
+            SetShown();
+            // The entry point has disabled them once more.
+            while (ListDataSet().ControlsDisabled()) ListDataSet().EnableControls();
+          });
 }
 
 void TGoodTransaction_FRM::FillWindow() {

@@ -1,6 +1,7 @@
 // What the turnover list opens: its criteria dialog, the tags of its rows, the stock card, the good's
 // details.
 #include "module/data/stock_card_opening.h"
+#include "module/framework/endings.h"
 #include "module/framework/program_change.h"
 #include "module/framework/texts.h"
 #include "module/reports/turnover/good_transaction.h"
@@ -17,12 +18,9 @@ constexpr std::string_view kNoTags = ",,";
 // also where the lists cannot be read.
 void TGoodTransaction_FRM::PrepareDialog() {
   if (search_ != nullptr) return;
-  try {
-    search_ = std::make_unique<TGoodTransactionSearch_FRM>(Host(), dataModule_, reportKind_);
-  } catch (...) {
-    ApplyListRight(IsAllowed(Host().Rights(), reportKind_, kPermissionSelectedLists));
-    throw;
-  }
+  OnFailure(
+      [this] { search_ = std::make_unique<TGoodTransactionSearch_FRM>(Host(), dataModule_, reportKind_); },
+      [this] { ApplyListRight(IsAllowed(Host().Rights(), reportKind_, kPermissionSelectedLists)); });
   ApplyListRight(search_->HaveSelectedListPermission());
   if (pnlReport_PNL.Named()) search_->NamePriceRange("في (" + pnlReport_PNL.Report_CMB.Text() + ")");
 }
