@@ -2,8 +2,8 @@
 // movements that reads no more of them than the report needs, and the writing of the same result into a row
 // store. At 200,000 and 2,000,000 movements, and at as many more as GOODS_BENCH_MOVEMENTS says. The ratios
 // are printed after the runs.
+#include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -19,6 +19,7 @@
 #include "company/company.h"
 #include "company/demo/demo_company.h"
 #include "company/embedded/decimal_cell.h"
+#include "figures.h"
 #include "host/data/connection.h"
 #include "host/data/query.h"
 #include "host/data/row_store.h"
@@ -183,26 +184,33 @@ std::set<std::int64_t> Sizes() {
 
 void ReportRatios() {
   for (const std::int64_t size : Sizes()) {
-    const double stores = Best()[Key("stores", size)];
-    const double operations = Best()[Key("operations", size)];
-    if (stores == 0 || operations == 0) continue;
-    std::printf("%lld movements: scan for stores %.1f ms, for operations %.1f ms\n",
-                static_cast<long long>(size), stores * 1e3, operations * 1e3);
+    const double stores = Best()[Key("stores", size)] * 1e3;
+    const double operations = Best()[Key("operations", size)] * 1e3;
+    const std::string movements = ", " + std::to_string(size) + " movements";
     for (const Run& run : kRuns) {
-      const double time = Best()[Key(run.name, size)];
-      const double writing = Best()[Key(std::string("writing ") + run.name, size)];
-      const double scan = run.baseline == Baseline::StoreScan ? stores : operations;
+      const double time = Best()[Key(run.name, size)] * 1e3;
+      const double writing = Best()[Key(std::string("writing ") + run.name, size)] * 1e3;
+      const bool perStore = run.baseline == Baseline::StoreScan;
+      if (time == 0 || stores == 0 || operations == 0) continue;
+      const std::string scan = perStore
+                                   ? "one scan of store and quantity of the movements, and writing the result"
+                                   : "one scan of type, quantity and cost of the movements";
+      Tell({run.name + movements, time, scan, perStore ? stores + writing : operations, perStore ? 2.0 : 0});
+      if (perStore) {
+        Tell({run.name + movements + ", without writing the result", std::max(time - writing, 0.001),
+              "one scan of store and quantity of the movements", stores});
+      }
       const auto [held, values] = memory[Key(run.name, size)];
-      std::printf(
-          "  %-21s %7.1f ms, writing %6.1f ms: without it / scan %.2f, / scan %.2f; %.2f MB, / values %.2f\n",
-          run.name, time * 1e3, writing * 1e3, (time - writing) / scan, time / scan,
-          static_cast<double>(held) / 1e6, static_cast<double>(held) / static_cast<double>(values));
+      Tell({std::string("memory of the query ") + run.name + movements, static_cast<double>(held) / 1e6,
+            "bytes of the values", static_cast<double>(values) / 1e6, 2, "MB"});
     }
     const auto both = [&](const char* first, const char* second) {
-      return (Best()[Key(first, size)] + Best()[Key(second, size)]) / operations;
+      return (Best()[Key(first, size)] + Best()[Key(second, size)]) * 1e3;
     };
-    std::printf("  both overall procedures / scan: %.2f, of a year and before: %.2f (goal at most 2.5)\n",
-                both("amounts", "quantities"), both("amounts of a year", "quantities of a year"));
+    const std::string scan = "one scan of type, quantity and cost of the movements";
+    Tell({"both overall turnovers" + movements, both("amounts", "quantities"), scan, operations, 2.5});
+    Tell({"both, of a year and before" + movements, both("amounts of a year", "quantities of a year"), scan,
+          operations, 2.5});
   }
 }
 
@@ -227,10 +235,6 @@ void Register() {
 }  // namespace goods
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   goods::Register();
-  benchmark::RunSpecifiedBenchmarks();
-  goods::ReportRatios();
-  return 0;
+  return goods::RunBenchmarks(argc, argv, goods::ReportRatios);
 }

@@ -1,6 +1,5 @@
 // Import, export and addition of 2,000,000 movements, beside a bare loop that inserts the same rows.
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -14,6 +13,7 @@
 #include "company/embedded/sqlite.h"
 #include "company/interchange/export_company.h"
 #include "company/interchange/import_company.h"
+#include "figures.h"
 
 namespace {
 
@@ -39,12 +39,6 @@ Times Measure(Body body) {
   times.processor = static_cast<double>(std::clock() - clock) / CLOCKS_PER_SEC;
   times.wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
   return times;
-}
-
-void Report(const char* what, Times times, double baseline) {
-  std::printf("%-46s %7.2f s wall  %7.2f s processor", what, times.wall, times.processor);
-  if (baseline > 0) std::printf("  ratio %.2f", times.processor / baseline);
-  std::printf("\n");
 }
 
 // The rows of a table as its columns, ready to be bound.
@@ -161,21 +155,25 @@ int main(int count, char** /*arguments*/) {
   const std::string company = (folder / "made.company").string();
   const std::string imported = (folder / "imported.company").string();
   const std::string exported = (folder / "exported").string();
-  Report("making the demo company", Measure([&] { MakeDemoCompany(company, options); }), 0);
+  MakeDemoCompany(company, options);
   const Times out = Measure([&] { ExportCompany(company, exported); });
   const Times sorted = BareLoop(company, (folder / "sorted.company").string(), true);
   const Times unsorted = BareLoop(company, (folder / "unsorted.company").string(), false);
   ImportOptions in;
   in.firstPassword = "a bench password";
   const Times import = Measure([&] { ImportCompany(imported, exported, in); });
-  Report("bare loop, rows in the order of the files", unsorted, 0);
-  Report("bare loop, rows in the order of the keys", sorted, 0);
-  Report("import, beside rows in the order of the files", import, unsorted.processor);
-  Report("import, beside rows in the order of the keys", import, sorted.processor);
-  Report("export, beside the import", out, import.processor);
+  const std::string asked = "import of " + std::to_string(options.movements) + " movements";
+  Tell({asked, import.processor * 1e3,
+        "a bare SQLite loop that inserts the same rows, in the order of the files", unsorted.processor * 1e3,
+        1.5});
+  Tell({asked, import.processor * 1e3, "the same loop, rows in the order of the tables' keys",
+        sorted.processor * 1e3});
+  Tell({asked + ", by the clock", import.wall, "45 s", 45, 1, "s"});
+  Tell({"export of them", out.processor * 1e3, "the import", import.processor * 1e3, 0.5});
   const std::string batch = (folder / "batch").string();
   WriteBatch(batch, 10'000, options.goods);
-  Report("adding 10,000 movements", Measure([&] { AddToCompany(imported, batch); }), 0);
+  Tell({"adding 10,000 movements to them, by the clock", Measure([&] { AddToCompany(imported, batch); }).wall,
+        "2 s", 2, 1, "s"});
   fs::remove_all(folder);
   return 0;
 }

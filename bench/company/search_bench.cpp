@@ -2,7 +2,6 @@
 // into a query, beside a bare SQLite loop over the same statement. The negative report: beside one scan of
 // the movements that reads what the report needs to find its rows. The ratios are printed after the runs.
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -13,6 +12,7 @@
 #include "bare_loop.h"
 #include "company/company.h"
 #include "company/demo/demo_company.h"
+#include "figures.h"
 #include "host/data/connection.h"
 #include "host/data/query.h"
 
@@ -80,15 +80,15 @@ void ScanOfMovements(benchmark::State& state) {
 }
 
 void ReportRatios() {
-  if (Best().empty()) return;
-  std::printf("search into the query / bare loop:      %.2f (goal at most 1.5)\n",
-              Best()["query"] / Best()["bare"]);
-  std::printf("memory of the query / bytes of values:  %.2f (goal at most 2)\n",
-              static_cast<double>(queryBytes) / static_cast<double>(valueBytes));
-  std::printf("negative report / scan of movements:    %.2f (goal at most 3)\n",
-              Best()["negative"] / Best()["scan"]);
-  std::printf("search by a good's name / scan:         %.2f\n", Best()["name"] / Best()["scan"]);
-  std::printf("search by dates / scan:                 %.2f\n", Best()["date"] / Best()["scan"]);
+  auto& best = Best();
+  const std::string scan = "one scan of the movements";
+  Tell({"row search without criteria, 2,000,000 movements, into a query", best["query"] * 1e3,
+        "a bare SQLite loop over the same statement into plain vectors", best["bare"] * 1e3, 1.5});
+  Tell({"memory of that query", static_cast<double>(queryBytes) / 1e6, "bytes of the values",
+        static_cast<double>(valueBytes) / 1e6, 2, "MB"});
+  Tell({"negative stock card over the same movements", best["negative"] * 1e3, scan, best["scan"] * 1e3, 3});
+  Tell({"search by a good's name", best["name"] * 1e3, scan, best["scan"] * 1e3});
+  Tell({"search by a month of dates", best["date"] * 1e3, scan, best["scan"] * 1e3});
 }
 
 BENCHMARK(SearchBareLoop)->Unit(benchmark::kMillisecond)->Iterations(3);
@@ -101,10 +101,4 @@ BENCHMARK(NegativeReport)->Unit(benchmark::kMillisecond)->Iterations(3);
 }  // namespace
 }  // namespace goods
 
-int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  goods::ReportRatios();
-  return 0;
-}
+int main(int argc, char** argv) { return goods::RunBenchmarks(argc, argv, goods::ReportRatios); }

@@ -3,7 +3,6 @@
 // scan of the movements and that loop together. Both at 200,000 and 2,000,000 movements, and at as many more
 // as GOODS_BENCH_MOVEMENTS says. The ratios are printed after the runs.
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -19,6 +18,7 @@
 #include "company/company.h"
 #include "company/demo/demo_company.h"
 #include "company/embedded/procedures.h"
+#include "figures.h"
 #include "host/data/connection.h"
 #include "host/data/query.h"
 
@@ -31,18 +31,23 @@ constexpr int kLongRuns = 5;
 
 struct Run {
   const char* name;
+  const char* asked;
   const char* statement;
   bool period;
+  double goal;
 };
 constexpr Run kRuns[] = {
-    {"list", "exec GoodInf_sp ", false},
-    {"one tab", "exec GoodInf_sp @GrpCode = 3,@GoodExistType = 1", false},
-    {"a store", "exec GoodInf_sp @StoreCode=2", false},
-    {"all dates", "exec GoodInf_sp @EffectiveDate1 = '', @EffectiveDate2 = '9999/99/99'", true},
-    {"a year", "exec GoodInf_sp @EffectiveDate1 = '1402/01/01', @EffectiveDate2 = '1402/12/29'", true},
-    {"a month", "exec GoodInf_sp @EffectiveDate1 = '1402/01/01', @EffectiveDate2 = '1402/01/31'", true},
-    {"a store's dates", "exec GoodInf_sp @EffectiveDate1 = '', @EffectiveDate2 = '9999/99/99',@StoreCode=2",
-     true}};
+    {"list", "goods turnover list, 20,000 goods, into a query", "exec GoodInf_sp ", false, 1.5},
+    {"one tab", "one group's goods in stock", "exec GoodInf_sp @GrpCode = 3,@GoodExistType = 1", false, 0},
+    {"a store", "one store's stored figures", "exec GoodInf_sp @StoreCode=2", false, 0},
+    {"all dates", "the list over all dates",
+     "exec GoodInf_sp @EffectiveDate1 = '', @EffectiveDate2 = '9999/99/99'", true, 1.5},
+    {"a year", "the list of a year in the middle",
+     "exec GoodInf_sp @EffectiveDate1 = '1402/01/01', @EffectiveDate2 = '1402/12/29'", true, 1.5},
+    {"a month", "the list of a month",
+     "exec GoodInf_sp @EffectiveDate1 = '1402/01/01', @EffectiveDate2 = '1402/01/31'", true, 1.5},
+    {"a store's dates", "one store's list over all dates",
+     "exec GoodInf_sp @EffectiveDate1 = '', @EffectiveDate2 = '9999/99/99',@StoreCode=2", true, 0}};
 
 // What the list reads from tables as it stands there; figures that follow from these are not asked for.
 constexpr char kBare[] =
@@ -52,6 +57,8 @@ constexpr char kBare[] =
     " u2.Name AS UnitName2, s.Jam_Kol, g.Position, g.MinAva, s.Mogodi, r.Stock, g.category_code, g.Tags"
     " FROM GoodInf g JOIN GoodStock s ON s.Kala = g.Code JOIN Units u ON u.Code = g.Unit"
     " JOIN Units u2 ON u2.Code = g.Unit2 LEFT JOIN RialiStock r ON r.Kala = g.Code ORDER BY g.Code";
+
+std::string Movements(std::int64_t count) { return ", " + std::to_string(count) + " movements"; }
 
 std::string CompanyPath(std::int64_t movements) {
   const std::string file =
@@ -131,18 +138,21 @@ std::set<std::int64_t> Sizes() {
 
 void ReportRatios() {
   for (const std::int64_t size : Sizes()) {
-    const double bare = Best()[Key("bare", size)];
-    const double scan = Best()[Key("scan", size)];
-    if (bare == 0 || scan == 0) continue;
-    std::printf("%lld movements: bare loop %.1f ms, scan %.1f ms\n", static_cast<long long>(size), bare * 1e3,
-                scan * 1e3);
+    const double bare = Best()[Key("bare", size)] * 1e3;
+    const double scan = Best()[Key("scan", size)] * 1e3;
+    const std::string loop = "a bare SQLite loop over the stored columns into plain vectors";
     for (const Run& run : kRuns) {
-      const double time = Best()[Key(run.name, size)];
-      const auto [held, values] = memory[Key(run.name, size)];
-      std::printf("  %-16s %8.1f ms, / %s %.2f; %.2f MB, / values %.2f\n", run.name, time * 1e3,
-                  run.period ? "(scan + bare)" : "bare", time / (run.period ? scan + bare : bare),
-                  static_cast<double>(held) / 1e6, static_cast<double>(held) / static_cast<double>(values));
+      const std::string asked = std::string(run.asked) + Movements(size);
+      const double time = Best()[Key(run.name, size)] * 1e3;
+      if (run.period) {
+        Tell({asked, time, "one scan of the movements and that loop", bare == 0 ? 0 : scan + bare, run.goal});
+      } else {
+        Tell({asked, time, loop, bare, run.goal});
+      }
     }
+    const auto [held, values] = memory[Key(kRuns[0].name, size)];
+    Tell({"memory of the list's query" + Movements(size), static_cast<double>(held) / 1e6,
+          "bytes of the values", static_cast<double>(values) / 1e6, 2, "MB"});
   }
 }
 
@@ -167,10 +177,6 @@ void Register() {
 }  // namespace goods
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   goods::Register();
-  benchmark::RunSpecifiedBenchmarks();
-  goods::ReportRatios();
-  return 0;
+  return goods::RunBenchmarks(argc, argv, goods::ReportRatios);
 }

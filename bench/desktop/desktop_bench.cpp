@@ -15,6 +15,7 @@
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/theme.h"
+#include "figures.h"
 #include "tests/desktop/views/kit.h"
 
 namespace goods::testing {
@@ -38,12 +39,7 @@ void ScrollFrame(benchmark::State& state) {
   }
   state.counters["rows_in_view"] = grid.Geometry().WholeRows();
 }
-BENCHMARK(ScrollFrame)
-    ->Arg(1000)
-    ->Arg(1000000)
-    ->Unit(benchmark::kMillisecond)
-    ->Repetitions(5)
-    ->ReportAggregatesOnly();
+BENCHMARK(ScrollFrame)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond)->Repetitions(5);
 
 void WindowToFirstPaint(benchmark::State& state) {
   TestHost host;
@@ -98,6 +94,13 @@ void BareDialogToFirstPaint(benchmark::State& state) {
 }
 BENCHMARK(BareDialogToFirstPaint)->Unit(benchmark::kMillisecond);
 
+void Report() {
+  Tell({"a frame of a scrolled table of 1,000,000 rows", ProcessorTime("ScrollFrame/1000000"),
+        "of 1,000 rows", ProcessorTime("ScrollFrame/1000"), 1.5});
+  Tell({"a window to its first painting", ProcessorTime("WindowToFirstPaint"),
+        "a bare dialog with as many widgets", ProcessorTime("BareDialogToFirstPaint")});
+}
+
 }  // namespace
 }  // namespace goods::testing
 
@@ -106,7 +109,5 @@ int main(int argc, char** argv) {
   qputenv("QT_LOGGING_RULES", "*.debug=false");
   QApplication application(argc, argv);
   goods::ApplyTheme(application, goods::ThemeMode::Light);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return goods::RunBenchmarks(argc, argv, goods::testing::Report);
 }

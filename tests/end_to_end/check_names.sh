@@ -48,12 +48,12 @@ done
 # | ... | measured | baseline: figure | ratio |, where each cell has one figure
 awk -F'|' '
   function abs(x) { return x < 0 ? -x : x }
-  NF >= 7 && $4 ~ /^ *[0-9.]+ *$/ && $5 ~ /: [0-9.]+ *$/ && $6 ~ /^ *[0-9.]+ *$/ {
+  NF >= 7 && $4 ~ /^ *[0-9.]+( [A-Za-z\/]+)? *$/ && $5 ~ /: [0-9.]+( [A-Za-z\/]+)? *$/ && $6 ~ /^ *[0-9.]+ *$/ {
     measured = $4 + 0; ratio = $6; gsub(/ /, "", ratio)
-    baseline = $5; sub(/.*: /, "", baseline)
+    baseline = $5; sub(/.*: /, "", baseline); baseline += 0
     decimals = index(ratio, ".") ? length(ratio) - index(ratio, ".") : 0
-    # The figures themselves are rounded to their last digit.
-    slack = 0.51 * 10 ^ -decimals + 0.6 * (measured < 100 ? measured / 100 : 1) / baseline
+    # The figures themselves are rounded, to three digits.
+    slack = 0.51 * 10 ^ -decimals + 0.011 * ratio
     if (abs(measured / baseline - ratio) > slack) {
       printf "bench/README.md:%d: %s beside %s is not %s\n", FNR, measured, baseline, ratio; found = 1
     }
