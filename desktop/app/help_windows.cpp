@@ -22,7 +22,7 @@ struct KeyHelp {
   const char* text;
 };
 
-constexpr std::array<KeyHelp, 26> kKeys{{
+constexpr std::array<KeyHelp, 27> kKeys{{
     {nullptr, "پنجره اصلی"},
     {"Ctrl+0 … Ctrl+9", "باز کردن گزارش"},
     {"F1", "راهنمای گزارش‌ها"},
@@ -42,6 +42,7 @@ constexpr std::array<KeyHelp, 26> kKeys{{
     {"Ctrl+F11", "جستجوی گروه کالا"},
     {"Alt+2", "باز و بسته کردن شرط‌های کاردکس"},
     {"Ctrl+C", "رونوشت از ردیف‌های برگزیده"},
+    {"Ctrl+T", "آمار ردیف‌های برگزیده"},
     {"Esc", "بستن پنجره؛ هنگام خواندن اطلاعات: توقف"},
     {nullptr, "فهرست انتخاب"},
     {"حروف و ارقام", "جستجو با نام یا کد"},

@@ -12,9 +12,19 @@
 #include "desktop/views/key_mapping.h"
 #include "desktop/views/registry.h"
 #include "desktop/views/shown_text.h"
+#include "desktop/views/status_line.h"
 #include "desktop/views/theme.h"
+#include "host/base/base_dock.h"
 
 namespace goods {
+namespace {
+
+// The line below a report; null in other windows.
+StatusLine* StatusOf(const FormView& view) {
+  return dynamic_cast<StatusLine*>(view.findChild<QWidget*>("Status_PNL", Qt::FindDirectChildrenOnly));
+}
+
+}  // namespace
 
 FormView::FormView(TForm& form, std::vector<GridCommand> gridCommands, QWidget* parent)
     : QWidget(parent, Qt::Window), form_(form), gridCommands_(std::move(gridCommands)) {
@@ -25,7 +35,10 @@ FormView::FormView(TForm& form, std::vector<GridCommand> gridCommands, QWidget* 
   layout->setSizeConstraint(QLayout::SetNoConstraint);  // the screen has the last word
   const int margin = Scaled(12, *this);
   layout->setContentsMargins(margin, margin, margin, margin);
-  if (ControlView* root = Build(form_, this)) layout->addWidget(root->Widget());
+  if (ControlView* root = Build(form_, this)) layout->addWidget(root->Widget(), 1);
+  if (auto* report = dynamic_cast<TBaseDock_FRM*>(&form_)) {
+    layout->addWidget(new StatusLine(*this, *report));
+  }
   for (const auto& view : views_) view->Connected();
   for (const auto& view : views_) view->Refresh();
   AlignRows();
@@ -114,6 +127,7 @@ void FormView::Flush() {
   }
   AlignRows();
   RefreshWindow();
+  if (StatusLine* status = StatusOf(*this)) status->Follow();
   setUpdatesEnabled(true);
   SyncFocus();
 }
@@ -172,6 +186,8 @@ bool FormView::HandleKey(QKeyEvent& event) {
   const QPointer<FormView> alive(this);
   Run([&] { consumed = form_.KeyDown(key); });
   if (alive) SyncFocus();
+  StatusLine* status = alive && !consumed ? StatusOf(*this) : nullptr;
+  if (status != nullptr && status->HandleKey(event)) return true;
   return consumed || !alive;
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include "desktop/views/read_times.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/windows/desktop_windows.h"
 #include "desktop/windows/waiting_panel.h"
@@ -147,7 +148,10 @@ std::string DesktopWaiting::ShownText() const {
 
 void WaitingConnection::Open(std::string_view statement, RowStore& into, IStatementProgress* progress) {
   ReportedStatement reported(waiting_, progress);
+  QElapsedTimer clock;
+  clock.start();
   inner_.Open(statement, into, &reported);
+  KeepReadTime(into, clock.elapsed());
 }
 
 void WaitingConnection::Execute(std::string_view statement, IStatementProgress* progress) {

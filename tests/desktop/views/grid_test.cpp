@@ -108,6 +108,8 @@ TEST_F(Grid, TheCurrentRowIsTheQuerysBothWays) {
 
 TEST_F(Grid, TheCurrentRowStaysInViewWhenTheGridLosesHeight) {
   Open(500);
+  view.resize(view.width(), view.height() + 60);
+  Settle();
   QTest::keyClick(Table().viewport(), Qt::Key_End, Qt::ControlModifier);
   Settle();
   const auto inView = [&] {
