@@ -2,16 +2,23 @@
 
 #include "desktop/app/category_picker.h"
 #include "desktop/app/entity_picker.h"
+#include "desktop/app/services/recent_entities.h"
 #include "desktop/views/shown_text.h"
+#include "host/components/form.h"
 
 namespace goods {
 
-std::optional<std::int64_t> DesktopLookups::SelectEntity(TForm* /*owner*/, EntityType type,
-                                                         std::int64_t current, std::string_view filter) {
+std::optional<std::int64_t> DesktopLookups::SelectEntity(TForm* owner, EntityType type, std::int64_t current,
+                                                         std::string_view filter) {
   if (type == EntityType::None) return std::nullopt;
   return AskCompany([&] {
-    EntityPicker picker(Company(), type, current, ToQt(filter), parent_());
-    return picker.Choose();
+    std::optional<RecentEntities> recent;
+    if (owner != nullptr) recent.emplace(owner->Host().Settings(), Company().Title());
+    EntityPicker picker(Company(), type, current, ToQt(filter), parent_(),
+                        recent ? recent->Codes(type) : std::vector<std::int64_t>());
+    const auto chosen = picker.Choose();
+    if (recent && chosen) recent->Add(type, *chosen);
+    return chosen;
   });
 }
 

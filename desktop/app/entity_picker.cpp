@@ -10,6 +10,7 @@
 #include <QStackedLayout>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/app/entity_rows.h"
 #include "desktop/documents/plain_table.h"
@@ -48,9 +49,9 @@ bool MovesInList(int key) {
 }  // namespace
 
 EntityPicker::EntityPicker(ICompany& company, EntityKind kind, std::int64_t current, const QString& text,
-                           QWidget* parent)
+                           QWidget* parent, std::vector<std::int64_t> recent)
     : QDialog(parent),
-      rows_(new EntityRows(company, kind, this)),
+      rows_(new EntityRows(company, kind, this, std::move(recent))),
       search_(new QLineEdit(this)),
       table_(new QTableView(this)),
       empty_(new QLabel(this)),
@@ -137,7 +138,7 @@ void EntityPicker::SearchNow() {
 void EntityPicker::ShowCount() {
   const bool any = rows_->rowCount() > 0;
   list_->setCurrentWidget(any ? static_cast<QWidget*>(table_) : empty_);
-  const QString number = ShownText(std::to_string(rows_->rowCount()));
+  const QString number = ShownText(std::to_string(rows_->rowCount() - rows_->RecentCount()));
   if (!any) {
     count_->clear();
   } else if (rows_->IsCut()) {

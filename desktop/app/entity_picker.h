@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QTimer>
 #include <optional>
+#include <vector>
 
 #include "company/company.h"
 
@@ -20,9 +21,10 @@ class EntityRows;
 // the list, Enter chooses, Esc gives up; a double click chooses.
 class EntityPicker : public QDialog {
  public:
-  // current is shown as chosen where it exists; text is searched for where it does not. Throws CompanyError.
-  EntityPicker(ICompany& company, EntityKind kind, std::int64_t current, const QString& text,
-               QWidget* parent);
+  // current is shown as chosen where it exists; text is searched for where it does not. Without a search text
+  // those of recent that the company has stand first, once more than in their own place. Throws CompanyError.
+  EntityPicker(ICompany& company, EntityKind kind, std::int64_t current, const QString& text, QWidget* parent,
+               std::vector<std::int64_t> recent = {});
 
   // None when the user gave up.
   std::optional<std::int64_t> Choose();

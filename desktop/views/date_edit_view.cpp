@@ -10,6 +10,7 @@
 
 #include "desktop/views/calendar.h"
 #include "desktop/views/form_view.h"
+#include "desktop/views/period_button.h"
 #include "desktop/views/theme.h"
 
 namespace goods {
@@ -99,6 +100,10 @@ bool DateEditView::eventFilter(QObject* watched, QEvent* event) {
     const bool altDown = key->key() == Qt::Key_Down && key->modifiers().testFlag(Qt::AltModifier);
     if (altDown || key->key() == Qt::Key_F4) {
       DropDown();
+      return true;
+    }
+    if (key->key() == Qt::Key_Down && key->modifiers().testFlag(Qt::ControlModifier)) {
+      if (PeriodButton* periods = PeriodButton::Of(Form(), Control())) periods->Offer();
       return true;
     }
   }

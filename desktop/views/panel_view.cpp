@@ -8,6 +8,7 @@
 #include "desktop/views/form_view.h"
 #include "desktop/views/group_title.h"
 #include "desktop/views/panel_splitter.h"
+#include "desktop/views/period_button.h"
 #include "desktop/views/row_layout.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
@@ -187,6 +188,8 @@ void PanelView::Arrange() {
   while (QLayoutItem* item = layout_->takeAt(0)) delete item;
   if (splitter_ != nullptr) return ArrangeSplitter();
   const QWidget* foot = Foot();
+  const auto range = IsRow() ? DateRangeIn(Control()) : std::nullopt;
+  if (range && periods_ == nullptr) periods_ = new PeriodButton(Form(), Control(), *range, body_);
   bool anyStretch = false;  // no matter for a row: what stretches there may be hidden at times
   const TControl* before = nullptr;
   for (const TControl* each : Contents()) {
@@ -198,6 +201,7 @@ void PanelView::Arrange() {
     const int stretch = StretchOf(*each, IsRow());
     anyStretch = anyStretch || stretch > 0;
     layout_->addWidget(widget, stretch);
+    if (range && each == range->to) layout_->addWidget(periods_);
   }
   // What stretches takes all the room; without such the controls stand together at the start.
   const bool fills = std::any_of(Contents().begin(), Contents().end(),

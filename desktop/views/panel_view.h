@@ -9,6 +9,7 @@ class QBoxLayout;
 namespace goods {
 
 class FitArea;
+class PeriodButton;
 class PanelSplitter;
 // The clickable title of a group, with an arrow where the group can be folded.
 class GroupTitle;
@@ -42,6 +43,7 @@ class PanelView : public ContainerView {
   QWidget* body_ = nullptr;
   QBoxLayout* outer_ = nullptr;
   QBoxLayout* layout_ = nullptr;
+  PeriodButton* periods_ = nullptr;    // where a range of dates stands in it
   FitArea* area_ = nullptr;            // of the form alone
   PanelSplitter* splitter_ = nullptr;  // null where nothing can be dragged
 };
