@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QProgressDialog>
 
+#include "desktop/print/file_name.h"
 #include "desktop/print/page_layout.h"
 #include "desktop/print/preview_window.h"
 #include "desktop/views/shown_text.h"
@@ -51,8 +52,9 @@ void DesktopPrinting::Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat
                              IMessages& messages) {
   if (!MayTakeAway(grid)) return;
   const QString ending = QString::fromLatin1(EndingOf(format).data());
-  const QString path = AskForFile(window, caption, window->windowTitle() + "." + ending,
-                                  ending.toUpper() + " (*." + ending + ")");
+  const std::string title = grid.Form() == nullptr ? std::string() : PlainCaption(grid.Form()->Caption());
+  const std::string name = ProposedFileName(title, windows_.NowDate(), EndingOf(format));
+  const QString path = AskForFile(window, caption, ToQt(name), ending.toUpper() + " (*." + ending + ")");
   if (path.isEmpty()) return;
   const std::unique_ptr<IReportTable> table = grid.Table();
   PrintJob job = JobOf(grid);

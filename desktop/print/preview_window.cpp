@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "desktop/print/export.h"
+#include "desktop/print/file_name.h"
 #include "desktop/print/page_painter.h"
 #include "desktop/print/page_view.h"
 #include "desktop/views/shown_text.h"
@@ -112,9 +113,12 @@ void PreviewWindow::SaveAsPdf(const QString& path) {
   }
 }
 
+std::string PreviewWindow::ProposedName() const {
+  return ProposedFileName(layout_.Job().title, layout_.Today(), EndingOf(FileFormat::Pdf));
+}
+
 void PreviewWindow::AskAndSave() {
-  const QString path =
-      QFileDialog::getSaveFileName(this, "ذخیره PDF", ToQt(layout_.Job().title) + ".pdf", "PDF (*.pdf)");
+  const QString path = QFileDialog::getSaveFileName(this, "ذخیره PDF", ToQt(ProposedName()), "PDF (*.pdf)");
   if (!path.isEmpty()) SaveAsPdf(path);
 }
 

@@ -24,6 +24,8 @@ class PreviewWindow : public QDialog {
 
   int CurrentPage() const;
   void GoToPage(int page);  // from 1
+  // What the user is offered as the name of a PDF.
+  std::string ProposedName() const;
   void SaveAsPdf(const QString& path);
 
  protected:

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/views/persian_texts.h"
 #include "desktop/views/plain_texts.h"
 #include "desktop/views/screen_fit.h"
 #include "desktop/views/style.h"
@@ -114,6 +115,8 @@ void ApplyTheme(QApplication& application, ThemeMode mode) {
   application.setPalette(PaletteOf(g_theme));
   static const bool kPlain = (ShowPlainTextsOnly(application), true);
   static_cast<void>(kPlain);
+  static const bool kPersian = (UsePersianTexts(application), true);
+  static_cast<void>(kPersian);
   KeepWindowsOnScreen(application);
 }
 
