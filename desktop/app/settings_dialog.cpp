@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/app/app_look.h"
 #include "desktop/views/shown_text.h"
 
 namespace goods {
@@ -79,6 +80,17 @@ void SettingsDialog::LayOut() {
   form->addRow("مبلغ :", amountDecimals_);
   QVBoxLayout* decimals = Group("رقم‌های اعشار", {}, this);
   decimals->addLayout(form);
+  auto* where = MutedLabel(
+      "تنها به الگوی چاپ «گردش کلی کالا» داده می‌شود؛ "
+      "ستون‌های "
+      "گزارش‌ها "
+      "قالب "
+      "خود "
+      "را "
+      "دارند.",
+      this);
+  where->setObjectName("Decimals_LBL");
+  decimals->addWidget(where);
 
   auto* buttons = new QDialogButtonBox(this);
   auto* accept = buttons->addButton("تایید  Enter", QDialogButtonBox::AcceptRole);

@@ -11,6 +11,7 @@
 
 #include "desktop/views/screen_fit.h"
 #include "desktop/views/shown_text.h"
+#include "host/components/standard.h"
 #include "host/core/jalali.h"
 
 namespace goods {
@@ -21,6 +22,39 @@ constexpr int kPollMs = 15;
 constexpr int kRepostMs = 10;
 
 QString PlaceKey(const FormView& view) { return "windows/" + ToQt(view.Form().Section()); }
+
+// Visits what the user can make wider or higher by dragging a border of a splitter, with its size.
+template <typename Visit>
+void VisitBorders(TControl& container, const Visit& visit) {
+  const auto* panel = dynamic_cast<const TPanel*>(&container);
+  const bool splits = panel != nullptr && panel->Splitter;
+  for (TControl* each : container.Controls()) {
+    if (splits && each->Stretch() == 0) visit(*each, panel->Direction() == Flow::Row);
+    VisitBorders(*each, visit);
+  }
+}
+
+QVariantMap BordersOf(TForm& form) {
+  QVariantMap sizes;
+  VisitBorders(form, [&](const TControl& control, bool wide) {
+    if (const int size = wide ? control.Width() : control.Height(); size > 0)
+      sizes.insert(ComponentPath(control), size);
+  });
+  return sizes;
+}
+
+// As far as the window has such borders; sizes that no screen has are passed over.
+void SetBorders(TForm& form, const QVariantMap& sizes) {
+  constexpr int kLeast = 40;
+  constexpr int kMost = 4000;
+  VisitBorders(form, [&](TControl& control, bool wide) {
+    const int size = sizes.value(ComponentPath(control)).toInt();
+    if (size < kLeast || size > kMost) return;
+    wide ? control.SetWidth(size) : control.SetHeight(size);
+  });
+}
+
+QString BordersKey(const TForm& form) { return "borders/" + ToQt(form.Section()); }
 
 bool KeepsPlaces() { return !QCoreApplication::organizationName().isEmpty(); }
 
@@ -62,6 +96,8 @@ void DesktopWindows::KeepPlace(const FormView& view) const {
 }
 
 void DesktopWindows::RunModal(TForm& form) {
+  if (KeepsPlaces()) SetBorders(form, QSettings().value(BordersKey(form)).toMap());
+  const QVariantMap borders = BordersOf(form);
   const std::unique_ptr<FormView> view = std::make_unique<FormView>(form, gridCommands_, DialogParent());
   QEventLoop loop;
   const Subscription closing = form.Changed.Connect([&] {
@@ -81,6 +117,8 @@ void DesktopWindows::RunModal(TForm& form) {
   if (form.ModalResult() == kModalNone) loop.exec();
   if (form.ModalResult() == kModalNone) form.Close();  // the application ends
   KeepPlace(*view);
+  if (const QVariantMap now = BordersOf(form); KeepsPlaces() && now != borders)
+    QSettings().setValue(BordersKey(form), now);
   std::erase(views_, view.get());
   view->hide();
   if (FormView* behind = ActiveView()) behind->activateWindow();

@@ -92,6 +92,14 @@ TEST_F(Main, ClosingTellsWhatTheUserWantsNext) {
   EXPECT_EQ(outcomeOf("Quit_ACT"), MainOutcome::Quit);
 }
 
+TEST_F(Main, TheDecimalsSayWhichReportTheyAreFor) {
+  const SettingsDialog dialog(Settings());
+  const auto* where = dialog.findChild<QLabel*>("Decimals_LBL");
+  ASSERT_NE(where, nullptr);
+  EXPECT_TRUE(where->text().contains(
+      "«" + ToQt(kReports[static_cast<std::size_t>(ReportId::OverallTurnover)].title) + "»"));
+}
+
 TEST_F(Main, SettingsAreKeptWhenAcceptedOnly) {
   const auto tickSecondUnit = [&](Qt::Key last) {
     SettingsDialog dialog(Settings());

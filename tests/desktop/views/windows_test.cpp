@@ -2,6 +2,8 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
 #include <atomic>
@@ -14,6 +16,7 @@
 #include "host/core/jalali.h"
 #include "host/data/blocking_work.h"
 #include "tests/desktop/views/kit.h"
+#include "tests/desktop/views/parts_form.h"
 
 namespace goods::testing {
 namespace {
@@ -388,6 +391,46 @@ TEST(Messages, ABalloonStandsBesideItsControlAndGoesWithTheNextKey) {
     form.Close();
   });
   form.ShowModal();
+}
+
+// Settings of this test alone, as an application with a name keeps them.
+class NamedApplication {
+ public:
+  NamedApplication() {
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.path());
+    QCoreApplication::setOrganizationName("test");
+  }
+  ~NamedApplication() { QCoreApplication::setOrganizationName({}); }
+
+ private:
+  QTemporaryDir folder_;
+};
+
+TEST(Windows, ABorderThatWasDraggedStandsThereInTheNextWindowOfItsKind) {
+  const NamedApplication application;
+  TestHost host;
+  const auto widthAfter = [&host](int dragged) {
+    TParts_FRM form(host);
+    int shown = 0;
+    Later([&] {
+      shown = form.GoodGroup_DBG.Width();
+      if (dragged > 0) form.GoodGroup_DBG.SetWidth(dragged);
+      form.Close();
+    });
+    form.ShowModal();
+    return shown;
+  };
+  EXPECT_EQ(widthAfter(0), 200);
+  EXPECT_EQ(widthAfter(0), 200);  // nothing was dragged, so nothing is kept
+  EXPECT_TRUE(QSettings().allKeys().filter("borders/").isEmpty());
+  EXPECT_EQ(widthAfter(264), 200);
+  EXPECT_EQ(widthAfter(0), 264);
+  const QString key = QSettings().allKeys().filter("borders/").value(0);
+  for (const QVariant& spoilt : {QVariant(-3), QVariant(100'000), QVariant("wide")}) {
+    QSettings().setValue(key, QVariantMap{{"GoodGroup_DBG", spoilt}});
+    EXPECT_EQ(widthAfter(0), 200);
+  }
 }
 
 }  // namespace
