@@ -25,8 +25,9 @@ FitArea::FitArea(QWidget* parent) : QScrollArea(parent) {
 }
 
 FitArea* FitArea::Of(const QWidget& window) {
-  for (FitArea* area : window.findChildren<FitArea*>()) {
-    if (area->window() == &window) return area;
+  for (QScrollArea* each : window.findChildren<QScrollArea*>()) {
+    auto* area = dynamic_cast<FitArea*>(each);
+    if (area != nullptr && area->window() == &window) return area;
   }
   return nullptr;
 }
