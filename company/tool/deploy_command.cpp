@@ -90,11 +90,15 @@ volatile std::sig_atomic_t stopped = 0;
 class ToldLines {
  public:
   ToldLines() {
-    std::signal(SIGINT, [](int) { stopped = 1; });
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+      std::signal(signal, [](int) { stopped = 1; });
+    }
   }
   ToldLines(const ToldLines&) = delete;
   ToldLines& operator=(const ToldLines&) = delete;
-  ~ToldLines() { std::signal(SIGINT, SIG_DFL); }
+  ~ToldLines() {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_DFL);
+  }
   bool Tell(std::string_view table, std::int64_t rows) {
     const auto now = std::chrono::steady_clock::now();
     if (now - last_ >= std::chrono::seconds(3)) {

@@ -1,4 +1,5 @@
 // goods-company: makes, fills, checks and copies company files.
+#include <csignal>
 #include <exception>
 #include <iostream>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "progress_line.h"
 
 int main(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_IGN);  // when whoever reads the output has gone, the work goes on
   CLI::App program("Makes, fills, checks and copies company files for the goods reports.");
   program.require_subcommand(1);
   program.footer(

@@ -88,8 +88,7 @@ class ProgressLine {
 }  // namespace
 
 WorkWatcher MakeProgressLine(bool silent) {
-  std::signal(SIGINT, AskToStop);
-  std::signal(SIGTERM, AskToStop);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, AskToStop);
   return [line = ProgressLine(silent)](const WorkProgress& progress) mutable {
     line.Show(progress);
     return stopAsked == 0;

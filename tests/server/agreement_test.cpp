@@ -108,13 +108,15 @@ TEST(AgreementOfPrices, PreparedPricesOutliveTheConnection) {
   const auto sum = [&](IConnection& connection) {
     return AskServer(connection, "SELECT SUM(Stock) AS Stock FROM RialiStock").Cell(0, 0);
   };
-  auto connection = engines.Server().OpenConnection();
+  const std::unique_ptr<ICompany> company = engines.OpenServerAnew();
+  auto connection = company->OpenConnection();
   EXPECT_TRUE(sum(*connection).IsNull());
   connection->Execute("Exec RialiStock_SP -1");
   const Value prepared = sum(*connection);
   EXPECT_FALSE(prepared.IsNull());
   connection = nullptr;
-  EXPECT_EQ(sum(*engines.Server().OpenConnection()), prepared);
+  EXPECT_EQ(sum(*company->OpenConnection()), prepared);
+  EXPECT_TRUE(sum(*engines.OpenServerAnew()->OpenConnection()).IsNull());
 }
 
 TEST(AgreementOfLookUps, LookUpsAreAlike) {

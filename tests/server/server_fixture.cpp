@@ -202,6 +202,10 @@ TwoEngines::~TwoEngines() {
 
 ICompany& TwoEngines::Server() { return *shared->company; }
 
+std::unique_ptr<ICompany> TwoEngines::OpenServerAnew() const {
+  return OpenServerCompany(shared->database.Address().ConnectionString(), "");
+}
+
 std::string TwoEngines::Difference(const std::string& statement) {
   const Answer file = Ask(*fileConnection_, statement);
   const Answer server = Ask(*shared->connection, statement);

@@ -57,6 +57,8 @@ class TwoEngines {
   ~TwoEngines();
   ICompany& File() { return *file_; }
   ICompany& Server();
+  // The same database as a company of its own, as another program would open it.
+  std::unique_ptr<ICompany> OpenServerAnew() const;
   // Empty when both engines answer the statement alike: names, types, rows in order and cells, or both refuse
   // it. Else where they differ.
   std::string Difference(const std::string& statement);

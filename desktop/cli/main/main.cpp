@@ -1,6 +1,7 @@
 // goods-report: writes reports of a company to files, without a screen.
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <csignal>
 #include <iostream>
 
 #include <unistd.h>
@@ -125,6 +126,7 @@ int Carry(CommandLine& line) {
 }  // namespace goods
 
 int main(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_IGN);  // a reader that has gone is an error of writing like another
   goods::CommandLine line;
   const goods::ParseResult parsed = goods::ParseCommandLine(argc, argv, line);
   if (!parsed.ok) return parsed.exitCode;
