@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include <xlsxwriter.h>
+
 #include "desktop/app/company_chooser.h"
 #include "desktop/app/help_book.h"
 #include "tests/desktop/app/kit.h"
@@ -147,6 +149,48 @@ TEST_F(ImportWindow, FromTheChooserToTheOpenCompany) {
   RowStore rows;
   connection->Open("select Mogodi from GoodInf_VW where Code = 1", rows, nullptr);
   EXPECT_EQ(rows.Cell(0, 0).AsText(), "6");
+}
+
+// One workbook, whose sheets are called and headed in Persian, in place of a folder.
+TEST_F(ImportWindow, AWorkbookGoesTheSameRoad) {
+  using Sheet = std::vector<std::vector<const char*>>;
+  const std::string book = Path("data") + "/book.xlsx";
+  lxw_workbook* const workbook = workbook_new(book.c_str());
+  const auto add = [&](const char* name, const Sheet& rows) {
+    lxw_worksheet* const sheet = workbook_add_worksheet(workbook, name);
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      for (std::size_t column = 0; column < rows[row].size(); ++column) {
+        worksheet_write_string(sheet, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
+                               rows[row][column], nullptr);
+      }
+    }
+  };
+  add("کالاها", {{"کد کالا", "نام کالا", "گروه", "واحد"}, {"G-1", "پیچ", "ابزار", "عدد"}});
+  add("movements", {{"تاریخ", "کد کالا", "انبار", "نوع گردش", "مقدار", "شرح خرید"},
+                    {"1403/02/01", "G-1", "S1", "خرید", "12", "x"}});
+  ASSERT_EQ(workbook_close(workbook), LXW_NO_ERROR);
+
+  ImportDialog dialog(ToQt(Path(".")));
+  WhileModal([&](QWidget& window) {
+    Read(window, book);
+    GoToTable(window, "گردش");
+    EXPECT_EQ(Grid(window, "Rows_GRD").rowCount(), 1);
+    EXPECT_EQ(Grid(window, "Rows_GRD").horizontalHeaderItem(1)->text(), "کد کالا\nکالا");
+    EXPECT_EQ(Grid(window, "Rows_GRD").horizontalHeaderItem(5)->text(), "شرح خرید\n—");
+    PressKey(window, Qt::Key_Return);
+    Set(window, "Target_EDT", Target());
+    Set(window, "NewPassword_EDT", kPassword);
+    Set(window, "Again_EDT", kPassword);
+    PressKey(window, Qt::Key_Return);
+    Settle(window);
+    EXPECT_TRUE(NextText(window).startsWith("باز کردن")) << FromQt(Text(window, "Problem_LBL"));
+    PressKey(window, Qt::Key_Escape);
+  });
+  ASSERT_TRUE(dialog.Make());
+  RowStore rows;
+  OpenCompany(Target())->OpenConnection()->Open("select Mogodi from GoodInf_VW where Code = 1", rows,
+                                                nullptr);
+  EXPECT_EQ(rows.Cell(0, 0).AsText(), "12");
 }
 
 TEST_F(ImportWindow, ProblemsAreReadBesideTheirRowsAndMendedWithoutMatchingAnew) {
