@@ -2,11 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "company/server/fill_company.h"
 #include "company/server/server_address.h"
 
 namespace goods {
@@ -23,8 +23,8 @@ struct DeployOptions {
   std::string from;
   // Names of OptionScripts() that are made too, where they are not yet; they stay.
   std::vector<std::string> with;
-  // Hears of the filling, rows so far of a table; returning false stops it, and everything is undone.
-  std::function<bool(std::string_view table, std::int64_t rows)> told;
+  // Hears of the filling; returning false stops it, and everything is undone. May be empty.
+  FillWatcher told;
 };
 
 // Makes the database where it is missing, then its tables, or those that are new; functions, views, triggers

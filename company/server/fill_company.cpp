@@ -169,13 +169,11 @@ void AppendCell(Block& block, const Statement& row, int at, Kind kind) {
   }
 }
 
-void Tell(const std::function<bool(std::string_view, std::int64_t)>& told, std::string_view table,
-          std::int64_t rows) {
-  if (told && !told(table, rows)) throw CompanyError("پر کردن شرکت متوقف شد و چیزی از آن نماند.");
+void Tell(const FillWatcher& told, const FillProgress& progress) {
+  if (told && !told(progress)) throw CompanyError("پر کردن شرکت متوقف شد و چیزی از آن نماند.");
 }
 
-void CopyTable(Database& db, ServerSession& session, const std::string& table,
-               const std::function<bool(std::string_view, std::int64_t)>& told) {
+void CopyTable(Database& db, ServerSession& session, const std::string& table, const FillWatcher& told) {
   std::vector<CopiedColumn> columns = ColumnsOf(db, table);
   std::string names;
   std::optional<int> comment;
@@ -189,7 +187,7 @@ void CopyTable(Database& db, ServerSession& session, const std::string& table,
   const char* where = table == "Meta" ? " WHERE Key = 'Title'" : "";
   Statement rows = db.Prepare("SELECT " + names + " FROM \"" + table + "\"" + where);
   Block block(session, table, columns);
-  std::int64_t count = 0;
+  FillProgress progress{table, 0, db.AskInteger("SELECT count(*) FROM \"" + table + "\"")};
   while (rows.Step()) {
     block.BeginRow();
     for (std::size_t i = 0; i < copied; ++i) AppendCell(block, rows, static_cast<int>(i), columns[i].kind);
@@ -202,10 +200,10 @@ void CopyTable(Database& db, ServerSession& session, const std::string& table,
       }
     }
     block.EndRow();
-    if (++count % static_cast<std::int64_t>(kBlockRows) == 0) Tell(told, table, count);
+    if (++progress.rows % static_cast<std::int64_t>(kBlockRows) == 0) Tell(told, progress);
   }
   block.Send();
-  Tell(told, table, count);
+  Tell(told, progress);
 }
 
 void FillSearchNames(Database& db, ServerSession& session) {
@@ -228,8 +226,7 @@ void FillSearchNames(Database& db, ServerSession& session) {
 
 }  // namespace
 
-void FillFromFile(ServerSession& session, const std::string& path,
-                  const std::function<bool(std::string_view, std::int64_t)>& told) {
+void FillFromFile(ServerSession& session, const std::string& path, const FillWatcher& told) {
   PrepareCompanyFile(path);
   try {
     Database db(path, SQLITE_OPEN_READONLY);

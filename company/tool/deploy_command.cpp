@@ -1,5 +1,3 @@
-#include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -13,6 +11,7 @@
 #include "company/company.h"
 #include "company/interchange/import_company.h"
 #include "company/server/deploy.h"
+#include "company/writer/work_progress.h"
 #include "password_input.h"
 #include "progress_line.h"
 
@@ -84,34 +83,6 @@ void Warn(const std::string& warning) {
   if (!warning.empty()) std::cerr << warning << "\n";
 }
 
-volatile std::sig_atomic_t stopped = 0;
-
-// A line every few seconds; Ctrl+C stops, and the database stays as it was.
-class ToldLines {
- public:
-  ToldLines() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-      std::signal(signal, [](int) { stopped = 1; });
-    }
-  }
-  ToldLines(const ToldLines&) = delete;
-  ToldLines& operator=(const ToldLines&) = delete;
-  ~ToldLines() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_DFL);
-  }
-  bool Tell(std::string_view table, std::int64_t rows) {
-    const auto now = std::chrono::steady_clock::now();
-    if (now - last_ >= std::chrono::seconds(3)) {
-      std::cerr << table << ": " << rows << " rows\n";
-      last_ = now;
-    }
-    return stopped == 0;
-  }
-
- private:
-  std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
-};
-
 }  // namespace
 
 Command MakeDeployCommand(CLI::App& program) {
@@ -125,21 +96,29 @@ Command MakeDeployCommand(CLI::App& program) {
   deploy->add_option(
       "--with", line->with,
       "Make this too, for a large company: period_indexes; see docs/scale.md. May be given repeatedly");
-  return {
-      deploy, [line] {
-        const ServerAddress address = AddressOf(*line);
-        std::unique_ptr<ImportedFolder> imported;
-        std::string from = line->from;
-        if (fs::is_directory(from)) {
-          imported = std::make_unique<ImportedFolder>(from);
-          from = imported->File();
-        }
-        ToldLines lines;
-        DeployCompany({address, line->database, from, line->with,
-                       [&](std::string_view table, std::int64_t rows) { return lines.Tell(table, rows); }});
-        Warn(CollationWarning(address, line->database));
-        return kDone;
-      }};
+  return {deploy, [line] {
+            const ServerAddress address = AddressOf(*line);
+            std::unique_ptr<ImportedFolder> imported;
+            std::string from = line->from;
+            if (fs::is_directory(from)) {
+              imported = std::make_unique<ImportedFolder>(from);
+              from = imported->File();
+            }
+            bool stopped = false;
+            const auto told = [&, watcher = MakeProgressLine(false)](const FillProgress& progress) {
+              stopped = !watcher({progress.table, progress.rows, progress.total});
+              return !stopped;
+            };
+            try {
+              DeployCompany({address, line->database, from, line->with, told});
+            } catch (const CompanyError&) {
+              if (stopped) throw WorkStopped();
+              throw;
+            }
+            EndProgressLine();
+            Warn(CollationWarning(address, line->database));
+            return kDone;
+          }};
 }
 
 Command MakeVerifyCommand(CLI::App& program) {
