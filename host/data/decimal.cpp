@@ -1,7 +1,9 @@
 #include "host/data/decimal.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 #include <stdexcept>
 
@@ -65,9 +67,28 @@ UInt128 Divide(Wide dividend, UInt128 divisor) {
   return quotient + 1;
 }
 
+// Billionths as text.
+std::string ShortText(std::uint64_t units, bool negative) {
+  constexpr std::uint64_t kUnits = kOneUnits;
+  std::array<char, 32> text;
+  char* end = text.data();
+  if (negative) *end++ = '-';
+  end = std::to_chars(end, text.data() + text.size(), units / kUnits).ptr;
+  if (std::uint64_t rest = units % kUnits; rest != 0) {
+    *end = '.';
+    for (int i = Decimal::kDecimals; i > 0; --i, rest /= 10) end[i] = static_cast<char>('0' + rest % 10);
+    end += Decimal::kDecimals;
+    while (*end == '0') --end;
+    ++end;
+  }
+  return {text.data(), end};
+}
+
 }  // namespace
 
 std::string DigitsOf(UInt128 value) {
+  if (value <= std::numeric_limits<std::uint64_t>::max())
+    return std::to_string(static_cast<std::uint64_t>(value));
   std::string digits;
   do {
     digits.push_back(static_cast<char>('0' + static_cast<int>(value % 10)));
@@ -117,8 +138,12 @@ Decimal Decimal::Rounded(int decimals) const {
   return Checked(RoundedQuotient(Magnitude(units_), step) * step, units_ < 0);
 }
 
+// Most numbers have at most 64 bits, which a processor divides by itself.
 std::string Decimal::ToString() const {
   const UInt128 magnitude = Magnitude(units_);
+  if (magnitude <= std::numeric_limits<std::uint64_t>::max()) {
+    return ShortText(static_cast<std::uint64_t>(magnitude), units_ < 0);
+  }
   std::string text = units_ < 0 ? "-" : "";
   text += DigitsOf(magnitude / kOneUnits);
   if (const UInt128 rest = magnitude % kOneUnits; rest != 0) {

@@ -108,6 +108,13 @@ TEST(Decimals, ParseAndPrintTheShortestExactText) {
   EXPECT_EQ(Of("-12.5").ToString(), "-12.5");
   EXPECT_EQ(Of("-0.000000001").ToString(), "-0.000000001");
   EXPECT_EQ(Of("1000000").ToString(), "1000000");
+  // Around the units of 64 bits.
+  for (const char* text :
+       {"18446744073.709551614", "18446744073.709551615", "18446744073.709551616", "18446744073.70955162",
+        "18446744074", "9223372036.854775807", "9223372036.854775808", "9223372036.85477581"}) {
+    EXPECT_EQ(Of(text).ToString(), text);
+    EXPECT_EQ(Of(std::string("-") + text).ToString(), std::string("-") + text);
+  }
   EXPECT_EQ(Of("0001.5").ToString(), "1.5");
   EXPECT_EQ(Decimal(std::numeric_limits<std::int64_t>::min()).ToString(), "-9223372036854775808");
 }
