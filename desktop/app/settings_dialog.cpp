@@ -82,12 +82,7 @@ void SettingsDialog::LayOut() {
   decimals->addLayout(form);
   auto* where = MutedLabel(
       "تنها به الگوی چاپ «گردش کلی کالا» داده می‌شود؛ "
-      "ستون‌های "
-      "گزارش‌ها "
-      "قالب "
-      "خود "
-      "را "
-      "دارند.",
+      "ستون‌های گزارش‌ها قالب خود را دارند.",
       this);
   where->setObjectName("Decimals_LBL");
   decimals->addWidget(where);

@@ -3,7 +3,7 @@
 namespace goods {
 namespace {
 
-constexpr int kMonths = 12;
+constexpr int kMonthsOfYear = 12;
 constexpr int kSeasonMonths = 3;
 
 JalaliDate DaysLater(const JalaliDate& date, int days) { return JalaliFromDays(DaysFromJalali(date) + days); }
@@ -11,7 +11,7 @@ JalaliDate DaysLater(const JalaliDate& date, int days) { return JalaliFromDays(D
 // The first day of that month, counted over the ends of years.
 JalaliDate FirstOf(int year, int month) {
   while (month < 1) {
-    month += kMonths;
+    month += kMonthsOfYear;
     --year;
   }
   return {year, month, 1};
@@ -38,8 +38,8 @@ std::array<QuickPeriod, 10> QuickPeriods(const JalaliDate& today) {
       Months("ماه پیش", FirstOf(today.year, today.month - 1), 1),
       Months("این فصل", FirstOf(today.year, season), kSeasonMonths),
       Months("فصل پیش", FirstOf(today.year, season - kSeasonMonths), kSeasonMonths),
-      Months("سال مالی جاری", FirstOf(today.year, 1), kMonths),
-      Months("سال مالی پیش", FirstOf(today.year - 1, 1), kMonths),
+      Months("سال مالی جاری", FirstOf(today.year, 1), kMonthsOfYear),
+      Months("سال مالی پیش", FirstOf(today.year - 1, 1), kMonthsOfYear),
   }};
 }
 
