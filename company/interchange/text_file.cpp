@@ -24,7 +24,7 @@ constexpr std::array<char16_t, 128> kWindows1256 = {
     0x00E8, 0x00E9, 0x00EA, 0x00EB, 0x0649, 0x064A, 0x00EE, 0x00EF, 0x064B, 0x064C, 0x064D, 0x064E, 0x00F4,
     0x064F, 0x0650, 0x00F7, 0x0651, 0x00F9, 0x0652, 0x00FB, 0x00FC, 0x200E, 0x200F, 0x06D2};
 
-constexpr std::size_t kBlock = 1 << 16;
+constexpr std::size_t kReadBlock = 1 << 16;
 
 // Bytes of the well-formed character that begins at the place; 0 when none does.
 std::size_t CharacterAt(std::string_view text, std::size_t at) {
@@ -91,7 +91,7 @@ TextFile::TextFile(const std::string& path) {
 
 bool TextFile::ReadBytes(std::size_t wanted) {
   const std::size_t had = bytes_.size();
-  bytes_.resize(had + std::max(wanted, kBlock));
+  bytes_.resize(had + std::max(wanted, kReadBlock));
   file_.read(bytes_.data() + had, static_cast<std::streamsize>(bytes_.size() - had));
   const auto got = static_cast<std::size_t>(file_.gcount());
   bytes_.resize(had + got);

@@ -39,7 +39,7 @@ class CellBox : public QComboBox {
   }
 };
 
-QTableWidgetItem* Cell(const QString& text) {
+QTableWidgetItem* MatchingCell(const QString& text) {
   auto* item = new QTableWidgetItem(text);
   item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
   item->setToolTip(text);
@@ -173,7 +173,7 @@ void ImportMatching::ShowCurrent() {
 QComboBox* ImportMatching::AddRow(const QString& what, const QString& hint, bool required) {
   const int row = matching_->rowCount();
   matching_->insertRow(row);
-  auto* ours = Cell(required ? what + " *" : what);
+  auto* ours = MatchingCell(required ? what + " *" : what);
   ours->setToolTip(hint);
   matching_->setItem(row, kOurs, ours);
   auto* box = new CellBox(matching_);
@@ -181,7 +181,7 @@ QComboBox* ImportMatching::AddRow(const QString& what, const QString& hint, bool
   box->setAccessibleName(what);
   box->setFrame(false);
   matching_->setCellWidget(row, kTheirs, box);
-  matching_->setItem(row, kExample, Cell({}));
+  matching_->setItem(row, kExample, MatchingCell({}));
   return box;
 }
 
@@ -250,7 +250,8 @@ void ImportMatching::ShowRows(const TablePreview& table) {
   rows_->setRowCount(static_cast<int>(table.rows.size()));
   for (std::size_t row = 0; row < table.rows.size(); ++row) {
     for (std::size_t column = 0; column < table.rows[row].size(); ++column) {
-      rows_->setItem(static_cast<int>(row), static_cast<int>(column), Cell(ToQt(table.rows[row][column])));
+      rows_->setItem(static_cast<int>(row), static_cast<int>(column),
+                     MatchingCell(ToQt(table.rows[row][column])));
     }
   }
   TitleRows(table);

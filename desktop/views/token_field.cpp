@@ -16,7 +16,7 @@ namespace goods {
 namespace {
 
 constexpr int kMargin = 4;
-constexpr int kGap = 5;
+constexpr int kTokenGap = 5;
 constexpr int kChipPadding = 9;
 constexpr int kCrossRoom = 18;
 constexpr int kEditWidth = 80;
@@ -56,7 +56,7 @@ void TokenField::Show(const std::vector<TToken>& tokens, bool readOnly) {
 
 void TokenField::LayOut() {
   const int margin = Scaled(kMargin, *this);
-  const int gap = Scaled(kGap, *this);
+  const int gap = Scaled(kTokenGap, *this);
   const int height = ChipHeight();
   const int room = std::max(1, width() - 2 * margin);
   const bool rightToLeft = layoutDirection() == Qt::RightToLeft;

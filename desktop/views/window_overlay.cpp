@@ -16,8 +16,8 @@ namespace {
 
 constexpr int kShadow = 8;
 constexpr int kFrame = 1;
-constexpr int kGap = 2;
-constexpr double kRadius = 6;
+constexpr int kOverlayGap = 2;
+constexpr double kOverlayRadius = 6;
 
 }  // namespace
 
@@ -58,13 +58,13 @@ void WindowOverlay::PlaceBesideAnchor() {
   if (contents == nullptr) return;
   if (contents->layout() != nullptr) contents->layout()->activate();
   const int border = Scaled(kShadow, *this) + kFrame;
-  const QRect room = parentWidget()->rect().adjusted(kGap, kGap, -kGap, -kGap);
+  const QRect room = parentWidget()->rect().adjusted(kOverlayGap, kOverlayGap, -kOverlayGap, -kOverlayGap);
   const QRect anchor(anchor_.mapTo(parentWidget(), QPoint(0, 0)), anchor_.size());
   QSize size = contents->sizeHint().expandedTo(contents->minimumSizeHint());
   size = size.expandedTo(contents->minimumSize()) + QSize(2 * kFrame, 2 * kFrame);
   if (AtLeastAnchorWidth) size.setWidth(std::max(size.width(), anchor.width()));
-  const int below = room.bottom() - anchor.bottom() - kGap;
-  const int above = anchor.top() - room.top() - kGap;
+  const int below = room.bottom() - anchor.bottom() - kOverlayGap;
+  const int above = anchor.top() - room.top() - kOverlayGap;
   // Where neither side is high enough, over the anchor rather than cut.
   const bool fits = size.height() <= std::max(below, above);
   if (size.height() > room.height()) {
@@ -72,8 +72,8 @@ void WindowOverlay::PlaceBesideAnchor() {
     size.rwidth() += area_->verticalScrollBar()->sizeHint().width();
   }
   size.setWidth(std::min(size.width(), room.width()));
-  const int top = size.height() <= below ? anchor.bottom() + 1 + kGap
-                  : fits                 ? anchor.top() - kGap - size.height()
+  const int top = size.height() <= below ? anchor.bottom() + 1 + kOverlayGap
+                  : fits                 ? anchor.top() - kOverlayGap - size.height()
                                          : room.bottom() + 1 - size.height();
   const bool rightToLeft = parentWidget()->layoutDirection() == Qt::RightToLeft;
   const int wanted = rightToLeft ? anchor.right() + 1 - size.width() : anchor.left();
@@ -130,11 +130,12 @@ void WindowOverlay::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(Qt::NoPen);
   for (int step = shadow; step > 0; --step) {
     painter.setBrush(QColor(0, 0, 0, CurrentTheme().dark ? 14 : 6));
-    painter.drawRoundedRect(box.adjusted(-step, 2 - step, step, step), kRadius + step, kRadius + step);
+    painter.drawRoundedRect(box.adjusted(-step, 2 - step, step, step), kOverlayRadius + step,
+                            kOverlayRadius + step);
   }
   painter.setPen(CurrentTheme().border);
   painter.setBrush(CurrentTheme().surface);
-  painter.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+  painter.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), kOverlayRadius, kOverlayRadius);
 }
 
 }  // namespace goods

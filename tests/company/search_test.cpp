@@ -11,7 +11,7 @@
 namespace goods {
 namespace {
 
-constexpr int kMovements = 250;
+constexpr int kSearchedMovements = 250;
 
 using Rows = std::vector<std::vector<std::string>>;
 
@@ -19,10 +19,10 @@ class SearchTest : public ::testing::Test {
  protected:
   void Open(unsigned seed) {
     file_.emplace("search-" + std::to_string(seed) + ".company");
-    WriteSearchCompany(file_->Path(), seed, kMovements);
+    WriteSearchCompany(file_->Path(), seed, kSearchedMovements);
     connection_ = OpenCompany(file_->Path())->OpenConnection();
     rows_ = RowsOfTables(*connection_);
-    ASSERT_EQ(rows_.size(), static_cast<std::size_t>(kMovements));
+    ASSERT_EQ(rows_.size(), static_cast<std::size_t>(kSearchedMovements));
   }
   Rows Expected(const std::vector<SearchCriterion>& criteria) const { return Meeting(rows_, criteria); }
   static Rows Meeting(const std::vector<FoundRow>& rows, const std::vector<SearchCriterion>& criteria) {
@@ -80,7 +80,7 @@ TEST_F(SearchTest, EachCriterionAloneAndExcludedLeavesTheRowsThatMeetIt) {
       ASSERT_EQ(Ask(*connection_, "Exec srKardex " + criterion.parameters), expected) << criterion.parameters;
     }
     EXPECT_GT(found, 0U) << "criteria of kind " << kind << " meet nothing";
-    EXPECT_LT(found, 24U * kMovements) << "criteria of kind " << kind << " meet everything";
+    EXPECT_LT(found, 24U * kSearchedMovements) << "criteria of kind " << kind << " meet everything";
   }
 }
 
@@ -244,8 +244,8 @@ class SearchPlanTest : public SearchTest {
     EXPECT_EQ(scansOfMovements, 1);
     EXPECT_EQ(work.sorts, 0);
     constexpr int kNames = 5 + 3 + 3;
-    EXPECT_LE(work.scanned, kMovements + kNames);
-    EXPECT_GT(work.scanned, kMovements / 2) << "the counting has missed the scan";
+    EXPECT_LE(work.scanned, kSearchedMovements + kNames);
+    EXPECT_GT(work.scanned, kSearchedMovements / 2) << "the counting has missed the scan";
   }
 };
 

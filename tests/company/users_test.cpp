@@ -14,7 +14,7 @@
 namespace goods {
 namespace {
 
-constexpr char kPassword[] = "چای-سبز-9";
+constexpr char kUsersPassword[] = "چای-سبز-9";
 
 class UsersTest : public ::testing::Test {
  protected:
@@ -67,9 +67,9 @@ TEST_F(UsersTest, ANewUserSignsInWithWhatWasGiven) {
   CompanyUser user = Named("sara");
   user.seesPrices = false;
   user.rights = {{kPartStockCard, kPermissionOpenReport}, {kPartSale, kPermissionOpenDocument}};
-  const std::int64_t code = Users().Add(user, kPassword);
+  const std::int64_t code = Users().Add(user, kUsersPassword);
   EXPECT_EQ(code, 4);
-  const auto signedIn = company_->SignIn("sara", kPassword);
+  const auto signedIn = company_->SignIn("sara", kUsersPassword);
   ASSERT_TRUE(signedIn);
   EXPECT_EQ(signedIn->code, code);
   EXPECT_EQ(signedIn->name, "کاربر");
@@ -95,9 +95,9 @@ TEST_F(UsersTest, ChangesHoldFromTheNextQuestionOnAndPricesFromTheNextSigningIn)
 }
 
 TEST_F(UsersTest, ANewPasswordReplacesTheOldOne) {
-  Users().SetPassword(Find("guest").code, kPassword);
+  Users().SetPassword(Find("guest").code, kUsersPassword);
   EXPECT_FALSE(company_->SignIn("guest", "guest"));
-  EXPECT_TRUE(company_->SignIn("guest", kPassword));
+  EXPECT_TRUE(company_->SignIn("guest", kUsersPassword));
 }
 
 TEST_F(UsersTest, ARemovedUserIsGoneWithItsRights) {
@@ -109,16 +109,16 @@ TEST_F(UsersTest, ARemovedUserIsGoneWithItsRights) {
 }
 
 TEST_F(UsersTest, WhatCannotBeIsRefusedWithoutAChange) {
-  EXPECT_NE(Refused([&] { Users().Add(Named("admin"), kPassword); }).find("admin"), std::string::npos);
+  EXPECT_NE(Refused([&] { Users().Add(Named("admin"), kUsersPassword); }).find("admin"), std::string::npos);
   for (const char* login : {"", "two words", "tab\t", "\u202eadmin", "ad\u200fmin"}) {
-    EXPECT_NE(Refused([&] { Users().Add(Named(login), kPassword); }), "") << login;
+    EXPECT_NE(Refused([&] { Users().Add(Named(login), kUsersPassword); }), "") << login;
   }
   EXPECT_NE(Refused([&] { Users().Add(Named("sara"), "short"); }), "");
   EXPECT_NE(Refused([&] { Users().Add(Named("long-login"), "LONG-login"); }), "");
   CompanyUser nameless = Named("sara");
   nameless.name = "  ";
-  EXPECT_NE(Refused([&] { Users().Add(nameless, kPassword); }), "");
-  EXPECT_NE(Refused([&] { Users().SetPassword(77, kPassword); }), "");
+  EXPECT_NE(Refused([&] { Users().Add(nameless, kUsersPassword); }), "");
+  EXPECT_NE(Refused([&] { Users().SetPassword(77, kUsersPassword); }), "");
   EXPECT_NE(Refused([&] { Users().SetPassword(1, "1234567"); }), "");
   EXPECT_TRUE(company_->SignIn("admin", "admin"));
 }
@@ -131,16 +131,16 @@ TEST_F(UsersTest, SomebodyWithEveryRightAlwaysStays) {
   EXPECT_TRUE(Find("admin").everyRight);
   CompanyUser second = Named("second");
   second.everyRight = true;
-  Users().Add(second, kPassword);
+  Users().Add(second, kUsersPassword);
   Users().Remove(manager.code);
-  EXPECT_EQ(company_->SignIn("second", kPassword)->everyRight, true);
+  EXPECT_EQ(company_->SignIn("second", kUsersPassword)->everyRight, true);
 }
 
 TEST_F(UsersTest, AFileThatMayNotBeWrittenIsLeftAlone) {
   std::filesystem::permissions(file_.Path(), std::filesystem::perms::owner_read);
   company_ = OpenCompany(file_.Path());
   const std::string before = ReadFile(file_.Path());
-  EXPECT_NE(Refused([&] { Users().SetPassword(3, kPassword); }).find("فقط خواندنی"), std::string::npos);
+  EXPECT_NE(Refused([&] { Users().SetPassword(3, kUsersPassword); }).find("فقط خواندنی"), std::string::npos);
   for (int i = 0; i < 5; ++i) EXPECT_FALSE(company_->SignIn("guest", "wrong"));
   EXPECT_THROW(company_->SignIn("guest", "guest"), SignInDelayed);
   EXPECT_TRUE(ReadFile(file_.Path()) == before);

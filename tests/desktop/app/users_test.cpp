@@ -20,7 +20,7 @@
 namespace goods {
 namespace {
 
-constexpr const char* kPassword = "Tea-green-9";
+constexpr const char* kUsersPassword = "Tea-green-9";
 
 CheckTree& RightsOf(QWidget& window) {
   for (QWidget* each : window.findChildren<QWidget*>()) {
@@ -83,7 +83,7 @@ TEST_F(UsersWindow, ANewUserIsMadeWithTheTickedRights) {
     WhileModal([](QWidget& user) {
       TypeText(user, "Login_EDT", "sara");
       TypeText(user, "Name_EDT", "سارا");
-      TypeText(user, "NewPassword_EDT", kPassword);
+      TypeText(user, "NewPassword_EDT", kUsersPassword);
       TypeText(user, "Again_EDT", "other");
       auto& rights = RightsOf(user);
       rights.Item("stock-card")->setCheckState(Qt::Checked);
@@ -91,14 +91,14 @@ TEST_F(UsersWindow, ANewUserIsMadeWithTheTickedRights) {
       PressKey(user, Qt::Key_F3);
       EXPECT_TRUE(user.isVisible());
       EXPECT_EQ(Told(user), "دو گذرواژه یکی نیستند.");
-      dynamic_cast<QLineEdit&>(Child(user, "Again_EDT")).setText(kPassword);
+      dynamic_cast<QLineEdit&>(Child(user, "Again_EDT")).setText(kUsersPassword);
       PressKey(user, Qt::Key_F3);
       EXPECT_FALSE(user.isVisible());
     });
     PressKey(window, Qt::Key_Insert);
     EXPECT_EQ(Table(window).currentIndex().siblingAtColumn(0).data(), "sara");
   });
-  const auto signedIn = own_->SignIn("sara", kPassword);
+  const auto signedIn = own_->SignIn("sara", kUsersPassword);
   ASSERT_TRUE(signedIn);
   EXPECT_EQ(signedIn->name, "سارا");
   EXPECT_FALSE(signedIn->seesPrices);
@@ -111,8 +111,8 @@ TEST_F(UsersWindow, ALoginThatIsTakenIsToldAndTheWindowStays) {
     WhileModal([](QWidget& user) {
       TypeText(user, "Login_EDT", "anbar");
       TypeText(user, "Name_EDT", "دیگری");
-      TypeText(user, "NewPassword_EDT", kPassword);
-      TypeText(user, "Again_EDT", kPassword);
+      TypeText(user, "NewPassword_EDT", kUsersPassword);
+      TypeText(user, "Again_EDT", kUsersPassword);
       PressKey(user, Qt::Key_F3);
       EXPECT_TRUE(user.isVisible());
       EXPECT_TRUE(Told(user).contains("anbar"));
@@ -186,14 +186,14 @@ TEST_F(UsersWindow, AnotherPasswordIsGivenToAUser) {
       PressKey(dialog, Qt::Key_Return);
       EXPECT_TRUE(dialog.isVisible());
       for (const char* edit : {"NewPassword_EDT", "Again_EDT"}) {
-        dynamic_cast<QLineEdit&>(Child(dialog, edit)).setText(kPassword);
+        dynamic_cast<QLineEdit&>(Child(dialog, edit)).setText(kUsersPassword);
       }
       PressKey(dialog, Qt::Key_Return);
       EXPECT_FALSE(dialog.isVisible());
     });
     PressKey(window, Qt::Key_F8);
   });
-  EXPECT_TRUE(own_->SignIn("anbar", kPassword));
+  EXPECT_TRUE(own_->SignIn("anbar", kUsersPassword));
 }
 
 TEST_F(UsersWindow, OnlyUsersWithEveryRightManageUsersAndEverybodyChangesTheOwnPassword) {
@@ -218,8 +218,8 @@ TEST_F(UsersWindow, TheOwnPasswordIsChangedWithTheOldOneAlone) {
   const AccountActions actions = AccountActionsFor(*own_, user);
   WhileModal([](QWidget& dialog) {
     TypeText(dialog, "OldPassword_EDT", "wrong");
-    TypeText(dialog, "NewPassword_EDT", kPassword);
-    TypeText(dialog, "Again_EDT", kPassword);
+    TypeText(dialog, "NewPassword_EDT", kUsersPassword);
+    TypeText(dialog, "Again_EDT", kUsersPassword);
     PressKey(dialog, Qt::Key_Return);
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(Told(dialog), "گذرواژه کنونی درست نیست.");
@@ -228,7 +228,7 @@ TEST_F(UsersWindow, TheOwnPasswordIsChangedWithTheOldOneAlone) {
     EXPECT_FALSE(dialog.isVisible());
   });
   actions.changePassword(nullptr);
-  EXPECT_TRUE(own_->SignIn("anbar", kPassword));
+  EXPECT_TRUE(own_->SignIn("anbar", kUsersPassword));
 }
 
 }  // namespace
