@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <utility>
 
+#include "host/components/grid_filter.h"
+#include "host/core/text.h"
+
 namespace goods {
 namespace {
 
@@ -13,6 +16,14 @@ constexpr std::string_view kFormSuffix = "_FRM";
 
 std::string GridSettingsFile(std::string_view report, std::int64_t first, std::int64_t second) {
   return std::string(report) + "_" + std::to_string(first) + "_" + std::to_string(second) + ".ini";
+}
+
+// A window that is shown again begins without what the user put on its columns the last time.
+void LiftNarrowing(TControl& container) {
+  for (TControl* control : container.Controls()) {
+    if (auto* grid = dynamic_cast<TSmartDBGrid_QRT*>(control)) RemoveConditions(*grid);
+    LiftNarrowing(*control);
+  }
 }
 
 bool Contains(const std::vector<const TControl*>& controls, const TControl& control) {
@@ -41,6 +52,11 @@ void TBaseDock_FRM::Initialise() {
 void TBaseDock_FRM::SetCustomParameter(Variant parameter, std::string_view /*text*/) {
   customParameter_ = std::move(parameter);
   OnCustomParameter(CustomParameter(customParameter_));
+}
+
+std::string TBaseDock_FRM::HostTitle() const {
+  return FormOptions_SFO.WindowTitle.empty() ? std::string(Trim(PlainCaption(Caption())))
+                                             : FormOptions_SFO.WindowTitle;
 }
 
 void TBaseDock_FRM::OnCustomParameter(const CustomParameter& /*parameter*/) {}
@@ -91,6 +107,9 @@ void TBaseDock_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& /*lines*/
 std::vector<std::string> TBaseDock_FRM::PrintLines() {
   std::vector<std::string> lines;
   PrintDBGridEhBeforePrint(lines);
+  if (printedGrid_ == nullptr) return lines;
+  if (std::string narrowing = NarrowingLine(*printedGrid_); !narrowing.empty())
+    lines.push_back(std::move(narrowing));
   return lines;
 }
 
@@ -123,6 +142,7 @@ void TBaseDock_FRM::FormClose() {
       layout.text = std::move(now);
     }
   }
+  LiftNarrowing(*this);
   TForm::FormClose();
 }
 

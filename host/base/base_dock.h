@@ -31,6 +31,8 @@ class TBaseDock_FRM : public TForm {
   ~TBaseDock_FRM() override;
 
   int FormMode() const { return formMode_; }
+  // What the host calls the window: FormOptions_SFO's title, else the plain caption.
+  std::string HostTitle() const;
   const std::string& SettingsName() const { return settingsName_; }
 
   // text is for the host's own use and may be empty.
@@ -71,7 +73,7 @@ class TBaseDock_FRM : public TForm {
 
   // F9 prints and Esc closes through these buttons, as far as they can be clicked.
   void FormKeyDown(TKey& key) override;
-  // Writes the layouts that the user has changed.
+  // Writes the layouts that the user has changed, and lifts the user's conditions on the columns.
   void FormClose() override;
 
   TFormOptions FormOptions_SFO{this, "FormOptions_SFO"};

@@ -28,6 +28,8 @@ class TEdit : public TControl {
   // Empties the edit where its text is not of the new kind.
   void SetKind(InputKind kind);
   int MaxLength = 0;  // characters; 0: the kind's own limit
+  // The search box of its window: views give it a key of its own and name the key in its placeholder.
+  bool SearchBox = false;
 
   const std::string& Text() const { return text_; }
   // Sets the whole text as if it had been typed and accepted: OnChange, then OnAccept. A text that is not of

@@ -103,6 +103,9 @@ class TFormOptions : public TComponent {
   int ComponentSoftwarePart = 0;
   // The help page of what the window shows, such as "stock-card"; empty where it has none of its own.
   std::string HelpKeyword;
+  // What the host calls the window in its frame and on its pages where the caption does not tell; empty where
+  // the caption does.
+  std::string WindowTitle;
 };
 
 }  // namespace goods

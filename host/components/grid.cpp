@@ -31,6 +31,12 @@ TGridColumn& TGridColumn::SetFieldName(std::string fieldName) {
   const std::string before = std::exchange(fieldName_, std::move(fieldName));
   grid_.RefreshFooters();
   grid_.SortFollows(before, fieldName_);
+  if (TADOQuery* query = grid_.DataSet(); query != nullptr) {
+    std::vector<RowCondition> narrowing = query->Narrowing();
+    for (RowCondition& condition : narrowing)
+      if (SameText(condition.field, before)) condition.field = fieldName_;
+    query->SetNarrowing(std::move(narrowing));
+  }
   return *this;
 }
 

@@ -167,6 +167,14 @@ class TSmartDBGrid_QRT : public TControl {
 
   void DoubleClick();
   std::function<void()> OnDblClick;
+
+  // What a row is beyond what the columns show, such as the name of its operation: a caption and a text each.
+  // Views ask for the row under the mouse and for the current one, and leave out empty texts.
+  struct Fact {
+    std::string caption;
+    std::string text;
+  };
+  std::function<std::vector<Fact>(std::size_t position)> OnDescribeRow;
   std::function<void(std::size_t position, const TGridColumn& column, TCellStyle& style)> OnDrawColumnCell;
 
   // The grid as a table for print and files: the visible columns as they stand now. Never null.

@@ -1,5 +1,9 @@
 #include "host/components/print.h"
 
+#include <utility>
+
+#include "host/components/grid_filter.h"
+
 namespace goods {
 
 void TPrintDBGridEh::Preview(IPrinting& printing) const {
@@ -11,6 +15,8 @@ void TPrintDBGridEh::Preview(IPrinting& printing) const {
   job.parameters = Parameters;
   job.table = table.get();
   if (OnBeforePrint) OnBeforePrint(job.lines);
+  if (std::string narrowing = NarrowingLine(*Grid); !narrowing.empty())
+    job.lines.push_back(std::move(narrowing));
   printing.Preview(job);
 }
 

@@ -21,6 +21,8 @@ class DisplayFormat {
   DisplayFormat() = default;
   explicit DisplayFormat(std::string_view text);
   std::string Format(Decimal value) const;
+  // The decimals that it shows at most, 0 to 9; -1 where it shows all that there are.
+  int Decimals() const { return positive_ ? positive_->maxDecimals : -1; }
   // A null is the empty text; a text stands as it is; a number is formatted.
   std::string Format(const Value& value) const;
 

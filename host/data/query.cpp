@@ -93,6 +93,7 @@ void TADOQuery::Close() {
 void TADOQuery::Clear() {
   rows_.reset();
   ordered_ = {};
+  filterMask_ = {};
   mask_ = {};
   visible_ = {};
   cursor_.reset();
@@ -120,8 +121,11 @@ std::optional<std::size_t> TADOQuery::FindField(std::string_view name) const {
 }
 
 Value TADOQuery::Cell(std::size_t position, std::size_t field) const {
-  if (position >= visible_.size()) return {};
-  const std::size_t row = visible_[position];
+  return position < visible_.size() ? StoredCell(visible_[position], field) : Value();
+}
+
+Value TADOQuery::StoredCell(std::size_t row, std::size_t field) const {
+  if (row >= TotalCount()) return {};
   const std::size_t stored = rows_->Columns().size();
   if (field < stored) return rows_->Cell(row, field);
   if (field - stored >= computed_.size()) return {};
@@ -220,7 +224,7 @@ void TADOQuery::Notify(bool changed, bool scrolled) {
 std::size_t TADOQuery::MemoryBytes() const {
   const std::size_t rows = Active() ? rows_->MemoryBytes() : 0;
   return rows + (visible_.capacity() + ordered_.capacity()) * sizeof(std::uint32_t) +
-         mask_.capacity() * sizeof(std::uint64_t);
+         (mask_.capacity() + filterMask_.capacity()) * sizeof(std::uint64_t);
 }
 
 }  // namespace goods

@@ -15,6 +15,7 @@
 
 #include "host/core/component.h"
 #include "host/data/connection.h"
+#include "host/data/row_condition.h"
 #include "host/data/row_store.h"
 
 namespace goods {
@@ -112,6 +113,15 @@ class TADOQuery : public TComponent {
   const std::string& Filter() const { return filter_; }
   void SetFilter(std::string text);
 
+  // The user's own narrowing beside the filter: a row is visible where the filter and every condition let it
+  // through. Kept and applied as the filter is; setting one never throws: conditions on fields that the rows
+  // at hand do not have are dropped. Setting the same again does nothing.
+  const std::vector<RowCondition>& Narrowing() const { return narrowing_; }
+  void SetNarrowing(std::vector<RowCondition> conditions);
+  // The rows of the store that the filter and the conditions on other fields let through, a bit for each;
+  // empty where that is every row.
+  std::vector<std::uint64_t> RowsBeside(std::string_view field) const;
+
   // "Field", "Field ASC", "Field DESC", joined with ","; rows that compare equal keep the order read; nulls
   // come first, in either direction. Texts sort as a Persian reader expects (PersianSortKey). A bad text
   // throws FilterError and changes nothing. "" is the order read. Setting the same order again does nothing,
@@ -133,6 +143,8 @@ class TADOQuery : public TComponent {
   Signal<> Scrolled;
 
   const RowStore* Rows() const { return rows_.get(); }
+  // The cell of a row of the store, whether it is visible or not; null beyond the last row or field.
+  Value StoredCell(std::size_t row, std::size_t field) const;
   // The store's row numbers that are visible, in visible order.
   std::span<const std::uint32_t> VisibleRows() const { return visible_; }
   std::size_t MemoryBytes() const;
@@ -151,6 +163,9 @@ class TADOQuery : public TComponent {
   bool ReadsComputed(const FilterNode& tree) const;
   bool ReadsComputed(const std::vector<SortKey>& keys) const;
   std::vector<std::uint64_t> MaskOf(const FilterNode& tree) const;
+  // A filter's mask together with the conditions but those on that field.
+  std::vector<std::uint64_t> Narrowed(std::vector<std::uint64_t> filterMask,
+                                      std::string_view butOn = {}) const;
   std::vector<std::uint32_t> OrderOf(const std::vector<SortKey>& keys) const;
   std::vector<std::uint32_t> VisibleOf(const std::vector<std::uint32_t>& ordered,
                                        const std::vector<std::uint64_t>& mask) const;
@@ -169,7 +184,11 @@ class TADOQuery : public TComponent {
   std::unique_ptr<FilterNode> filterTree_;
   std::vector<SortKey> sortKeys_;
   std::vector<std::uint32_t> ordered_;  // every row in the sort's order; empty while that is the order read
-  std::vector<std::uint64_t> mask_;  // a bit for each row that the filter leaves; empty while there is none
+  std::vector<RowCondition> narrowing_;
+  // A bit for each row that the filter leaves, and for each that the conditions leave too; empty while there
+  // is none.
+  std::vector<std::uint64_t> filterMask_;
+  std::vector<std::uint64_t> mask_;
   std::vector<std::uint32_t> visible_;
   std::optional<std::size_t> cursor_;
   int disabled_ = 0;

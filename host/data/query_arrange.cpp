@@ -1,6 +1,7 @@
 // Filter, sort and sums of TADOQuery.
 #include <algorithm>
 #include <bit>
+#include <functional>
 #include <map>
 #include <numeric>
 #include <utility>
@@ -140,16 +141,50 @@ void TADOQuery::Show(std::vector<std::uint32_t> visible) {
 void TADOQuery::SetFilter(std::string text) {
   auto tree = std::make_unique<FilterNode>(ParseFilter(text));
   if (Active() && text == filter_ && !ReadsComputed(*tree)) return;
+  std::vector<std::uint64_t> filterMask;
   std::vector<std::uint64_t> mask;
   std::vector<std::uint32_t> visible;
   if (Active()) {
-    mask = MaskOf(*tree);
+    filterMask = MaskOf(*tree);
+    mask = Narrowed(filterMask);
     visible = VisibleOf(ordered_, mask);
   }
   filter_ = std::move(text);
   filterTree_ = std::move(tree);
+  filterMask_ = std::move(filterMask);
   mask_ = std::move(mask);
   if (Active()) Show(std::move(visible));
+}
+
+std::vector<std::uint64_t> TADOQuery::Narrowed(std::vector<std::uint64_t> mask,
+                                               std::string_view butOn) const {
+  ColumnFinder finder(*this);
+  for (const RowCondition& condition : narrowing_) {
+    if (!butOn.empty() && SameText(condition.field, butOn)) continue;
+    const Column* column = finder(condition.field);
+    if (column == nullptr) continue;
+    std::vector<std::uint64_t> met = EvaluateCondition(condition, *column, rows_->Count());
+    if (mask.empty()) {
+      mask = std::move(met);
+    } else {
+      std::transform(mask.begin(), mask.end(), met.begin(), mask.begin(), std::bit_and<>());
+    }
+  }
+  return mask;
+}
+
+void TADOQuery::SetNarrowing(std::vector<RowCondition> conditions) {
+  if (Active())
+    std::erase_if(conditions, [this](const RowCondition& each) { return !FindField(each.field); });
+  if (conditions == narrowing_) return;
+  narrowing_ = std::move(conditions);
+  if (!Active()) return;
+  mask_ = Narrowed(filterMask_);
+  Show(VisibleOf(ordered_, mask_));
+}
+
+std::vector<std::uint64_t> TADOQuery::RowsBeside(std::string_view field) const {
+  return Active() ? Narrowed(filterMask_, field) : std::vector<std::uint64_t>();
 }
 
 void TADOQuery::SetSort(std::string text) {
@@ -170,11 +205,13 @@ void TADOQuery::SetSort(std::string text) {
 // The kept filter and sort over new rows; what does not fit them is dropped.
 void TADOQuery::ArrangeOpened() {
   try {
-    mask_ = MaskOf(*filterTree_);
+    filterMask_ = MaskOf(*filterTree_);
   } catch (const FilterError&) {
     filter_.clear();
     *filterTree_ = {};
   }
+  std::erase_if(narrowing_, [this](const RowCondition& each) { return !FindField(each.field); });
+  mask_ = Narrowed(filterMask_);
   try {
     ordered_ = OrderOf(sortKeys_);
   } catch (const FilterError&) {

@@ -7,6 +7,7 @@ namespace goods {
 TGeneral_Search_Frame::TGeneral_Search_Frame(TComponent* owner, std::string name, std::string caption)
     : TSearchFrame(owner, std::move(name), GeneralSearch_CHK, GeneralSearch_CMB, GeneralSearch_Reverst_CHK),
       GeneralSearch_CHK(this, "GeneralSearch_CHK", std::move(caption)) {
+  GeneralSearch_EDT.SearchBox = true;
   GeneralSearch_EDT.SetAccessibleName(GeneralSearch_CHK.AccessibleName());
   LayOut();
   Place(GeneralSearch_EDT, 1);
