@@ -256,7 +256,7 @@ void ReportRunner::Impl::Write(TBaseDock_FRM& window) {
   if (request->skipEmpty && grid->RowCount() == 0) return;
   const std::unique_ptr<IReportTable> table = grid->Table();
   PrintJob job;
-  job.title = Trim(PlainCaption(window.Caption()));
+  job.title = window.HostTitle();
   job.lines = window.PrintLines();
   job.table = table.get();
   WritingOptions exporting;

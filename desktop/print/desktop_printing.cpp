@@ -9,6 +9,7 @@
 #include "desktop/print/preview_window.h"
 #include "desktop/views/shown_text.h"
 #include "host/base/base_dock.h"
+#include "host/components/grid_filter.h"
 #include "host/core/text.h"
 #include "host/services/windows.h"
 
@@ -22,7 +23,12 @@ QString AskForFile(QWidget* window, const char* title, const QString& name, cons
 }  // namespace
 
 void DesktopPrinting::Preview(const PrintJob& job) {
-  const PageLayout layout(job, windows_.NowDate());
+  // A report that shares its window with another has the window's caption, and a title of its own.
+  PrintJob named = job;
+  const auto* report = dynamic_cast<const TBaseDock_FRM*>(windows_.ActiveWindow());
+  if (report != nullptr && Trim(PlainCaption(report->Caption())) == Trim(PlainCaption(job.title)))
+    named.title = report->HostTitle();
+  const PageLayout layout(named, windows_.NowDate());
   PreviewWindow preview(layout, QApplication::activeWindow(), forbidden_);
   preview.exec();
 }
@@ -33,9 +39,13 @@ PrintJob DesktopPrinting::JobOf(TSmartDBGrid_QRT& grid) const {
   PrintJob job;
   TForm* form = grid.Form();
   if (form == nullptr) return job;
-  job.title = Trim(PlainCaption(form->Caption()));
   auto* window = dynamic_cast<TBaseDock_FRM*>(form);
-  if (window != nullptr && window->PrintedGrid() == &grid) job.lines = window->PrintLines();
+  job.title = window != nullptr ? window->HostTitle() : std::string(Trim(PlainCaption(form->Caption())));
+  if (window != nullptr && window->PrintedGrid() == &grid) {
+    job.lines = window->PrintLines();
+  } else if (std::string narrowing = NarrowingLine(grid); !narrowing.empty()) {
+    job.lines.push_back(std::move(narrowing));
+  }
   return job;
 }
 

@@ -96,6 +96,8 @@ bool MayOpen(THost& host, const DocumentRow& row) {
 
 }  // namespace
 
+std::string_view DocumentName(DocumentKind kind) { return kDocuments[static_cast<std::size_t>(kind)].label; }
+
 DocumentOutcome OpenDocument(THost& host, const Value& type, std::int64_t operationCode) {
   const auto movement = MovementTypeOf(type);
   if (!movement) return DocumentOutcome::NotOpened;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "host/services/host.h"
 #include "module/framework/movement_types.h"
@@ -21,5 +22,8 @@ DocumentOutcome OpenDocument(THost& host, const Value& type, std::int64_t operat
 
 // The good's own record: a change there may change the stock card, so the card is read again afterwards.
 bool ChangesStockCard(const Value& type);
+
+// What messages call a document of that kind; empty where none names it.
+std::string_view DocumentName(DocumentKind kind);
 
 }  // namespace goods

@@ -14,6 +14,7 @@ TTitleSearchPanel::TTitleSearchPanel(TComponent* window, std::string name, Delay
       GoodDetailSearch_EDT(window, "GoodDetailSearch_EDT") {
   GoodDetailSearch_LBL.FocusControl = &GoodDetailSearch_CMB;
   GoodDetailSearch_CMB.SetAccessibleName("جستجو بر اساس");
+  GoodDetailSearch_EDT.SearchBox = true;
   GoodDetailSearch_EDT.SetAccessibleName("متن جستجو");
   GoodDetailSearch_CMB.OnChange = [this] {
     if (ByProgram(GoodDetailSearch_CMB)) return;

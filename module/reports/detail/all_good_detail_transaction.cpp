@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "module/framework/row_facts.h"
+
 namespace goods {
 
 TAllGoodDetailTransaction_FRM::TAllGoodDetailTransaction_FRM(THost& host, int formMode,
@@ -23,6 +25,7 @@ void TAllGoodDetailTransaction_FRM::FormCreate() {
   TDetailReport_FRM::FormCreate();
   SetCommonControls(List_GRD, PrintList_BTN, Exit_BTN, GridLayout::Own);
   TListDetail_FRAME1.DetailFields_QRT1.SetDataSource(&Rows().Source);
+  DescribeMovements(Host(), List_GRD, {.type = "OperationType", .code = "OperationCode"});
   TGoodTransactions_DM::ComboBoxOperationFill_WithItems(OperationsType_CMB);
   OperationsType_CMB.OnChange = [this] { OperationsType_CMBChange(); };
   WatchCriteria(Details_PNL);

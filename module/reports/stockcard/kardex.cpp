@@ -7,6 +7,7 @@
 #include "module/framework/endings.h"
 #include "module/framework/good_header_panel.h"
 #include "module/framework/report_window.h"
+#include "module/framework/row_facts.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -44,6 +45,7 @@ void TKardex_FRM::FormCreate() {
   Person_SESF.SetItems({{"شخص", "PerCode", DataKind::Number}});
   Date_RDSF.SetItems({{"تاریخ", "Date", DataKind::Text}});
 
+  DescribeMovements(Host(), Kardex_GRD, {.type = "Type", .code = "OperationCode", .store = "Anbar"});
   QeratSearchManager1.SetDataSource(&dataModule_.Kardex.Source);
   for (TSearchFrame* frame : std::initializer_list<TSearchFrame*>{&Store_SESF, &Person_SESF, &Date_RDSF}) {
     QeratSearchManager1.AddItem(frame->Search);

@@ -53,7 +53,9 @@ void TKardexSearch_FRM::FormCreate() {
 void TKardexSearch_FRM::OnCustomParameter(const CustomParameter& parameter) {
   SetShortCut(KardexSearch_GRD);
   const bool negative = parameter.Count() > 0 && parameter.Text(0) == kNegativeMode;
-  DescribeWindow(*this, Describe(negative ? ReportId::NegativeCard : ReportId::RowSearch));
+  const ReportDescription& report = Describe(negative ? ReportId::NegativeCard : ReportId::RowSearch);
+  DescribeWindow(*this, report);
+  FormOptions_SFO.WindowTitle = negative ? report.title : std::string_view();
   if (negative) {
     const WaitingScope waiting(Host().Waiting(), nullptr, kPreparingReport);
     dataModule_.KardexSearch_Fill_2(parameter.Text(1), parameter.Text(2));
