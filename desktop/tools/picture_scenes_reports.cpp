@@ -6,8 +6,10 @@
 
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
+#include "desktop/views/grid_view.h"
 #include "host/components/edit.h"
 #include "host/components/grid.h"
+#include "host/components/grid_filter.h"
 #include "host/components/standard.h"
 #include "host/components/tabs.h"
 
@@ -172,9 +174,36 @@ void PictureMismatches(const ReportScenes& scenes) {
   });
 }
 
+// A list of goods looked through and filtered, and the values of one of its columns.
+void PictureTables(const ReportScenes& scenes) {
+  Open(scenes, "Open_GoodAmountAsset", [&](QWidget& window) {
+    auto& grid = Component<TSmartDBGrid_QRT>(window, "GoodTransactin_List_GRD");
+    auto& table = dynamic_cast<GridWidget&>(*dynamic_cast<FormView&>(window).WidgetOf(grid));
+    grid.SetFocus();
+    PressKey(window, Qt::Key_F, Qt::ControlModifier);
+    TypeText(window, "Find_EDT", "روغن");
+    Wait(kSettle);
+    PressKey(window, Qt::Key_Return);
+    Wait(kSettle);
+    scenes.save(window, "grid-find");
+    PressKey(window, Qt::Key_Escape);
+    AddCondition(grid, ConditionOn(*grid.FindColumn("Name"), ConditionKind::Contains, {Value("روغن")}));
+    AddCondition(grid, ConditionOn(*grid.FindColumn("Mogodi"), ConditionKind::From, {Value(1)}));
+    Wait(kSettle);
+    scenes.save(window, "grid-filter");
+    WhileModal([&](QWidget& values) {
+      Wait(kSettle);
+      scenes.save(values, "grid-filter-values");
+    });
+    table.FilterColumn(grid.FindColumn("UnitName1"));
+    Wait(4 * kSettle);
+  });
+}
+
 }  // namespace
 
 void PictureReports(const ReportScenes& scenes) {
+  PictureTables(scenes);
   PictureStores(scenes);
   PictureOverall(scenes);
   PictureDetails(scenes);

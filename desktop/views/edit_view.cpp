@@ -8,6 +8,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/style.h"
 #include "desktop/views/theme.h"
+#include "desktop/views/window_keys.h"
 #include "host/components/standard.h"
 
 namespace goods {
@@ -78,7 +79,8 @@ void EditView::Refresh() {
     const QSignalBlocker quiet(line_);
     line_->setCursorPosition(edit_.Caret());
   }
-  const QString placeholder = ShownText(edit_.Placeholder());
+  QString placeholder = ShownText(edit_.Placeholder());
+  if (HasSearchKey(edit_)) placeholder += (placeholder.isEmpty() ? "جستجو (" : " (") + QString("F3)");
   if (line_->placeholderText() != placeholder) line_->setPlaceholderText(placeholder);
   const bool problem = !edit_.Problem().empty();
   if (line_->property(kProblemProperty).toBool() != problem) {

@@ -6,9 +6,12 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <utility>
 
+#include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "host/components/grid.h"
 
 namespace goods {
 namespace {
@@ -163,9 +166,29 @@ FieldListView::FieldListView(FormView& form, TFieldList& list, QWidget* parent)
   SetWidget(widget_);
 }
 
+// The table that shows the same rows may know more of the current one.
+void FieldListView::AddFacts(std::vector<TFieldList::Entry>& entries) const {
+  const TSmartDBGrid_QRT* grid = list_.DataSource() == nullptr ? nullptr : GridOver(Form().Form());
+  const TADOQuery* query = grid == nullptr ? nullptr : grid->DataSet();
+  if (query == nullptr || !query->RecNo() || !grid->OnDescribeRow) return;
+  for (TSmartDBGrid_QRT::Fact& fact : grid->OnDescribeRow(*query->RecNo()))
+    if (!fact.text.empty()) entries.push_back({std::move(fact.caption), std::move(fact.text)});
+}
+
+const TSmartDBGrid_QRT* FieldListView::GridOver(const TControl& container) const {
+  for (const TControl* control : container.Controls()) {
+    const auto* grid = dynamic_cast<const TSmartDBGrid_QRT*>(control);
+    if (grid != nullptr && grid->DataSource() == list_.DataSource()) return grid;
+    if (const TSmartDBGrid_QRT* inside = GridOver(*control)) return inside;
+  }
+  return nullptr;
+}
+
 void FieldListView::Refresh() {
   ControlView::Refresh();
-  widget_->Show(list_.Entries(), list_.Columns());
+  std::vector<TFieldList::Entry> entries = list_.Entries();
+  AddFacts(entries);
+  widget_->Show(entries, list_.Columns());
 }
 
 }  // namespace goods

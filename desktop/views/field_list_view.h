@@ -9,6 +9,8 @@
 
 namespace goods {
 
+class TSmartDBGrid_QRT;
+
 // Paints pairs of a caption and a text in reading direction, row by row. What is cut is told in full by a
 // tool tip; what does not fit the height is scrolled to.
 class FieldListWidget : public QAbstractScrollArea {
@@ -56,6 +58,9 @@ class FieldListView : public ControlView {
   void Refresh() override;
 
  private:
+  void AddFacts(std::vector<TFieldList::Entry>& entries) const;
+  const TSmartDBGrid_QRT* GridOver(const TControl& container) const;
+
   TFieldList& list_;
   FieldListWidget* widget_;
 };

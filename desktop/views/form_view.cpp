@@ -14,6 +14,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/status_line.h"
 #include "desktop/views/theme.h"
+#include "desktop/views/window_keys.h"
 #include "host/base/base_dock.h"
 
 namespace goods {
@@ -144,7 +145,8 @@ void FormView::AlignRows() {
 }
 
 void FormView::RefreshWindow() {
-  const QString title = ShownText(PlainCaption(form_.Caption()));
+  const auto* report = dynamic_cast<const TBaseDock_FRM*>(&form_);
+  const QString title = ShownText(report != nullptr ? report->HostTitle() : PlainCaption(form_.Caption()));
   if (windowTitle() != title) setWindowTitle(title);
 }
 
@@ -173,6 +175,8 @@ void FormView::SyncFocus() {
     // A drop-down of the control itself has the focus.
     if (QApplication::activePopupWidget() != nullptr) return;
   }
+  // A part of the control that has the keyboard, such as the bar that finds in a table, keeps it.
+  if (focusWidget() != nullptr && wanted->isAncestorOf(focusWidget())) return;
   wanted->setFocus(Qt::OtherFocusReason);
 }
 
@@ -185,6 +189,7 @@ bool FormView::HandleKey(QKeyEvent& event) {
   bool consumed = true;
   const QPointer<FormView> alive(this);
   Run([&] { consumed = form_.KeyDown(key); });
+  if (alive && !consumed) consumed = TakeWindowKey(*this, event);
   if (alive) SyncFocus();
   StatusLine* status = alive && !consumed ? StatusOf(*this) : nullptr;
   if (status != nullptr && status->HandleKey(event)) return true;

@@ -7,6 +7,7 @@
 
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "host/components/grid_filter.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -148,7 +149,8 @@ void GridGeometry::MeasureHeader(const TSmartDBGrid_QRT& grid, const QWidget& vi
     const bool sorted = std::any_of(grid.SortKeys().begin(), grid.SortKeys().end(), [&](const TSortKey& key) {
       return SameText(key.FieldName, span.column->FieldName());
     });
-    const int room = std::max(1, span.width - padding_ - (sorted ? SortRoom() : 0));
+    const int marks = (sorted ? SortRoom() : 0) + (HasCondition(grid, *span.column) ? FilterRoom() : 0);
+    const int room = std::max(1, span.width - padding_ - marks);
     lines = std::max(lines, TitleLines(*span.column, room, viewport.font()).size());
   }
   const int line = LineHeight(HeaderFont(viewport.font()));

@@ -77,6 +77,13 @@ class GridGeometry {
   // A title as it is wrapped into room, and the room that its sort mark takes.
   const QStringList& TitleLines(const TGridColumn& column, int room, const QFont& font) const;
   int SortRoom() const { return 2 * padding_ + 2; }
+  // The place of the filter's button in a title, at its far end.
+  int FilterRoom() const { return 3 * padding_; }
+  QRect FilterBox(const QRect& title) const {
+    const int left =
+        rightToLeft_ ? title.left() + padding_ / 2 + 2 : title.right() - FilterRoom() - padding_ / 2 - 1;
+    return {left, title.center().y() - FilterRoom() / 2, FilterRoom(), FilterRoom()};
+  }
 
   static QFont HeaderFont(const QFont& font);
 

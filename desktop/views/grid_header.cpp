@@ -49,8 +49,10 @@ void GridWidget::HeaderPressed(const QPoint& point) {
     const GridGroup& pressed = geometry_.Groups()[*group];
     for (std::size_t i = pressed.first; i <= pressed.last; ++i) dragged_.push_back(spans[i].column);
   } else if (const auto span = geometry_.SpanAt(point.x(), Offset())) {
+    TGridColumn& column = *spans[*span].column;
+    if (FilterRect(column).contains(point)) return FilterColumn(&column);
     gesture_ = Gesture::Press;
-    dragged_ = {spans[*span].column};
+    dragged_ = {&column};
   }
 }
 

@@ -6,7 +6,11 @@
 
 #include "desktop/views/column_chooser.h"
 #include "desktop/views/form_view.h"
+#include "desktop/views/grid_geometry.h"
+#include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
+#include "host/components/grid_filter.h"
 
 namespace goods {
 namespace {
@@ -43,10 +47,55 @@ void CopyRows(const TSmartDBGrid_QRT& grid) {
   if (!text.isEmpty()) QGuiApplication::clipboard()->setText(text);
 }
 
-void GridMenu(FormView& form, TSmartDBGrid_QRT& grid, const QPoint& at) {
+namespace {
+
+constexpr int kValueWidth = 180;
+
+// "برابر «پیچ»" and its like, for what the cell holds.
+void AddConditions(QMenu& menu, GridWidget& table, FormView& form, const GridCell& cell) {
+  TSmartDBGrid_QRT& grid = table.Grid();
+  TGridColumn& column = *cell.column;
+  const Value value = CellValue(grid, cell.row, column);
+  const std::string text = grid.CellText(cell.row, column);
+  const QString shown = text.empty()
+                            ? QString("(خالی)")
+                            : "«" +
+                                  menu.fontMetrics().elidedText(ShownCell(text, column.IsNumber()),
+                                                                Qt::ElideRight, Scaled(kValueWidth, menu)) +
+                                  "»";
+  QMenu* filter = menu.addMenu("فیلتر " + TitleOf(column));
+  filter->setObjectName("GridFilterMenu");
+  filter->setLayoutDirection(Qt::RightToLeft);
+  const auto add = [&](const QString& caption, ConditionKind kind) {
+    filter->addAction(caption + shown, &form, [&form, &grid, &column, kind, value] {
+      form.Run([&] { AddCondition(grid, ConditionOn(column, kind, {value})); });
+    });
+  };
+  add("برابر ", ConditionKind::Equal);
+  add("به جز ", ConditionKind::NotEqual);
+  if (!text.empty()) {
+    add("از ", ConditionKind::From);
+    add("تا ", ConditionKind::To);
+  }
+  filter->addSeparator();
+  filter->addAction("شامل…", &form, [&table, &column, text] { table.FilterColumn(&column, text); });
+  filter->addAction("از میان مقدارها…   Alt+Down", &form, [&table, &column] { table.FilterColumn(&column); });
+}
+
+}  // namespace
+
+void GridMenu(GridWidget& table, FormView& form, const std::optional<GridCell>& cell, const QPoint& at) {
+  TSmartDBGrid_QRT& grid = table.Grid();
   QMenu menu(&form);
   menu.setObjectName("GridMenu");
   menu.setLayoutDirection(Qt::RightToLeft);
+  if (cell && !cell->column->Withheld() && cell->column->Kind() != CellKind::Swatch)
+    AddConditions(menu, table, form, *cell);
+  const TADOQuery* query = grid.DataSet();
+  menu.addAction("برداشتن فیلترها   F8", &form, [&] { form.Run([&] { RemoveConditions(grid); }); })
+      ->setEnabled(query != nullptr && !query->Narrowing().empty());
+  menu.addAction("یافتن…   Ctrl+F", &form, [&] { table.Find(); })->setEnabled(grid.RowCount() > 0);
+  menu.addSeparator();
   menu.addAction("انتخاب ستون‌ها…", &form, [&] { ShowColumnChooser(form, grid); });
   QAction* copy = menu.addAction("رونوشت", &form, [&] { CopyRows(grid); });
   copy->setShortcut(QKeySequence::Copy);

@@ -3,6 +3,8 @@
 
 #include <QPoint>
 #include <QString>
+#include <cstddef>
+#include <optional>
 
 #include "host/components/grid.h"
 
@@ -10,8 +12,15 @@ namespace goods {
 
 class FormView;
 
-// Shows the menu and runs what is chosen.
-void GridMenu(FormView& form, TSmartDBGrid_QRT& grid, const QPoint& at);
+class GridWidget;
+
+struct GridCell {
+  std::size_t row;
+  TGridColumn* column;
+};
+
+// Shows the menu and runs what is chosen; on a cell it begins with the conditions that the cell gives.
+void GridMenu(GridWidget& table, FormView& form, const std::optional<GridCell>& cell, const QPoint& at);
 
 // The selected rows, or the current one where none is selected, with a line of titles, separated by tabs.
 QString CopiedText(const TSmartDBGrid_QRT& grid);

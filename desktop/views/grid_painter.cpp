@@ -5,6 +5,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/style.h"
 #include "desktop/views/theme.h"
+#include "host/components/grid_filter.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -107,6 +108,10 @@ void GridPainter::PaintCell(std::size_t row, std::size_t index, const QRect& cel
     font = ReadableOn(fill);
   }
   if (style.Font) font = QColor::fromRgb(*style.Font);
+  if (state_.isHit && state_.isHit(row, *span.column)) {
+    painter_.fillRect(cell.adjusted(1, 2, -1, -3), theme.hit);
+    font = theme.text;
+  }
   painter_.setFont(style.Bold ? bold_ : font_);
   painter_.setPen(font);
   const QString text = ShownCell(table_->CellText(row, index), span.column->IsNumber());
@@ -116,6 +121,11 @@ void GridPainter::PaintCell(std::size_t row, std::size_t index, const QRect& cel
   painter_.setPen(theme.gridLine);
   const int edge = geometry_.RightToLeft() ? cell.left() : cell.right();
   painter_.drawLine(edge, cell.top(), edge, cell.bottom());
+  if (state_.focused && state_.column == span.column && grid_.DataSet()->RecNo() == row) {
+    painter_.setPen(theme.accent);
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRect(cell.adjusted(0, 0, -1, -2));
+  }
 }
 
 void GridPainter::PaintRowNumber(std::size_t row, int top, bool current) {
@@ -200,13 +210,41 @@ void GridPainter::PaintTitle(std::size_t index) {
   const QRect cell = geometry_.ColumnRect(span, state_.offset, top, geometry_.HeaderHeight() - top - 1);
   if (state_.hoveredTitle == index) painter_.fillRect(cell, theme.buttonHover);
   QRect box = cell.adjusted(geometry_.Padding() / 2, 1, -geometry_.Padding() / 2, -1);
+  if (HasCondition(grid_, *span.column)) {
+    box = geometry_.RightToLeft() ? box.adjusted(geometry_.FilterRoom(), 0, 0, 0)
+                                  : box.adjusted(0, 0, -geometry_.FilterRoom(), 0);
+  }
   PaintSortMark(*span.column, box);
   painter_.setPen(theme.text);
   DrawLines(painter_, box, geometry_.TitleLines(*span.column, box.width(), font_),
             LineHeight(painter_.font()));
+  PaintFilterButton(index, cell);
   painter_.setPen(theme.border);
   const int edge = geometry_.RightToLeft() ? cell.left() : cell.right();
   painter_.drawLine(edge, cell.top() + 5, edge, cell.bottom() - 5);
+}
+
+// A funnel: filled where the column has a condition, drawn under the mouse and on the column that keys mean,
+// over what the title has there.
+void GridPainter::PaintFilterButton(std::size_t index, const QRect& title) {
+  const TGridColumn& column = *geometry_.Spans()[index].column;
+  const bool inForce = HasCondition(grid_, column);
+  const bool hovered = state_.hoveredTitle == index;
+  const bool meant = state_.focused && state_.column == &column;
+  if (!inForce && (!state_.filters || column.Kind() == CellKind::Swatch || (!hovered && !meant))) return;
+  const Theme& theme = CurrentTheme();
+  const QRect box = geometry_.FilterBox(title);
+  if (!inForce) painter_.fillRect(box.adjusted(-1, 0, 1, 0), hovered ? theme.buttonHover : theme.header);
+  const QPointF center = QRectF(box).center();
+  const double half = box.width() / 3.2;
+  const auto at = [&](double x, double y) { return center + QPointF(x * half, y * half); };
+  painter_.save();
+  painter_.setRenderHint(QPainter::Antialiasing);
+  painter_.setPen(QPen(inForce ? theme.accent : theme.mutedText, 1.2));
+  painter_.setBrush(inForce ? QBrush(theme.accent) : QBrush(Qt::NoBrush));
+  painter_.drawPolygon(
+      QPolygonF({at(-1, -0.9), at(1, -0.9), at(0.25, 0.1), at(0.25, 1), at(-0.25, 0.7), at(-0.25, 0.1)}));
+  painter_.restore();
 }
 
 void GridPainter::PaintSortMark(const TGridColumn& column, QRect& box) {

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QPainter>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -17,7 +18,11 @@ struct GridPaintState {
   int offset = 0;  // how far the columns are scrolled, in reading direction
   bool focused = false;
   std::optional<std::size_t> hoveredTitle;
-  std::optional<int> insertionX;  // where a dragged column would go
+  std::optional<int> insertionX;        // where a dragged column would go
+  bool filters = false;                 // titles have a button for the column's filter
+  const TGridColumn* column = nullptr;  // the one that keys mean
+  // Whether a cell holds what is looked for.
+  std::function<bool(std::size_t row, const TGridColumn& column)> isHit;
 };
 
 // One cell is asked for its text and its style exactly once a painting, and only when it is visible.
@@ -40,6 +45,7 @@ class GridPainter {
   void InParts(const QRect& band, PaintColumn&& paint);
   void PaintFixedEdge();
   void PaintTitle(std::size_t index);
+  void PaintFilterButton(std::size_t index, const QRect& title);
   void PaintSortMark(const TGridColumn& column, QRect& box);
   QFont FooterFont(const QString& text, int room) const;
   void PaintFooter();

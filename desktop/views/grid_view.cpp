@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "desktop/views/form_view.h"
+#include "desktop/views/grid_accessible.h"
 #include "desktop/views/grid_menu.h"
 #include "desktop/views/panel_splitter.h"
 #include "desktop/views/shown_text.h"
@@ -40,7 +41,7 @@ bool GridControlView::HasMenu() const {
 }
 
 GridWidget::GridWidget(GridControlView& view, TSmartDBGrid_QRT& grid, QWidget* parent)
-    : QAbstractScrollArea(parent), view_(view), grid_(grid) {
+    : QAbstractScrollArea(parent), view_(view), grid_(grid), jump_(viewport()) {
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::StyledPanel);
   viewport()->setMouseTracking(true);
@@ -48,6 +49,8 @@ GridWidget::GridWidget(GridControlView& view, TSmartDBGrid_QRT& grid, QWidget* p
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   verticalScrollBar()->setSingleStep(1);
   horizontalScrollBar()->setSingleStep(Scaled(30, *this));
+  MakeBars();
+  MakeGridsAccessible();
 }
 
 // Given, or as wide as the columns, within bounds.
@@ -79,6 +82,11 @@ void GridWidget::UpdateScrollBars() {
 
 void GridWidget::Follow() {
   setLayoutDirection(grid_.RightAligned ? Qt::RightToLeft : Qt::LeftToRight);
+  if (source_ != grid_.DataSource()) {
+    source_ = grid_.DataSource();
+    sourceChanged_ =
+        source_ == nullptr ? Subscription() : source_->Changed.Connect([this] { ++rowsChanged_; });
+  }
   UpdateScrollBars();
   const TADOQuery* query = grid_.DataSet();
   const std::optional<std::size_t> current = query == nullptr ? std::nullopt : query->RecNo();
@@ -87,6 +95,7 @@ void GridWidget::Follow() {
     ShowCurrent();
     DescribeCurrent();
   }
+  WatchRows();
   viewport()->update();
 }
 
@@ -114,8 +123,10 @@ void GridWidget::DescribeCurrent() {
     for (const GridSpan& span : geometry_.Spans())
       if (geometry_.InView(span, Offset()))
         description += TitleOf(*span.column) + ": " + ToQt(grid_.CellText(*shownRow_, *span.column)) + "، ";
+    description += FactsOf(*shownRow_).replace('\n', "، ");
   }
   setAccessibleDescription(description);
+  TellCurrentCell(*this);
 }
 
 QRect GridWidget::CellRect(std::size_t row, const TGridColumn& column) const {
@@ -150,6 +161,8 @@ void GridWidget::paintEvent(QPaintEvent* /*event*/) {
   paint_.firstRow = FirstRow();
   paint_.offset = Offset();
   paint_.focused = hasFocus();
+  paint_.filters = view_.HasMenu();
+  paint_.column = currentColumn_.empty() ? nullptr : CurrentColumn();
   // A drawing event is the program's code. What it throws never passes into the toolkit: it is shown once,
   // and only after the painting, since a message paints windows itself.
   try {
@@ -167,6 +180,7 @@ void GridWidget::paintEvent(QPaintEvent* /*event*/) {
 void GridWidget::resizeEvent(QResizeEvent* event) {
   const bool inView = CurrentInView();
   QAbstractScrollArea::resizeEvent(event);
+  PlaceBars();
   UpdateScrollBars();
   if (inView) ShowCurrent();
 }
@@ -181,6 +195,7 @@ void GridWidget::changeEvent(QEvent* event) {
 void GridWidget::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
   viewport()->update();
+  TellCurrentCell(*this);
 }
 
 void GridWidget::focusOutEvent(QFocusEvent* event) {
@@ -221,6 +236,7 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
   const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
   const std::size_t count = grid_.RowCount();
   if (event == QKeySequence::Copy) return CopyRows(grid_);
+  if (ColumnKey(*event)) return;
   if (ctrl && event->key() == Qt::Key_A && grid_.MultiSelect && count > 0) {
     anchor_ = 0;
     return view_.Do([&] { SelectTo(count - 1); });
@@ -245,7 +261,7 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
       return horizontalScrollBar()->setValue(Offset() + (forward ? step : -step));
     }
     default:
-      event->ignore();
+      if (!TypedKey(*event)) event->ignore();
   }
 }
 
@@ -272,6 +288,8 @@ void GridWidget::mousePressEvent(QMouseEvent* event) {
   }
   const auto row = RowAt(point);
   if (!row) return;
+  if (const auto span = geometry_.SpanAt(point.x(), Offset()))
+    currentColumn_ = geometry_.Spans()[*span].column->Name();
   if (event->button() == Qt::LeftButton) {
     RowPressed(*row, event->modifiers());
   } else if (event->button() == Qt::RightButton && grid_.Selection().count(*row) == 0) {
@@ -307,8 +325,18 @@ void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
   if (!view_.HasMenu()) return;
   const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-  const QPoint at = byKey ? viewport()->mapToGlobal(geometry_.RowsArea().center()) : event->globalPos();
-  GridMenu(view_.Form(), grid_, at);
+  std::optional<GridCell> cell;
+  QPoint at = event->globalPos();
+  if (byKey) {
+    at = viewport()->mapToGlobal(geometry_.RowsArea().center());
+    if (shownRow_ && CurrentColumn() != nullptr) cell = {*shownRow_, CurrentColumn()};
+    if (cell && CurrentInView()) at = viewport()->mapToGlobal(CellRect(cell->row, *cell->column).center());
+  } else {
+    const auto row = RowAt(event->pos());
+    const auto span = geometry_.SpanAt(event->pos().x(), Offset());
+    if (row && span) cell = {*row, geometry_.Spans()[*span].column};
+  }
+  GridMenu(*this, view_.Form(), cell, at);
 }
 
 void GridWidget::wheelEvent(QWheelEvent* event) {
@@ -328,10 +356,13 @@ bool GridWidget::ShowCellTip(const QPoint& point, const QPoint& global) {
   if (span && point.y() > geometry_.RowsArea().bottom()) return ShowFooterTip(*span, global);
   if (!row || !span) return false;
   const TGridColumn& column = *geometry_.Spans()[*span].column;
-  const QString text = ShownCell(grid_.CellText(*row, column), column.IsNumber());
+  QString text = ShownCell(grid_.CellText(*row, column), column.IsNumber());
   const QRect cell = CellRect(*row, column);
-  if (fontMetrics().horizontalAdvance(text) <= cell.width() - 2 * geometry_.Padding()) return false;
-  QToolTip::showText(global, text, viewport(), cell);
+  if (fontMetrics().horizontalAdvance(text) <= cell.width() - 2 * geometry_.Padding()) text.clear();
+  const QString facts = FactsOf(*row);
+  if (text.isEmpty() && facts.isEmpty()) return false;
+  QToolTip::showText(global, text.isEmpty() || facts.isEmpty() ? text + facts : text + "\n\n" + facts,
+                     viewport(), cell);
   return true;
 }
 

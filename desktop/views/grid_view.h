@@ -2,16 +2,21 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "desktop/views/control_view.h"
 #include "desktop/views/grid_geometry.h"
 #include "desktop/views/grid_painter.h"
+#include "desktop/views/typed_jump.h"
 
 namespace goods {
 
+class FilterChips;
+class FindBar;
 class GridControlView;
 
 // Asks the component for the visible cells only, so that a million rows cost what a thousand cost. Its own
@@ -30,6 +35,20 @@ class GridWidget : public QAbstractScrollArea {
   QRect CellRect(std::size_t row, const TGridColumn& column) const;
   QRect TitleRect(const TGridColumn& column) const;
   std::optional<std::size_t> RowAt(const QPoint& point) const;
+  // Makes a row the current one, without a selection.
+  void GoToRow(std::size_t row) { GoTo(row, false); }
+  // Opens the bar that finds a text in the table.
+  void Find();
+  // Opens the filter of a column, with something to search for among its values; of the current column where
+  // none is named.
+  void FilterColumn(const TGridColumn* column = nullptr, const std::string& search = "");
+  // The button in a column's title that does so; empty where the table has no filters.
+  QRect FilterRect(const TGridColumn& column) const;
+  // The column that keys mean, marked in the current row: the one that was clicked or gone to by Ctrl and the
+  // arrows last, else the first; null in a table without columns.
+  TGridColumn* CurrentColumn() const;
+  // What a row is beyond its columns, a line for each fact, as it is shown.
+  QString FactsOf(std::size_t row) const;
   QRect GroupRect(const GridGroup& group) const { return geometry_.GroupRect(group, Offset()); }
   QSize sizeHint() const override;
 
@@ -64,6 +83,14 @@ class GridWidget : public QAbstractScrollArea {
   bool ShowFooterTip(std::size_t span, const QPoint& global);
   void DescribeCurrent();
 
+  // Finding and jumping, in grid_search.cpp.
+  void MakeBars();
+  void PlaceBars();
+  void WatchRows();
+  bool TypedKey(const QKeyEvent& event);
+  bool ColumnKey(const QKeyEvent& event);
+  void GoToColumn(const TGridColumn& column);
+
   // The header, in grid_header.cpp.
   bool InHeader(const QPoint& point) const { return point.y() < geometry_.HeaderHeight(); }
   void HeaderPressed(const QPoint& point);
@@ -89,6 +116,25 @@ class GridWidget : public QAbstractScrollArea {
   bool drawingFailed_ = false;
   QPoint pressedAt_;
   int widthAtPress_ = 0;
+
+  // Which rows and columns were there when they were last looked at.
+  struct RowsSeen {
+    const TADOQuery* query = nullptr;
+    const RowStore* store = nullptr;
+    const std::uint32_t* index = nullptr;
+    std::size_t count = 0;
+    std::size_t changes = 0;
+    std::vector<std::string> fields{};
+    bool operator==(const RowsSeen&) const = default;
+  };
+  RowsSeen rowsSeen_;
+  std::size_t rowsChanged_ = 0;  // how often the source has told of other rows
+  TDataSource* source_ = nullptr;
+  Subscription sourceChanged_;
+  FilterChips* chips_ = nullptr;
+  FindBar* find_ = nullptr;
+  std::string currentColumn_;  // the name of the column that keys mean; empty before one was chosen
+  TypedJump jump_;
 };
 
 class GridControlView : public ControlView {

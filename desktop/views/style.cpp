@@ -181,11 +181,14 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_IndicatorRadioButton:
       DrawTick(*painter, option, true);
       return;
-    case PE_Frame:
-      painter->setPen(CurrentTheme().border);
+    case PE_Frame: {
+      // Tables, lists and trees say by their frame that they have the keyboard.
+      const bool focused = Has(option, State_HasFocus) && Has(option, State_Enabled);
+      painter->setPen(focused ? CurrentTheme().accent : CurrentTheme().border);
       painter->setBrush(Qt::NoBrush);
       painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
       return;
+    }
     case PE_PanelScrollAreaCorner:
       painter->fillRect(option->rect, CurrentTheme().window);
       return;

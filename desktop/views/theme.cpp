@@ -33,6 +33,7 @@ Theme LightTheme() {
   theme.selection = QColor(0xE3EEF8);
   theme.header = QColor(0xE9EEF4);
   theme.band = QColor(0xF8FAFC);
+  theme.hit = QColor(0xFFE08A);
   theme.gridLine = QColor(0xE3E8EE);
   theme.button = QColor(0xFFFFFF);
   theme.buttonHover = QColor(0xEDF3F9);
@@ -57,6 +58,7 @@ Theme DarkTheme() {
   theme.selection = QColor(0x28394B);
   theme.header = QColor(0x2B3541);
   theme.band = QColor(0x262F3A);
+  theme.hit = QColor(0x6B5714);
   theme.gridLine = QColor(0x323C49);
   theme.button = QColor(0x2D3744);
   theme.buttonHover = QColor(0x374455);

@@ -24,6 +24,7 @@ struct Theme {
   QColor selection;   // other selected rows
   QColor header;      // titles and footers of tables
   QColor band;        // every second row
+  QColor hit;         // cells that hold what is looked for
   QColor gridLine;
   QColor button;
   QColor buttonHover;

@@ -8,8 +8,8 @@
 namespace goods {
 namespace {
 
-// Beyond so many exact numbers their texts are worked out again each time rather than kept.
-constexpr std::size_t kMostExactNumbers = 100'000;
+// Beyond so many numbers their texts are worked out again each time rather than kept.
+constexpr std::size_t kMostKnownNumbers = 100'000;
 
 }  // namespace
 
@@ -19,6 +19,7 @@ ColumnValues::ColumnValues(const TSmartDBGrid_QRT& grid, const TGridColumn& colu
   if (query == nullptr || !query->Active() || column.Withheld()) return;
   field_ = query->FindField(column.FieldName());
   if (!field_) return;
+  if (column.IsNumber()) decimals_ = column.Format().Decimals();
   total_ = query->TotalCount();
   mask_ = query->RowsBeside(column.FieldName());
   const RowStore& rows = *query->Rows();
@@ -45,11 +46,19 @@ std::uint32_t ColumnValues::EntryOf(std::size_t row) {
     return known;
   }
   Value value = grid_.DataSet()->StoredCell(row, *field_);
-  if (!value.IsNumber()) return EntryOfValue(std::move(value));
-  std::string exact = value.AsText();
-  if (const auto found = byExact_.find(exact); found != byExact_.end()) return found->second;
-  const std::uint32_t entry = EntryOfValue(std::move(value));
-  if (byExact_.size() < kMostExactNumbers) byExact_.emplace(std::move(exact), entry);
+  return value.IsNumber() ? EntryOfNumber(value.AsDecimal()) : EntryOfValue(std::move(value));
+}
+
+std::uint32_t ColumnValues::EntryOfNumber(Decimal number) {
+  if (decimals_ >= 0) number = number.Rounded(decimals_);
+  if (const auto found = byNumber_.find(number.Units()); found != byNumber_.end()) return found->second;
+  // A full list takes no other number, but for the opposite of one that is shown without its sign.
+  if (IsFull() && needle_.empty() && !byNumber_.contains(-number.Units())) {
+    more_ = true;
+    return kLeftOut;
+  }
+  const std::uint32_t entry = EntryOfValue(Value(number));
+  if (byNumber_.size() < kMostKnownNumbers) byNumber_.emplace(number.Units(), entry);
   return entry;
 }
 
@@ -59,26 +68,19 @@ std::uint32_t ColumnValues::EntryOfValue(Value value) {
   if (text.empty()) value = Value();
   const auto found = byText_.find(text);
   if (found == byText_.end()) {
-    if (entries_.size() >= kMostValues) {
+    if (IsFull()) {
       more_ = true;
       return kLeftOut;
     }
     const auto entry = static_cast<std::uint32_t>(entries_.size());
     byText_.emplace(text, entry);
-    if (value.IsNumber()) value = Rounded(value);
     entries_.push_back({std::move(text), {std::move(value)}, 0});
     return entry;
   }
   // The same text for another number: one that differs beyond the decimals shown, or in its sign.
   std::vector<Value>& values = entries_[found->second].values;
-  if (value.IsNumber()) value = Rounded(value);
   if (std::find(values.begin(), values.end(), value) == values.end()) values.push_back(std::move(value));
   return found->second;
-}
-
-Value ColumnValues::Rounded(const Value& number) const {
-  const int decimals = column_.IsNumber() ? column_.Format().Decimals() : -1;
-  return decimals < 0 ? number : Value(number.AsDecimal().Rounded(decimals));
 }
 
 // Empty cells first, as the column sorts them.

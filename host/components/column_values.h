@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/components/grid.h"
+#include "host/data/wide_integer.h"
 
 namespace goods {
 
@@ -43,14 +44,16 @@ class ColumnValues {
   static constexpr std::uint32_t kLeftOut = 0xFFFFFFFE;
 
   std::uint32_t EntryOf(std::size_t row);
+  std::uint32_t EntryOfNumber(Decimal number);
   std::uint32_t EntryOfValue(Value value);
-  Value Rounded(const Value& number) const;
+  bool IsFull() const { return entries_.size() >= kMostValues; }
   void SortEntries();
 
   const TSmartDBGrid_QRT& grid_;
   const TGridColumn& column_;
   std::string needle_;
   std::optional<std::size_t> field_;
+  int decimals_ = -1;              // that numbers are shown with
   const Column* texts_ = nullptr;  // a text column of the store
   std::size_t total_ = 0;
   std::size_t row_ = 0;
@@ -58,7 +61,13 @@ class ColumnValues {
   std::vector<Entry> entries_;
   std::vector<std::uint32_t> byTextId_;
   std::unordered_map<std::string, std::uint32_t> byText_;
-  std::unordered_map<std::string, std::uint32_t> byExact_;  // numbers by their exact text
+  struct UnitsHash {
+    std::size_t operator()(Int128 units) const {
+      const auto bits = static_cast<std::uint64_t>(units) ^ static_cast<std::uint64_t>(units >> 64);
+      return static_cast<std::size_t>(bits * 0x9E3779B97F4A7C15ULL >> 16);
+    }
+  };
+  std::unordered_map<Int128, std::uint32_t, UnitsHash> byNumber_;  // rounded to the decimals shown
   bool more_ = false;
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QTest>
 #include <cstdint>
 #include <functional>
@@ -135,6 +136,14 @@ class TCard_FRM : public TBaseDock_FRM {
   void LayOut();
   void AddColumns();
 };
+
+// Letters of any script, key by key; QTest's own takes those of ASCII alone.
+inline void TypeLetters(QWidget* widget, const QString& text) {
+  for (const QChar letter : text) {
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
+    QApplication::sendEvent(widget, &press);
+  }
+}
 
 // Runs the message loop until what was queued is done.
 inline void Settle() {

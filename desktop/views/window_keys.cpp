@@ -1,0 +1,87 @@
+#include "desktop/views/window_keys.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include "desktop/views/form_view.h"
+#include "desktop/views/grid_view.h"
+#include "host/base/base_dock.h"
+#include "host/components/edit.h"
+#include "host/components/grid_filter.h"
+
+namespace goods {
+namespace {
+
+// The key of F where a Persian layout is in use.
+constexpr int kPersianBeh = 0x0628;
+
+bool IsSeen(const FormView& form, const TControl& control) {
+  const QWidget* widget = form.WidgetOf(control);
+  return widget != nullptr && widget->isVisible() && control.CanFocus();
+}
+
+template <typename Kind, typename Wanted>
+Kind* FirstSeen(const FormView& form, TControl& container, const Wanted& wanted) {
+  for (TControl* control : container.Controls()) {
+    auto* found = dynamic_cast<Kind*>(control);
+    if (found != nullptr && wanted(*found) && IsSeen(form, *found)) return found;
+    if (Kind* inside = FirstSeen<Kind>(form, *control, wanted)) return inside;
+  }
+  return nullptr;
+}
+
+TSmartDBGrid_QRT* GridMeant(FormView& form) {
+  if (auto* active = dynamic_cast<TSmartDBGrid_QRT*>(form.Form().ActiveControl())) return active;
+  auto* report = dynamic_cast<TBaseDock_FRM*>(&form.Form());
+  TSmartDBGrid_QRT* printed = report == nullptr ? nullptr : report->PrintedGrid();
+  if (printed != nullptr && IsSeen(form, *printed)) return printed;
+  return FirstSeen<TSmartDBGrid_QRT>(form, form.Form(), [](const TSmartDBGrid_QRT&) { return true; });
+}
+
+bool Find(FormView& form) {
+  TSmartDBGrid_QRT* grid = GridMeant(form);
+  auto* view = grid == nullptr ? nullptr : dynamic_cast<GridControlView*>(form.ViewOf(*grid));
+  if (view == nullptr) return false;
+  form.Run([grid] { grid->SetFocus(); });
+  if (grid->Focused()) view->Grid().Find();
+  return true;
+}
+
+bool LiftConditions(FormView& form) {
+  TSmartDBGrid_QRT* grid = GridMeant(form);
+  if (grid == nullptr) return false;
+  form.Run([grid] { RemoveConditions(*grid); });
+  return true;
+}
+
+bool GoToSearchBox(FormView& form) {
+  auto* edit = FirstSeen<TEdit>(form, form.Form(), [](const TEdit& each) { return HasSearchKey(each); });
+  if (edit == nullptr) return false;
+  form.Run([edit] { edit->SetFocus(); });
+  form.Flush();
+  ControlView* view = form.ViewOf(*edit);
+  auto* line = view == nullptr ? nullptr : dynamic_cast<QLineEdit*>(view->FocusWidget());
+  if (line != nullptr) {
+    line->setFocus(Qt::ShortcutFocusReason);
+    line->selectAll();
+  }
+  return true;
+}
+
+}  // namespace
+
+bool HasSearchKey(const TEdit& edit) {
+  return edit.SearchBox && dynamic_cast<const TBaseDock_FRM*>(edit.Form()) != nullptr;
+}
+
+bool TakeWindowKey(FormView& form, const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+  if (modifiers == Qt::ControlModifier && (event.key() == Qt::Key_F || event.key() == kPersianBeh))
+    return Find(form);
+  if (modifiers != Qt::NoModifier) return false;
+  if (event.key() == Qt::Key_F3) return GoToSearchBox(form);
+  if (event.key() == Qt::Key_F8) return LiftConditions(form);
+  return false;
+}
+
+}  // namespace goods

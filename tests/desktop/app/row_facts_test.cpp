@@ -1,0 +1,56 @@
+// What a row says of itself beside its columns, and the title of the negative card, on a real company.
+#include <QDialog>
+
+#include "desktop/views/grid_view.h"
+#include "host/base/base_dock.h"
+#include "tests/desktop/app/kit.h"
+
+namespace goods {
+namespace {
+
+class RowFacts : public DesktopTest {};
+
+GridWidget& TableOf(QWidget& window, const char* grid) {
+  return dynamic_cast<GridWidget&>(
+      *dynamic_cast<FormView&>(window).WidgetOf(Component<TSmartDBGrid_QRT>(window, grid)));
+}
+
+TEST_F(RowFacts, TheStockCardNamesOperationDocumentAndStoreOfARow) {
+  HostFor("admin");
+  WhileModal([&](QWidget& window) {
+    TypeGood(window, BusiestGood(Company()));
+    auto& grid = Component<TSmartDBGrid_QRT>(window, "Kardex_GRD");
+    const Value sale(std::int64_t{1});
+    ASSERT_TRUE(grid.DataSet()->Locate("Type", std::span(&sale, 1)));
+    const std::size_t row = *grid.DataSet()->RecNo();
+    const std::vector<TSmartDBGrid_QRT::Fact> facts = grid.OnDescribeRow(row);
+    ASSERT_EQ(facts.size(), 3U);
+    EXPECT_EQ(facts[0].text, "فروش");
+    EXPECT_EQ(facts[1].text, grid.DataSet()->FieldByName("OperationCode").AsText());
+    EXPECT_FALSE(facts[2].text.empty());
+    EXPECT_NE(facts[2].text, grid.DataSet()->FieldByName("Anbar").AsText());
+    EXPECT_TRUE(TableOf(window, "Kardex_GRD").FactsOf(row).contains("نوع عملیات: فروش"));
+  });
+  Module().Call("Open_GoodKardex");
+  RethrowFailure();
+}
+
+TEST_F(RowFacts, TheNegativeCardHasItsOwnTitleInTheFrameAndOnPaper) {
+  HostFor("admin");
+  WhileModal([&](QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), "کاردکس منفی");
+    EXPECT_EQ(FormOf(window).Caption(), "جستجو در کاردکس");
+    WhileModal([](QWidget& preview) {
+      EXPECT_TRUE(preview.windowTitle().contains("کاردکس منفی")) << FromQt(preview.windowTitle());
+    });
+    PressKey(window, Qt::Key_F9);
+  });
+  Module().OpenKardexNegativ("1", "0", "0");
+  RethrowFailure();
+  WhileModal([&](QWidget& window) { EXPECT_EQ(window.windowTitle(), "جستجو در کاردکس"); });
+  Module().Call("Open_KardexSearch");
+  RethrowFailure();
+}
+
+}  // namespace
+}  // namespace goods
