@@ -27,6 +27,9 @@ endif()
 if(GOODS_COMPANY AND GOODS_DESKTOP)
   install(TARGETS goods-report RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
   install(TARGETS goods-desktop RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT desktop)
+  install(TARGETS goods_desktop_shared
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT desktop NAMELINK_COMPONENT development)
+  list(APPEND packaged desktop)
 endif()
 
 # The CMake package; a component that was not built is not there.
@@ -39,7 +42,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/package/GoodsReportsConfi
 install(FILES ${PROJECT_BINARY_DIR}/package/GoodsReportsConfig.cmake ${PROJECT_BINARY_DIR}/package/GoodsReportsConfigVersion.cmake
   DESTINATION ${package} COMPONENT development)
 
-# pkg-config: goods-host, goods-module, goods-company.
+# pkg-config: goods-host, goods-module, goods-desktop, goods-company.
 file(RELATIVE_PATH GOODS_PREFIX_FROM_PC ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 foreach(name ${packaged})
   configure_file(cmake/package/goods-${name}.pc.in ${PROJECT_BINARY_DIR}/package/goods-${name}.pc @ONLY)

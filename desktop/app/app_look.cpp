@@ -12,6 +12,7 @@ namespace goods {
 
 QLabel* TitleLabel(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
+  label->setTextFormat(Qt::PlainText);
   QFont font = label->font();
   font.setPointSizeF(font.pointSizeF() * 1.5);
   font.setWeight(QFont::DemiBold);
@@ -22,6 +23,7 @@ QLabel* TitleLabel(const QString& text, QWidget* parent) {
 
 QLabel* MutedLabel(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
+  label->setTextFormat(Qt::PlainText);
   label->setForegroundRole(QPalette::PlaceholderText);
   label->setWordWrap(true);
   return label;
@@ -30,6 +32,7 @@ QLabel* MutedLabel(const QString& text, QWidget* parent) {
 QLabel* ProblemLabel(QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName("Problem_LBL");
+  label->setTextFormat(Qt::PlainText);
   label->setForegroundRole(QPalette::BrightText);
   label->setWordWrap(true);
   label->hide();

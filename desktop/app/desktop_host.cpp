@@ -31,17 +31,25 @@ LoggingConnection::Connect ConnectTo(ICompany& company, DesktopHost::ConnectionW
 }  // namespace
 
 DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSettings& settings,
-                         ModuleLibrary& module, StatementLog* log, ConnectionWrapper wrap)
+                         ModuleLibrary& module, StatementLog* log, ConnectionWrapper wrap, OwnServices own)
     : settings_(settings),
       messages_(windows_),
       waiting_(windows_),
       printing_(windows_),
       logged_(ConnectTo(company, std::move(wrap)), log),
       connection_(logged_, waiting_),
-      rights_(company, user, messages_),
+      companyRights_(company, user, messages_),
+      ownRights_(own.rights ? own.rights(companyRights_) : nullptr),
+      rights_(ownRights_ == nullptr ? &companyRights_ : ownRights_.get()),
       lookups_(company, [this] { return windows_.DialogParent(); }),
-      documents_(company, messages_, rights_, OpenersOf(module), [this] { return windows_.DialogParent(); }) {
+      documents_(company, messages_, *rights_, OpenersOf(module),
+                 [this] { return windows_.DialogParent(); }) {
   windows_.SetGridCommands(printing_.GridCommands(messages_));
+  windows_.SetPlace(std::move(own.windows));
+  windows_.SetPlaceStore(std::move(own.places));
+  messages_.SetTeller(std::move(own.messages));
+  waiting_.SetIndicator(std::move(own.waiting));
+  documents_.SetOwnDocuments(std::move(own.documents));
 }
 
 DesktopHost::~DesktopHost() = default;

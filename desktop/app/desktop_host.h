@@ -1,6 +1,7 @@
 // DesktopHost: the host that reports are given on the desktop, for one company and one signed-in user.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "company/company.h"
@@ -18,6 +19,17 @@
 
 namespace goods {
 
+// What an application puts in the place of this host's own services; what is null is this host's.
+struct OwnServices {
+  // Asked instead of the company's rights, which are handed over.
+  std::function<std::unique_ptr<IRights>(CompanyRights& standard)> rights = {};
+  OwnDocuments documents = {};
+  std::function<bool(const ShownMessage&)> messages = {};
+  DesktopWaiting::Indicator waiting = {};
+  DesktopWindows::Place windows = {};
+  DesktopWindows::PlaceStore places = {};
+};
+
 class DesktopHost : public THost {
  public:
   using ConnectionWrapper = std::function<std::unique_ptr<IConnection>(std::unique_ptr<IConnection>)>;
@@ -25,11 +37,11 @@ class DesktopHost : public THost {
   // All must outlive the host; log may be null. Opens the company's connection; throws CompanyError. wrap, if
   // given, may put something between the company's connection and the log.
   DesktopHost(ICompany& company, const UserRecord& user, DesktopSettings& settings, ModuleLibrary& module,
-              StatementLog* log, ConnectionWrapper wrap = {});
+              StatementLog* log, ConnectionWrapper wrap = {}, OwnServices own = {});
   ~DesktopHost() override;
 
   IConnection& Connection() override { return connection_; }
-  CompanyRights& Rights() override { return rights_; }
+  IRights& Rights() override { return *rights_; }
   DesktopMessages& Messages() override { return messages_; }
   DesktopWaiting& Waiting() override { return waiting_; }
   DesktopSettings& Settings() override { return settings_; }
@@ -46,7 +58,9 @@ class DesktopHost : public THost {
   DesktopPrinting printing_;
   LoggingConnection logged_;
   WaitingConnection connection_;
-  CompanyRights rights_;
+  CompanyRights companyRights_;
+  std::unique_ptr<IRights> ownRights_;
+  IRights* rights_;
   DesktopLookups lookups_;
   DesktopDocuments documents_;
 };

@@ -11,23 +11,24 @@
 namespace goods {
 namespace {
 
-QString PageFor(const QWidget* window) {
-  while (window != nullptr) {
-    if (const auto* view = dynamic_cast<const FormView*>(window)) {
+// The page for a widget by what it stands in and was opened from; empty where that is nothing with a page. A
+// report may stand in a window of the application's.
+QString PageFor(const QWidget* widget) {
+  for (; widget != nullptr; widget = widget->parentWidget()) {
+    if (const auto* view = dynamic_cast<const FormView*>(widget)) {
       const QString page = HelpPageOf(view->Form());
       if (!page.isEmpty()) return page;
     }
-    const QString page = HelpPageOf(window->objectName());
+    if (!widget->isWindow()) continue;
+    const QString page = HelpPageOf(widget->objectName());
     if (!page.isEmpty()) return page;
-    const QWidget* parent = window->parentWidget();
-    window = parent == nullptr ? nullptr : parent->window();
   }
-  return kHelpIndex;
+  return {};
 }
 
 }  // namespace
 
-HelpKey::HelpKey() { QCoreApplication::instance()->installEventFilter(this); }
+HelpKey::HelpKey(Reach reach) : reach_(reach) { QCoreApplication::instance()->installEventFilter(this); }
 
 bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
@@ -37,9 +38,11 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
   QWidget* window = static_cast<QWidget*>(watched)->window();
   if (auto* viewer = dynamic_cast<HelpViewer*>(window)) {
     viewer->ShowPage(kHelpIndex);
-  } else {
-    OpenHelp(*window, PageFor(window));
+    return true;
   }
+  const QString page = PageFor(static_cast<QWidget*>(watched));
+  if (page.isEmpty() && reach_ == Reach::ReportsOnly) return false;
+  OpenHelp(*window, page.isEmpty() ? QString(kHelpIndex) : page);
   return true;
 }
 

@@ -9,7 +9,7 @@
 
 #include "desktop/app/app_look.h"
 #include "desktop/app/demo_company.h"
-#include "desktop/app/desktop_host.h"
+#include "desktop/app/desktop_session.h"
 #include "desktop/app/password_dialog.h"
 #include "desktop/app/sign_in.h"
 #include "desktop/app/users_dialog.h"
@@ -52,8 +52,7 @@ int DesktopProgram::Run() {
   QApplication::setQuitOnLastWindowClosed(false);
   try {
     if (!options_.statementLog.empty()) StartLog();
-    const std::string folder = FromQt(QApplication::applicationDirPath());
-    module_ = std::make_unique<ModuleLibrary>(ModuleLibrary::Find(options_.module, folder));
+    module_ = LoadModule(options_.module);
     while (company_.company != nullptr || ChooseCompany()) {
       const auto user = SignIn();
       const MainOutcome outcome = user ? Work(*user) : MainOutcome::SwitchCompany;
@@ -127,15 +126,9 @@ AccountActions AccountActionsFor(ICompany& company, const UserRecord& user) {
 }
 
 MainOutcome DesktopProgram::Work(const UserRecord& user) {
-  DesktopHost host(*company_.company, user, settings_, *module_, log_.get());
-  host.Printing().Protect(FromQt(company_.path));
-  module_->Attach(host);
-  // The kept windows go before the host that they were made with.
-  struct DetachScope {
-    ModuleLibrary& module;
-    ~DetachScope() { module.Detach(); }
-  } const scope{*module_};
-  MainWindow window(host, *module_, settings_, ToQt(company_.company->Title()), company_.path,
+  DesktopSession session(*company_.company, user, settings_, *module_, log_.get());
+  session.Host().Printing().Protect(FromQt(company_.path));
+  MainWindow window(session.Host(), *module_, settings_, ToQt(company_.company->Title()), company_.path,
                     AccountActionsFor(*company_.company, user));
   return window.Run();
 }

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "company/company.h"
 #include "host/services/documents.h"
@@ -37,6 +38,15 @@ struct ReportOpeners {
   std::function<void(const DetailTransactionsCall& call)> detailTransactions = {};
 };
 
+// Documents of the application's own; what is null is the viewers' alone.
+struct OwnDocuments {
+  // Shows the document; false where the viewer is to show it.
+  std::function<bool(DocumentKind kind, std::int64_t code, int mode)> open = {};
+  std::function<bool(DocumentModule module)> isBusy = {};
+  std::function<bool(DocumentModule module)> isShown = {};
+  std::function<bool(std::string_view kind)> unsavedVouchers = {};
+};
+
 class DesktopDocuments : public IDocuments {
  public:
   // company and messages must outlive it. parent gives the window that documents open over.
@@ -44,15 +54,21 @@ class DesktopDocuments : public IDocuments {
   DesktopDocuments(ICompany& company, IMessages& messages, const IRights& rights, ReportOpeners reports,
                    std::function<QWidget*()> parent);
 
+  void SetOwnDocuments(OwnDocuments own) { own_ = std::move(own); }
+
   // Whether another part of the program works with the module. Nothing here does by itself.
   void SetLoadedDLLs(DocumentModule module, bool loaded);
 
   // Whether vouchers of that kind wait for being saved. This host makes none by itself: none wait unless it
   // is said here.
   void SetDontSavedVouchers(std::string_view kind, bool waiting);
-  bool DontSavedVouchers(std::string_view kind) override { return waitingVouchers_.contains(kind); }
+  bool DontSavedVouchers(std::string_view kind) override {
+    return waitingVouchers_.contains(kind) || (own_.unsavedVouchers && own_.unsavedVouchers(kind));
+  }
 
-  bool LoadedDLLs(DocumentModule module) const override { return loaded_.contains(module); }
+  bool LoadedDLLs(DocumentModule module) const override {
+    return loaded_.contains(module) || (own_.isBusy && own_.isBusy(module));
+  }
   bool IsSellFormShow() const override { return Shows(DocumentModule::Sale); }
   bool IsBuyFormShow() const override { return Shows(DocumentModule::Buy); }
   bool IsReturnFormShow() const override { return Shows(DocumentModule::Returns); }
@@ -84,16 +100,19 @@ class DesktopDocuments : public IDocuments {
                                    std::string_view category) override;
 
  private:
-  bool Shows(DocumentModule module) const { return shown_.contains(module); }
+  bool Shows(DocumentModule module) const {
+    return shown_.contains(module) || (own_.isShown && own_.isShown(module));
+  }
   // Shows the document and returns when its window is closed; module's flag is set meanwhile.
-  void Show(DocumentKind kind, std::int64_t code, DocumentModule module);
-  void ShowWindow(DocumentKind kind, std::int64_t code);
+  void Show(DocumentKind kind, std::int64_t code, int mode, DocumentModule module);
+  void ShowWindow(DocumentKind kind, std::int64_t code, int mode);
 
   ICompany& company_;
   IMessages& messages_;
   const IRights& rights_;
   ReportOpeners reports_;
   std::function<QWidget*()> parent_;
+  OwnDocuments own_;
   std::set<DocumentModule> loaded_;
   std::multiset<DocumentModule> shown_;
   std::set<std::string, std::less<>> waitingVouchers_;

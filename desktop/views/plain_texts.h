@@ -5,9 +5,14 @@ class QApplication;
 
 namespace goods {
 
-// From now on every label and tooltip of the application shows plain text, also one whose maker forgot to say
+enum class PlainTextReach {
+  Everywhere,
+  Reports,  // windows of reports, and what is opened from them
+};
+
+// From now on every label and tooltip within reach shows plain text, also one whose maker forgot to say
 // so: a title such as "<img src=...>" opens no file. Texts that are meant to be formatted are set in text
 // browsers, which this leaves alone.
-void ShowPlainTextsOnly(QApplication& application);
+void ShowPlainTextsOnly(QApplication& application, PlainTextReach reach);
 
 }  // namespace goods

@@ -7,6 +7,7 @@
 #include <QPalette>
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "desktop/views/persian_texts.h"
 #include "desktop/views/plain_texts.h"
@@ -101,6 +102,12 @@ QPalette PaletteOf(const Theme& theme) {
   return palette;
 }
 
+// Once for each reach: the theme may change many times.
+void KeepTextsPlain(QApplication& application, PlainTextReach reach) {
+  static std::set<PlainTextReach> kept;
+  if (kept.insert(reach).second) ShowPlainTextsOnly(application, reach);
+}
+
 bool SystemIsDark() { return QPalette().color(QPalette::Window).lightness() < 128; }
 
 }  // namespace
@@ -115,11 +122,35 @@ void ApplyTheme(QApplication& application, ThemeMode mode) {
   application.setFont(InterfaceFont());
   application.setStyle(new HostStyle);
   application.setPalette(PaletteOf(g_theme));
-  static const bool kPlain = (ShowPlainTextsOnly(application), true);
-  static_cast<void>(kPlain);
+  KeepTextsPlain(application, PlainTextReach::Everywhere);
   static const bool kPersian = (UsePersianTexts(application), true);
   static_cast<void>(kPersian);
   KeepWindowsOnScreen(application);
+}
+
+void AdoptTheme(QApplication& application) {
+  const QPalette palette = QApplication::palette();
+  const QColor window = palette.color(QPalette::Window);
+  const QColor text = palette.color(QPalette::WindowText);
+  const QColor surface = palette.color(QPalette::Base);
+  const QColor accent = palette.color(QPalette::Highlight);
+  Theme theme = window.lightness() < 128 ? DarkTheme() : LightTheme();
+  theme.window = window;
+  theme.surface = surface;
+  theme.text = palette.color(QPalette::Text);
+  theme.mutedText = Mixed(text, window, 0.35);
+  theme.border = Mixed(text, window, 0.75);
+  theme.accent = accent;
+  theme.accentText = palette.color(QPalette::HighlightedText);
+  theme.accentSoft = Mixed(accent, surface, 0.75);
+  theme.selection = Mixed(accent, surface, 0.88);
+  theme.header = palette.color(QPalette::Button);
+  theme.band = palette.color(QPalette::AlternateBase);
+  theme.gridLine = Mixed(text, surface, 0.88);
+  theme.button = palette.color(QPalette::Button);
+  theme.buttonHover = Mixed(accent, theme.button, 0.88);
+  g_theme = theme;
+  KeepTextsPlain(application, PlainTextReach::Reports);
 }
 
 QFont InterfaceFont() {

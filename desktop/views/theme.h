@@ -41,6 +41,9 @@ const Theme& CurrentTheme();
 // palette. May be called again to change the mode; open windows follow.
 void ApplyTheme(QApplication& application, ThemeMode mode = ThemeMode::System);
 
+// Leaves the application its style, font and palette, and takes the theme's colours from that palette.
+void AdoptTheme(QApplication& application);
+
 // The interface font: the first of Vazirmatn, Noto Sans Arabic and DejaVu Sans that is installed.
 QFont InterfaceFont();
 

@@ -29,6 +29,7 @@ std::string Quoted(std::string_view name) { return "«" + std::string(Trim(name)
 bool DesktopMessages::Show(ShownMessage message) {
   shown_.push_back(message);
   if (answer_) return answer_(message);
+  if (teller_ && !message.question && teller_(message)) return true;
   MessageDialog dialog(message, windows_.DialogParent());
   return dialog.exec() == QDialog::Accepted;
 }
@@ -60,6 +61,8 @@ void DesktopMessages::ShowTooltipMessage(const TControl& beside, std::string_vie
   shown_.push_back(message);
   if (answer_) {
     answer_(message);
+  } else if (teller_ && teller_(message)) {
+    return;
   } else if (QWidget* widget = windows_.WidgetOf(beside)) {
     ShowBalloon(*widget, ShownText(text), width);
   }

@@ -38,6 +38,9 @@ class DesktopMessages : public IMessages {
   // Answers in the user's place: called for each box and balloon instead of showing it. What it gives back is
   // the answer to a question. Null: boxes are shown again.
   void SetUnattended(std::function<bool(const ShownMessage& message)> answer) { answer_ = std::move(answer); }
+  // Tells the user in a way of its own: called for each box and balloon but questions; where it gives back
+  // false, it is shown. Null: all are shown.
+  void SetTeller(std::function<bool(const ShownMessage& message)> teller) { teller_ = std::move(teller); }
   // Every message since the beginning, shown or answered.
   const std::vector<ShownMessage>& Shown() const { return shown_; }
 
@@ -46,6 +49,7 @@ class DesktopMessages : public IMessages {
 
   DesktopWindows& windows_;
   std::function<bool(const ShownMessage&)> answer_;
+  std::function<bool(const ShownMessage&)> teller_;
   std::vector<ShownMessage> shown_;
 };
 

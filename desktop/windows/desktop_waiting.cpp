@@ -95,9 +95,17 @@ QWidget* DesktopWaiting::KeyTarget() const {
 
 void DesktopWaiting::TakeAway() {
   if (panel_ != nullptr) delete panel_.data();
+  if (std::exchange(indicated_, false)) indicator_.hide();
 }
 
+bool DesktopWaiting::IsShown() const { return panel_ != nullptr || indicated_; }
+
 void DesktopWaiting::Update(std::size_t rows) {
+  if (indicator_.show) {
+    indicated_ = true;
+    if (!indicator_.show(asked_ ? text_ : kReading, rows)) cancelled_ = true;
+    return;
+  }
   if (panel_ == nullptr) {
     const FormView* owner = owner_ == nullptr ? nullptr : windows_.ViewOf(*owner_);
     QWidget* over = owner == nullptr ? windows_.DialogParent() : const_cast<FormView*>(owner);
@@ -113,9 +121,9 @@ void DesktopWaiting::Update(std::size_t rows) {
 bool DesktopWaiting::Progress(std::size_t rows) {
   if (cancelled_) return false;
   if (pumping_ || !since_.isValid() || since_.elapsed() < kPatienceMs) return true;
-  if (panel_ != nullptr && lastPump_.elapsed() < kPumpMs) return true;
-  Update(rows);
+  if (IsShown() && lastPump_.elapsed() < kPumpMs) return true;
   pumping_ = true;
+  Update(rows);
   windows_.HoldMessages(true);
   qApp->installEventFilter(this);
   QCoreApplication::processEvents(QEventLoop::AllEvents, kPumpMs);

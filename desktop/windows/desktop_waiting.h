@@ -4,8 +4,11 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "desktop/windows/held_keys.h"
 #include "host/data/connection.h"
@@ -22,11 +25,19 @@ class WaitingPanel;
 // back in the message loop; what the mouse does is dropped.
 class DesktopWaiting : public QObject, public IWaiting {
  public:
+  // An indicator of the application's own, in the place of the panel.
+  struct Indicator {
+    // Shows the text and the rows read so far, or changes them; false stops the statement.
+    std::function<bool(std::string_view text, std::size_t rows)> show;
+    std::function<void()> hide;
+  };
   static constexpr int kPatienceMs = 150;
   static constexpr int kPumpMs = 50;
 
   explicit DesktopWaiting(DesktopWindows& windows);
   ~DesktopWaiting() override;
+
+  void SetIndicator(Indicator indicator) { indicator_ = std::move(indicator); }
 
   void ShowWaitting(TForm* owner, std::string_view text) override;
   void HideWaitting(TForm* owner, int reserved) override;
@@ -45,12 +56,15 @@ class DesktopWaiting : public QObject, public IWaiting {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool IsShown() const;
   void Update(std::size_t rows);
   void TakeAway();
   // Where keys go when no widget has the keyboard.
   QWidget* KeyTarget() const;
 
   DesktopWindows& windows_;
+  Indicator indicator_;
+  bool indicated_ = false;  // the application's indicator is shown
   QPointer<WaitingPanel> panel_;
   QElapsedTimer since_;
   QElapsedTimer lastPump_;

@@ -3,7 +3,10 @@
 #include <QApplication>
 #include <QDate>
 #include <QEventLoop>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLineEdit>
+#include <QPointer>
 #include <QSettings>
 #include <QTimer>
 #include <algorithm>
@@ -83,44 +86,89 @@ bool DesktopWindows::eventFilter(QObject* watched, QEvent* event) {
 
 void DesktopWindows::Quit() {
   quitting_ = true;
+  CloseAll();
+}
+
+void DesktopWindows::CloseAll() {
   const std::vector<FormView*> open(views_.rbegin(), views_.rend());
   for (FormView* view : open) view->Run([view] { view->Form().Close(); });
 }
 
 bool DesktopWindows::RestorePlace(FormView& view) const {
+  if (placeStore_.read) return view.restoreGeometry(placeStore_.read(PlaceKey(view)));
   return KeepsPlaces() && view.restoreGeometry(QSettings().value(PlaceKey(view)).toByteArray());
 }
 
 void DesktopWindows::KeepPlace(const FormView& view) const {
-  if (KeepsPlaces()) QSettings().setValue(PlaceKey(view), view.saveGeometry());
+  if (placeStore_.write) {
+    placeStore_.write(PlaceKey(view), view.saveGeometry());
+  } else if (KeepsPlaces()) {
+    QSettings().setValue(PlaceKey(view), view.saveGeometry());
+  }
+}
+
+QVariantMap DesktopWindows::KeptBorders(const TForm& form) const {
+  if (!placeStore_.read) return KeepsPlaces() ? QSettings().value(BordersKey(form)).toMap() : QVariantMap();
+  const QByteArray kept = placeStore_.read(BordersKey(form));
+  return QJsonDocument::fromJson(kept).object().toVariantMap();
+}
+
+void DesktopWindows::KeepBorders(const TForm& form, const QVariantMap& borders) const {
+  if (placeStore_.write) {
+    placeStore_.write(BordersKey(form), QJsonDocument(QJsonObject::fromVariantMap(borders)).toJson());
+  } else if (KeepsPlaces()) {
+    QSettings().setValue(BordersKey(form), borders);
+  }
+}
+
+void DesktopWindows::ShowWindow(FormView& view) const {
+  view.setWindowModality(Qt::ApplicationModal);
+  const QSize wanted = view.size();
+  const bool tooLarge = !RestorePlace(view) && wanted.boundedTo(RoomFor(view)) != wanted;
+  if (view.Form().Maximised || tooLarge) view.setWindowState(view.windowState() | Qt::WindowMaximized);
+  view.show();
+  view.raise();
+  view.activateWindow();
 }
 
 void DesktopWindows::RunModal(TForm& form) {
-  if (KeepsPlaces()) SetBorders(form, QSettings().value(BordersKey(form)).toMap());
+  SetBorders(form, KeptBorders(form));
   const QVariantMap borders = BordersOf(form);
-  const std::unique_ptr<FormView> view = std::make_unique<FormView>(form, gridCommands_, DialogParent());
+  auto view = std::make_unique<FormView>(form, gridCommands_, DialogParent());
   QEventLoop loop;
+  // Who has it in a layout may take it away with the layout.
+  const QPointer<FormView> alive(view.get());
+  QObject::connect(view.get(), &QObject::destroyed, &loop, [this, &form, gone = view.get()] {
+    std::erase(views_, gone);
+    form.Close();
+  });
   const Subscription closing = form.Changed.Connect([&] {
     if (form.ModalResult() != kModalNone) loop.quit();
   });
   views_.push_back(view.get());
-  view->setWindowModality(Qt::ApplicationModal);
   ApplyLayout(*view);
-  const QSize wanted = view->size();
-  const bool tooLarge = !RestorePlace(*view) && wanted.boundedTo(RoomFor(*view)) != wanted;
-  if (form.Maximised || tooLarge) view->setWindowState(view->windowState() | Qt::WindowMaximized);
-  view->show();
-  view->raise();
-  view->activateWindow();
+  const bool placed = place_.take && place_.take(*view);
+  if (placed) {
+    view->show();
+  } else {
+    ShowWindow(*view);
+  }
   view->FocusFirst();
   if (quitting_) form.Close();
   if (form.ModalResult() == kModalNone) loop.exec();
   if (form.ModalResult() == kModalNone) form.Close();  // the application ends
-  KeepPlace(*view);
-  if (const QVariantMap now = BordersOf(form); KeepsPlaces() && now != borders)
-    QSettings().setValue(BordersKey(form), now);
+  if (const QVariantMap now = BordersOf(form); now != borders) KeepBorders(form, now);
+  if (alive == nullptr) {
+    static_cast<void>(view.release());
+    return;
+  }
+  if (!placed) KeepPlace(*view);
   std::erase(views_, view.get());
   view->hide();
+  if (placed) {
+    place_.giveBack(*view);
+    view->setParent(nullptr);
+  }
   if (FormView* behind = ActiveView()) behind->activateWindow();
 }
 
@@ -174,6 +222,10 @@ QWidget* DesktopWindows::WidgetOf(const TControl& control) const {
 }
 
 QWidget* DesktopWindows::DialogParent() const {
+  const QWidget* keyboard = QApplication::focusWidget();
+  for (FormView* view : views_) {
+    if (keyboard != nullptr && (view == keyboard || view->isAncestorOf(keyboard))) return view;
+  }
   return views_.empty() ? QApplication::activeWindow() : static_cast<QWidget*>(views_.back());
 }
 

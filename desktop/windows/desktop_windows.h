@@ -1,11 +1,14 @@
 // DesktopWindows: the windowing service on Qt.
 #pragma once
 
+#include <QByteArray>
 #include <QElapsedTimer>
 #include <QObject>
+#include <QVariantMap>
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/views/form_view.h"
@@ -17,11 +20,27 @@ namespace goods {
 // QSettings, as far as the application has an organisation name.
 class DesktopWindows : public QObject, public IWindows {
  public:
+  // Where the application puts report windows, if it does.
+  struct Place {
+    // True when the view stands in a layout of the application's: it is then not modal.
+    std::function<bool(FormView& view)> take;
+    // The report is closed: the view leaves that layout.
+    std::function<void(FormView& view)> giveBack;
+  };
+  // Where sizes and places are kept, instead of in QSettings.
+  struct PlaceStore {
+    std::function<QByteArray(const QString& key)> read;
+    std::function<void(const QString& key, const QByteArray& state)> write;
+  };
+
   DesktopWindows();
   ~DesktopWindows() override;
 
   // What the menu of every table offers beside the columns and copy.
   void SetGridCommands(std::vector<GridCommand> commands) { gridCommands_ = std::move(commands); }
+
+  void SetPlace(Place place) { place_ = std::move(place); }
+  void SetPlaceStore(PlaceStore store) { placeStore_ = std::move(store); }
 
   void RunModal(TForm& form) override;
   void PostMessage(TForm& form, int code) override;
@@ -36,8 +55,8 @@ class DesktopWindows : public QObject, public IWindows {
   FormView* ActiveView() const;
   // The widget of a component of an open window.
   QWidget* WidgetOf(const TControl& control) const;
-  // What a dialog of the host's own should stand over: the active window's view, else the application's
-  // window.
+  // What a dialog of the host's own should stand over: the view that the keyboard is in, else the front one,
+  // else the application's window.
   QWidget* DialogParent() const;
   // The layout that was asked for last; empty before. X11 and Wayland offer no way of switching, so edits
   // only tell their input method which letters are wanted.
@@ -45,7 +64,9 @@ class DesktopWindows : public QObject, public IWindows {
 
   // While a statement runs, posted messages wait, so that no handler starts within another's statement.
   void HoldMessages(bool hold);
-  // Closes every window, the front one first; the loops end, and no new one begins.
+  // Closes every window, the front one first.
+  void CloseAll();
+  // The same; the loops end, and no new one begins.
   void Quit();
 
  protected:
@@ -55,11 +76,16 @@ class DesktopWindows : public QObject, public IWindows {
   struct Posted;
   void Deliver(const std::shared_ptr<Posted>& message);
   void ApplyLayout(QWidget& view) const;
+  void ShowWindow(FormView& view) const;
   // False where no place was kept.
   bool RestorePlace(FormView& view) const;
   void KeepPlace(const FormView& view) const;
+  QVariantMap KeptBorders(const TForm& form) const;
+  void KeepBorders(const TForm& form, const QVariantMap& borders) const;
 
   std::vector<GridCommand> gridCommands_;
+  Place place_;
+  PlaceStore placeStore_;
   std::vector<FormView*> views_;  // the front one last
   std::vector<std::shared_ptr<Posted>> held_;
   QElapsedTimer clock_;

@@ -1,4 +1,5 @@
-/* The published header is a C header. */
+/* The published headers are C headers. */
+#include "goods_desktop.h"
 #include "goods_transaction_qrt.h"
 
 void goods_c_header_check(void);

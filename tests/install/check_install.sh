@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# check_install.sh SOURCES BUILD COMPANY SCRATCH C++COMPILER: the build is installed, the installed tree is moved, and programs
-# outside the tree are built with it, by the CMake package and by pkg-config, and run. COMPANY is 1 when the company
-# library was built.
+# check_install.sh SOURCES BUILD COMPANY DESKTOP SCRATCH C++COMPILER: the build is installed, the installed tree is moved, and programs
+# outside the tree are built with it, by the CMake package and by pkg-config, and run. COMPANY and DESKTOP are 1 when those
+# libraries were built.
 set -euo pipefail
-sources=$1 build=$2 company=$3 scratch=$4 compiler=$5
+sources=$1 build=$2 company=$3 desktop=$4 scratch=$5 compiler=$6
 here=$sources/tests/install
 fail() { echo "$1"; exit 1; }
 rm -rf "$scratch" && mkdir -p "$scratch"
@@ -19,6 +19,7 @@ absolute=$(grep -rlF -e "$build" -e "$sources" -e "$scratch" "$tree" --include='
 shows_the_card() { [[ $("$1") == *"مقدار باقیمانده: 20"* ]] || fail "$1 does not show the stock card"; }
 
 cmake -S "$here/package" -B "$scratch/package" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_PREFIX_PATH="$tree" -DWITH_COMPANY="$company" \
+  -DWITH_DESKTOP="$desktop" -DDESKTOP_SOURCE="$sources/examples/desktop_c/main.c" \
   -DHOST_SOURCE="$sources/examples/minimal_host/main.cpp" >/dev/null
 cmake --build "$scratch/package" >/dev/null
 shows_the_card "$scratch/package/host_program"
@@ -32,6 +33,23 @@ read -ra flags < <(pkg-config --cflags --libs goods-host goods-module)
 library_folder=$(pkg-config --variable=libdir goods-host)
 "$compiler" -std=c++20 "$sources/examples/minimal_host/main.cpp" "${flags[@]}" -Wl,-rpath,"$library_folder" -o "$scratch/by_pkg_config"
 shows_the_card "$scratch/by_pkg_config"
+
+# The desktop's library is found, starts, and finds the reports beside itself: what it says of a company that is not there
+# comes after that.
+if [[ $desktop == 1 ]]; then
+  says_no_screen() {
+    local said
+    ! said=$(env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM "$1" 2>&1) || fail "$1 finds a screen"
+    [[ $said == *"create: صفحه نمایشی پیدا نشد."* ]] || fail "$1 says $said"
+  }
+  says_no_screen "$scratch/package/desktop_program"
+  read -ra flags < <(pkg-config --cflags --libs goods-desktop)
+  "${CC:-cc}" "$sources/examples/desktop_c/main.c" "${flags[@]}" -Wl,-rpath,"$library_folder" -o "$scratch/desktop_by_pkg_config"
+  says_no_screen "$scratch/desktop_by_pkg_config"
+  said=$(HOME=$scratch XDG_CONFIG_HOME=$scratch QT_QPA_PLATFORM=offscreen python3 "$sources/examples/desktop_python/reports.py" \
+    "$library_folder/libgoods_desktop.so" file:/nowhere Open_GoodKardex 2>&1) && fail "a company that is not there is opened"
+  [[ $said == *"/nowhere"* ]] || fail "the installed desktop says $said"
+fi
 
 # The programs find the libraries beside themselves, wherever the tree has been put.
 for program in "$tree"/bin/*; do

@@ -64,12 +64,14 @@ CompanyRights::CompanyRights(ICompany& company, UserRecord user, IMessages& mess
 bool CompanyRights::HavePermission(const TUserInfo& /*user*/, int softwarePart, int permission,
                                    bool showMessage, bool /*logged*/, std::string_view text) {
   if (company_.HasRight(user_, softwarePart, permission)) return true;
-  if (showMessage) {
-    std::string message = MissingRightText(softwarePart, permission);
-    if (!text.empty()) message.append("\n").append(text);
-    messages_.ShowSmartMessage(message, "", MessageIcon::Warning);
-  }
+  if (showMessage) TellRefusal(softwarePart, permission, text);
   return false;
+}
+
+void CompanyRights::TellRefusal(int softwarePart, int permission, std::string_view text) {
+  std::string message = MissingRightText(softwarePart, permission);
+  if (!text.empty()) message.append("\n").append(text);
+  messages_.ShowSmartMessage(message, "", MessageIcon::Warning);
 }
 
 void CompanyRights::SetUserEvent(int /*softwarePart*/, int /*permission*/, std::int64_t /*code*/) {}

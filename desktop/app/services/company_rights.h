@@ -21,6 +21,8 @@ class CompanyRights : public IRights {
   const TUserInfo& UserInfo() const override { return info_; }
   bool HavePermission(const TUserInfo& user, int softwarePart, int permission, bool showMessage, bool logged,
                       std::string_view text) override;
+  // Tells the user that the right is missing; text is added to the message.
+  void TellRefusal(int softwarePart, int permission, std::string_view text);
   void SetUserEvent(int softwarePart, int permission, std::int64_t code) override;
   // As the user's record said at signing in.
   bool SeesPrices() const override { return user_.seesPrices; }

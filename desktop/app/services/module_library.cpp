@@ -132,6 +132,10 @@ void ModuleLibrary::OpenGoodDetailTransactions(std::int64_t good, bool storeGive
        ToUtf16(category).c_str());
 }
 
+void ModuleLibrary::OpenGarKala(int softwarePart) {
+  As<decltype(Open_GarKala)>(Require("Open_GarKala"))(softwarePart);
+}
+
 void ModuleLibrary::OpenKardexNegativ(std::string_view mode, std::string_view first,
                                       std::string_view second) {
   auto* open = As<decltype(Open_KardexNegativ)>(Require("Open_KardexNegativ"));

@@ -57,6 +57,8 @@ class ModuleLibrary {
   void OpenGoodDetailTransactions(std::int64_t good, bool storeGiven, std::int64_t store, bool datesGiven,
                                   std::string_view from, std::string_view to, bool tagsGiven,
                                   std::string_view tags, bool categoryGiven, std::string_view category);
+  // Throws ModuleError where the library has none.
+  void OpenGarKala(int softwarePart);
   void OpenKardexNegativ(std::string_view mode, std::string_view first, std::string_view second);
 
  private:
