@@ -29,6 +29,20 @@ function(goods_layer target folder)
   endif()
 endfunction()
 
+# goods_make_unloadable(<target>...): what a header defines inline is an ordinary symbol there. g++ makes variables of that kind
+# unique in the process, and the library that has one of them then stays in memory after it was closed.
+function(goods_make_unloadable)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    return()
+  endif()
+  foreach(target ${ARGN})
+    get_target_property(type ${target} TYPE)
+    if(NOT type STREQUAL "INTERFACE_LIBRARY")
+      target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fno-gnu-unique>)
+    endif()
+  endforeach()
+endfunction()
+
 # goods_compiled_apart(<file>...): sources of this CMakeLists.txt whose private names others of their target have too, or
 # whose classes hold private ones; with GOODS_UNITY they are compiled by themselves.
 function(goods_compiled_apart)
