@@ -19,7 +19,7 @@ constexpr int kMargin = 4;
 constexpr int kTokenGap = 5;
 constexpr int kChipPadding = 9;
 constexpr int kCrossRoom = 18;
-constexpr int kEditWidth = 80;
+constexpr int kTokenEditWidth = 80;
 constexpr int kNaturalWidth = 180;
 
 }  // namespace
@@ -80,7 +80,7 @@ void TokenField::LayOut() {
     // Only there to have the keyboard.
     line_->setGeometry(rightToLeft ? margin : width() - margin - 1, top, 1, height);
   } else {
-    QRect edit = place(std::min(room, Scaled(kEditWidth, *this)));
+    QRect edit = place(std::min(room, Scaled(kTokenEditWidth, *this)));
     if (rightToLeft) {
       edit.setLeft(margin);
     } else {
@@ -93,7 +93,7 @@ void TokenField::LayOut() {
 }
 
 QSize TokenField::sizeHint() const { return {Scaled(kNaturalWidth, *this), minimumHeight()}; }
-QSize TokenField::minimumSizeHint() const { return {Scaled(kEditWidth, *this), minimumHeight()}; }
+QSize TokenField::minimumSizeHint() const { return {Scaled(kTokenEditWidth, *this), minimumHeight()}; }
 
 QRect TokenField::CrossRect(std::size_t index) const {
   if (readOnly_) return {};
