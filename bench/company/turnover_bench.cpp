@@ -28,6 +28,7 @@ namespace {
 constexpr std::int64_t kGoods = 20'000;
 constexpr int kShortRuns = 15;
 constexpr int kLongRuns = 5;
+constexpr std::int64_t kSizeOfGoals = 2'000'000;
 
 struct Run {
   const char* name;
@@ -142,12 +143,15 @@ void ReportRatios() {
     const double scan = Best()[Key("scan", size)] * 1e3;
     const std::string loop = "a bare SQLite loop over the stored columns into plain vectors";
     for (const Run& run : kRuns) {
+      // The goals are meant for a company of that size; with ten movements a good, what is done once a good
+      // weighs more.
+      const double goal = size >= kSizeOfGoals ? run.goal : 0;
       const std::string asked = std::string(run.asked) + Movements(size);
       const double time = Best()[Key(run.name, size)] * 1e3;
       if (run.period) {
-        Tell({asked, time, "one scan of the movements and that loop", bare == 0 ? 0 : scan + bare, run.goal});
+        Tell({asked, time, "one scan of the movements and that loop", bare == 0 ? 0 : scan + bare, goal});
       } else {
-        Tell({asked, time, loop, bare, run.goal});
+        Tell({asked, time, loop, bare, goal});
       }
     }
     const auto [held, values] = memory[Key(kRuns[0].name, size)];
