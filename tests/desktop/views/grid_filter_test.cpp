@@ -17,23 +17,13 @@
 
 #include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
-#include "tests/desktop/views/kit.h"
+#include "tests/desktop/views/grid_fixture.h"
 
 namespace goods::testing {
 namespace {
 
-class GridFilterView : public ::testing::Test {
+class GridFilterView : public GridTest {
  protected:
-  void Open(std::size_t rows) {
-    form.Fill(rows);
-    view.show();
-    view.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
-    form.Kardex_GRD.SetFocus();
-    Settle();
-  }
-  GridWidget& Table() { return dynamic_cast<GridWidget&>(*view.WidgetOf(form.Kardex_GRD)); }
-  const TGridColumn& Column(const char* field) { return *form.Kardex_GRD.FindColumn(field); }
   void ClickCell(std::size_t row, const char* field) {
     QTest::mouseClick(Table().viewport(), Qt::LeftButton, {}, Table().CellRect(row, Column(field)).center());
     Settle();
@@ -77,10 +67,6 @@ class GridFilterView : public ::testing::Test {
              !Part<QLabel>("FilterState_LBL").text().contains(QChar(0x2026));
     }));
   }
-
-  TestHost host;
-  TCard_FRM form{host};
-  FormView view{form};
 };
 
 TEST_F(GridFilterView, TheMenuOfACellNarrowsTheRowsByWhatTheCellHolds) {

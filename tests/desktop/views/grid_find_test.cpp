@@ -10,22 +10,13 @@
 #include "desktop/views/line_edit.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
-#include "tests/desktop/views/kit.h"
+#include "tests/desktop/views/grid_fixture.h"
 
 namespace goods::testing {
 namespace {
 
-class GridFind : public ::testing::Test {
+class GridFind : public GridTest {
  protected:
-  void Open(std::size_t rows) {
-    form.Fill(rows);
-    view.show();
-    view.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
-    form.Kardex_GRD.SetFocus();
-    Settle();
-  }
-  GridWidget& Table() { return dynamic_cast<GridWidget&>(*view.WidgetOf(form.Kardex_GRD)); }
   FindBar& Bar() { return dynamic_cast<FindBar&>(*Table().findChild<QWidget*>("FindBar")); }
   QString Count() { return Table().findChild<QLabel*>("FindCount_LBL")->text(); }
   std::optional<std::size_t> Row() { return form.Kardex_QRY.RecNo(); }
@@ -41,10 +32,6 @@ class GridFind : public ::testing::Test {
     return Table().viewport()->grab().toImage().pixelColor((cell.bottomLeft() + QPoint(3, -5)) *
                                                            Table().devicePixelRatioF());
   }
-
-  TestHost host;
-  TCard_FRM form{host};
-  FormView view{form};
 };
 
 TEST_F(GridFind, CtrlFMarksAllHitsCountsThemAndEnterGoesFromOneToTheNext) {

@@ -14,23 +14,13 @@
 #include "desktop/views/grid_menu.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
-#include "tests/desktop/views/kit.h"
+#include "tests/desktop/views/grid_fixture.h"
 
 namespace goods::testing {
 namespace {
 
-class Grid : public ::testing::Test {
+class Grid : public GridTest {
  protected:
-  void Open(std::size_t rows) {
-    form.Fill(rows);
-    view.show();
-    view.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
-    form.Kardex_GRD.SetFocus();
-    Settle();
-  }
-  GridWidget& Table() { return dynamic_cast<GridWidget&>(*view.WidgetOf(form.Kardex_GRD)); }
-  const TGridColumn& Column(const char* field) { return *form.Kardex_GRD.FindColumn(field); }
   void ClickCell(std::size_t row, const char* field, Qt::KeyboardModifiers keys = {}) {
     QTest::mouseClick(Table().viewport(), Qt::LeftButton, keys,
                       Table().CellRect(row, Column(field)).center());
@@ -39,10 +29,6 @@ class Grid : public ::testing::Test {
     QTest::mouseClick(Table().viewport(), Qt::LeftButton, keys, Table().TitleRect(Column(field)).center());
     Settle();
   }
-
-  TestHost host;
-  TCard_FRM form{host};
-  FormView view{form};
 };
 
 TEST_F(Grid, OnlyVisibleCellsOfAMillionRowsArePainted) {
