@@ -13,7 +13,7 @@ namespace goods {
 // and blanks, "_", "-" and what stands in parentheses do not count.
 std::string FoldName(std::string_view name);
 
-// Filled from a CSV file with the columns what, theirs and ours:
+// Filled from a CSV file, whose columns are titled what, theirs (the foreign name) and ours (the name here):
 //   what            theirs                    ours
 //   file            the file or sheet         goods, movements, ...
 //   movement type   their name or code        a name or code of docs/import.md
@@ -28,7 +28,7 @@ class NameMap {
   // An empty theirs: the table has no such column, whatever its header says; there is no such file.
   void SetColumn(std::string_view table, std::string_view ours, std::string_view theirs);
   void SetFile(std::string_view table, std::string_view theirs);
-  // ours: a name or code of docs/import.md.
+  // The name or code of docs/import.md that stands for it.
   void SetMovementType(std::string_view theirs, std::string_view ours);
 
   // What the column of the table is called; none when nothing is told.

@@ -63,8 +63,8 @@ std::int32_t AnswerCall(Body&& body) noexcept {
   }
 }
 
-// A struct of the program's in the size of ours: what it does not have is 0, what it has beyond ours must be
-// 0.
+// A program's struct in the size that this library knows: fields that the program's has not are 0, what it
+// has beyond them must be 0.
 template <typename Struct>
 Struct CopyOf(const Struct* given, const char* name) {
   Struct copy{};
