@@ -100,7 +100,7 @@ void Rows(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(std::filesystem::file_size(path)));
 }
 
-// Without formats, and without reading the file back.
+// Without formats.
 void XlsxLibraryAlone(benchmark::State& state) {
   const QTemporaryDir folder;
   const std::string path = folder.filePath("out.xlsx").toStdString();
@@ -178,8 +178,9 @@ void Report() {
   Tell({"1,000,000 stock-card rows of 11 columns to CSV", ProcessorTime("Csv")});
   Tell({"its speed", Counter("Csv", "bytes_per_second") / 1e6, "", 0, 0, "MB/s"});
   Tell({"the same to JSON", ProcessorTime("Json")});
-  Tell({"the same to XLSX, with formats and read back", ProcessorTime("Xlsx"),
-        "libxlsxwriter alone writing the same cells", ProcessorTime("XlsxLibraryAlone")});
+  Tell({"the same to XLSX, with formats", ProcessorTime("Xlsx"), "100,000 rows a second", 10'000, 1});
+  Tell({"the same to XLSX, with formats", ProcessorTime("Xlsx"), "libxlsxwriter alone writing the same cells",
+        ProcessorTime("XlsxLibraryAlone")});
   Tell({"its speed", Counter("Xlsx", "items_per_second"), "libxlsxwriter alone",
         Counter("XlsxLibraryAlone", "items_per_second"), 0, "rows/s"});
   Tell({"goods list of 20,000 goods to CSV, its statement included", ProcessorTime("GoodsListToCsv"),

@@ -187,7 +187,7 @@ void DeclareOptions(CLI::App& app, CommandLine& line) {
   AddRequest(app, line);
   app.footer(
       "Names of files may hold {date}, {year}, {month}, {day}, {report}, and with --each {code} and {name}.\n"
-      "- instead of a name is the standard output (not for --xlsx).\n"
+      "- instead of a name is the standard output.\n"
       "A file is written whole or not at all.\n"
       "Exit codes: 0 written, 1 error, 2 usage, 3 --fail-if-rows found rows, 4 refused by the user's "
       "rights.");

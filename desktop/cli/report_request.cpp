@@ -161,16 +161,11 @@ void CheckEach(const ReportSpec& report, const ReportRequest& request) {
   }
 }
 
-// One list can go there, in a format that is written from front to back.
+// One list can go there.
 void CheckStandardOutput(const ReportRequest& request) {
   const auto& outputs = request.outputs;
   const auto count = std::count_if(outputs.begin(), outputs.end(),
                                    [](const OutputFile& output) { return output.ToStandardOutput(); });
-  const bool sheet = std::any_of(outputs.begin(), outputs.end(), [](const OutputFile& output) {
-    return output.ToStandardOutput() && output.format == FileFormat::Xlsx;
-  });
-  if (sheet)
-    Fail("--xlsx: صفحه گسترده به خروجی استاندارد نوشته نمی‌شود.");
   if (count > 1)
     Fail("تنها یک قالب به خروجی استاندارد نوشته می‌شود: -");
 }

@@ -23,25 +23,6 @@ class WholeFileSink : public ByteSink {
   WholeFile& file_;
 };
 
-struct Writer {
-  FileFormat format;
-  void (*write)(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
-};
-constexpr std::array<Writer, 4> kStreamed{{
-    {FileFormat::Text, WriteTextTo},
-    {FileFormat::Csv, WriteCsvTo},
-    {FileFormat::Json, WriteJsonTo},
-    {FileFormat::Pdf, WritePdfTo},
-}};
-
-ExportOutcome WriteInto(WholeFile& file, const PrintJob& job, FileFormat format,
-                        const WritingOptions& options) {
-  if (format == FileFormat::Xlsx) return WriteXlsxAt(job, file.TemporaryPath(), options);
-  WholeFileSink sink(file);
-  StreamReport(job, format, sink, options);
-  return {};
-}
-
 // The length of the UTF-8 character that text begins with; 0 where it begins with none.
 std::size_t CharacterLength(std::string_view text) {
   const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -69,7 +50,8 @@ ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::str
                           const WritingOptions& options) {
   try {
     WholeFile file(path, {.forbidden = options.forbidden, .layer = options.layer});
-    const ExportOutcome outcome = WriteInto(file, job, format, options);
+    WholeFileSink sink(file);
+    const ExportOutcome outcome = StreamReport(job, format, sink, options);
     file.Commit();
     return outcome;
   } catch (const ExportError&) {
@@ -82,11 +64,25 @@ ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::str
   }
 }
 
-void StreamReport(const PrintJob& job, FileFormat format, ByteSink& sink, const WritingOptions& options) {
-  for (const Writer& writer : kStreamed) {
-    if (writer.format == format) return writer.write(job, sink, options);
+ExportOutcome StreamReport(const PrintJob& job, FileFormat format, ByteSink& sink,
+                           const WritingOptions& options) {
+  switch (format) {
+    case FileFormat::Text:
+      WriteTextTo(job, sink, options);
+      break;
+    case FileFormat::Csv:
+      WriteCsvTo(job, sink, options);
+      break;
+    case FileFormat::Xlsx:
+      return WriteXlsxTo(job, sink, options);
+    case FileFormat::Json:
+      WriteJsonTo(job, sink, options);
+      break;
+    case FileFormat::Pdf:
+      WritePdfTo(job, sink, options);
+      break;
   }
-  throw std::invalid_argument("a format that is not written from front to back");
+  return {};
 }
 
 std::string_view EndingOf(FileFormat format) {

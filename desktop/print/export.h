@@ -56,9 +56,10 @@ struct ExportOutcome {
 ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::string& path,
                           const WritingOptions& options = {});
 
-// The same bytes as they come, for a pipe, where nothing is taken back. Not XLSX, whose library writes by
-// name (std::invalid_argument). Throws what the sink throws, or ExportError.
-void StreamReport(const PrintJob& job, FileFormat format, ByteSink& sink, const WritingOptions& options = {});
+// The same bytes as they come, for a pipe, where nothing is taken back. Throws what the sink throws, or
+// ExportError.
+ExportOutcome StreamReport(const PrintJob& job, FileFormat format, ByteSink& sink,
+                           const WritingOptions& options = {});
 
 // The formats by the names of their files' endings: "txt", "csv", "xlsx", "json", "pdf".
 std::string_view EndingOf(FileFormat format);

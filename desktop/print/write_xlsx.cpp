@@ -1,12 +1,12 @@
 #include <algorithm>
-#include <cstring>
-#include <filesystem>
+#include <array>
+#include <charconv>
 #include <utility>
 
-#include <xlsxwriter.h>
-
 #include "desktop/print/writers.h"
-#include "desktop/print/xlsx_formats.h"
+#include "desktop/print/xlsx_parts.h"
+#include "desktop/print/xlsx_styles.h"
+#include "desktop/print/zip_writer.h"
 #include "host/core/jalali.h"
 #include "host/core/text.h"
 
@@ -14,35 +14,14 @@ namespace goods {
 namespace {
 
 constexpr double kPixelsPerCharacter = 7;
+constexpr double kPixelsBesideText = 5;
 constexpr std::size_t kLongestText = 32767;  // of a cell, in UTF-16 units
-constexpr std::size_t kLongestName = 31;     // of a sheet, in characters
 constexpr std::size_t kLeastSheetRows = 64;
+// Keeps a sheet of common cells well below the 4 GB of an archive's entry.
+constexpr std::size_t kSheetCells = 30'000'000;
+constexpr std::size_t kSheetPiece = 1 << 16;
+constexpr std::int64_t kDayOf1970 = 25569;  // days of a spreadsheet's calendar before it
 constexpr std::string_view kCut = "…";
-
-void Check(lxw_error error) {
-  if (error != LXW_NO_ERROR) throw UnfinishedFile();
-}
-
-// Without what a sheet's name may not hold, and short enough to take a number behind it.
-std::string SheetName(const std::string& title, std::size_t sheet) {
-  std::string name;
-  for (const char c : title) name += std::strchr("[]:*?/\\", c) != nullptr || (c >= 0 && c < ' ') ? ' ' : c;
-  name = Trim(name);
-  while (!name.empty() && (name.front() == '\'' || name.back() == '\'')) {
-    name = name.front() == '\'' ? name.substr(1) : name.substr(0, name.size() - 1);
-  }
-  if (name.empty()) name = "گزارش";
-  const std::string number = sheet == 0 ? "" : " (" + std::to_string(sheet + 1) + ")";
-  std::string_view first = FirstChars(name, kLongestName - CharCount(number));
-  // What is left over ends with a whole word, unless that would be little, and without an open bracket.
-  if (first.size() < name.size() && name[first.size()] != ' ') {
-    if (const auto blank = first.rfind(' '); blank != std::string_view::npos && blank > first.size() / 2) {
-      first = first.substr(0, blank);
-    }
-  }
-  while (!first.empty() && (first.back() == ' ' || first.back() == '(')) first.remove_suffix(1);
-  return std::string(first) + number;
-}
 
 std::size_t Utf16Length(std::string_view text) {
   std::size_t length = 0;
@@ -53,225 +32,290 @@ std::size_t Utf16Length(std::string_view text) {
   return length;
 }
 
-// The workbook, closed or given up in any case. Rows are written out as they come, so that a long table needs
-// no memory.
-class Workbook {
- public:
-  explicit Workbook(const std::string& path) : folder_(std::filesystem::temp_directory_path().string()) {
-    lxw_workbook_options options{};
-    options.constant_memory = LXW_TRUE;
-    options.tmpdir = folder_.data();
-    book_ = workbook_new_opt(path.c_str(), &options);
-    if (book_ == nullptr) throw UnfinishedFile();
+// As much of the text as a cell holds beside the mark.
+std::string CutText(std::string_view text) {
+  std::size_t units = 0;
+  std::size_t bytes = 0;
+  while (bytes < text.size()) {
+    const std::size_t width = FirstChars(text.substr(bytes), 1).size();
+    units += width == 4 ? 2 : 1;
+    if (units > kLongestText - 1) break;
+    bytes += width;
   }
-  Workbook(const Workbook&) = delete;
-  Workbook& operator=(const Workbook&) = delete;
-  ~Workbook() {
-    if (book_ != nullptr) lxw_workbook_free(book_);
-  }
-  lxw_workbook* Get() const { return book_; }
-  void Close() { Check(workbook_close(std::exchange(book_, nullptr))); }
+  return std::string(text.substr(0, bytes)) + std::string(kCut);
+}
 
- private:
-  std::string folder_;
-  lxw_workbook* book_ = nullptr;
-};
+template <typename Number>
+void AppendDigits(std::string& out, Number number) {
+  std::array<char, 32> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  out.append(digits.data(), end);
+}
 
-class Sheets {
+// Blanks at the ends, and lines, are a part of the text.
+bool KeepsSpace(std::string_view text) {
+  return !text.empty() && (static_cast<unsigned char>(text.front()) <= ' ' ||
+                           static_cast<unsigned char>(text.back()) <= ' ' || text.find('\n') != text.npos);
+}
+
+class XlsxWriter {
  public:
-  Sheets(const PrintJob& job, const std::string& path, const WritingOptions& options)
-      : job_(job), table_(*job.table), options_(options), book_(path), formats_(book_.Get(), table_) {
-    for (const std::string& title : FileTitles(table_)) titles_.push_back(SplitCaption(ValidText(title)));
+  XlsxWriter(const PrintJob& job, ByteSink& sink, const WritingOptions& options)
+      : job_(job), table_(*job.table), options_(options), zip_(sink), styles_(table_) {
+    for (const std::string& title : FileTitles(table_)) {
+      letters_.push_back(ColumnLetters(titles_.size()));
+      titles_.push_back(SplitCaption(ValidText(title)));
+    }
+    if (letters_.empty()) letters_.push_back(ColumnLetters(0));  // the title needs one
     groups_ = std::any_of(titles_.begin(), titles_.end(), [](const auto& t) { return !t.group.empty(); });
-    std::string title = job.title;
-    lxw_doc_properties properties{};
-    properties.title = title.data();
-    Check(workbook_set_properties(book_.Get(), &properties));
+    for (const std::string& text : job.lines) {
+      for (const std::string& line : Split(text, '\n')) {
+        if (!Trim(line).empty()) criteria_.push_back(line);
+      }
+    }
+    firstLine_ = 1 + criteria_.size() + 1 + (groups_ ? 2 : 1);
   }
 
   ExportOutcome Write() {
     const std::size_t count = table_.RowCount();
+    const std::size_t room = RowsOfASheet();
+    zip_.Add("[Content_Types].xml", ContentTypesXml(count == 0 ? 1 : (count + room - 1) / room));
     std::size_t row = 0;
     do {
       BeginSheet();
-      const std::size_t room =
-          std::max(options_.sheetRows, kLeastSheetRows) - line_ - 1;  // one for the totals
       const std::size_t end = row + std::min(room, count - row);
       for (; row < end; ++row) {
         TellProgress(options_, row);
         WriteRow(row);
       }
-      ranges_.push_back({name_, firstLine_, line_});
       EndSheet(row == count);
-      rowsOfSheets_.push_back(rowsOut_);
     } while (row < count);
-    book_.Close();
-    outcome_.sheets = ranges_.size();
+    for (const XlsxPart& part : XlsxPartsOf(ValidText(job_.title), sheets_)) {
+      zip_.Add(part.name, part.content);
+    }
+    zip_.Add("xl/styles.xml", styles_.Xml());
+    zip_.Finish();
+    outcome_.sheets = sheets_.size();
     return outcome_;
   }
-  std::vector<std::size_t> RowsOfSheets() const { return rowsOfSheets_; }
 
  private:
-  struct Range {
-    std::string sheet;
-    std::size_t first;  // line of the first row, from 0
-    std::size_t end;    // behind the last
-  };
+  std::size_t RowsOfASheet() const {
+    const std::size_t lines =
+        std::max(options_.sheetRows, kLeastSheetRows) - firstLine_ - 1;  // and the totals
+    return std::max<std::size_t>(1, std::min(lines, kSheetCells / std::max<std::size_t>(1, titles_.size())));
+  }
 
-  lxw_row_t Line() const { return static_cast<lxw_row_t>(line_); }
-  // A row of the file is one that has a cell.
-  void Wrote(lxw_error error, std::size_t line) {
-    Check(error);
-    if (rowsOut_ > 0 && line == lastLine_) return;
-    lastLine_ = line;
-    ++rowsOut_;
+  // "A7"; lines from 0.
+  std::string CellName(std::size_t line, std::size_t column) const {
+    return letters_[column] + std::to_string(line + 1);
+  }
+
+  void Pass() {
+    if (xml_.size() < kSheetPiece) return;
+    zip_.Write(xml_);
+    xml_.clear();
   }
 
   void BeginSheet() {
-    name_ = SheetName(ValidText(job_.title), ranges_.size());
-    sheet_ = workbook_add_worksheet(book_.Get(), name_.c_str());
-    if (sheet_ == nullptr) throw UnfinishedFile();
-    worksheet_right_to_left(sheet_);
-    line_ = rowsOut_ = 0;
-    for (std::size_t c = 0; c < titles_.size(); ++c) {
-      const auto at = static_cast<lxw_col_t>(c);
-      Check(worksheet_set_column(sheet_, at, at, table_.Columns()[c].width / kPixelsPerCharacter, nullptr));
-    }
-    WriteText(line_++, 0, job_.title, formats_.Title());
-    for (const std::string& text : job_.lines) {
-      for (const std::string& each : Split(text, '\n')) {
-        if (!Trim(each).empty()) WriteText(line_++, 0, each, formats_.Criteria());
-      }
-    }
+    const std::string name = SheetName(ValidText(job_.title), sheets_.size());
+    sheets_.push_back({name, {}});
+    zip_.Begin(SheetPartName(sheets_.size() - 1));
+    line_ = 0;
+    merged_.clear();
+    xml_ = kXmlHead;
+    xml_ += "<worksheet xmlns=\"" + std::string(kSheetSpace) + "\"><sheetViews>" + ViewXml() +
+            "</sheetViews>" + "<sheetFormatPr defaultRowHeight=\"15\"/>";
+    if (!titles_.empty()) xml_ += "<cols>" + ColumnsXml() + "</cols>";
+    xml_ += "<sheetData>";
+    WriteLine(job_.title, styles_.Title());
+    for (const std::string& text : criteria_) WriteLine(text, styles_.Criteria());
     ++line_;
     WriteHead();
-    firstLine_ = line_;
-    worksheet_freeze_panes(sheet_, Line(), static_cast<lxw_col_t>(table_.KeyColumns()));
+  }
+
+  // The first sheet is the one that is seen; the head and the columns that say what a row is about stay.
+  std::string ViewXml() const {
+    const std::size_t columns = std::min(table_.KeyColumns(), titles_.size());
+    const char* pane = columns > 0 ? "bottomRight" : "bottomLeft";
+    return std::string("<sheetView rightToLeft=\"1\"") + (sheets_.size() == 1 ? " tabSelected=\"1\"" : "") +
+           " workbookViewId=\"0\"><pane " +
+           (columns > 0 ? "xSplit=\"" + std::to_string(columns) + "\" " : std::string()) + "ySplit=\"" +
+           std::to_string(firstLine_) + "\" topLeftCell=\"" + ColumnLetters(columns) +
+           std::to_string(firstLine_ + 1) + "\" activePane=\"" + pane +
+           "\" state=\"frozen\"/><selection pane=\"" + pane + "\"/></sheetView>";
+  }
+
+  std::string ColumnsXml() const {
+    std::string xml;
+    for (std::size_t c = 0; c < titles_.size(); ++c) {
+      const std::string number = std::to_string(c + 1);
+      xml += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"";
+      AppendDigits(xml, (table_.Columns()[c].width + kPixelsBesideText) / kPixelsPerCharacter);
+      xml += "\" customWidth=\"1\"/>";
+    }
+    return xml;
+  }
+
+  void BeginRow() {
+    xml_ += "<row r=\"";
+    AppendDigits(xml_, line_ + 1);
+    xml_ += "\">";
+  }
+  void EndRow() {
+    xml_ += "</row>";
+    ++line_;
+    Pass();
+  }
+
+  void WriteLine(const std::string& text, int style) {
+    BeginRow();
+    WriteText(0, text, style);
+    EndRow();
   }
 
   void WriteHead() {
+    const int style = styles_.Head();
     if (groups_) {
+      BeginRow();
       for (std::size_t c = 0; c < titles_.size(); ++c) {
-        WriteText(line_, c, titles_[c].group.empty() ? titles_[c].title : titles_[c].group, formats_.Head());
+        WriteText(c, titles_[c].group.empty() ? titles_[c].title : titles_[c].group, style);
       }
       MergeGroups();
-      ++line_;
+      EndRow();
     }
+    BeginRow();
     for (std::size_t c = 0; c < titles_.size(); ++c) {
-      WriteText(line_, c, groups_ && titles_[c].group.empty() ? "" : titles_[c].title, formats_.Head());
+      WriteText(c, groups_ && titles_[c].group.empty() ? "" : titles_[c].title, style);
     }
-    ++line_;
+    EndRow();
   }
 
-  // The library merges ranges that begin in the row it is at; the cells under them come with the next row.
+  // Columns of one group share its title; one without a group has its title over both lines.
   void MergeGroups() {
     for (std::size_t from = 0; from < titles_.size();) {
       std::size_t to = from + 1;
-      while (!titles_[from].group.empty() && to < titles_.size() && titles_[to].group == titles_[from].group)
-        ++to;
       const bool alone = titles_[from].group.empty();
+      while (!alone && to < titles_.size() && titles_[to].group == titles_[from].group) ++to;
       if (alone || to > from + 1) {
-        Check(worksheet_merge_range(sheet_, Line(), static_cast<lxw_col_t>(from), Line() + (alone ? 1 : 0),
-                                    static_cast<lxw_col_t>(to - 1), "", nullptr));
+        merged_.push_back(CellName(line_, from) + ":" + CellName(line_ + (alone ? 1 : 0), to - 1));
       }
       from = to;
     }
   }
 
   void WriteRow(std::size_t row) {
+    BeginRow();
     for (std::size_t c = 0; c < titles_.size(); ++c) WriteCell(row, c);
-    ++line_;
+    EndRow();
+  }
+
+  // "<c r="A7" s="3"", to be gone on with.
+  void BeginCell(std::size_t column, int style) {
+    xml_ += "<c r=\"";
+    xml_ += letters_[column];
+    AppendDigits(xml_, line_ + 1);
+    xml_ += '"';
+    if (style == 0) return;
+    xml_ += " s=\"";
+    AppendDigits(xml_, style);
+    xml_ += '"';
   }
 
   void WriteCell(std::size_t row, std::size_t column) {
-    const auto at = static_cast<lxw_col_t>(column);
     const CellKind kind = table_.Columns()[column].kind;
     if (kind == CellKind::Swatch) {
       const auto color = table_.CellColor(row, column);
-      if (color) Wrote(worksheet_write_blank(sheet_, Line(), at, formats_.Swatch(*color)), line_);
+      if (!color) return;
+      BeginCell(column, styles_.Swatch(*color));
+      xml_ += "/>";
       return;
     }
     const Value value = table_.Cell(row, column);
     if (value.IsNull()) return;
     if (value.IsNumber()) {
-      const Decimal number = value.AsDecimal();
-      Wrote(worksheet_write_number(sheet_, Line(), at, number.ToDouble(), formats_.Number(column, number)),
-            line_);
+      BeginCell(column, styles_.Number(column, value.AsDecimal()));
+      xml_ += "><v>";
+      xml_ += value.AsText();
+      xml_ += "</v></c>";
     } else if (const std::string text = value.AsText();
-               kind != CellKind::Date || !options_.isoDates || !WriteDate(text, at)) {
-      WriteText(line_, column, text, nullptr);
+               kind != CellKind::Date || !options_.isoDates || !WriteDate(column, text)) {
+      WriteText(column, text, 0);
     }
   }
 
-  bool WriteDate(const std::string& text, lxw_col_t at) {
+  bool WriteDate(std::size_t column, const std::string& text) {
     const auto date = ParseJalali(text);
     if (!date) return false;
-    const std::string iso = IsoDate(text);
-    lxw_datetime day{};
-    day.year = std::stoi(iso.substr(0, 4));
-    day.month = std::stoi(iso.substr(5, 2));
-    day.day = std::stoi(iso.substr(8, 2));
-    Wrote(worksheet_write_datetime(sheet_, Line(), at, &day, formats_.Date()), line_);
+    BeginCell(column, styles_.Date());
+    xml_ += "><v>";
+    AppendDigits(xml_, DaysFromJalali(*date) + kDayOf1970);
+    xml_ += "</v></c>";
     return true;
   }
 
-  void WriteText(std::size_t line, std::size_t column, const std::string& given, lxw_format* format) {
+  // An empty text is a cell only where a format shows.
+  void WriteText(std::size_t column, const std::string& given, int style) {
+    if (given.empty()) {
+      if (style == 0) return;
+      BeginCell(column, style);
+      xml_ += "/>";
+      return;
+    }
     std::string text = ValidText(given);
     if (text.size() > kLongestText && Utf16Length(text) > kLongestText) {
-      // Characters of two units count twice, so that what is left fits in any case.
-      std::size_t units = 0;
-      std::size_t bytes = 0;
-      while (bytes < text.size()) {
-        const std::size_t width = FirstChars(std::string_view(text).substr(bytes), 1).size();
-        units += width == 4 ? 2 : 1;
-        if (units > kLongestText - 1) break;
-        bytes += width;
-      }
-      text.resize(bytes);
-      text += kCut;
+      text = CutText(text);
       ++outcome_.cutTexts;
     }
-    // The library writes nothing for an empty text without a format.
-    if (text.empty() && format == nullptr) return;
-    Wrote(worksheet_write_string(sheet_, static_cast<lxw_row_t>(line), static_cast<lxw_col_t>(column),
-                                 text.c_str(), format),
-          line);
+    BeginCell(column, style);
+    xml_ += KeepsSpace(text) ? " t=\"inlineStr\"><is><t xml:space=\"preserve\">" : " t=\"inlineStr\"><is><t>";
+    AppendXml(xml_, text);
+    xml_ += "</t></is></c>";
   }
 
   void EndSheet(bool last) {
+    ends_.push_back(line_);
+    std::string filter;
     if (line_ > firstLine_ && !titles_.empty()) {
-      Check(worksheet_autofilter(sheet_, static_cast<lxw_row_t>(firstLine_ - 1), 0,
-                                 static_cast<lxw_row_t>(line_ - 1),
-                                 static_cast<lxw_col_t>(titles_.size() - 1)));
+      const std::size_t end = titles_.size() - 1;
+      filter = "<autoFilter ref=\"" + CellName(firstLine_ - 1, 0) + ":" + CellName(line_ - 1, end) + "\"/>";
+      sheets_.back().filtered =
+          "$A$" + std::to_string(firstLine_) + ":$" + letters_[end] + "$" + std::to_string(line_);
     }
     if (last && table_.HasFooter() && table_.RowCount() > 0) WriteTotals();
+    xml_ += "</sheetData>" + filter;
+    if (!merged_.empty()) {
+      xml_ += "<mergeCells count=\"" + std::to_string(merged_.size()) + "\">";
+      for (const std::string& range : merged_) xml_ += "<mergeCell ref=\"" + range + "\"/>";
+      xml_ += "</mergeCells>";
+    }
+    xml_ += "</worksheet>";
+    zip_.Write(std::exchange(xml_, {}));
+    zip_.End();
   }
 
   void WriteTotals() {
+    BeginRow();
     for (std::size_t c = 0; c < titles_.size(); ++c) {
       const TotalKind total = table_.Columns()[c].total;
       const Value value = table_.Footer(c);
       if (total == TotalKind::None || value.IsNull()) continue;
-      const Decimal number = value.AsDecimal();
-      Wrote(worksheet_write_formula_num(sheet_, Line(), static_cast<lxw_col_t>(c), Formula(c, total).c_str(),
-                                        formats_.Total(c, number), number.ToDouble()),
-            line_);
+      BeginCell(c, styles_.Total(c, value.AsDecimal()));
+      xml_ += "><f>";
+      AppendXml(xml_, Formula(c, total));
+      xml_ += "</f><v>" + value.AsText() + "</v></c>";
     }
-    ++line_;
+    EndRow();
   }
 
   // Rows that the filter hides are left out of the total, as on the screen.
   std::string Formula(std::size_t column, TotalKind total) const {
     std::string formula;
-    for (const Range& range : ranges_) {
-      char from[LXW_MAX_CELL_NAME_LENGTH];
-      char to[LXW_MAX_CELL_NAME_LENGTH];
-      lxw_rowcol_to_cell(from, static_cast<lxw_row_t>(range.first), static_cast<lxw_col_t>(column));
-      lxw_rowcol_to_cell(to, static_cast<lxw_row_t>(range.end - 1), static_cast<lxw_col_t>(column));
-      formula += formula.empty() ? "=" : "+";
+    for (std::size_t i = 0; i < sheets_.size(); ++i) {
+      if (i > 0) formula += '+';
       formula += total == TotalKind::Count ? "SUBTOTAL(3," : "SUBTOTAL(9,";
-      if (ranges_.size() > 1) formula += "'" + ReplaceAll(range.sheet, "'", "''") + "'!";
-      formula += std::string(from) + ":" + to + ")";
+      if (sheets_.size() > 1) formula += "'" + ReplaceAll(sheets_[i].name, "'", "''") + "'!";
+      formula += CellName(firstLine_, column) + ":" + CellName(ends_[i] - 1, column) + ")";
     }
     return formula;
   }
@@ -279,28 +323,25 @@ class Sheets {
   const PrintJob& job_;
   const IReportTable& table_;
   const WritingOptions& options_;
-  Workbook book_;
-  XlsxFormats formats_;
+  ZipWriter zip_;
+  XlsxStyles styles_;
   std::vector<SplitTitle> titles_;
+  std::vector<std::string> letters_;   // of the columns
+  std::vector<std::string> criteria_;  // a line each
   bool groups_ = false;
-  lxw_worksheet* sheet_ = nullptr;
-  std::string name_;
+  std::size_t firstLine_ = 0;  // of the rows, in every sheet; lines count from 0
+  std::string xml_;            // of the sheet, what has not been handed on
   std::size_t line_ = 0;
-  std::size_t firstLine_ = 0;
-  std::size_t rowsOut_ = 0;  // of the sheet
-  std::size_t lastLine_ = 0;
-  std::vector<Range> ranges_;
-  std::vector<std::size_t> rowsOfSheets_;
+  std::vector<std::string> merged_;  // of the sheet
+  std::vector<XlsxSheet> sheets_;
+  std::vector<std::size_t> ends_;  // of each sheet: the line behind its last row
   ExportOutcome outcome_;
 };
 
 }  // namespace
 
-ExportOutcome WriteXlsxAt(const PrintJob& job, const std::string& path, const WritingOptions& options) {
-  Sheets sheets(job, path, options);
-  const ExportOutcome outcome = sheets.Write();
-  CheckXlsx(path, sheets.RowsOfSheets());
-  return outcome;
+ExportOutcome WriteXlsxTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options) {
+  return XlsxWriter(job, sink, options).Write();
 }
 
 }  // namespace goods

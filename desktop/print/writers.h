@@ -31,13 +31,10 @@ void WriteJsonTo(const PrintJob& job, ByteSink& sink, const WritingOptions& opti
 
 void WritePdfTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
 
-// The library writes a file of its own at path, which is then read back and checked. Throws
-// UnfinishedFile when anything of it failed; path may then hold a part.
-ExportOutcome WriteXlsxAt(const PrintJob& job, const std::string& path, const WritingOptions& options);
-
-// Throws UnfinishedFile unless the archive at path holds that many worksheets with so many rows, each
-// whole: the library does not tell when its temporary files could not be written.
-void CheckXlsx(const std::string& path, const std::vector<std::size_t>& rowsOfSheets);
+// A workbook: title and criteria, captions with their groups, the rows, totals as formulas. Numbers have all
+// their digits. Rows go out as they come, so that a long table needs no memory; sheets end at
+// options.sheetRows.
+ExportOutcome WriteXlsxTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
 
 // Asks the options' progress every few thousand rows; throws ExportStopped.
 void TellProgress(const WritingOptions& options, std::size_t row);

@@ -5,11 +5,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <algorithm>
 #include <iterator>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "company/interchange/workbook.h"
 #include "desktop/cli/report_specs.h"
 #include "tests/desktop/app/kit.h"
 #include "tests/desktop/app/screenless_kit.h"
@@ -269,14 +271,45 @@ TEST_F(Screenless, RowsThatAreFoundEndWithThreeForAMonitor) {
   EXPECT_FALSE(QFile::exists(At("none.txt")));
 }
 
+// By a reader of another make, which takes the first sheet's numbers as they stand in the CSV.
+TEST_F(Screenless, ASpreadsheetIsReadBackWithItsNumbers) {
+  ASSERT_EQ(Run({"--good", "12", "--columns", "Tedad_Varde,Bagh", "--xlsx", At("card.xlsx"), "--csv",
+                 At("card.csv"), "--no-csv-mark"}),
+            0)
+      << FromQt(errors_);
+  const Workbook book(Path("card.xlsx"));
+  ASSERT_EQ(book.Sheets().size(), 1U);
+  std::vector<std::string> lines;
+  const auto rows = book.Open(0);
+  std::vector<std::string_view> fields;
+  while (rows->Next(fields)) {
+    std::string line;
+    for (const std::string_view field : fields) line += (line.empty() ? "" : ",") + std::string(field);
+    lines.push_back(line);
+  }
+  const QStringList csv = ToQt(Written(Path("card.csv"))).split("\r\n", Qt::SkipEmptyParts);
+  ASSERT_GT(csv.size(), 10);
+  for (const QString& line : csv.mid(1)) {
+    EXPECT_NE(std::find(lines.begin(), lines.end(), FromQt(line)), lines.end())
+        << FromQt(line) << " is not there; the first line is " << lines.front();
+  }
+}
+
 TEST_F(Screenless, AListGoesToAPipeByAHyphen) {
   for (const char* format : {"--csv", "--json", "--text"}) {
     // Without the mark, which is lost where the output becomes a text.
     ASSERT_EQ(Run({"--good", "12", "--no-csv-mark", format, At("card"), format, "-"}), 0) << FromQt(errors_);
     EXPECT_EQ(FromQt(output_), Written(Path("card"))) << format;
   }
+  QProcess sheet;
+  sheet.setProcessEnvironment(environment_);
+  sheet.setStandardOutputFile(At("piped.xlsx"));
+  sheet.start(GOODS_REPORT_PROGRAM,
+              {"--company", ToQt(SmallCompany()), "--user", "admin", "--good", "12", "--xlsx", "-"});
+  ASSERT_TRUE(sheet.waitForFinished(120'000));
+  ASSERT_EQ(Run({"--good", "12", "--xlsx", At("card.xlsx")}), 0) << FromQt(errors_);
+  EXPECT_EQ(Written(Path("piped.xlsx")), Written(Path("card.xlsx")));
   EXPECT_FALSE(QFile::exists(At("-")));
-  EXPECT_EQ(Run({"--good", "12", "--xlsx", "-"}), 2);
   EXPECT_EQ(Run({"--good", "12", "--csv", "-", "--json", "-"}), 2);
   QProcess full;
   full.setProcessEnvironment(environment_);

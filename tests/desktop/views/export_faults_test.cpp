@@ -1,18 +1,14 @@
 // A file is written whole or not at all, whatever the disk does.
 #include <QDir>
+#include <QProcess>
 #include <QTemporaryDir>
-#include <csignal>
 #include <filesystem>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "company/files/file_layer.h"
 #include "desktop/print/export.h"
-#include "desktop/print/writers.h"
 #include "tests/desktop/views/export_kit.h"
 
 namespace goods::testing {
@@ -21,7 +17,7 @@ namespace {
 constexpr FileFormat kFormats[] = {FileFormat::Text, FileFormat::Csv, FileFormat::Xlsx, FileFormat::Json,
                                    FileFormat::Pdf};
 constexpr std::uint64_t kStep = 65536;
-constexpr std::size_t kRows = 2500;
+constexpr std::size_t kRows = 3200;
 
 // A disk that takes so many bytes.
 class SmallDisk : public FileLayer {
@@ -65,6 +61,10 @@ class ExportFaults : public ::testing::Test {
     options.forbidden = std::move(forbidden);
     WriteReport(job_, format, path, options);
   }
+  // 0 when every entry of the archive is what its sums say.
+  int Unzipped(const std::string& name) const {
+    return QProcess::execute("unzip", {"-tqq", ToQt(Path(name))});
+  }
 
   QTemporaryDir folder_;
   MadeTable table_;
@@ -73,8 +73,6 @@ class ExportFaults : public ::testing::Test {
 
 TEST_F(ExportFaults, AFullDiskAtEach64KilobytesLeavesTheOldFile) {
   for (const FileFormat format : kFormats) {
-    // A spreadsheet's bytes are written by its library: see the next test.
-    if (format == FileFormat::Xlsx) continue;
     Write(format, Path("whole"));
     const std::uint64_t size = std::filesystem::file_size(Path("whole"));
     ASSERT_GT(size, kStep) << EndingOf(format);
@@ -91,68 +89,28 @@ TEST_F(ExportFaults, AFullDiskAtEach64KilobytesLeavesTheOldFile) {
   }
 }
 
-// The library's own files, temporary ones and the target, may not grow beyond a limit. In a process of its
-// own, because the limit is the process's.
-TEST_F(ExportFaults, ASpreadsheetIsWholeOrNotThereAtEach64KilobytesOfItsFiles) {
+// What a disk loses or turns round on the way shows in the archive's own sums.
+TEST_F(ExportFaults, ASpreadsheetsArchiveIsWholeByItsOwnSums) {
   Write(FileFormat::Xlsx, Path("whole"));
-  WriteWholeFile(Path("file"), "old");
-  bool fitted = false;
-  std::uint64_t refused = 0;
-  for (std::uint64_t room = 0; !fitted; room += kStep) {
-    ASSERT_LT(room, 64 * kStep);
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      std::signal(SIGXFSZ, SIG_IGN);
-      const rlimit limit{room, room};
-      setrlimit(RLIMIT_FSIZE, &limit);
-      try {
-        Write(FileFormat::Xlsx, Path("file"));
-        _exit(0);
-      } catch (const ExportError&) {
-        _exit(7);
-      } catch (...) {
-        _exit(8);
-      }
-    }
-    int state = 0;
-    ASSERT_EQ(waitpid(child, &state, 0), child);
-    ASSERT_TRUE(WIFEXITED(state)) << room;
-    fitted = WEXITSTATUS(state) == 0;
-    if (fitted) break;
-    EXPECT_EQ(WEXITSTATUS(state), 7) << room;
-    EXPECT_EQ(Contents(Path("file")), "old") << room;
-    EXPECT_EQ(Files(), (QStringList{"file", "whole"})) << room;
-    ++refused;
-  }
-  EXPECT_GT(refused, 3U);
-  // What was said to be written is whole.
-  EXPECT_NO_THROW(CheckXlsx(Path("file"), {kRows + 3}));
+  EXPECT_EQ(Unzipped("whole"), 0);
+  QByteArray damaged = Contents(Path("whole"));
+  damaged[damaged.size() / 2] = static_cast<char>(damaged[damaged.size() / 2] ^ 1);
+  WriteWholeFile(Path("damaged"), std::string_view(damaged.data(), static_cast<std::size_t>(damaged.size())));
+  EXPECT_NE(Unzipped("damaged"), 0);
 }
 
-TEST_F(ExportFaults, ASpreadsheetThatWasDamagedOnTheWayIsNoticed) {
-  Write(FileFormat::Xlsx, Path("whole"));
-  const QByteArray whole = Contents(Path("whole"));
-  EXPECT_NO_THROW(CheckXlsx(Path("whole"), {kRows + 3}));
-  EXPECT_THROW(CheckXlsx(Path("whole"), {kRows + 4}), UnfinishedFile);
-  EXPECT_THROW(CheckXlsx(Path("whole"), {kRows + 3, 1}), UnfinishedFile);
-  for (const qsizetype cut : {qsizetype{0}, qsizetype{10}, whole.size() / 2, whole.size() - 1}) {
-    WriteWholeFile(Path("cut"), std::string_view(whole.data(), static_cast<std::size_t>(cut)));
-    EXPECT_THROW(CheckXlsx(Path("cut"), {kRows + 3}), UnfinishedFile) << cut;
-  }
-}
-
-TEST_F(ExportFaults, AFolderForTemporaryFilesThatIsNotThereIsTold) {
+TEST_F(ExportFaults, ASpreadsheetNeedsNoFolderForTemporaryFiles) {
   const char* before = std::getenv("TMPDIR");
   const std::string kept = before == nullptr ? "" : before;
   setenv("TMPDIR", Path("missing").c_str(), 1);
-  EXPECT_THROW(Write(FileFormat::Xlsx, Path("file")), ExportError);
+  Write(FileFormat::Xlsx, Path("file"));
   if (before == nullptr) {
     unsetenv("TMPDIR");
   } else {
     setenv("TMPDIR", kept.c_str(), 1);
   }
-  EXPECT_EQ(Files(), QStringList{});
+  EXPECT_EQ(Files(), QStringList{"file"});
+  EXPECT_EQ(Unzipped("file"), 0);
 }
 
 TEST_F(ExportFaults, WhatIsNoFileToWriteIsRefusedInEveryFormat) {

@@ -7,6 +7,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QXmlStreamReader>
 #include <algorithm>
 #include <cstring>
 
@@ -14,7 +15,8 @@
 
 #include "desktop/print/page_layout.h"
 #include "desktop/print/writers.h"
-#include "desktop/print/xlsx_formats.h"
+#include "desktop/print/xlsx_parts.h"
+#include "desktop/print/xlsx_styles.h"
 #include "desktop/views/shown_text.h"
 #include "tests/desktop/views/export_kit.h"
 #include "tests/desktop/views/kit.h"
@@ -173,6 +175,50 @@ TEST_F(Export, ASpreadsheetsFormatsShowWholeNumbersWithoutAPoint) {
   EXPECT_EQ(SheetFormat("0.00", true), "0.00");
   EXPECT_EQ(SheetFormat("#,##0.", false), "#,##0");
   EXPECT_EQ(SheetFormat("x0;-", true), "\"x\"0;\"-\"");
+}
+
+TEST_F(Export, ASpreadsheetHoldsAnyTextAndEveryDigit) {
+  MadeTable table;
+  table.Add("T", "<b>\"a\" && 'b'</b>", CellKind::Text,
+            {Value("<&>\""), Value(" دو  فاصله "), Value(std::string("a\0b\x1F\rc", 6)),
+             Value("_x000D_ و _x"), Value("\xEF\xBF\xBF\xEF\xBB\xBFx\xFF")});
+  table.AddNumber("N", "عدد", "#,0.##",
+                  {Value(*Decimal::Parse("12345678901234567.123456789")),
+                   Value(*Decimal::Parse("-0.000000001")), Value(0), Value(), Value(7)});
+  Written(FileFormat::Xlsx, table);
+  const QByteArray sheet = Part("xl/worksheets/sheet1.xml");
+  EXPECT_TRUE(sheet.contains("<t>&lt;b&gt;&quot;a&quot; &amp; 'b'&lt;/b&gt;</t>")) << sheet.toStdString();
+  EXPECT_TRUE(sheet.contains("<t>&lt;&amp;&gt;&quot;</t>"));
+  EXPECT_TRUE(sheet.contains("<t xml:space=\"preserve\"> دو  فاصله </t>"));
+  EXPECT_TRUE(sheet.contains("<t>a_x0000_b_x001F__x000D_c</t>"));
+  EXPECT_TRUE(sheet.contains("<t>_x005F_x000D_ و _x</t>"));
+  EXPECT_TRUE(sheet.contains("<t>\xEF\xBF\xBD\xEF\xBB\xBFx\xEF\xBF\xBD</t>"));
+  EXPECT_TRUE(sheet.contains("<v>12345678901234567.123456789</v>"));
+  EXPECT_TRUE(sheet.contains("<v>-0.000000001</v>"));
+  // The third line has an empty cell.
+  EXPECT_EQ(sheet.count("<v>"), 4 + 1);
+  QXmlStreamReader reader(sheet);
+  while (!reader.atEnd()) reader.readNext();
+  EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+}
+
+TEST_F(Export, AnEmptyTableAndOneWithoutColumnsAreWorkbooksToo) {
+  MadeTable table;
+  Written(FileFormat::Xlsx, table);
+  EXPECT_TRUE(Part("xl/worksheets/sheet1.xml").contains("موجودی کالا</t>"));
+  EXPECT_FALSE(Part("xl/worksheets/sheet1.xml").contains("autoFilter"));
+  table.AddNumber("N", "عدد", "#,0", {});
+  Written(FileFormat::Xlsx, table);
+  EXPECT_TRUE(Part("xl/worksheets/sheet1.xml").endsWith("</sheetData></worksheet>"));
+  EXPECT_EQ(outcome.sheets, 1U);
+}
+
+TEST_F(Export, ColumnsBehindTheAlphabetHaveTwoLetters) {
+  EXPECT_EQ(ColumnLetters(0), "A");
+  EXPECT_EQ(ColumnLetters(25), "Z");
+  EXPECT_EQ(ColumnLetters(26), "AA");
+  EXPECT_EQ(ColumnLetters(701), "ZZ");
+  EXPECT_EQ(ColumnLetters(702), "AAA");
 }
 
 TEST_F(Export, DaysOfASpreadsheetCanBeCalculatedWith) {
