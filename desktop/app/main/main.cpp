@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
   std::string settingsFolder;
   std::string dataFolder;
   CLI::App commandLine("The goods reports on a desktop.");
-  auto* company = commandLine.add_option("--company", companyName, "Open this company file");
+  auto* company = commandLine.add_option("FILE,--company", companyName, "Open this company file");
   std::string server;
   commandLine
       .add_option("--server", server,

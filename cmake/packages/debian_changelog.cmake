@@ -1,0 +1,23 @@
+# debian_changelog(<output.gz> <source> <version> <contact>): the changes of this version, as packages carry them.
+function(debian_changelog output source version contact)
+  file(READ ${CMAKE_CURRENT_SOURCE_DIR}/CHANGELOG.md text)
+  string(FIND "${text}" "\n## ${version}" begin)
+  if(begin EQUAL -1)
+    message(FATAL_ERROR "CHANGELOG.md has nothing of version ${version}")
+  endif()
+  string(SUBSTRING "${text}" ${begin} -1 text)
+  string(REGEX REPLACE "^\n## [^\n]*\n" "" text "${text}")
+  string(REGEX REPLACE "\n## .*" "" text "${text}")
+  string(STRIP "${text}" text)
+  # A point a line, then folded to the width that such files have.
+  string(REPLACE "\n  " " " text "${text}")
+  string(TIMESTAMP day "%a, %d %b %Y 00:00:00 +0000" UTC)
+  get_filename_component(folder ${output} DIRECTORY)
+  file(MAKE_DIRECTORY ${folder})
+  string(REGEX REPLACE "[.]gz$" "" plain "${output}")
+  file(WRITE ${plain} "${text}\n")
+  execute_process(COMMAND fold -s -w 74 ${plain} COMMAND sed -e "s/ *$//" -e "s/^- /  * /;t" -e "s/^/    /"
+    OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+  file(WRITE ${plain} "${source} (${version}) unstable; urgency=medium\n\n${text}\n -- ${contact}  ${day}\n")
+  execute_process(COMMAND gzip -9nf ${plain} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
