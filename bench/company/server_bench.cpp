@@ -1,8 +1,12 @@
 // Reading a stock card of 1,000,000 rows from a server: through the connection into a query, beside a bare
 // ODBC loop with the same block size that copies the same cells into plain vectors. Needs GOODS_SERVER;
 // without it nothing is measured.
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,6 +15,7 @@
 
 #include "bare_loop.h"
 #include "company/company.h"
+#include "company/demo/demo_company.h"
 #include "company/server/deploy.h"
 #include "company/server/odbc/odbc_handles.h"
 #include "company/server/server_connection.h"
@@ -64,9 +69,9 @@ const std::string& ServerConnectionString() {
 }
 
 // What a caller without any of this library would write.
-std::size_t ReadBare(const OdbcConnection& connection) {
+std::size_t ReadBare(const OdbcConnection& connection, std::string_view text) {
   OdbcStatement statement(connection);
-  statement.Run(kStatement);
+  statement.Run(text);
   while (statement.Columns() == 0) statement.NextResult();
   struct Bound {
     SQLSMALLINT type = SQL_C_WCHAR;
@@ -130,7 +135,8 @@ void BareLoop(benchmark::State& state) {
   const OdbcConnection connection(ServerConnectionString(), 15);
   for (auto _ : state) {
     const Watch watch("bare");
-    if (ReadBare(connection) != static_cast<std::size_t>(kRows)) state.SkipWithError("rows are missing");
+    if (ReadBare(connection, kStatement) != static_cast<std::size_t>(kRows))
+      state.SkipWithError("rows are missing");
   }
 }
 
@@ -149,6 +155,144 @@ void QueryOpen(benchmark::State& state) {
   }
 }
 
+// A report over the smaller company, by the clock, since a server works in a process of its own.
+struct AskedReport {
+  const char* name;
+  const char* statement;
+};
+constexpr AskedReport kReports[] = {
+    {"goods list", "exec GoodInf_sp "},
+    {"goods list of a period",
+     "exec GoodInf_sp @StoreCode=NULL,@invertList=0, @Inlist=1, @SelectedCode=NULL, @EffectiveDate1 = "
+     "'1401/01/01', @EffectiveDate2 = '1401/12/29'"},
+    {"stock per store",
+     "exec GoodsAsset_Store_SP @CalcBefore =0,@Reverse =0,@StoreCodes "
+     "='-1,0,1,1,2,2,3,3,',@ToDate='1403/12/30',"
+     "@FromDate='1402/01/01'"},
+    {"overall turnover, quantities",
+     "Exec GoodKardex_Overall_Tedad @FromDate='0000/00/00',@ToDate='9999/99/99',@Reverst=0,"
+     "@CalcBeforeDatePeriod=0,@script_Sadere_sayer=0,@script_Varede_sayer=0"},
+    {"overall turnover, amounts",
+     "Exec GoodKardex_Overall_Money @FromDate='0000/00/00',@ToDate='9999/99/99',@Reverst=0,"
+     "@CalcBeforeDatePeriod=0,@script_Sadere_sayer=0,@script_Varede_sayer=0"},
+    {"row search of a month", "Exec srKardex @FromDate='1402/01/01',@ToDate='1402/01/31'"},
+    {"negative stock", "Exec srKardex_Negative"},
+    {"stock by details", "EXEC GoodDetailTransaction @StoreCode=1"},
+    {"all detail movements of a week",
+     "EXEC AllGoodDetailTransaction @FromDate='1402/01/01',@ToDate='1402/01/07'"},
+    {"one good's details", "EXEC OneGoodDetailTransaction @GoodCode=12"},
+    {"detail mismatch", "EXEC DetailKardexAsset_Dismatch"},
+    {"operation mismatch", "EXEC DetailOperation_Dismatch"},
+    {"stock card", "Exec Kardex_Proc 12"},
+};
+constexpr char kReportsDatabase[] = "goods_bench_reports";
+constexpr int kTimes = 3;
+
+double Seconds(const std::function<void()>& work) {
+  double best = 0;
+  for (int i = 0; i < kTimes; ++i) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    best = i == 0 ? took.count() : std::min(best, took.count());
+  }
+  return best;
+}
+
+std::string JsonText(const std::string& text) {
+  std::string json = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') json += '\\';
+    json += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+  }
+  return json + '"';
+}
+
+// A table with the rows, to fetch them without any work of a report.
+void KeepResult(ServerSession& session, const std::string& table, const RowStore& rows) {
+  std::string columns;
+  std::string shape;
+  for (std::size_t i = 0; i < rows.Columns().size(); ++i) {
+    const ColumnType type = rows.Columns()[i].type;
+    const std::string name = "c" + std::to_string(i);
+    const std::string kind = type == ColumnType::Integer   ? "bigint"
+                             : type == ColumnType::Decimal ? "decimal(38,9)"
+                                                           : "nvarchar(400)";
+    columns += (i > 0 ? ", " : "") + name + " " + kind;
+    shape += (i > 0 ? ", " : "") + name + " " + kind + " '$[" + std::to_string(i) + "]'";
+  }
+  session.Run("IF OBJECT_ID(N'dbo." + table + "') IS NOT NULL DROP TABLE dbo." + table);
+  session.Run("CREATE TABLE dbo." + table + "(" + columns + ")");
+  constexpr std::size_t kRowsAtOnce = 1000;
+  for (std::size_t row = 0; row < rows.Count();) {
+    std::string json;
+    for (const std::size_t end = std::min(rows.Count(), row + kRowsAtOnce); row < end; ++row) {
+      json += json.empty() ? "[[" : ",[";
+      for (std::size_t i = 0; i < rows.Columns().size(); ++i) {
+        const Value value = rows.Cell(row, i);
+        json += (i > 0 ? "," : "") + (value.IsNull() ? std::string("null") : JsonText(value.AsText()));
+      }
+      json += ']';
+    }
+    session.Run("INSERT INTO dbo." + table + " SELECT * FROM OPENJSON(" + ServerText(json + "]") +
+                ") WITH (" + shape + ")");
+  }
+}
+
+struct ReportTimes {
+  double server = 0;
+  double bare = 0;      // the same statement, fetched by the bare loop
+  double embedded = 0;  // the statement in a company file
+  double transfer = 0;  // the bare loop over a table with the same rows
+  std::size_t rows = 0;
+};
+std::map<std::string, ReportTimes>& Reports() {
+  static std::map<std::string, ReportTimes> reports;
+  return reports;
+}
+
+void ReportsBesideAFile(benchmark::State& state) {
+  if (!HasServer()) return state.SkipWithError("GOODS_SERVER is not set");
+  const std::string path = std::string(GOODS_BENCH_FILES) + "/server_reports.goods";
+  DemoOptions options;
+  options.goods = 20'000;
+  options.stores = 6;
+  options.movements = 200'000;
+  MakeDemoCompany(path, options);
+  ServerAddress server(std::getenv("GOODS_SERVER"));
+  {
+    server.Set("DATABASE", "master");
+    ServerSession session(server.ConnectionString());
+    session.Run(std::string("IF DB_ID(N'") + kReportsDatabase + "') IS NOT NULL DROP DATABASE " +
+                kReportsDatabase);
+  }
+  DeployCompany({server, kReportsDatabase, path, {}, {}});
+  server.Set("DATABASE", kReportsDatabase);
+  const auto file = OpenCompany(path);
+  const auto embedded = file->OpenConnection();
+  ServerConnection connection(server.ConnectionString());
+  ServerSession session(server.ConnectionString());
+  const OdbcConnection plain(server.ConnectionString(), 15);
+  for (auto each : state) {
+    for (const AskedReport& report : kReports) {
+      ReportTimes& times = Reports()[report.name];
+      RowStore rows;
+      times.embedded = Seconds([&] { embedded->Open(report.statement, rows); });
+      times.rows = rows.Count();
+      times.server = Seconds([&] {
+        RowStore fetched;
+        connection.Open(report.statement, fetched);
+        if (fetched.Count() != times.rows) state.SkipWithError("rows are missing");
+      });
+      times.bare = Seconds([&] { ReadBare(plain, report.statement); });
+      if (times.rows == 0) continue;
+      KeepResult(session, "BenchResult", rows);
+      times.transfer = Seconds([&] { ReadBare(plain, "SELECT * FROM dbo.BenchResult"); });
+    }
+  }
+}
+
+BENCHMARK(ReportsBesideAFile)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(BareLoop)->Unit(benchmark::kMillisecond)->Iterations(2);
 BENCHMARK(QueryOpen)->Unit(benchmark::kMillisecond)->Iterations(2);
 
@@ -157,6 +301,13 @@ void ReportRatios() {
         "a bare ODBC loop over the same statement into plain vectors, same block", Best()["bare"] * 1e3,
         1.3});
   Tell({"memory of that query, a row", Counter("QueryOpen", "bytes a row"), "", 0, 0, "bytes"});
+  for (const auto& [name, times] : Reports()) {
+    const std::string asked =
+        name + ", 20,000 goods, 200,000 movements, " + std::to_string(times.rows) + " rows, by the clock";
+    Tell({asked, times.server * 1e3, "3 times the statement in a file and the transfer of its rows",
+          (3 * times.embedded + times.transfer) * 1e3, 1});
+    Tell({asked, times.server * 1e3, "the same statement fetched by a bare ODBC loop", times.bare * 1e3});
+  }
 }
 
 }  // namespace
