@@ -5,6 +5,7 @@
 
 #include "company/server/odbc/odbc_handles.h"
 #include "company/server/odbc/odbc_rows.h"
+#include "company/server/server_address.h"
 #include "company/server/server_errors.h"
 #include "host/core/text.h"
 #include "host/data/blocking_work.h"
@@ -16,9 +17,36 @@ struct ServerConnection::Session {
   explicit Session(const std::string& connectionString, int loginTimeout)
       : connection(connectionString, loginTimeout) {}
   OdbcConnection connection;
+  bool readsSnapshots = false;
 };
 
 namespace {
+
+// Everything that is read while it lives is of one committed state, also by a procedure of several
+// statements.
+class OneState {
+ public:
+  explicit OneState(ServerConnection::Session& session) : session_(session) {
+    if (session_.readsSnapshots) Run("SET TRANSACTION ISOLATION LEVEL SNAPSHOT BEGIN TRANSACTION");
+  }
+  OneState(const OneState&) = delete;
+  OneState& operator=(const OneState&) = delete;
+  ~OneState() {
+    if (!session_.readsSnapshots) return;
+    try {
+      // What a procedure wrote meanwhile stays, but for one that failed.
+      Run(failed_ ? "IF @@TRANCOUNT > 0 ROLLBACK SET TRANSACTION ISOLATION LEVEL READ COMMITTED"
+                  : "IF @@TRANCOUNT > 0 COMMIT SET TRANSACTION ISOLATION LEVEL READ COMMITTED");
+    } catch (const OdbcError&) {  // the connection is gone, and the transaction with it
+    }
+  }
+  void Done() { failed_ = false; }
+
+ private:
+  void Run(const char* text) { OdbcStatement(session_.connection).Run(text); }
+  ServerConnection::Session& session_;
+  bool failed_ = true;
+};
 
 // One statement, owned by the thread that runs it as much as by the caller.
 struct Job {
@@ -26,6 +54,18 @@ struct Job {
       : session(std::move(on)), statement(session->connection), text(asked), keepRows(keep) {}
 
   void Run() {
+    if (!keepRows) return ReadAll();
+    OneState state(*session);
+    try {
+      ReadAll();
+    } catch (...) {
+      statement.Close();  // the end of the transaction is a statement of its own
+      throw;
+    }
+    state.Done();
+  }
+
+  void ReadAll() {
     statement.Run(text);
     bool read = false;
     do {
@@ -46,6 +86,9 @@ struct Job {
 };
 
 constexpr const char* kTooLong = "پاسخ سرور در زمان تعیین شده نرسید.";
+constexpr const char* kNoEncryption = "رمزگذاری خواسته شده است؛ شاید این سرور آن را ندارد.";
+constexpr const char* kSnapshotState =
+    "SELECT CAST(snapshot_isolation_state AS int) FROM sys.databases WHERE database_id = DB_ID()";
 constexpr const char* kForgetPrices =
     "IF OBJECT_ID(N'dbo.SessionPrices') IS NOT NULL DELETE FROM dbo.SessionPrices WHERE Session = @@SPID";
 
@@ -72,6 +115,31 @@ class Deadline : public IStatementProgress {
   Clock::time_point end_;
   bool expired_ = false;
 };
+
+// Whether the database keeps the states that OneState asks for; a user may be without the right to know.
+bool ReadsSnapshots(ServerConnection::Session& session) {
+  try {
+    OdbcStatement asked(session.connection);
+    asked.Run(kSnapshotState);
+    RowStore rows;
+    std::atomic<std::size_t> count{0};
+    ReadOdbcRows(asked, rows, count);
+    return rows.Count() == 1 && rows.Cell(0, 0).AsInteger() == 1;
+  } catch (const OdbcError& error) {
+    if (error.ConnectionGone()) throw;
+    return false;
+  }
+}
+
+bool AsksForEncryption(const std::string& connectionString) {
+  const ServerAddress address(connectionString);
+  for (const char* keyword : {"Encryption", "Encrypt"}) {
+    const auto value = address.Find(keyword);
+    if (value && !SameText(*value, "no") && !SameText(*value, "off") && !SameText(*value, "request"))
+      return true;
+  }
+  return false;
+}
 
 [[noreturn]] void Cancelled(std::string_view statement) {
   throw StatementCancelled("کار به خواست کاربر متوقف شد.", std::string(statement));
@@ -106,10 +174,13 @@ void ServerConnection::Connect() {
     settings.Run("SET NOCOUNT ON");
     settings.Run("SET TEXTSIZE 2147483647");
     settings.Run("SET LOCK_TIMEOUT " + std::to_string(timeouts_.lock == 0 ? -1 : timeouts_.lock * 1000));
+    session_->readsSnapshots = ReadsSnapshots(*session_);
     PreparePrices();
   } catch (const OdbcError& error) {
     session_ = nullptr;
-    throw ConnectionLost("ارتباط با سرور برقرار نشد.\n" + UserMessage(error), "");
+    std::string told = "ارتباط با سرور برقرار نشد.\n" + UserMessage(error);
+    if (AsksForEncryption(connectionString_)) told += std::string("\n") + kNoEncryption;
+    throw ConnectionLost(told, "");
   }
 }
 

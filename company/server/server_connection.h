@@ -35,7 +35,9 @@ class PreparedPrices {
 // statement with a listener runs on a thread of its own (host/data/blocking_work.h); cancelling is the
 // driver's SQLCancel, and where the driver is deaf to it the connection is left behind and a new one made for
 // the next statement. When the server is gone every statement throws ConnectionLost: the host makes a new
-// connection at the user's next action. What the server says reaches the user in its own words.
+// connection at the user's next action. What the server says reaches the user in its own words. What Open
+// reads is of one committed state where the database allows snapshots (deploy sees to it), so that a report
+// of several statements adds up while others write.
 class ServerConnection : public IConnection {
  public:
   // connectionString: of ODBC. prices, shared with the connections that came before, are prepared anew; null:

@@ -157,6 +157,48 @@ TEST_F(ServerConnectionTest, AKilledConnectionIsToldUntilTheHostConnectsAnew) {
       AskServer(*std::make_unique<ServerConnection>(server.ConnectionString()), "SELECT 1 AS a").Count(), 1U);
 }
 
+class WritesOnAndOn : public IStatementProgress {
+ public:
+  explicit WritesOnAndOn(ServerSession& session) : session_(session) {}
+  bool Progress(std::size_t) override {
+    session_.Run("INSERT INTO dbo.Written(N) VALUES(2)");
+    return true;
+  }
+
+ private:
+  ServerSession& session_;
+};
+
+// As the reports that work out figures first and join the masters to them afterwards.
+TEST_F(ServerConnectionTest, AProcedureOfSeveralStatementsReadsOneState) {
+  const TestDatabase database;
+  {
+    ServerAddress server = TheServer();
+    server.Set("DATABASE", "master");
+    ServerSession(server.ConnectionString()).Run("CREATE DATABASE " + ServerName(database.Name()));
+  }
+  ServerSession writer(database.Address().ConnectionString());
+  writer.Run("CREATE TABLE dbo.Written(N int NOT NULL)");
+  writer.Run("INSERT INTO dbo.Written(N) VALUES(1)");
+  writer.Run(
+      "CREATE PROCEDURE dbo.ReadTwice AS BEGIN DECLARE @first int = (SELECT COUNT(*) FROM dbo.Written), @i "
+      "int "
+      "= 0; WHILE @i < 2000000 SET @i = @i + 1; SELECT @first AS A, (SELECT COUNT(*) FROM dbo.Written) AS B "
+      "END");
+  ServerConnection reader(database.Address().ConnectionString());
+  WritesOnAndOn others(writer);
+  RowStore rows;
+  reader.Open("Exec ReadTwice", rows, &others);
+  EXPECT_EQ(rows.Cell(0, 0).AsInteger(), rows.Cell(0, 1).AsInteger());
+  const std::int64_t all = writer.AskInteger("SELECT COUNT(*) FROM dbo.Written");
+  EXPECT_GT(all, rows.Cell(0, 1).AsInteger()) << "nobody wrote meanwhile";
+  EXPECT_EQ(AskServer(reader, "SELECT COUNT(*) AS C FROM Written").Cell(0, 0).AsInteger(), all);
+  // A statement that fails leaves no transaction behind.
+  EXPECT_THROW(AskServer(reader, "SELECT * FROM NoSuchTable_42"), DatabaseError);
+  reader.Execute("INSERT INTO dbo.Written(N) VALUES(3)");
+  EXPECT_EQ(writer.AskInteger("SELECT COUNT(*) FROM dbo.Written"), all + 1);
+}
+
 TEST_F(ServerConnectionTest, WhatAnotherSessionHasLockedIsWaitedForAndThenTold) {
   const TestDatabase database;
   {

@@ -68,6 +68,11 @@ void CutProxy::Become(Mode mode, std::int64_t bytes) {
   mode_ = mode;
 }
 
+bool CutProxy::WasSent(std::string_view bytes) const {
+  const std::lock_guard lock(sentMutex_);
+  return sent_.find(bytes) != std::string::npos;
+}
+
 void CutProxy::Accept() {
   const int client = accept(listener_, nullptr, nullptr);
   if (client < 0) return;
@@ -84,6 +89,10 @@ bool CutProxy::Pass(const Pair& pair, bool fromServer) {
   const ssize_t count = recv(fromServer ? pair.server : pair.client, bytes.data(), bytes.size(), 0);
   if (count <= 0) return false;
   if (mode_ == Mode::CutAtRequest && !fromServer) return false;
+  if (!fromServer) {
+    const std::lock_guard lock(sentMutex_);
+    sent_.append(bytes.data(), static_cast<std::size_t>(count));
+  }
   if (mode_ == Mode::CutAfter && fromServer && (left_ -= count) < 0) return false;
   return SendAll(fromServer ? pair.client : pair.server, bytes.data(), static_cast<std::size_t>(count));
 }

@@ -4,7 +4,9 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <mutex>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -29,6 +31,8 @@ class CutProxy {
   void FallSilent() { Become(Mode::Silent, 0); }
   // Nobody listens any more, and what is open ends.
   void Refuse() { Become(Mode::Refuse, 0); }
+  // Whether clients have sent these bytes, within one packet of the network.
+  bool WasSent(std::string_view bytes) const;
 
  private:
   enum class Mode { Forward, CutAtRequest, CutAfter, Silent, Refuse };
@@ -50,6 +54,8 @@ class CutProxy {
   std::atomic<std::int64_t> left_{0};
   std::atomic<bool> ended_{false};
   std::vector<Pair> pairs_;
+  mutable std::mutex sentMutex_;
+  std::string sent_;
   std::thread worker_;
 };
 

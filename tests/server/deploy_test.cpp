@@ -82,6 +82,13 @@ TEST_F(DeployedTest, StoredFiguresThatAreNotThoseOfTheMovementsAreTold) {
   EXPECT_EQ(Verified(*deployed), std::vector<std::string>());
 }
 
+// Beside the kinds of the price history, as the reports ask for them.
+TEST_F(DeployedTest, ACollationInWhichCaptionsDoNotArriveIsWarnedOf) {
+  ServerSession session = SessionIn(*deployed);
+  const bool whole = session.AskText("select 'آخرين قيمت خريد پک' As Name") == "آخرين قيمت خريد پک";
+  EXPECT_EQ(CollationWarning(TheServer(), deployed->Name()).empty(), whole);
+}
+
 TEST_F(DeployTest, ANewerDatabaseAndAForeignOneAreRefusedAndNotTouched) {
   const TestDatabase database;
   MakeEmpty(database);

@@ -137,6 +137,25 @@ TEST_F(FaultsTest, AWrongPasswordAMissingDatabaseAndAMissingServerAreTold) {
   EXPECT_THROW(ServerConnection connection(Through().ConnectionString()), ConnectionLost);
 }
 
+// A server with a certificate is read encrypted; one without is refused, and never read in clear instead.
+TEST_F(FaultsTest, WhatIsAskedToBeEncryptedNeverCrossesInClear) {
+  const std::string marked = "SELECT N'crosses' AS a";
+  std::string wide;
+  for (const char c : marked) wide += {c, '\0'};
+  ServerAddress encrypted = Through();
+  encrypted.Set("encrypt", "yes");
+  try {
+    ServerConnection connection(encrypted.ConnectionString());
+    EXPECT_EQ(AskServer(connection, marked).Cell(0, 0).AsText(), "crosses");
+  } catch (const ConnectionLost& error) {
+    EXPECT_TRUE(Holds(error.what(), "رمزگذاری خواسته شده است")) << error.what();
+  }
+  EXPECT_FALSE(proxy_->WasSent(wide));
+  ServerConnection plain(Through().ConnectionString());
+  EXPECT_EQ(AskServer(plain, marked).Count(), 1U);
+  EXPECT_TRUE(proxy_->WasSent(wide));
+}
+
 TEST_F(FaultsTest, AMissingRightOnOneProcedureIsToldAndTheOthersRun) {
   const TestDatabase database;
   ServerAddress master = TheServer();

@@ -70,6 +70,8 @@ class OdbcStatement {
   // come here.
   bool NextResult();
   int Columns() const;
+  // Leaves what has not been read of its results.
+  void Close() { SQLFreeStmt(handle_, SQL_CLOSE); }
   // Stops the running statement; may be called while another thread waits in this one.
   void Cancel() { SQLCancel(handle_); }
 
