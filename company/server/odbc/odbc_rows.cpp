@@ -91,6 +91,11 @@ ResultColumn Describe(SQLHSTMT statement, SQLUSMALLINT number) {
   return column;
 }
 
+// Lengths and counts are the driver's word, which is not taken for what was never read.
+[[noreturn]] void BadLength(const ColumnInfo& column) {
+  throw OdbcError("خانه ای از ستون " + column.name + " بلندتر از تعریف آن است", "22001", 0);
+}
+
 [[noreturn]] void BadNumber(const ColumnInfo& column) {
   throw OdbcError("خانه ای از ستون " + column.name + " عددی بیرون از اندازه دارد", "22003", 0);
 }
@@ -179,9 +184,7 @@ void AppendCell(const ResultColumn& from, const unsigned char* cell, SQLLEN leng
     return;
   }
   const bool counted = from.kind == CellKind::Decimal || from.kind == CellKind::Text;
-  if (counted && (length < 0 || static_cast<std::size_t>(length) >= from.width)) {
-    throw OdbcError("خانه ای از ستون " + from.info.name + " بلندتر از تعریف آن است", "22001", 0);
-  }
+  if (counted && (length < 0 || static_cast<std::size_t>(length) >= from.width)) BadLength(from.info);
   switch (from.kind) {
     case CellKind::Integer: {
       std::int64_t value = 0;
@@ -235,6 +238,7 @@ void ReadBlocks(OdbcStatement& statement, const std::vector<ResultColumn>& colum
     const SQLRETURN result = SQLFetch(handle);
     if (result == SQL_NO_DATA) break;
     Check(result, SQL_HANDLE_STMT, handle);
+    if (fetched > block) throw OdbcError("درایور ODBC بیش از آن چه خواسته شد ردیف داد.", "HY000", 0);
     for (std::size_t i = 0; i < columns.size(); ++i) {
       Column& column = into.ColumnAt(i);
       const unsigned char* cell = bound[i].cells.get();
@@ -251,7 +255,8 @@ void ReadBlocks(OdbcStatement& statement, const std::vector<ResultColumn>& colum
 }
 
 // A text of any length, piece by piece.
-void AppendLongText(SQLHSTMT handle, SQLUSMALLINT number, std::string& buffer, Column& column) {
+void AppendLongText(SQLHSTMT handle, SQLUSMALLINT number, const ColumnInfo& info, std::string& buffer,
+                    Column& column) {
   constexpr std::size_t kPiece = 8192;
   std::u16string text;
   char16_t piece[kPiece];
@@ -267,7 +272,9 @@ void AppendLongText(SQLHSTMT handle, SQLUSMALLINT number, std::string& buffer, C
     const std::size_t whole = kPiece - 1;
     const bool more = result == SQL_SUCCESS_WITH_INFO &&
                       (length == SQL_NO_TOTAL || static_cast<std::size_t>(length) >= sizeof piece);
-    text.append(piece, more ? whole : static_cast<std::size_t>(length) / sizeof(char16_t));
+    const std::size_t units = more ? whole : static_cast<std::size_t>(length) / sizeof(char16_t);
+    if (units > whole) BadLength(info);
+    text.append(piece, units);
     if (!more) break;
   }
   AppendWide(text, buffer, column);
@@ -286,7 +293,7 @@ void ReadCells(OdbcStatement& statement, const std::vector<ResultColumn>& column
     for (std::size_t i = 0; i < columns.size(); ++i) {
       const auto number = static_cast<SQLUSMALLINT>(i + 1);
       if (columns[i].kind == CellKind::Text) {
-        AppendLongText(handle, number, buffer, into.ColumnAt(i));
+        AppendLongText(handle, number, columns[i].info, buffer, into.ColumnAt(i));
         continue;
       }
       SQLLEN length = 0;
