@@ -4,7 +4,7 @@
 include(CheckPIESupported)
 check_pie_supported()
 
-if(NOT GOODS_SANITIZE AND NOT GOODS_FUZZ)
+if(NOT GOODS_SANITIZE AND NOT GOODS_SANITIZE_THREADS AND NOT GOODS_FUZZ)
   add_compile_options(
     $<$<CONFIG:Release>:-fstack-protector-strong>
     $<$<CONFIG:Release>:-fstack-clash-protection>

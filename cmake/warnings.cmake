@@ -30,6 +30,11 @@ if(GOODS_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(GOODS_SANITIZE_THREADS)
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+endif()
+
 if(GOODS_UNITY)
   set(CMAKE_UNITY_BUILD ON)
   set(CMAKE_UNITY_BUILD_BATCH_SIZE 0)
