@@ -160,9 +160,9 @@ class ICompany {
   virtual IUsers& Users() = 0;
 
   virtual std::optional<EntityRecord> FindEntity(EntityKind kind, std::int64_t code) = 0;
-  // Entities whose code begins with the text (when it is a number) or whose name holds it, as a Persian
-  // reader compares, or the abbreviation of a good, store or person; by code. An empty text gives the first
-  // ones. limit caps the answer.
+  // Entities whose code begins with the text (when it is a number) or whose name holds each of its words, as
+  // a Persian reader compares, or the abbreviation of a good, store or person does; by code. An empty text
+  // gives the first ones. limit caps the answer.
   virtual std::vector<EntityRecord> SearchEntities(EntityKind kind, std::string_view text,
                                                    std::size_t limit) = 0;
 

@@ -64,8 +64,13 @@ std::vector<EntityRecord> LookUps::SearchEntities(EntityType type, std::string_v
   const std::string sought(Trim(text));
   std::string statement = Top(limit) + EntitySelect(type);
   if (!sought.empty()) {
-    statement += " WHERE CHARINDEX(" + TextLiteral(FoldPersian(sought)) +
-                 ", e.SearchName) > 0 OR CHARINDEX(" + TextLiteral(AsciiDigits(sought)) + ", e.CodeText) = 1";
+    const char* joint = " WHERE ";
+    for (const std::string& word : Split(sought, ' ')) {
+      if (word.empty()) continue;
+      statement += joint + ("CHARINDEX(" + TextLiteral(FoldPersian(word)) + ", e.SearchName) > 0");
+      joint = " AND ";
+    }
+    statement += " OR CHARINDEX(" + TextLiteral(AsciiDigits(sought)) + ", e.CodeText) = 1";
   }
   const LookUpRows rows = Ask(statement + " ORDER BY e.Code");
   std::vector<EntityRecord> found;

@@ -170,5 +170,23 @@ TEST_F(QuickChoices, ASearchAndWhatIsGoneLeaveTheRecentOnesOut) {
   EXPECT_EQ(rows.RecentCount(), 0);
 }
 
+TEST_F(QuickChoices, SeveralWordsFindTheGoodsThatHoldThemAll) {
+  const auto all = Company().SearchEntities(EntityKind::Good, "", 1000);
+  const auto some = std::find_if(all.begin(), all.end(), [](const EntityRecord& good) {
+    return good.name.find(' ') != std::string::npos && good.name.find(' ') != good.name.rfind(' ');
+  });
+  ASSERT_NE(some, all.end());
+  const std::string first = some->name.substr(0, some->name.find(' '));
+  const std::string last = some->name.substr(some->name.rfind(' ') + 1);
+  const auto holds = [&](const std::string& text) {
+    const auto found = Company().SearchEntities(EntityKind::Good, text, 1000);
+    return std::any_of(found.begin(), found.end(), [&](const auto& good) { return good.code == some->code; });
+  };
+  EXPECT_TRUE(holds(last + "  " + first));
+  EXPECT_TRUE(holds(first + " " + last));
+  EXPECT_FALSE(holds(last + " چنین‌کالایی‌نیست"));
+  EXPECT_TRUE(Company().SearchEntities(EntityKind::Good, "' OR 1=1", 10).empty());
+}
+
 }  // namespace
 }  // namespace goods
