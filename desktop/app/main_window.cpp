@@ -17,6 +17,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/text_label.h"
 #include "desktop/views/theme.h"
+#include "desktop/views/thousands.h"
 #include "goods_reports.h"
 
 namespace goods {
@@ -29,6 +30,7 @@ constexpr int kLeastLabelWidth = 170;
 
 void ApplyLook(const DesktopOptions& options) {
   SetPersianDigits(options.PersianDigits);
+  SetThousandsSeparators(options.ThousandsSeparators);
   ApplyTheme(*qobject_cast<QApplication*>(QApplication::instance()),
              options.DarkPalette ? ThemeMode::Dark : ThemeMode::Light);
   QApplication::setWindowIcon(ProgramIcon(64));

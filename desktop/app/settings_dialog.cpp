@@ -46,6 +46,8 @@ SettingsDialog::SettingsDialog(DesktopSettings& settings, QWidget* parent)
                                settings.Settings().AmountDecimals)),
       persianDigits_(Box("PersianDigits_CHK", "نمایش &رقم‌ها به فارسی",
                          settings.Options().PersianDigits)),
+      thousandsSeparators_(Box("ThousandsSeparators_CHK", "جداکننده &هزارگان در مقدارها",
+                               settings.Options().ThousandsSeparators)),
       darkPalette_(Box("DarkPalette_CHK", "رنگ‌های تیره", settings.Options().DarkPalette)) {
   LayOut();
   connect(secondUnit_, &QCheckBox::toggled, this, &SettingsDialog::FollowSecondUnit);
@@ -101,7 +103,7 @@ void SettingsDialog::LayOut() {
   layout->addLayout(Group("واحدها", {secondUnit_, secondUnitIsLarger_, wholeAndPart_}, this));
   layout->addLayout(Group("کالا", {goodsDetail_}, this));
   layout->addLayout(decimals);
-  layout->addLayout(Group("نمایش", {persianDigits_, darkPalette_}, this));
+  layout->addLayout(Group("نمایش", {persianDigits_, thousandsSeparators_, darkPalette_}, this));
   layout->addStretch(1);
   layout->addWidget(buttons);
   setMinimumWidth(420);
@@ -121,6 +123,7 @@ void SettingsDialog::accept() {
   settings.QuantityDecimals = quantityDecimals_->currentIndex();
   settings.AmountDecimals = amountDecimals_->currentIndex();
   settings_.Options().PersianDigits = persianDigits_->isChecked();
+  settings_.Options().ThousandsSeparators = thousandsSeparators_->isChecked();
   settings_.Options().DarkPalette = darkPalette_->isChecked();
   settings_.Save();
   QDialog::accept();

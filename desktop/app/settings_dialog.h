@@ -32,6 +32,7 @@ class SettingsDialog : public QDialog {
   QComboBox* quantityDecimals_;
   QComboBox* amountDecimals_;
   QCheckBox* persianDigits_;
+  QCheckBox* thousandsSeparators_;
   QCheckBox* darkPalette_;
 };
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "desktop/views/thousands.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -102,7 +103,7 @@ bool HasRightToLeft(const QString& text) {
 
 QString ShownCell(std::string_view text, bool isNumber) {
   QString shown = Shortened(text);
-  if (isNumber) return ShownNumber(std::move(shown));
+  if (isNumber) return ShownNumber(ThousandsSeparators() ? InThousands(std::move(shown)) : std::move(shown));
   return IsNumberLike(shown) ? ShownDigits(std::move(shown)) : ShownText(shown);
 }
 

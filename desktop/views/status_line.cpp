@@ -32,7 +32,7 @@ QString CountText(std::size_t count) {
 }
 
 QString FigureText(const ColumnFigures& figures, Decimal value) {
-  return ShownNumber(ToQt(figures.column->Format().Format(value)));
+  return ShownCell(figures.column->Format().Format(value), true);
 }
 
 // In the order of kFigureTitles.

@@ -70,6 +70,8 @@ void DesktopSettings::Load() {
   }
   store_.endGroup();
   options_.PersianDigits = store_.value("Desktop/PersianDigits", options_.PersianDigits).toBool();
+  options_.ThousandsSeparators =
+      store_.value("Desktop/ThousandsSeparators", options_.ThousandsSeparators).toBool();
   options_.DarkPalette = store_.value("Desktop/DarkPalette", options_.DarkPalette).toBool();
 }
 
@@ -79,6 +81,7 @@ void DesktopSettings::Save() {
   for (const auto& number : kNumbers) store_.setValue(number.key, settings_.*number.value);
   store_.endGroup();
   store_.setValue("Desktop/PersianDigits", options_.PersianDigits);
+  store_.setValue("Desktop/ThousandsSeparators", options_.ThousandsSeparators);
   store_.setValue("Desktop/DarkPalette", options_.DarkPalette);
   Write();
 }

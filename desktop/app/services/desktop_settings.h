@@ -15,6 +15,7 @@ namespace goods {
 // What only this host knows.
 struct DesktopOptions {
   bool PersianDigits = true;
+  bool ThousandsSeparators = false;  // in quantities too
   bool DarkPalette = false;
 };
 

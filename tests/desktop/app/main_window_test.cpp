@@ -100,6 +100,22 @@ TEST_F(Main, TheDecimalsSayWhichReportTheyAreFor) {
       "«" + ToQt(kReports[static_cast<std::size_t>(ReportId::OverallTurnover)].title) + "»"));
 }
 
+TEST_F(Main, SeparatorsOfThousandsAreOffUntilTheyAreAskedFor) {
+  EXPECT_FALSE(Settings().Options().ThousandsSeparators);
+  SettingsDialog dialog(Settings());
+  WhileModal([](QWidget& window) {
+    Child(window, "ThousandsSeparators_CHK").setFocus();
+    PressKey(window, Qt::Key_Space);
+    PressKey(window, Qt::Key_Return);
+  });
+  dialog.exec();
+  EXPECT_TRUE(DesktopSettings(folder_.filePath("settings")).Options().ThousandsSeparators);
+  ApplyLook(Settings().Options());
+  EXPECT_EQ(ShownCell("22308.525", true), "۲۲,۳۰۸/۵۲۵");
+  ApplyLook({});
+  EXPECT_EQ(ShownCell("22308.525", true), "۲۲۳۰۸/۵۲۵");
+}
+
 TEST_F(Main, SettingsAreKeptWhenAcceptedOnly) {
   const auto tickSecondUnit = [&](Qt::Key last) {
     SettingsDialog dialog(Settings());

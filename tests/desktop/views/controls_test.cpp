@@ -12,6 +12,7 @@
 #include "desktop/views/date_edit_view.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/style.h"
+#include "desktop/views/thousands.h"
 #include "tests/desktop/views/kit.h"
 
 namespace goods::testing {
@@ -88,6 +89,26 @@ TEST_F(Controls, PersianDigitsAreAcceptedAndCopiedAsPlainOnes) {
   line.selectAll();
   QTest::keyClick(&line, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "123");
+}
+
+TEST_F(Controls, SeparatorsOfThousandsArePutIntoFiguresAlone) {
+  SetPersianDigits(false);
+  SetThousandsSeparators(true);
+  for (const auto& [text, shown] : {std::pair("1234567.5", "1,234,567.5"),
+                                    {"123", "123"},
+                                    {"1234", "1,234"},
+                                    {"12345-", "12,345-"},
+                                    {"-12345", "-12,345"},
+                                    {"0.12345", "0.12345"},
+                                    {"1,234.5", "1,234.5"},
+                                    {"", ""},
+                                    {"کارتن 1234", "کارتن 1234"}}) {
+    EXPECT_EQ(ShownCell(text, true), QString(shown));
+  }
+  EXPECT_EQ(ShownCell("12345678", false), "12345678");  // a code is no figure
+  SetThousandsSeparators(false);
+  EXPECT_EQ(ShownCell("1234567.5", true), "1234567.5");
+  SetPersianDigits(true);
 }
 
 TEST_F(Controls, WithoutPersianDigitsNumbersAreShownAsTheyAre) {
