@@ -3,6 +3,7 @@
 # ratios of the benchmarks follow from the figures beside them.
 #   - a path that begins with a folder of the project's root exists, also inside of a block of commands;
 #   - a source file's name alone, or behind the last folders of its path, is that of a file;
+#   - no page holds the marks of a merge that was left half done;
 #   - "./NAME" is a command of the root, bin/NAME and the names of programs are targets, presets are presets.
 set -euo pipefail
 cd "$1"
@@ -21,6 +22,7 @@ is_target() {
 }
 
 for page in "${pages[@]}"; do
+  ! grep -qE '^(<{7}|>{7}) ' "$page" || wrong "$page" "marks of a merge"
   # Words of code: those in backticks, and those of blocks (fenced, or four blanks in).
   words=$( { grep -oP '`\K[^`]+(?=`)' "$page" || true; awk '/^```/ { inside = !inside; next } inside || /^    /' "$page"; } |
     tr ' \t"(),;:' '\n' | sort -u)
