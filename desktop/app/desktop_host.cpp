@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "desktop/charts/chart_command.h"
 #include "goods_reports.h"
 
 namespace goods {
@@ -44,7 +45,9 @@ DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSetti
       lookups_(company, [this] { return windows_.DialogParent(); }),
       documents_(company, messages_, *rights_, OpenersOf(module),
                  [this] { return windows_.DialogParent(); }) {
-  windows_.SetGridCommands(printing_.GridCommands(messages_));
+  std::vector<GridCommand> commands{ChartCommand(printing_, windows_, messages_)};
+  for (GridCommand& each : printing_.GridCommands(messages_)) commands.push_back(std::move(each));
+  windows_.SetGridCommands(std::move(commands));
   windows_.SetPlace(std::move(own.windows));
   windows_.SetPlaceStore(std::move(own.places));
   messages_.SetTeller(std::move(own.messages));

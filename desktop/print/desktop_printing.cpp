@@ -49,7 +49,6 @@ PrintJob DesktopPrinting::JobOf(TSmartDBGrid_QRT& grid) const {
   return job;
 }
 
-// Who may not print a list may not carry it away as a file either.
 bool DesktopPrinting::MayTakeAway(TSmartDBGrid_QRT& grid) {
   auto* window = dynamic_cast<TBaseDock_FRM*>(grid.Form());
   if (window == nullptr || window->PrintOption.SoftwarePart == 0) return true;

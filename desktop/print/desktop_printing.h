@@ -29,9 +29,14 @@ class DesktopPrinting : public IPrinting {
   // messages hears of files that cannot be written. Both must outlive the commands.
   std::vector<GridCommand> GridCommands(IMessages& messages);
 
- private:
+  // Title and lines of a grid as its window prints them; without the table.
   PrintJob JobOf(TSmartDBGrid_QRT& grid) const;
+  // Asks for the right to print; who may not print a list may not carry it away as a file or picture either.
   static bool MayTakeAway(TSmartDBGrid_QRT& grid);
+  // What nothing is written over.
+  const std::vector<std::string>& Protected() const { return forbidden_; }
+
+ private:
   void Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat format, const char* caption,
               IMessages& messages);
 

@@ -19,6 +19,7 @@
 #include "desktop/app/settings_dialog.h"
 #include "desktop/app/sign_in.h"
 #include "desktop/app/users_dialog.h"
+#include "desktop/tools/picture_scenes_charts.h"
 #include "desktop/tools/picture_scenes_reports.h"
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
@@ -265,26 +266,33 @@ void PictureTurnover(const Pictures& pictures, DesktopHost& host) {
 }
 
 void MakePictures(const std::string& file, const std::string& moduleFile, const QString& folder,
-                  const QString& settingsFolder) {
+                  const QString& settingsFolder, bool chartsOnly) {
   QDir().mkpath(folder);
   DesktopSettings settings(settingsFolder);
   ApplyLook(settings.Options());
   const auto company = OpenCompany(file);
   ModuleLibrary module(ModuleLibrary::Find(moduleFile, FromQt(QApplication::applicationDirPath())));
   const Pictures pictures{*company, settings, module, folder};
-  PictureDialogs(pictures);
+  if (!chartsOnly) PictureDialogs(pictures);
   for (const char* login : {"guest", "admin"}) {
     const auto user = company->SignIn(login, login);
     if (!user) throw std::runtime_error("this is no demo company");
     DesktopHost host(*company, *user, settings, module, nullptr);
     module.Attach(host);
+    const ReportScenes scenes{module, host,
+                              [&](QWidget& window, const char* name) { pictures.Save(window, name); }};
     if (login == std::string_view("admin")) {
+      PictureCharts(scenes, company->ListBusyGoods(1).at(0).code);
+      if (chartsOnly) {
+        module.Detach();
+        return;
+      }
       PictureMain(pictures, host);
       PictureStockCards(pictures, host, company->ListBusyGoods(1).at(0));
       PictureRowSearch(pictures);
       if (module.Has("Open_GoodAmountAsset")) PictureTurnover(pictures, host);
-      PictureReports({module, host, [&](QWidget& window, const char* name) { pictures.Save(window, name); }});
-    } else {
+      PictureReports(scenes);
+    } else if (!chartsOnly) {
       MainWindow window(host, module, settings, ToQt(company->Title()), "");
       window.resize(1200, 760);
       window.show();
@@ -307,14 +315,16 @@ int main(int argc, char** argv) {
   std::string folder;
   const QTemporaryDir fresh;  // kept layouts of an earlier run would show
   std::string settings = goods::FromQt(fresh.path());
+  bool chartsOnly = false;
   CLI::App commandLine("Writes pictures of the desktop's windows.");
   commandLine.add_option("--company", company, "A demo company")->required();
   commandLine.add_option("--module", module, "The report library, instead of the one beside the program");
   commandLine.add_option("--out", folder, "Where the pictures go")->required();
+  commandLine.add_flag("--charts", chartsOnly, "Pictures of the charts alone");
   commandLine.add_option("--settings", settings, "Folder of the settings");
   CLI11_PARSE(commandLine, argc, argv);
   try {
-    goods::MakePictures(company, module, goods::ToQt(folder), goods::ToQt(settings));
+    goods::MakePictures(company, module, goods::ToQt(folder), goods::ToQt(settings), chartsOnly);
     return 0;
   } catch (const std::exception& error) {
     std::cerr << error.what() << "\n";

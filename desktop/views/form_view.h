@@ -21,6 +21,12 @@ class TSmartDBGrid_QRT;
 struct GridCommand {
   std::string caption;
   std::function<void(TSmartDBGrid_QRT& grid, QWidget* window)> run;
+  // A key of Qt's that does the same in the whole window, unless that has a use of its own for it; 0 none.
+  int key = 0;
+  // Which grids have it; all where it is empty.
+  std::function<bool(const TSmartDBGrid_QRT& grid)> offered = {};
+
+  bool OfferedOn(const TSmartDBGrid_QRT& grid) const { return !offered || offered(grid); }
 };
 
 // Built from the form's controls by walking them; the form must outlive it. Keys reach the form first

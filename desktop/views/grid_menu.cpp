@@ -103,6 +103,7 @@ void GridMenu(GridWidget& table, FormView& form, const std::optional<GridCell>& 
   copy->setEnabled(anyRow);
   if (!form.GridCommands().empty()) menu.addSeparator();
   for (const GridCommand& command : form.GridCommands()) {
+    if (!command.OfferedOn(grid)) continue;
     menu.addAction(ToQt(command.caption), &form, [&] { form.Run([&] { command.run(grid, &form); }); })
         ->setEnabled(anyRow);
   }

@@ -68,6 +68,17 @@ bool GoToSearchBox(FormView& form) {
   return true;
 }
 
+bool RunCommandOf(FormView& form, int key) {
+  for (const GridCommand& command : form.GridCommands()) {
+    if (command.key == 0 || command.key != key) continue;
+    TSmartDBGrid_QRT* grid = GridMeant(form);
+    if (grid == nullptr || !command.OfferedOn(*grid)) return false;
+    form.Run([&] { command.run(*grid, &form); });
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool HasSearchKey(const TEdit& edit) {
@@ -81,7 +92,7 @@ bool TakeWindowKey(FormView& form, const QKeyEvent& event) {
   if (modifiers != Qt::NoModifier) return false;
   if (event.key() == Qt::Key_F3) return GoToSearchBox(form);
   if (event.key() == Qt::Key_F8) return LiftConditions(form);
-  return false;
+  return RunCommandOf(form, event.key());
 }
 
 }  // namespace goods

@@ -247,6 +247,11 @@ class Prices : public ::testing::Test {
       QApplication::clipboard()->clear();
       PressKey(window, Qt::Key_C, Qt::ControlModifier);
       Found(name + " (copied)", QApplication::clipboard()->text());
+      const auto* charts = window.findChild<QComboBox*>("Charts_CMB");
+      for (int chart = 1; charts != nullptr && chart < charts->count(); ++chart) {
+        PressKey(window, Qt::Key_Tab, Qt::ControlModifier);
+        LookAtWidgets(name, window);
+      }
       return;
     }
     LookAtGrids(name, *view);
@@ -265,6 +270,12 @@ class Prices : public ::testing::Test {
     press(Qt::Key_F2);
     press(Qt::Key_F9);
     press(Qt::Key_F10, Qt::ControlModifier);
+    Opens(
+        [&] {
+          PressKey(window, Qt::Key_F11);
+          Wait(60);
+        },
+        [&](QWidget& charts) { Visit(charts, depth + 1); });
     for (TControl* each : view->Form().Controls()) VisitPages(*each, name, *view);
   }
 
@@ -365,6 +376,7 @@ const std::set<std::string> kEveryWindow{"Kardex_FRM",
                                          "GoodDetailOperationDismatch_FRM",
                                          "GoodDetailOperationDismatchSearch_FRM",
                                          "Document_FRM",
+                                         "ChartWindow",
                                          "SelectEntity_FRM"};
 
 std::set<std::string> Missing(const std::set<std::string>& wanted, const std::set<std::string>& there) {
@@ -389,7 +401,7 @@ TEST_F(Prices, AUserWithPricesFindsThemWhereverTheyAre) {
                      "GoodsAsset_Store_FRM.GoodsAsset_Store_GRD", "GoodsAsset_Store_FRM (painted)",
                      "AllGoodDetailTransaction_FRM.AllGoodDetailTrans_List_GRD",
                      "OneGoodDetailTransaction_FRM.GoodDetailTransaction_GRD", "Document_FRM",
-                     "Document_FRM (painted)", "Document_FRM (copied)"},
+                     "Document_FRM (painted)", "Document_FRM (copied)", "ChartWindow (painted)"},
                     places),
             std::set<std::string>{})
       << Listed(amounts_);

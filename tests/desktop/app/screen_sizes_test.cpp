@@ -147,6 +147,9 @@ TEST_F(Screens, StockCards) {
           PressKey(window, Qt::Key_2, Qt::AltModifier);
           ExpectWhole(window);
           Preview(window);
+          WhileModal([](QWidget& charts) { ExpectWhole(charts); });
+          PressKey(window, Qt::Key_F11);
+          Wait(3 * kSettle);
           WhileModal([](QWidget& document) { ExpectWhole(document); });
           PressKey(window, Qt::Key_F2);
         });
