@@ -14,6 +14,7 @@
 
 #include "company/company.h"
 #include "company/files/input_file.h"
+#include "company/interchange/inline_texts.h"
 #include "host/core/text.h"
 #include "host/data/decimal.h"
 
@@ -271,10 +272,12 @@ bool Workbook::IsWorkbookName(const std::string& path) {
 }
 
 Workbook::Workbook(const std::string& path) {
-  const std::string bytes = ReadInputFile(path, kLargestFile);
+  const bool ods = EndsWith(path, ".ods");
+  std::string bytes = ReadInputFile(path, kLargestFile);
+  if (!ods) bytes = WithReadableTexts(std::move(bytes));
   Factory factory;
   try {
-    if (EndsWith(path, ".ods")) {
+    if (ods) {
       orcus::orcus_ods(&factory).read_stream(bytes);
     } else {
       orcus::orcus_xlsx(&factory).read_stream(bytes);

@@ -3,6 +3,7 @@
 #include <zlib.h>
 
 #include "company/interchange/csv_reader.h"
+#include "company/interchange/inline_texts.h"
 #include "company/interchange/workbook.h"
 #include "host/core/text.h"
 #include "interchange_fixture.h"
@@ -239,9 +240,13 @@ TEST_F(RealFiles, TheSameOrderTwiceIsRefused) {
 
 // --- spreadsheets ---
 
+// streamed: texts stand in their cells, else in a list of their own.
 void WriteXlsx(const std::string& path,
-               const std::map<std::string, std::vector<std::vector<std::string>>>& sheets) {
-  lxw_workbook* book = workbook_new(path.c_str());
+               const std::map<std::string, std::vector<std::vector<std::string>>>& sheets,
+               bool streamed = false) {
+  lxw_workbook_options options{};
+  options.constant_memory = streamed ? LXW_TRUE : LXW_FALSE;
+  lxw_workbook* book = workbook_new_opt(path.c_str(), &options);
   for (const auto& [name, rows] : sheets) {
     lxw_worksheet* sheet = workbook_add_worksheet(book, name.c_str());
     for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -264,20 +269,29 @@ void WriteXlsx(const std::string& path,
 }
 
 TEST_F(RealFiles, AWorkbookWithASheetForEachFileIsRead) {
-  const TestFile book("book.xlsx");
-  WriteXlsx(
-      book.Path(),
-      {{"goods", {{"کد", "نام", "گروه", "واحد"}, {"#1", "یک", "الف", "عدد"}, {"#2", "دو", "الف", "عدد"}}},
-       {"گردش",
-        {{"تاریخ", "کالا", "انبار", "نوع", "مقدار", "قیمت"},
-         {"1403/01/01", "#1", "#1", "خرید", "#12.1", "#0.3"},
-         {},
-         {"#45496", "#2", "#1", "خرید", "=7", "#1250000"}}}});
-  ImportOptions options;
-  options.firstPassword = "a password";
-  ImportCompany(company_.Path(), book.Path(), options);
-  EXPECT_EQ(Ask("SELECT Date, Kala, dec_text(Tedad), dec_text(Fi) FROM Kardex ORDER BY 2"),
-            (Rows{"1403/01/01|1|12.1|0.3|", "1403/05/02|2|7|1250000|"}));
+  for (const bool streamed : {false, true}) {
+    const TestFile book("book.xlsx");
+    WriteXlsx(book.Path(),
+              {{"goods",
+                {{"کد", "نام", "گروه", "واحد"},
+                 {"#1", "<یک> & \"inlineStr\"", "الف", "عدد"},
+                 {"#2", " دو ", "الف", "عدد"}}},
+               {"گردش",
+                {{"تاریخ", "کالا", "انبار", "نوع", "مقدار", "قیمت"},
+                 {"1403/01/01", "#1", "#1", "خرید", "#12.1", "#0.3"},
+                 {},
+                 {"#45496", "#2", "#1", "خرید", "=7", "#1250000"}}}},
+              streamed);
+    ImportOptions options;
+    options.firstPassword = "a password";
+    options.replace = true;
+    ImportCompany(company_.Path(), book.Path(), options);
+    EXPECT_EQ(Ask("SELECT Date, Kala, dec_text(Tedad), dec_text(Fi) FROM Kardex ORDER BY 2"),
+              (Rows{"1403/01/01|1|12.1|0.3|", "1403/05/02|2|7|1250000|"}))
+        << streamed;
+    EXPECT_EQ(Ask("SELECT Name FROM GoodInf ORDER BY Code"), (Rows{"<یک> & \"inlineStr\"|", "دو|"}))
+        << streamed;
+  }
 }
 
 TEST_F(RealFiles, AFolderMayHoldAWorkbookInPlaceOfAFile) {
@@ -333,6 +347,27 @@ std::string Zip(const std::vector<std::pair<std::string, std::string>>& members)
   PutNumber(bytes, begin, 4);
   PutNumber(bytes, 0, 2);
   return bytes;
+}
+
+// Pieces of one text with their own letters, an empty one, how it is spoken, and a cell of another kind.
+TEST_F(RealFiles, TextsInTheirCellsAreReadWhole) {
+  const std::string head = "<worksheet><sheetData><row r=\"1\">";
+  const std::string cells =
+      "<c r=\"A1\" t=\"inlineStr\"><is><r><rPr/><t>یک</t></r><r><t xml:space=\"preserve\"> و دو</t></r>"
+      "<rPh sb=\"0\" eb=\"1\"><t>spoken</t></rPh></is></c><c r=\"B1\" t='inlineStr'><is><t/></is></c>"
+      "<c r=\"C1\" t=\"n\"><v>3</v></c><c r=\"D1\" s=\"1\" t=\"inlineStr\"/>";
+  const std::string archive = Zip(
+      {{"xl/worksheets/sheet1.xml", head + cells + "</row></sheetData></worksheet>"}, {"other.xml", cells}});
+  EXPECT_EQ(WithReadableTexts(archive),
+            Zip({{"xl/worksheets/sheet1.xml",
+                  head + "<c r=\"A1\" t=\"str\"><f>0</f><v>یک و دو</v></c><c r=\"B1\" "
+                         "t='str'><f>0</f><v></v></c><c r=\"C1\" t=\"n\"><v>3</v></c><c r=\"D1\" s=\"1\" "
+                         "t=\"inlineStr\"/></row></sheetData></worksheet>"},
+                 {"other.xml", cells}}));
+  // What is no archive, or none of a workbook, stays as it is, wherever it ends.
+  for (std::size_t length = 0; length < archive.size(); length += 7) {
+    EXPECT_EQ(WithReadableTexts(archive.substr(0, length)), archive.substr(0, length));
+  }
 }
 
 TEST_F(RealFiles, AnOdsWorkbookIsRead) {
