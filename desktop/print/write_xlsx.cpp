@@ -119,13 +119,16 @@ class XlsxWriter {
 
   void BeginSheet() {
     const std::string name = SheetName(ValidText(job_.title), sheets_.size());
-    sheets_.push_back({name, {}});
+    const std::size_t headLines = groups_ ? 2 : 1;
+    sheets_.push_back(
+        {name, "$" + std::to_string(firstLine_ - headLines + 1) + ":$" + std::to_string(firstLine_), {}});
     zip_.Begin(SheetPartName(sheets_.size() - 1));
     line_ = 0;
     merged_.clear();
     xml_ = kXmlHead;
-    xml_ += "<worksheet xmlns=\"" + std::string(kSheetSpace) + "\"><sheetViews>" + ViewXml() +
-            "</sheetViews>" + "<sheetFormatPr defaultRowHeight=\"15\"/>";
+    xml_ += "<worksheet xmlns=\"" + std::string(kSheetSpace) +
+            "\"><sheetPr><pageSetUpPr fitToPage=\"1\"/></sheetPr><sheetViews>" + ViewXml() + "</sheetViews>" +
+            "<sheetFormatPr defaultRowHeight=\"15\"/>";
     if (!titles_.empty()) xml_ += "<cols>" + ColumnsXml() + "</cols>";
     xml_ += "<sheetData>";
     WriteLine(job_.title, styles_.Title());
@@ -157,10 +160,10 @@ class XlsxWriter {
     return xml;
   }
 
-  void BeginRow() {
+  void BeginRow(bool tall = false) {
     xml_ += "<row r=\"";
     AppendDigits(xml_, line_ + 1);
-    xml_ += "\">";
+    xml_ += tall ? "\" ht=\"32\" customHeight=\"1\">" : "\">";
   }
   void EndRow() {
     xml_ += "</row>";
@@ -184,11 +187,23 @@ class XlsxWriter {
       MergeGroups();
       EndRow();
     }
-    BeginRow();
+    BeginRow(HasLongTitle());
     for (std::size_t c = 0; c < titles_.size(); ++c) {
       WriteText(c, groups_ && titles_[c].group.empty() ? "" : titles_[c].title, style);
     }
     EndRow();
+  }
+
+  // One that takes two lines in its column, by a rough width of bold letters.
+  bool HasLongTitle() const {
+    for (std::size_t c = 0; c < titles_.size(); ++c) {
+      const bool overTwo = groups_ && titles_[c].group.empty();
+      if (!overTwo && static_cast<double>(CharCount(titles_[c].title)) * kPixelsPerCharacter >
+                          table_.Columns()[c].width) {
+        return true;
+      }
+    }
+    return false;
   }
 
   // Columns of one group share its title; one without a group has its title over both lines.
@@ -289,7 +304,8 @@ class XlsxWriter {
       for (const std::string& range : merged_) xml_ += "<mergeCell ref=\"" + range + "\"/>";
       xml_ += "</mergeCells>";
     }
-    xml_ += "</worksheet>";
+    // On paper as wide as a page, and as long as it takes.
+    xml_ += "<pageSetup paperSize=\"9\" orientation=\"landscape\" fitToHeight=\"0\"/></worksheet>";
     zip_.Write(std::exchange(xml_, {}));
     zip_.End();
   }

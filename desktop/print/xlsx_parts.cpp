@@ -59,11 +59,15 @@ std::string WorkbookXml(const std::vector<XlsxSheet>& sheets) {
     list += "<sheet name=\"";
     AppendXml(list, sheets[i].name);
     list += "\" sheetId=\"" + number + "\" r:id=\"rId" + number + "\"/>";
-    if (sheets[i].filtered.empty()) continue;
-    names += R"(<definedName name="_xlnm._FilterDatabase" localSheetId=")" + std::to_string(i) +
-             R"(" hidden="1">)";
-    AppendXml(names, "'" + ReplaceAll(sheets[i].name, "'", "''") + "'!" + sheets[i].filtered);
-    names += "</definedName>";
+    const auto define = [&](const char* name, const std::string& cells, const char* hidden) {
+      if (cells.empty()) return;
+      names += std::string("<definedName name=\"_xlnm.") + name + "\" localSheetId=\"" + std::to_string(i) +
+               "\"" + hidden + ">";
+      AppendXml(names, "'" + ReplaceAll(sheets[i].name, "'", "''") + "'!" + cells);
+      names += "</definedName>";
+    };
+    define("_FilterDatabase", sheets[i].filtered, " hidden=\"1\"");
+    define("Print_Titles", sheets[i].pageHead, "");
   }
   return std::string(kXmlHead) + "<workbook xmlns=\"" + std::string(kSheetSpace) + "\" xmlns:r=\"" +
          std::string(kOfficeSpace) + "\"><bookViews><workbookView/></bookViews><sheets>" + list +

@@ -15,6 +15,8 @@ inline constexpr std::string_view kSheetSpace = "http://schemas.openxmlformats.o
 // A sheet as the workbook's list names it.
 struct XlsxSheet {
   std::string name;
+  // The lines that each printed page begins with, such as "$5:$6".
+  std::string pageHead;
   // The cells that its filter stands over, such as "$A$6:$F$9"; empty: there is no filter.
   std::string filtered;
 };
