@@ -87,8 +87,10 @@ struct Job {
 
 constexpr const char* kTooLong = "پاسخ سرور در زمان تعیین شده نرسید.";
 constexpr const char* kNoEncryption = "رمزگذاری خواسته شده است؛ شاید این سرور آن را ندارد.";
+// Of a database that deploy made: the procedures of another may hold what a snapshot does not allow.
 constexpr const char* kSnapshotState =
-    "SELECT CAST(snapshot_isolation_state AS int) FROM sys.databases WHERE database_id = DB_ID()";
+    "SELECT CAST(snapshot_isolation_state AS int) FROM sys.databases WHERE database_id = DB_ID() AND "
+    "OBJECT_ID(N'dbo.SessionPrices') IS NOT NULL";
 constexpr const char* kForgetPrices =
     "IF OBJECT_ID(N'dbo.SessionPrices') IS NOT NULL DELETE FROM dbo.SessionPrices WHERE Session = @@SPID";
 
