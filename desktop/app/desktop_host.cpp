@@ -43,8 +43,8 @@ DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSetti
       ownRights_(own.rights ? own.rights(companyRights_) : nullptr),
       rights_(ownRights_ == nullptr ? &companyRights_ : ownRights_.get()),
       lookups_(company, [this] { return windows_.DialogParent(); }),
-      documents_(company, messages_, *rights_, OpenersOf(module),
-                 [this] { return windows_.DialogParent(); }) {
+      documents_(company, messages_, *rights_, OpenersOf(module), [this] { return windows_.DialogParent(); }),
+      views_(windows_, messages_, settings, company.Title(), user.code) {
   std::vector<GridCommand> commands{ChartCommand(printing_, windows_, messages_)};
   for (GridCommand& each : printing_.GridCommands(messages_)) commands.push_back(std::move(each));
   windows_.SetGridCommands(std::move(commands));

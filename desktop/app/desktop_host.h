@@ -6,6 +6,7 @@
 
 #include "company/company.h"
 #include "desktop/app/desktop_lookups.h"
+#include "desktop/app/report_views.h"
 #include "desktop/app/services/company_rights.h"
 #include "desktop/app/services/desktop_settings.h"
 #include "desktop/app/services/logging_connection.h"
@@ -49,6 +50,8 @@ class DesktopHost : public THost {
   DesktopDocuments& Documents() override { return documents_; }
   DesktopLookups& Lookups() override { return lookups_; }
   DesktopWindows& Windows() override { return windows_; }
+  // The user's saved views of this company's reports.
+  ReportViews& Views() { return views_; }
 
  private:
   DesktopSettings& settings_;
@@ -63,6 +66,7 @@ class DesktopHost : public THost {
   IRights* rights_;
   DesktopLookups lookups_;
   DesktopDocuments documents_;
+  ReportViews views_;
 };
 
 }  // namespace goods

@@ -12,6 +12,7 @@
 #include "desktop/app/help_book.h"
 #include "desktop/app/help_viewer.h"
 #include "desktop/app/help_windows.h"
+#include "desktop/app/report_views.h"
 #include "desktop/app/services/company_rights.h"
 #include "desktop/app/settings_dialog.h"
 #include "desktop/views/shown_text.h"
@@ -37,8 +38,14 @@ void ApplyLook(const DesktopOptions& options) {
 }
 
 MainWindow::MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& settings,
-                       const QString& companyTitle, const QString& companyPath, AccountActions account)
-    : host_(host), module_(module), settings_(settings), account_(std::move(account)), page_(nullptr) {
+                       const QString& companyTitle, const QString& companyPath, AccountActions account,
+                       ReportViews* views)
+    : host_(host),
+      module_(module),
+      settings_(settings),
+      account_(std::move(account)),
+      views_(views),
+      page_(nullptr) {
   setObjectName("Main_FRM");
   setWindowTitle(QString(kProgramTitle) + " — " + companyTitle);
   setLayoutDirection(Qt::RightToLeft);
@@ -52,10 +59,36 @@ MainWindow::MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& sett
   MakeMenus(reports);
   MakeStatusBar(companyTitle, companyPath);
   restoreGeometry(settings_.WindowState(kStateName));
+  if (views_ != nullptr) views_->OnChanged = [this] { ShowViews(); };
+  ShowViews();
   page_->FocusFirst();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+  if (views_ != nullptr) views_->OnChanged = nullptr;
+}
+
+void MainWindow::ShowViews() {
+  if (views_ == nullptr) return;
+  offeredViews_.clear();
+  for (const OfferedReport& report : OfferedReports()) {
+    for (const SavedView* view : views_->Store().ViewsOf(report.entry->name)) {
+      if (view->onStartPage)
+        offeredViews_.push_back({view->report, view->name, ToQt(report.entry->title), report.reason});
+    }
+  }
+  page_->SetViews(offeredViews_, [this](std::size_t view) { OpenView(view); });
+}
+
+void MainWindow::OpenView(std::size_t view) {
+  if (view >= offeredViews_.size()) return;
+  const OfferedView offered = offeredViews_[view];
+  const ReportDescription* report = FindReport(offered.report);
+  if (report == nullptr) return;
+  RunUserAction(host_, [&] { views_->Open(report->name, offered.name, [&] { module_.Open(*report); }); });
+}
+
+void MainWindow::ManageViews() { views_->Manage(this); }
 
 std::vector<OfferedReport> MainWindow::OfferedReports() const {
   std::vector<OfferedReport> offered;
@@ -105,6 +138,12 @@ void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
     connect(action, &QAction::triggered, this, [this, entry = report.entry] { OpenReport(*entry); });
   }
 
+  if (views_ != nullptr) {
+    list.addSeparator();
+    AddAction(list, "Views_ACT", "&نماهای ذخیره‌شده…", QKeySequence("Ctrl+M"),
+              &MainWindow::ManageViews);
+  }
+
   QMenu& help = *menuBar()->addMenu("&راهنما");
   AddAction(help, "Help_ACT", "&راهنمای گزارش‌ها", Qt::Key_F1, &MainWindow::ShowHelp);
   AddAction(help, "Keys_ACT", "&کلیدها", QKeySequence("Ctrl+F1"), &MainWindow::ShowKeys);
@@ -130,7 +169,10 @@ void MainWindow::MakeStatusBar(const QString& companyTitle, const QString& compa
 }
 
 void MainWindow::OpenReport(const ReportDescription& report) {
-  RunUserAction(host_, [&] { module_.Open(report); });
+  RunUserAction(host_, [&] {
+    if (views_ == nullptr) return module_.Open(report);
+    views_->Open(report.name, "", [&] { module_.Open(report); });
+  });
 }
 
 void MainWindow::ShowSettings() {

@@ -18,6 +18,8 @@ namespace goods {
 // What the user wants after the window is closed.
 enum class MainOutcome { Quit, SignOut, SwitchCompany };
 
+class ReportViews;
+
 // What a user may do about users; an entry of the menu for each that is there.
 struct AccountActions {
   std::function<void(QWidget* parent)> manageUsers = {};
@@ -28,13 +30,15 @@ class MainWindow : public QMainWindow {
  public:
   // All must outlive the window; the module has the host attached.
   MainWindow(THost& host, ModuleLibrary& module, DesktopSettings& settings, const QString& companyTitle,
-             const QString& companyPath, AccountActions account = {});
+             const QString& companyPath, AccountActions account = {}, ReportViews* views = nullptr);
   ~MainWindow() override;
 
   // Shows the window and returns when it is closed.
   MainOutcome Run();
 
   void OpenReport(const ReportDescription& report);
+  // A saved view by its place on the start page.
+  void OpenView(std::size_t view);
   void ShowSettings();
 
  protected:
@@ -42,6 +46,8 @@ class MainWindow : public QMainWindow {
 
  private:
   std::vector<OfferedReport> OfferedReports() const;
+  void ShowViews();
+  void ManageViews();
   void MakeMenus(const std::vector<OfferedReport>& reports);
   QAction* AddAction(QMenu& menu, const char* name, const QString& text, const QKeySequence& shortcut,
                      void (MainWindow::*slot)());
@@ -60,6 +66,8 @@ class MainWindow : public QMainWindow {
   ModuleLibrary& module_;
   DesktopSettings& settings_;
   AccountActions account_;
+  ReportViews* views_;  // null where none are kept
+  std::vector<OfferedView> offeredViews_;
   HelpKey helpKey_;
   StartPage* page_;
   QEventLoop loop_;

@@ -129,7 +129,7 @@ MainOutcome DesktopProgram::Work(const UserRecord& user) {
   DesktopSession session(*company_.company, user, settings_, *module_, log_.get());
   session.Host().Printing().Protect(FromQt(company_.path));
   MainWindow window(session.Host(), *module_, settings_, ToQt(company_.company->Title()), company_.path,
-                    AccountActionsFor(*company_.company, user));
+                    AccountActionsFor(*company_.company, user), &session.Host().Views());
   return window.Run();
 }
 

@@ -6,9 +6,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/app/app_look.h"
-#include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
-#include "goods_reports.h"
 
 namespace goods {
 namespace {
@@ -19,25 +17,25 @@ constexpr int kHeight = 96;
 
 }  // namespace
 
-ReportCard::ReportCard(const ReportDescription& report, const QString& reason, QWidget* parent)
-    : QPushButton(parent), width_(kBestWidth) {
+ReportCard::ReportCard(const CardTexts& texts, QWidget* parent) : QPushButton(parent), width_(kBestWidth) {
+  const QString& reason = texts.reason;
   const bool allowed = reason.isEmpty();
-  setObjectName(report.exportName);
-  setAccessibleName(ToQt(report.title));
-  setAccessibleDescription(allowed ? ToQt(report.about) : reason);
+  setObjectName(texts.name);
+  setAccessibleName(texts.title);
+  setAccessibleDescription(allowed ? texts.about : reason);
   setEnabled(allowed);
   setCursor(allowed ? Qt::PointingHandCursor : Qt::ArrowCursor);
   if (!allowed) setToolTip(reason);
 
-  auto* title = new QLabel(ToQt(report.title), this);
+  auto* title = new QLabel(texts.title, this);
   QFont font = title->font();
   font.setPointSizeF(font.pointSizeF() * 1.15);
   font.setWeight(QFont::DemiBold);
   title->setFont(font);
-  auto* shortcut = new QLabel(QString("Ctrl+%1").arg(report.digit), this);
+  auto* shortcut = new QLabel(texts.key, this);
   shortcut->setForegroundRole(QPalette::PlaceholderText);
   shortcut->setVisible(allowed);
-  auto* about = MutedLabel(ToQt(report.about), this);
+  auto* about = MutedLabel(texts.about, this);
 
   auto* head = new QHBoxLayout;
   head->addWidget(title);

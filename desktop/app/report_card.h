@@ -2,16 +2,23 @@
 #pragma once
 
 #include <QPushButton>
+#include <QString>
 
 namespace goods {
 
-struct ReportDescription;
+// What a card says. With a reason it is disabled and tells why.
+struct CardTexts {
+  QString name;  // of the button
+  QString title;
+  QString about;
+  QString key;  // that opens it, empty for none
+  QString reason;
+};
 
-// A button with a title, a line about the report and its shortcut. With a reason it is disabled and tells
-// why.
+// A button with a title, a line about what it opens and its shortcut.
 class ReportCard : public QPushButton {
  public:
-  ReportCard(const ReportDescription& report, const QString& reason, QWidget* parent);
+  ReportCard(const CardTexts& texts, QWidget* parent);
 
   // The least width that the texts can do with, and the width that looks best; pixels.
   static int LeastWidth();

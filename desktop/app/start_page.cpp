@@ -47,37 +47,81 @@ QHBoxLayout* Head(const QString& title, const QString& subtitle, QWidget* parent
 
 StartPage::StartPage(const QString& title, const QString& subtitle, const std::vector<OfferedReport>& reports,
                      std::function<void(const ReportDescription&)> open, QWidget* parent)
-    : QScrollArea(parent) {
+    : QScrollArea(parent), title_(title), subtitle_(subtitle), reports_(reports), open_(std::move(open)) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
+  Build();
+}
+
+void StartPage::SetViews(const std::vector<OfferedView>& views, std::function<void(std::size_t view)> open) {
+  const auto had =
+      std::find_if(cards_.begin(), cards_.end(), [](const auto* card) { return card->hasFocus(); });
+  const QString focused = had == cards_.end() ? QString() : (*had)->objectName();
+  views_ = views;
+  openView_ = std::move(open);
+  Build();
+  const auto again = std::find_if(cards_.begin(), cards_.end(),
+                                  [&](const auto* card) { return card->objectName() == focused; });
+  if (again != cards_.end()) {
+    (*again)->setFocus();
+  } else if (!focused.isEmpty()) {
+    FocusFirst();
+  }
+}
+
+void StartPage::AddGroup(const QString& title) {
+  layout_->addSpacing(8);
+  layout_->addWidget(GroupLabel(title, widget()));
+  groups_.push_back({new QGridLayout, {}});
+  groups_.back().grid->setSpacing(kCardGap);
+  groups_.back().grid->setColumnStretch(kMostInLine, 1);
+  layout_->addLayout(groups_.back().grid);
+}
+
+void StartPage::AddCard(const CardTexts& texts, std::function<void()> open) {
+  auto* card = new ReportCard(texts, widget());
+  groups_.back().cards.push_back(card);
+  if (!texts.reason.isEmpty()) return;
+  cards_.push_back(card);
+  card->installEventFilter(this);
+  connect(card, &QPushButton::clicked, this, std::move(open));
+}
+
+void StartPage::Build() {
+  groups_.clear();
+  cards_.clear();
+  cardsInLine_ = 0;
+  // What a card opens may build this page anew while the card still waits for it.
+  if (QWidget* before = takeWidget()) {
+    before->hide();
+    before->deleteLater();
+  }
   auto* page = new QWidget;
   setWidget(page);
   page->setObjectName("Start_PNL");
-  auto* layout = new QVBoxLayout(page);
-  layout->setContentsMargins(kSideMargin, 32, kSideMargin, 32);
-  layout->setSpacing(12);
-  layout->addLayout(Head(title, subtitle, page));
-  layout->addSpacing(8);
+  layout_ = new QVBoxLayout(page);
+  layout_->setContentsMargins(kSideMargin, 32, kSideMargin, 32);
+  layout_->setSpacing(12);
+  layout_->addLayout(Head(title_, subtitle_, page));
+  layout_->addSpacing(8);
 
-  std::string_view group;
-  for (const OfferedReport& report : reports) {
-    if (groups_.empty() || group != report.entry->group) {
-      group = report.entry->group;
-      layout->addSpacing(8);
-      layout->addWidget(GroupLabel(ToQt(group), page));
-      groups_.push_back({new QGridLayout, {}});
-      groups_.back().grid->setSpacing(kCardGap);
-      groups_.back().grid->setColumnStretch(kMostInLine, 1);
-      layout->addLayout(groups_.back().grid);
-    }
-    auto* card = new ReportCard(*report.entry, report.reason, page);
-    groups_.back().cards.push_back(card);
-    if (!report.reason.isEmpty()) continue;
-    cards_.push_back(card);
-    card->installEventFilter(this);
-    connect(card, &QPushButton::clicked, this, [open, entry = report.entry] { open(*entry); });
+  if (!views_.empty()) AddGroup("نماهای من");
+  for (std::size_t i = 0; i < views_.size(); ++i) {
+    const OfferedView& view = views_[i];
+    AddCard({"View_" + QString::number(i), ShownText(view.name), view.about, {}, view.reason},
+            [this, i] { openView_(i); });
   }
-  layout->addStretch(1);
+  std::string_view group;
+  for (const OfferedReport& report : reports_) {
+    if (group.empty() || group != report.entry->group) {
+      group = report.entry->group;
+      AddGroup(ToQt(group));
+    }
+    AddCard({report.entry->exportName, ToQt(report.entry->title), ToQt(report.entry->about),
+             QString("Ctrl+%1").arg(report.entry->digit), report.reason},
+            [this, entry = report.entry] { open_(*entry); });
+  }
+  layout_->addStretch(1);
   PlaceCards();
 }
 

@@ -3,12 +3,15 @@
 
 #include <QScrollArea>
 #include <functional>
+#include <string>
 #include <vector>
 
 class QGridLayout;
+class QVBoxLayout;
 
 namespace goods {
 
+struct CardTexts;
 struct ReportDescription;
 class ReportCard;
 
@@ -18,6 +21,14 @@ struct OfferedReport {
   QString reason;
 };
 
+// A saved view that its user wants here.
+struct OfferedView {
+  std::string report;
+  std::string name;
+  QString about;   // which report it is of
+  QString reason;  // why the user may not open it; empty when the user may
+};
+
 // The arrow keys move between the cards, Enter and Space open.
 // As many cards stand beside each other as the width has room for, three at most.
 class StartPage : public QScrollArea {
@@ -25,6 +36,8 @@ class StartPage : public QScrollArea {
   StartPage(const QString& title, const QString& subtitle, const std::vector<OfferedReport>& reports,
             std::function<void(const ReportDescription&)> open, QWidget* parent);
 
+  // The views stand above the reports; open is given the place of one in the list.
+  void SetViews(const std::vector<OfferedView>& views, std::function<void(std::size_t view)> open);
   void FocusFirst();
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -38,8 +51,18 @@ class StartPage : public QScrollArea {
     std::vector<ReportCard*> cards;
   };
   int StepOf(int key) const;
+  void Build();
+  void AddGroup(const QString& title);
+  void AddCard(const CardTexts& texts, std::function<void()> open);
   void PlaceCards();
 
+  QString title_;
+  QString subtitle_;
+  std::vector<OfferedReport> reports_;
+  std::function<void(const ReportDescription&)> open_;
+  std::vector<OfferedView> views_;
+  std::function<void(std::size_t view)> openView_;
+  QVBoxLayout* layout_ = nullptr;
   std::vector<Group> groups_;
   std::vector<ReportCard*> cards_;  // those that can be opened, in order
   int cardsInLine_ = 0;

@@ -2,9 +2,12 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <ostream>
 #include <sstream>
+#include <utility>
 
 #include "company/files/input_file.h"
+#include "desktop/requests/saved_view.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -151,11 +154,19 @@ void AddRequest(CLI::App& app, CommandLine& line) {
   app.add_option("--report", line.request.name, "Which report; goods-report list names them")
       ->type_name("NAME")
       ->capture_default_str();
+  app.add_option(
+         "--view", line.request.viewFile,
+         "A view that was saved in a file: its report, criteria, columns, order and filter, as far as "
+         "nothing else is asked for here")
+      ->type_name("FILE");
   AddOutputs(app, line);
   AddCriteria(app, line);
   AddTable(app, line);
   AddLimits(app, line);
 }
+
+// A saved view is an object of JSON; a table of TOML never begins with a brace.
+bool IsView(const std::string& contents) { return Trim(contents).starts_with('{'); }
 
 std::string KeyOf(const CLI::ConfigItem& item) { return "--" + item.name; }
 
@@ -195,8 +206,9 @@ void DeclareOptions(CLI::App& app, CommandLine& line) {
   auto* describe = app.add_subcommand("describe", "Tell a report's criteria and columns");
   describe->add_option("report", line.described, "The report")->required();
   describe->callback([&line] { line.command = ReportCommand::Describe; });
-  auto* run = app.add_subcommand("run", "Write the reports of a jobs file, one after the other");
-  run->add_option("jobs", line.jobs, "The jobs file")->required();
+  auto* run =
+      app.add_subcommand("run", "Write the reports of a jobs file, one after the other, or a saved view");
+  run->add_option("jobs", line.jobs, "The jobs file, or the file of a saved view")->required();
   run->callback([&line] { line.command = ReportCommand::Run; });
 }
 
@@ -211,10 +223,31 @@ ParseResult ParseCommandLine(int argc, char** argv, CommandLine& line) {
   return {true, kExitWritten};
 }
 
-JobsFile ReadJobs(const std::string& path) {
-  std::vector<CLI::ConfigItem> items;
+void TakeViewFile(ReportRequest& request, std::ostream& messages) {
+  if (request.viewFile.empty()) return;
+  const std::string path = std::exchange(request.viewFile, {});
+  std::vector<std::string> ignored;
   try {
-    std::istringstream text(ReadInputFile(path, kLongestJobsFile));
+    PutUnder(request, ReadViewFile(path, ignored));
+  } catch (const ViewError& error) {
+    throw UsageError(path + ": " + error.what());
+  }
+  for (const std::string& each : ignored)
+    messages << path << ": شناخته نشد و به کار نمی‌رود: " << each << std::endl;
+}
+
+JobsFile ReadJobs(const std::string& path, const ReportRequest& given) {
+  std::vector<CLI::ConfigItem> items;
+  const std::string contents = ReadInputFile(path, kLongestJobsFile);
+  if (IsView(contents)) {
+    JobsFile file;
+    ReportJob job{path, given, ""};
+    job.request.viewFile = path;
+    file.jobs.push_back(std::move(job));
+    return file;
+  }
+  try {
+    std::istringstream text(contents);
     items = CLI::ConfigTOML().from_config(text);
   } catch (const CLI::Error& error) {
     throw UsageError(path + ": " + error.what());

@@ -1,11 +1,12 @@
 // The command line of goods-report: what it is called with, as a command that can be carried out.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
-#include "desktop/cli/report_request.h"
 #include "desktop/cli/report_run.h"
+#include "desktop/requests/report_request.h"
 
 namespace CLI {
 class App;
@@ -51,8 +52,12 @@ ParseResult ParseCommandLine(int argc, char** argv, CommandLine& line);
 
 // Reads the file at path: TOML as CLI11 takes it, the long options' names as keys. The top holds the
 // session's, each section is a job. Throws UsageError when the file or its top cannot be read; a section that
-// cannot be is a job with a problem.
-JobsFile ReadJobs(const std::string& path);
+// cannot be is a job with a problem. The file of a saved view is one job, which is written as given says.
+JobsFile ReadJobs(const std::string& path, const ReportRequest& given = {});
+
+// Reads the saved view that the request stands on, if there is one; what the view has and this version does
+// not know is told. Throws UsageError.
+void TakeViewFile(ReportRequest& request, std::ostream& messages);
 
 // The password from the file, the environment variable GOODS_PASSWORD or, on a terminal, a prompt without
 // echo. Throws UsageError where none can be had.

@@ -2,10 +2,10 @@
 #include <ostream>
 
 #include "desktop/app/services/module_library.h"
-#include "desktop/cli/criteria_driver.h"
 #include "desktop/cli/report_run.h"
 #include "desktop/cli/screenless_services.h"
 #include "desktop/cli/screenless_windows.h"
+#include "desktop/requests/criteria_driver.h"
 #include "host/base/base_dock.h"
 #include "host/components/standard.h"
 #include "host/core/text.h"

@@ -14,10 +14,10 @@
 #include "desktop/app/services/logging_connection.h"
 #include "desktop/app/services/module_library.h"
 #include "desktop/app/services/statement_log.h"
-#include "desktop/cli/criteria_driver.h"
-#include "desktop/cli/file_names.h"
 #include "desktop/cli/screenless_services.h"
 #include "desktop/cli/screenless_windows.h"
+#include "desktop/requests/criteria_driver.h"
+#include "desktop/requests/file_names.h"
 #include "host/base/base_dock.h"
 #include "host/base/base_search.h"
 #include "host/core/text.h"
@@ -160,6 +160,7 @@ struct ReportRunner::Impl {
   void Shown(TForm& form);
   void FillDialog(TForm& form);
   void Drive(TBaseDock_FRM& window);
+  void Arrange(TSmartDBGrid_QRT& grid) const;
   void Write(TBaseDock_FRM& window);
 
   ICompany& company;
@@ -200,6 +201,12 @@ void ReportRunner::Impl::FillDialog(TForm& form) {
   ClickButton(form, "Select_BTN");
 }
 
+void ReportRunner::Impl::Arrange(TSmartDBGrid_QRT& grid) const {
+  if (request->table) ApplyLayout(grid, *request->table);
+  ShowColumns(grid, request->columns);
+  SortBy(grid, request->sort);
+}
+
 void ReportRunner::Impl::Drive(TBaseDock_FRM& window) {
   const bool inner = window.Name() == report->Window();
   const auto place = inner ? CriterionPlace::Window : CriterionPlace::Outer;
@@ -207,10 +214,7 @@ void ReportRunner::Impl::Drive(TBaseDock_FRM& window) {
   if (inner) {
     reached = true;
     // Some reports ask the database for what the shown columns need.
-    if (TSmartDBGrid_QRT* grid = window.PrintedGrid()) {
-      ShowColumns(*grid, request->columns);
-      SortBy(*grid, request->sort);
-    }
+    if (TSmartDBGrid_QRT* grid = window.PrintedGrid()) Arrange(*grid);
   }
   SetCriteria(window, *report, *request, place);
   host.Windows().DeliverAll();
@@ -247,8 +251,8 @@ void ReportRunner::Impl::Write(TBaseDock_FRM& window) {
   TSmartDBGrid_QRT* grid = window.PrintedGrid();
   if (grid == nullptr) throw std::runtime_error("این پنجره فهرستی ندارد: " + window.Name());
   // Another tab is another grid.
-  ShowColumns(*grid, request->columns);
-  SortBy(*grid, request->sort);
+  Arrange(*grid);
+  if (request->table) ApplyConditions(*grid, *request->table);
   // What a report could not do it has told; a list that is not what was asked for is not written.
   if (host.Messages().AnySaid()) return;
   written = true;

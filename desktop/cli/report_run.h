@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "company/company.h"
-#include "desktop/cli/report_request.h"
+#include "desktop/requests/report_request.h"
 
 namespace goods {
 

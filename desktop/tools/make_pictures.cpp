@@ -21,6 +21,7 @@
 #include "desktop/app/users_dialog.h"
 #include "desktop/tools/picture_scenes_charts.h"
 #include "desktop/tools/picture_scenes_reports.h"
+#include "desktop/tools/picture_scenes_views.h"
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
@@ -292,6 +293,7 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
       PictureRowSearch(pictures);
       if (module.Has("Open_GoodAmountAsset")) PictureTurnover(pictures, host);
       PictureReports(scenes);
+      PictureViews(scenes, ToQt(company->Title()), settings, company->ListBusyGoods(1).at(0).code);
     } else if (!chartsOnly) {
       MainWindow window(host, module, settings, ToQt(company->Title()), "");
       window.resize(1200, 760);

@@ -58,6 +58,15 @@ FormView::~FormView() {
   while (!views_.empty()) views_.pop_back();
 }
 
+void FormView::Offer(const std::vector<WindowCommand>& commands) {
+  StatusLine* status = StatusOf(*this);
+  if (status == nullptr) return;
+  for (const WindowCommand& command : commands) {
+    if (command.offered(*this)) windowCommands_.push_back(command);
+  }
+  status->AddCommands();
+}
+
 ControlView* FormView::ViewOf(const TControl& control) const { return byControl_.value(&control, nullptr); }
 
 QWidget* FormView::WidgetOf(const TControl& control) const {
@@ -108,7 +117,10 @@ void FormView::Forget(ControlView& view) {
 
 void FormView::Flush() {
   flushPosted_ = false;
-  if (queued_.empty()) return;
+  if (queued_.empty()) {
+    if (StatusLine* status = StatusOf(*this)) status->Follow();
+    return;
+  }
   setUpdatesEnabled(false);
   // Containers first: what no longer stands in them is not there to be refreshed.
   const std::vector<ControlView*> before(queued_);

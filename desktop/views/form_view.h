@@ -15,6 +15,7 @@
 namespace goods {
 
 class ContainerView;
+class FormView;
 class TSmartDBGrid_QRT;
 
 // A further entry of a grid's menu, such as export or print.
@@ -29,6 +30,17 @@ struct GridCommand {
   bool OfferedOn(const TSmartDBGrid_QRT& grid) const { return !offered || offered(grid); }
 };
 
+// What the application offers in report windows: a button in the line below the report, and its key.
+struct WindowCommand {
+  QString name;  // of the button
+  int key = 0;   // a Qt::Key, without modifiers
+  QString hint;
+  // Whether this window has it, and what its button says at the moment; both are asked often.
+  std::function<bool(const FormView& form)> offered;
+  std::function<QString(const FormView& form)> text;
+  std::function<void(FormView& form, QWidget& button)> run;
+};
+
 // Built from the form's controls by walking them; the form must outlive it. Keys reach the form first
 // (KeyDown), the focus is kept the same on both sides, and what handlers throw is shown by the host.
 class FormView : public QWidget {
@@ -38,6 +50,10 @@ class FormView : public QWidget {
 
   TForm& Form() const { return form_; }
   const std::vector<GridCommand>& GridCommands() const { return gridCommands_; }
+
+  const std::vector<WindowCommand>& WindowCommands() const { return windowCommands_; }
+  // Those that this window has; once, before it is shown.
+  void Offer(const std::vector<WindowCommand>& commands);
 
   // The view or widget of a component; null when it has none.
   ControlView* ViewOf(const TControl& control) const;
@@ -82,6 +98,7 @@ class FormView : public QWidget {
 
   TForm& form_;
   std::vector<GridCommand> gridCommands_;
+  std::vector<WindowCommand> windowCommands_;
   std::vector<std::unique_ptr<ControlView>> views_;
   QHash<const TControl*, ControlView*> byControl_;
   QHash<const QObject*, ControlView*> byFocusWidget_;

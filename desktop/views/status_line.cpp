@@ -65,6 +65,7 @@ StatusLine::StatusLine(FormView& form, TBaseDock_FRM& window)
       read_(Part("StatusRead_LBL", this)),
       selection_(Part("StatusSelection_LBL", this)),
       toggle_(new QToolButton(this)),
+      line_(new QHBoxLayout),
       table_(new QTableWidget(0, static_cast<int>(kFigureTitles.size()), this)),
       figures_(this) {
   setObjectName("Status_PNL");
@@ -95,17 +96,16 @@ StatusLine::StatusLine(FormView& form, TBaseDock_FRM& window)
   table_->setFocusPolicy(Qt::NoFocus);
   table_->hide();
 
-  auto* line = new QHBoxLayout;
-  line->setSpacing(Scaled(18, *this));
-  line->addWidget(rows_);
-  line->addWidget(read_);
-  line->addWidget(selection_, 1);
-  line->addWidget(toggle_);
+  line_->setSpacing(Scaled(18, *this));
+  line_->addWidget(rows_);
+  line_->addWidget(read_);
+  line_->addWidget(selection_, 1);
+  line_->addWidget(toggle_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(Scaled(4, *this));
   layout->addWidget(table_);
-  layout->addLayout(line);
+  layout->addLayout(line_);
 }
 
 TSmartDBGrid_QRT* StatusLine::ShownGrid() const {
@@ -121,7 +121,35 @@ TSmartDBGrid_QRT* StatusLine::ShownGrid() const {
   return nullptr;
 }
 
+void StatusLine::AddCommands() {
+  for (const WindowCommand& command : form_.WindowCommands()) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(command.name);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);  // its key reaches it from everywhere
+    button->setToolTip(command.hint);
+    button->setAccessibleDescription(command.hint);
+    connect(button, &QToolButton::clicked, this, [this, button, run = command.run] { run(form_, *button); });
+    line_->insertWidget(line_->count() - 1, button);
+    commands_.push_back(button);
+  }
+  FollowCommands();
+}
+
+void StatusLine::FollowCommands() {
+  constexpr int kWidest = 260;
+  for (std::size_t i = 0; i < commands_.size(); ++i) {
+    const QString whole = form_.WindowCommands()[i].text(form_);
+    if (commands_[i]->accessibleName() == whole) continue;
+    commands_[i]->setAccessibleName(whole);
+    // A view's name may be long, and hold what would be taken for a mark of the keyboard.
+    QString text = commands_[i]->fontMetrics().elidedText(whole, Qt::ElideMiddle, Scaled(kWidest, *this));
+    commands_[i]->setText(text.replace('&', "&&"));
+  }
+}
+
 void StatusLine::Follow() {
+  FollowCommands();
   const TSmartDBGrid_QRT* grid = ShownGrid();
   if (grid != grid_) {
     grid_ = grid;

@@ -3,10 +3,12 @@
 
 #include <QDateTime>
 #include <QWidget>
+#include <vector>
 
 #include "desktop/views/selection_figures.h"
 #include "host/core/signal.h"
 
+class QHBoxLayout;
 class QKeyEvent;
 class QTableWidget;
 class QToolButton;
@@ -26,6 +28,8 @@ class StatusLine : public QWidget {
 
   // Brings it up to date; cheap when nothing has changed.
   void Follow();
+  // A button for each of the form's window commands.
+  void AddCommands();
   // Ctrl+T; true when it was that.
   bool HandleKey(const QKeyEvent& event);
   void ShowFigures(bool shown);
@@ -34,6 +38,7 @@ class StatusLine : public QWidget {
  private:
   // The grid that would be printed, or the first that is seen; null without one.
   TSmartDBGrid_QRT* ShownGrid() const;
+  void FollowCommands();
   void TellRows(const TSmartDBGrid_QRT& grid);
   void TellSelection();
   void FillTable();
@@ -46,6 +51,8 @@ class StatusLine : public QWidget {
   TextLabel* read_;
   TextLabel* selection_;
   QToolButton* toggle_;
+  QHBoxLayout* line_;
+  std::vector<QToolButton*> commands_;  // in the order of the form's window commands
   QTableWidget* table_;
   SelectionFigures figures_;
   const TSmartDBGrid_QRT* grid_ = nullptr;

@@ -92,6 +92,12 @@ bool TakeWindowKey(FormView& form, const QKeyEvent& event) {
   if (modifiers != Qt::NoModifier) return false;
   if (event.key() == Qt::Key_F3) return GoToSearchBox(form);
   if (event.key() == Qt::Key_F8) return LiftConditions(form);
+  for (const WindowCommand& command : form.WindowCommands()) {
+    auto* button = form.findChild<QWidget*>(command.name);
+    if (command.key != event.key() || button == nullptr) continue;
+    command.run(form, *button);
+    return true;
+  }
   return RunCommandOf(form, event.key());
 }
 

@@ -10,6 +10,7 @@
 #include <QSettings>
 #include <QTimer>
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "desktop/views/screen_fit.h"
@@ -131,10 +132,31 @@ void DesktopWindows::ShowWindow(FormView& view) const {
   view.activateWindow();
 }
 
+void DesktopWindows::DriveUnseen(const std::function<void()>& click,
+                                 const std::function<void(TForm& form)>& steps) {
+  std::exception_ptr error;
+  unseen_ = [&](TForm& form) {
+    try {
+      steps(form);
+    } catch (...) {
+      error = std::current_exception();
+    }
+    form.Close();
+  };
+  struct Seen {
+    std::function<void(TForm& form)>& unseen;
+    ~Seen() { unseen = nullptr; }
+  } const again{unseen_};
+  click();
+  if (error) std::rethrow_exception(error);
+}
+
 void DesktopWindows::RunModal(TForm& form) {
+  if (unseen_) return std::exchange(unseen_, nullptr)(form);
   SetBorders(form, KeptBorders(form));
   const QVariantMap borders = BordersOf(form);
   auto view = std::make_unique<FormView>(form, gridCommands_, DialogParent());
+  view->Offer(windowCommands_);
   QEventLoop loop;
   // Who has it in a layout may take it away with the layout.
   const QPointer<FormView> alive(view.get());
@@ -154,6 +176,7 @@ void DesktopWindows::RunModal(TForm& form) {
     ShowWindow(*view);
   }
   view->FocusFirst();
+  if (shown_) shown_(*view);
   if (quitting_) form.Close();
   if (form.ModalResult() == kModalNone) loop.exec();
   if (form.ModalResult() == kModalNone) form.Close();  // the application ends

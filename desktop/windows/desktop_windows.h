@@ -39,6 +39,15 @@ class DesktopWindows : public QObject, public IWindows {
   // What the menu of every table offers beside the columns and copy.
   void SetGridCommands(std::vector<GridCommand> commands) { gridCommands_ = std::move(commands); }
 
+  // What every report's window offers.
+  void SetWindowCommands(std::vector<WindowCommand> commands) { windowCommands_ = std::move(commands); }
+  // Called for each window when it is on the screen, before its loop begins.
+  void SetShown(std::function<void(FormView& view)> shown) { shown_ = std::move(shown); }
+
+  // Clicks what opens a window and hands that window to steps instead of showing it; where they leave it
+  // open it is closed as given up. What the steps throw comes out.
+  void DriveUnseen(const std::function<void()>& click, const std::function<void(TForm& form)>& steps);
+
   void SetPlace(Place place) { place_ = std::move(place); }
   void SetPlaceStore(PlaceStore store) { placeStore_ = std::move(store); }
 
@@ -84,6 +93,9 @@ class DesktopWindows : public QObject, public IWindows {
   void KeepBorders(const TForm& form, const QVariantMap& borders) const;
 
   std::vector<GridCommand> gridCommands_;
+  std::vector<WindowCommand> windowCommands_;
+  std::function<void(FormView& view)> shown_;
+  std::function<void(TForm& form)> unseen_;
   Place place_;
   PlaceStore placeStore_;
   std::vector<FormView*> views_;  // the front one last

@@ -54,6 +54,7 @@ int Write(CommandLine& line) {
   const auto company = OpenAsked(line);
   const UserRecord user = SignIn(*company, line);
   ReportRunner runner(*company, user, line.session, std::cerr);
+  TakeViewFile(line.request, std::cerr);
   CheckRequest(line.request, runner.Today());
   return WriteOne(runner, line.request, "", true);
 }
@@ -74,7 +75,7 @@ void TakeFrom(CommandLine& line, const CommandLine& file) {
 
 // One failing job does not stop the others; the worst of their codes is the end's.
 int RunJobs(CommandLine& line) {
-  JobsFile file = ReadJobs(line.jobs);
+  JobsFile file = ReadJobs(line.jobs, line.request);
   TakeFrom(line, file.session);
   const auto company = OpenAsked(line);
   const UserRecord user = SignIn(*company, line);
@@ -85,6 +86,7 @@ int RunJobs(CommandLine& line) {
     const std::string where = job.name + ": ";
     const int code = Guarded(where, [&] {
       if (!job.problem.empty()) throw UsageError(job.problem);
+      TakeViewFile(job.request, std::cerr);
       CheckRequest(job.request, runner.Today());
       return WriteOne(runner, job.request, where, line.session.quiet);
     });

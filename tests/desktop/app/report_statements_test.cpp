@@ -4,7 +4,7 @@
 #include <fstream>
 #include <utility>
 
-#include "desktop/cli/report_specs.h"
+#include "desktop/requests/report_specs.h"
 #include "host/components/edit.h"
 #include "host/components/standard.h"
 #include "host/components/tabs.h"

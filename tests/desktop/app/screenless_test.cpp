@@ -12,7 +12,7 @@
 #include <unistd.h>
 
 #include "company/interchange/workbook.h"
-#include "desktop/cli/report_specs.h"
+#include "desktop/requests/report_specs.h"
 #include "tests/desktop/app/kit.h"
 #include "tests/desktop/app/screenless_kit.h"
 

@@ -1,9 +1,9 @@
-#include "desktop/cli/report_request.h"
+#include "desktop/requests/report_request.h"
 
 #include <algorithm>
 #include <array>
 
-#include "desktop/cli/file_names.h"
+#include "desktop/requests/file_names.h"
 #include "host/core/jalali.h"
 #include "host/core/text.h"
 #include "host/data/decimal.h"
@@ -110,7 +110,7 @@ void CheckSharing(const ReportSpec& report, const ReportRequest& request) {
   }
 }
 
-void CheckCriteria(const ReportSpec& report, const ReportRequest& request) {
+void CheckGiven(const ReportSpec& report, const ReportRequest& request) {
   for (const auto& [option, values] : request.criteria) {
     const ReportCriterion* criterion = FindCriterion(report, option == "to" ? "from" : option);
     if (criterion == nullptr) {
@@ -131,13 +131,15 @@ void CheckCriteria(const ReportSpec& report, const ReportRequest& request) {
       Fail("--exclude: این شرط داده نشده است: " + option);
     }
   }
+}
+
+void CheckRequired(const ReportSpec& report, const ReportRequest& request) {
   for (const ReportCriterion& criterion : report.criteria) {
     const std::string option(criterion.option);
     if (criterion.required && !request.criteria.contains(option) && request.each != option) {
       Fail("گزارش " + std::string(report.Name()) + " این شرط را لازم دارد: --" + option);
     }
   }
-  CheckSharing(report, request);
 }
 
 void CheckEach(const ReportSpec& report, const ReportRequest& request) {
@@ -212,6 +214,11 @@ DayRange RelativePeriod(const std::string& name, const std::string& today) {
   Fail("--period: این بازه شناخته نیست: " + name);
 }
 
+void CheckAsked(const ReportSpec& report, const ReportRequest& request) {
+  CheckGiven(report, request);
+  CheckSharing(report, request);
+}
+
 void CheckRequest(ReportRequest& request, const std::string& today) {
   const ReportSpec* report = FindSpec(request.name);
   if (report == nullptr) Fail("گزارشی با این نام نیست: " + request.name);
@@ -226,7 +233,8 @@ void CheckRequest(ReportRequest& request, const std::string& today) {
   if (request.outputs.empty() && !request.failIfRows) {
     Fail("بگویید گزارش در کدام پرونده نوشته شود: --pdf، --xlsx، --csv، --json یا --text");
   }
-  CheckCriteria(*report, request);
+  CheckAsked(*report, request);
+  CheckRequired(*report, request);
   CheckEach(*report, request);
   CheckStandardOutput(request);
   for (const OutputFile& output : request.outputs) CheckPlaceholders(output.path);

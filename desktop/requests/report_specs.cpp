@@ -1,4 +1,4 @@
-#include "desktop/cli/report_specs.h"
+#include "desktop/requests/report_specs.h"
 
 #include <algorithm>
 #include <utility>
@@ -105,6 +105,9 @@ std::vector<ReportCriterion> GoodsList(bool money) {
   std::vector<ReportCriterion> criteria{
       Search("good-code", kSearch, 0, "A good's code, as the quick search takes it"),
       Search("name", kSearch, 1, "A text in the good's name"),
+      Search("quick-in", kSearch, 2, "The quantity in, as the quick search takes it"),
+      Search("quick-out", kSearch, 3, "The quantity out, as the quick search takes it"),
+      Search("quick-stock", kSearch, 4, "The stock, as the quick search takes it"),
       Search("bar-code", kSearch, 6, "A text in the good's bar code"),
       Search("unit-name", kSearch, 5, "A text in the unit's name"),
       GroupOf(),
@@ -206,6 +209,8 @@ std::vector<ReportCriterion> DetailMovements() {
   criteria.push_back(
       {"group", Kind::Code, Place::Dialog, "Good_SESF", 1, false, false, "", "One good group's code"});
   AddDetailDialog(criteria);
+  criteria.push_back(RangeOf("store-codes", "SearchGoodCode_FRAME", 1, "Stores' codes", false));
+  criteria.push_back(RangeOf("group-codes", "SearchGoodCode_FRAME", 2, "Good groups' codes", false));
   return criteria;
 }
 

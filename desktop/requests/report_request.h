@@ -3,15 +3,16 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "company/company.h"
-#include "desktop/cli/report_specs.h"
 #include "desktop/print/export.h"
+#include "desktop/requests/report_specs.h"
+#include "desktop/requests/table_view.h"
 
 namespace goods {
 
@@ -54,6 +55,9 @@ struct ReportRequest {
   std::string period;                // a relative one, instead of from and to
   std::vector<std::string> columns;  // fields, in order; empty for those of the window
   std::vector<std::string> sort;     // fields, "-" in front for descending
+  // How a saved view arranges the table; columns and sort above count before it.
+  std::optional<TableView> table;
+  std::string viewFile;  // of a saved view that the request stands on, until it is read
   std::vector<OutputFile> outputs;
   std::string each;                 // "good", "store", "group": one run for each
   std::vector<std::int64_t> among;  // the codes that each goes through; empty for all
@@ -68,6 +72,8 @@ struct ReportRequest {
 // unknown report or criterion, a value of another kind, a date that does not exist, criteria that share one
 // component. today is Jalali text.
 void CheckRequest(ReportRequest& request, const std::string& today);
+// The criteria alone, of that report; criteria that it cannot do without may be missing.
+void CheckAsked(const ReportSpec& report, const ReportRequest& request);
 
 // The first and the last day of "today", "yesterday", "this-week", "last-week", "this-month", "last-month",
 // "this-season", "last-season", "this-year", "last-year"; throws UsageError for another word.

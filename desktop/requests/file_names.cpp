@@ -1,10 +1,10 @@
-#include "desktop/cli/file_names.h"
+#include "desktop/requests/file_names.h"
 
 #include <array>
 #include <optional>
 #include <string_view>
 
-#include "desktop/cli/report_request.h"
+#include "desktop/requests/report_request.h"
 #include "host/core/text.h"
 
 namespace goods {

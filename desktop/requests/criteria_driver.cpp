@@ -1,4 +1,4 @@
-#include "desktop/cli/criteria_driver.h"
+#include "desktop/requests/criteria_driver.h"
 
 #include <algorithm>
 
@@ -32,8 +32,13 @@ Kind& Require(TForm& form, std::string_view path) {
   return *component;
 }
 
+class MissingInCompany : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 [[noreturn]] void Missing(const ReportCriterion& criterion, const std::string& value) {
-  throw std::runtime_error("--" + std::string(criterion.option) + ": چنین چیزی در این شرکت نیست: " + value);
+  throw MissingInCompany("--" + std::string(criterion.option) + ": چنین چیزی در این شرکت نیست: " + value);
 }
 
 [[noreturn]] void RefuseMoney(const std::string& what) {
@@ -295,6 +300,19 @@ const std::vector<std::string>* ValuesOf(const ReportCriterion& criterion, const
   return end == request.criteria.end() ? nullptr : &end->second;
 }
 
+template <typename Visit>
+void ForEachAsked(const ReportSpec& report, const ReportRequest& request, CriterionPlace place,
+                  const Visit& visit) {
+  // The good comes last: the others then count from its first reading on.
+  for (const bool good : {false, true}) {
+    for (const ReportCriterion& criterion : report.criteria) {
+      const auto* values = ValuesOf(criterion, request);
+      if (values == nullptr || (criterion.option == "good") != good || !StandsIn(criterion, place)) continue;
+      visit(criterion, *values);
+    }
+  }
+}
+
 TGridColumn& ColumnOf(TSmartDBGrid_QRT& grid, const std::string& field) {
   TGridColumn* column = grid.FindColumn(field);
   if (column != nullptr && IsOffered(*column)) return *column;
@@ -321,14 +339,25 @@ bool AsksIn(const ReportSpec& report, const ReportRequest& request, CriterionPla
 
 void SetCriteria(TForm& form, const ReportSpec& report, const ReportRequest& request, CriterionPlace place) {
   Setter setter(form, report, request);
-  // The good comes last: the others then count from its first reading on.
-  for (const bool good : {false, true}) {
-    for (const ReportCriterion& criterion : report.criteria) {
-      const auto* values = ValuesOf(criterion, request);
-      if (values == nullptr || (criterion.option == "good") != good || !StandsIn(criterion, place)) continue;
-      setter.Set(criterion, *values);
+  ForEachAsked(report, request, place,
+               [&](const ReportCriterion& criterion, const auto& values) { setter.Set(criterion, values); });
+}
+
+void SetCriteria(TForm& form, const ReportSpec& report, const ReportRequest& request, CriterionPlace place,
+                 const AskedCriteria& there, std::vector<std::string>& problems) {
+  Setter setter(form, report, request);
+  ForEachAsked(report, request, place, [&](const ReportCriterion& criterion, const auto& values) {
+    if (there.Same(criterion, request)) return;
+    try {
+      setter.Set(criterion, values);
+    } catch (const UsageError& error) {
+      problems.emplace_back(error.what());
+    } catch (const RefusedByRights& error) {
+      problems.emplace_back(error.what());
+    } catch (const MissingInCompany& error) {
+      problems.emplace_back(error.what());
     }
-  }
+  });
 }
 
 void ShowColumns(TSmartDBGrid_QRT& grid, const std::vector<std::string>& fields) {

@@ -1,7 +1,11 @@
 // Sets the components of a report's windows by their published names, as a user does.
 #pragma once
 
-#include "desktop/cli/report_request.h"
+#include <string>
+#include <vector>
+
+#include "desktop/requests/criteria_reader.h"
+#include "desktop/requests/report_request.h"
 #include "host/components/form.h"
 #include "host/components/grid.h"
 
@@ -12,6 +16,11 @@ namespace goods {
 // Throws RefusedByRights for what asks for prices, of a user who sees none: left out, the list would be
 // another one.
 void SetCriteria(TForm& form, const ReportSpec& report, const ReportRequest& request, CriterionPlace place);
+
+// The same, for a window that is on the screen: what it asks for already is left alone, and what cannot be
+// set is told in problems while the others are.
+void SetCriteria(TForm& form, const ReportSpec& report, const ReportRequest& request, CriterionPlace place,
+                 const AskedCriteria& there, std::vector<std::string>& problems);
 
 // Whether a criterion of the request stands there.
 bool AsksIn(const ReportSpec& report, const ReportRequest& request, CriterionPlace place);
