@@ -22,7 +22,7 @@ struct KeyHelp {
   const char* text;
 };
 
-constexpr std::array<KeyHelp, 35> kKeys{{
+constexpr std::array<KeyHelp, 36> kKeys{{
     {nullptr, "پنجره اصلی"},
     {"Ctrl+0 … Ctrl+9", "باز کردن گزارش"},
     {"F1", "راهنمای گزارش‌ها"},
@@ -49,6 +49,8 @@ constexpr std::array<KeyHelp, 35> kKeys{{
     {"Ctrl+F", "یافتن در جدول"},
     {"حروف", "پرش در ستونی که جدول به ترتیب آن است"},
     {"Alt+Down", "فیلتر ستون جاری؛ Ctrl+← و Ctrl+→ ستون را برمی‌گزیند"},
+    {"Ctrl+G، + و -",
+     "گروه‌بندی بر پایه ستون جاری؛ باز و بسته کردن گروه"},
     {"Ctrl+C", "رونوشت از ردیف‌های برگزیده"},
     {"Ctrl+T", "آمار ردیف‌های برگزیده"},
     {"Esc", "بستن پنجره؛ هنگام خواندن اطلاعات: توقف"},

@@ -108,12 +108,14 @@ class Page {
   void PaintRow(std::size_t row) {
     const double height = layout_.RowHeight();
     const QRectF body = layout_.Body();
+    const IReportTable& table = *layout_.Job().table;
+    if (table.Role(row) != RowRole::Row) return PaintGroup(row);
     if (row % 2 == 1) painter_.fillRect(QRectF(body.left(), top_, body.width(), height), kBandFill);
     for (const PrintedColumn& column : columns_) {
       if (PaintSwatch(row, column)) continue;
       const QString text =
           column.index < 0
-              ? ShownDigits(QString::number(row + 1))
+              ? ShownDigits(QString::number(table.RowNumber(row).value_or(0)))
               : ShownCell(layout_.Job().table->CellText(row, static_cast<std::size_t>(column.index)),
                           column.isNumber);
       painter_.setPen(column.index < 0 ? kFaint : kInk);
@@ -121,6 +123,34 @@ class Page {
            column.align);
       Frame(Cell(column, height));
     }
+    top_ += height;
+  }
+
+  // The head of a group over the columns up to its first total, or its rows' sums in one unit of measure.
+  void PaintGroup(std::size_t row) {
+    const double height = layout_.RowHeight();
+    const QRectF body = layout_.Body();
+    const IReportTable& table = *layout_.Job().table;
+    const bool head = table.Role(row) == RowRole::GroupHead;
+    const QFont font = head ? layout_.BoldFont() : layout_.Font();
+    painter_.fillRect(QRectF(body.left(), top_, body.width(), height), head ? kHeaderFill : kBandFill);
+    double left = body.left();
+    for (const PrintedColumn& column : columns_) {
+      const bool isText = column.index < 0 || static_cast<std::size_t>(column.index) == table.TextColumn();
+      const std::string total =
+          isText ? std::string() : table.CellText(row, static_cast<std::size_t>(column.index));
+      if (total.empty()) continue;
+      painter_.setPen(kInk);
+      left = std::max(left, column.left + column.width);
+      Text(Cell(column, height).adjusted(kCellPadding, 0, -kCellPadding, 0), ShownCell(total, true), font,
+           column.align);
+      Frame(Cell(column, height));
+    }
+    const double indent = head ? kCellPadding : 4 * kCellPadding;
+    painter_.setPen(head ? kInk : kFaint);
+    Text(QRectF(left + kCellPadding, top_, body.right() - left - indent - kCellPadding, height),
+         ShownText(table.CellText(row, table.TextColumn())), font, TextAlign::Start);
+    Frame(QRectF(body.left(), top_, body.width(), height));
     top_ += height;
   }
 

@@ -81,6 +81,21 @@ void AppendRow(std::string& out, const IReportTable& table, std::size_t row, boo
   out += ']';
 }
 
+// What each of the rows is, where heads and totals of groups stand among them.
+void AppendLines(SinkBuffer& buffer, const IReportTable& table) {
+  if (!table.HasGroups()) return;
+  std::string& out = buffer.Text();
+  out += "  \"lines\": [";
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    const RowRole role = table.Role(row);
+    out += row == 0 ? "\"" : ", \"";
+    out += role == RowRole::Row ? "row" : role == RowRole::GroupHead ? "group" : "unit";
+    out += '"';
+    buffer.Pass();
+  }
+  out += "],\n";
+}
+
 }  // namespace
 
 void WriteJsonTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options) {
@@ -103,7 +118,9 @@ void WriteJsonTo(const PrintJob& job, ByteSink& sink, const WritingOptions& opti
     AppendRow(out, table, row, options.isoDates);
     buffer.Pass();
   }
-  out += "\n  ],\n  \"totals\": ";
+  out += "\n  ],\n";
+  AppendLines(buffer, table);
+  out += "  \"totals\": ";
   if (table.HasFooter()) {
     out += '[';
     for (std::size_t c = 0; c < table.Columns().size(); ++c) {

@@ -71,7 +71,12 @@ QJsonObject JsonOf(const TableView& table) {
                                   {"kind", kConditionNames[static_cast<std::size_t>(condition.kind)]},
                                   {"values", values}});
   }
-  return {{"columns", columns}, {"sort", sort}, {"filter", conditions}};
+  QJsonObject json{{"columns", columns}, {"sort", sort}, {"filter", conditions}};
+  if (!table.groupBy.empty())
+    json.insert(
+        "groups",
+        QJsonObject{{"column", Qt8(table.groupBy)}, {"by-month", table.byMonth}, {"folded", table.folded}});
+  return json;
 }
 
 QJsonObject JsonOf(const SavedView& view) {
@@ -168,7 +173,13 @@ class ViewReader {
     }
     for (const QJsonValue& value : ArrayOf(json.value("filter"), kMostConditions, "فیلتر"))
       ReadCondition(ObjectOf(value, "فیلتر"), table);
-    Note(json, {"columns", "sort", "filter"});
+    if (json.contains("groups")) {
+      const QJsonObject groups = ObjectOf(json.value("groups"), "گروه‌بندی");
+      table.groupBy = TextOf(groups.value("column"), "نام ستون");
+      table.byMonth = groups.value("by-month").toBool();
+      table.folded = groups.value("folded").toBool(true);
+    }
+    Note(json, {"columns", "sort", "filter", "groups"});
   }
 
   void ReadCondition(const QJsonObject& json, TableView& table) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/components/grid_filter.h"
+#include "host/components/grid_groups.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -48,6 +49,10 @@ TableView TableViewOf(const TSmartDBGrid_QRT& grid) {
     if (const TGridColumn* column = grid.FindColumn(key.FieldName))
       table.sort.push_back({column->Name(), key.Descending});
   }
+  const GridGroups& groups = grid.Groups();
+  table.groupBy = groups.ColumnName();
+  table.byMonth = groups.ByMonth();
+  table.folded = groups.FoldedAtFirst();
   const TADOQuery* query = grid.DataSet();
   if (query == nullptr) return table;
   for (const RowCondition& condition : query->Narrowing()) {
@@ -68,6 +73,11 @@ void ApplyLayout(TSmartDBGrid_QRT& grid, const TableView& table) {
       keys.push_back({column->FieldName(), key.descending});
   }
   if (!table.sort.empty() || !grid.SortKeys().empty()) grid.SetSortKeys(std::move(keys));
+  GridGroups& groups = grid.Groups();
+  const TGridColumn* grouping = ColumnNamed(grid, table.groupBy);
+  const bool same = groups.Asked() == grouping && groups.ByMonth() == table.byMonth;
+  if (!same) groups.Set(grouping, table.byMonth);
+  if (grouping != nullptr && groups.FoldedAtFirst() != table.folded) groups.FoldAll(table.folded);
 }
 
 void ApplyConditions(TSmartDBGrid_QRT& grid, const TableView& table) {
@@ -90,6 +100,7 @@ std::vector<std::string> MissingColumns(const TSmartDBGrid_QRT& grid, const Tabl
   };
   for (const TableView::SortKey& key : table.sort) look(key.column);
   for (const TableView::Condition& condition : table.conditions) look(condition.column);
+  if (!table.groupBy.empty()) look(table.groupBy);
   return missing;
 }
 

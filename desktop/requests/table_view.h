@@ -33,13 +33,16 @@ struct TableView {
   std::vector<Column> columns;  // in the order of display, hidden ones among them
   std::vector<SortKey> sort;
   std::vector<Condition> conditions;
+  std::string groupBy;  // a column; empty for none
+  bool byMonth = false;
+  bool folded = true;  // the groups show their heads alone
   friend bool operator==(const TableView&, const TableView&) = default;
 };
 
 TableView TableViewOf(const TSmartDBGrid_QRT& grid);
 
-// Columns and order, as a user sets them. Columns that the grid does not have, that nobody may customise or
-// that this user may not see are passed over; a table without columns or sort leaves the grid's.
+// Columns, groups and order, as a user sets them. Columns that the grid does not have, that nobody may
+// customise or that this user may not see are passed over; a table without columns or sort leaves the grid's.
 void ApplyLayout(TSmartDBGrid_QRT& grid, const TableView& table);
 // Takes the place of the conditions that there are.
 void ApplyConditions(TSmartDBGrid_QRT& grid, const TableView& table);

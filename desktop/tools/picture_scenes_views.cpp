@@ -8,6 +8,7 @@
 #include "desktop/app/report_views.h"
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
+#include "desktop/views/grid_view.h"
 #include "host/frames/range_date_search_frame.h"
 
 namespace goods {
@@ -48,10 +49,37 @@ void SaveCard(const ReportScenes& scenes, QWidget& window, std::int64_t good) {
   Wait(kViewSettle);
 }
 
+// A card month by month, with one month open.
+void PictureGroups(const ReportScenes& scenes, std::int64_t good) {
+  WhileModal([&](QWidget& window) {
+    window.resize(scenes.size);
+    Wait(kViewSettle);
+    auto& form = dynamic_cast<FormView&>(window);
+    auto& grid = dynamic_cast<TSmartDBGrid_QRT&>(*form.Form().FindComponent("Kardex_GRD"));
+    form.Run([&] { grid.SetFocus(); });
+    auto& table = dynamic_cast<GridWidget&>(*form.WidgetOf(grid));
+    table.GroupBy(grid.FindColumn("Date"), true);
+    PressKey(window, Qt::Key_Home, Qt::ControlModifier);
+    PressKey(window, Qt::Key_Down);
+    PressKey(window, Qt::Key_Plus);
+    Wait(kViewSettle);
+    scenes.save(window, "grid-groups");
+    WhileModal([&scenes](QWidget& preview) {
+      preview.resize(1200, 860);
+      Wait(kViewSettle);
+      scenes.save(preview, "grid-groups-print");
+    });
+    PressKey(window, Qt::Key_F9);
+  });
+  scenes.module.OpenKardex(good, 0, "1402/01/01", "1403/12/29");
+  RethrowFailure();
+}
+
 }  // namespace
 
 void PictureViews(const ReportScenes& scenes, const QString& companyTitle, DesktopSettings& settings,
                   std::int64_t good) {
+  PictureGroups(scenes, good);
   ReportViews& views = scenes.host.Views();
   SavedView daily = ViewCalled("خرید و فروش دیروز", "row-search");
   daily.period = "yesterday";

@@ -8,6 +8,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "host/components/grid_filter.h"
+#include "host/components/grid_groups.h"
 
 namespace goods {
 namespace {
@@ -49,11 +50,19 @@ QToolButton* FilterChips::AddChip(const QString& name, const QString& text, std:
 bool FilterChips::Follow() {
   const TADOQuery* query = grid_.DataSet();
   std::vector<RowCondition> now = query == nullptr ? std::vector<RowCondition>() : query->Narrowing();
-  if (now == shown_) return false;
+  std::string grouping = grid_.Groups().Caption();
+  if (now == shown_ && grouping == grouping_) return false;
   shown_ = std::move(now);
+  grouping_ = std::move(grouping);
   for (QToolButton* chip : std::exchange(chips_, {})) {
     chip->hide();
     chip->deleteLater();
+  }
+  if (!grouping_.empty()) {
+    const QString text = ShownText(grouping_) + "  ✕";
+    AddChip("GroupChip", text, [this] {
+      grid_.Groups().Set(nullptr);
+    })->setToolTip(text + "\nبرداشتن گروه‌بندی (Ctrl+G)");
   }
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     const QString text = ShownText(ConditionText(grid_, shown_[i])) + "  ✕";
@@ -62,7 +71,7 @@ bool FilterChips::Follow() {
     })->setToolTip(text + "\nبرداشتن این فیلتر");
   }
   if (!shown_.empty()) AddChip("FilterClear_BTN", "برداشتن همه  F8", [this] { RemoveConditions(grid_); });
-  setVisible(!shown_.empty());
+  setVisible(!chips_.empty());
   return true;
 }
 

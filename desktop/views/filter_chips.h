@@ -16,7 +16,7 @@ class FilterChips : public QWidget {
  public:
   FilterChips(TSmartDBGrid_QRT& grid, QWidget* parent);
 
-  // Follows the conditions; true when the room that it needs may be another.
+  // Follows the conditions and the groups; true when the room that it needs may be another.
   bool Follow();
   int HeightFor(int width) const;
 
@@ -35,6 +35,7 @@ class FilterChips : public QWidget {
 
   TSmartDBGrid_QRT& grid_;
   std::vector<RowCondition> shown_;
+  std::string grouping_;
   std::vector<QToolButton*> chips_;
 };
 

@@ -11,6 +11,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "host/components/grid_filter.h"
+#include "host/components/grid_groups.h"
 
 namespace goods {
 namespace {
@@ -29,7 +30,7 @@ QString CopiedText(const TSmartDBGrid_QRT& grid) {
   std::set<std::size_t> rows = grid.Selection();
   if (rows.empty() && query != nullptr && query->RecNo()) rows.insert(*query->RecNo());
   if (rows.empty()) return {};
-  const std::unique_ptr<IReportTable> table = grid.Table();
+  const std::unique_ptr<IReportTable> table = grid.RowsTable();
   QStringList lines;
   QStringList cells;
   for (const ReportColumn& column : table->Columns()) cells << OneCell(PlainTitle(column));
@@ -82,9 +83,33 @@ void AddConditions(QMenu& menu, GridWidget& table, FormView& form, const GridCel
   filter->addAction("از میان مقدارها…   Alt+Down", &form, [&table, &column] { table.FilterColumn(&column); });
 }
 
+void AddGroups(QMenu& menu, GridWidget& table, const TGridColumn* column) {
+  const GridGroups& groups = table.Grid().Groups();
+  QMenu* submenu = menu.addMenu("گروه‌بندی");
+  submenu->setObjectName("GridGroupMenu");
+  submenu->setLayoutDirection(Qt::RightToLeft);
+  if (column != nullptr && !column->Withheld() && column->Kind() != CellKind::Swatch) {
+    const QString title = TitleOf(*column).replace('&', "&&");
+    if (column->Kind() == CellKind::Date)
+      submenu->addAction("بر پایه ماهِ " + title, &table, [&table, column] { table.GroupBy(column, true); });
+    submenu->addAction("بر پایه " + title, &table, [&table, column] { table.GroupBy(column); });
+    submenu->addSeparator();
+  }
+  const bool grouped = groups.Active();
+  submenu
+      ->addAction("باز کردن همه گروه‌ها   Ctrl++", &table,
+                  [&table] { table.FoldGroups(false); })
+      ->setEnabled(grouped);
+  submenu->addAction("بستن همه گروه‌ها   Ctrl+-", &table, [&table] { table.FoldGroups(true); })
+      ->setEnabled(grouped);
+  submenu->addAction("برداشتن گروه‌بندی", &table, [&table] { table.GroupBy(nullptr); })
+      ->setEnabled(grouped);
+}
+
 }  // namespace
 
-void GridMenu(GridWidget& table, FormView& form, const std::optional<GridCell>& cell, const QPoint& at) {
+void GridMenu(GridWidget& table, FormView& form, const std::optional<GridCell>& cell, TGridColumn* column,
+              const QPoint& at) {
   TSmartDBGrid_QRT& grid = table.Grid();
   QMenu menu(&form);
   menu.setObjectName("GridMenu");
@@ -95,6 +120,7 @@ void GridMenu(GridWidget& table, FormView& form, const std::optional<GridCell>& 
   menu.addAction("برداشتن فیلترها   F8", &form, [&] { form.Run([&] { RemoveConditions(grid); }); })
       ->setEnabled(query != nullptr && !query->Narrowing().empty());
   menu.addAction("یافتن…   Ctrl+F", &form, [&] { table.Find(); })->setEnabled(grid.RowCount() > 0);
+  if (grid.RowCount() > 0) AddGroups(menu, table, column);
   menu.addSeparator();
   menu.addAction("انتخاب ستون‌ها…", &form, [&] { ShowColumnChooser(form, grid); });
   QAction* copy = menu.addAction("رونوشت", &form, [&] { CopyRows(grid); });

@@ -21,7 +21,7 @@ GridPainter::GridPainter(QPainter& painter, const TSmartDBGrid_QRT& grid, const 
                          const GridPaintState& state, const QFont& font)
     : painter_(painter),
       grid_(grid),
-      table_(grid.Table()),
+      table_(grid.RowsTable()),
       geometry_(geometry),
       state_(state),
       font_(font),
@@ -63,11 +63,59 @@ void GridPainter::PaintRows() {
   painter_.save();
   painter_.setClipRect(area);
   int top = area.top();
-  for (std::size_t row = state_.firstRow; row < count && top <= area.bottom(); ++row) {
-    PaintRow(row, top);
+  const GridGroups& groups = grid_.Groups();
+  const bool grouped = groups.Active();
+  const std::size_t lines = grouped ? groups.LineCount() : count;
+  for (std::size_t line = state_.firstLine; line < lines && top <= area.bottom(); ++line) {
+    const GridGroups::Line at = grouped ? groups.LineAt(line) : GridGroups::Line{0, line, std::nullopt};
+    at.row ? PaintRow(*at.row, top) : PaintHead(at, top);
     top += geometry_.RowHeight();
   }
   painter_.restore();
+}
+
+// Its text from the side where reading starts up to the first total, which stand under their titles.
+void GridPainter::PaintHead(const GridGroups::Line& line, int top) {
+  const Theme& theme = CurrentTheme();
+  const GridGroups& groups = grid_.Groups();
+  const auto current = grid_.DataSet()->RecNo();
+  const bool head = line.IsHead();
+  const bool marked = head && groups.Folded(line.group) && current && groups.GroupOf(*current) == line.group;
+  const int height = geometry_.RowHeight();
+  const int padding = geometry_.Padding();
+  const bool rightToLeft = geometry_.RightToLeft();
+  const QRect whole(0, top, columns_.width() + geometry_.NumberWidth(), height);
+  painter_.fillRect(whole, marked ? state_.focused ? theme.accentSoft : theme.selection
+                           : head ? theme.header
+                                  : theme.band);
+  painter_.setFont(head ? bold_ : font_);
+  painter_.setPen(theme.text);
+  QRect text = whole;
+  InParts(geometry_.RowsArea(), [&](std::size_t i) {
+    const GridSpan& span = geometry_.Spans()[i];
+    const QString total = ShownCell(groups.TotalText(line, *span.column), true);
+    if (total.isEmpty()) return;
+    const QRect cell = geometry_.ColumnRect(span, state_.offset, top, height);
+    if (rightToLeft) {
+      text.setLeft(std::max(text.left(), cell.right() + 1));
+    } else {
+      text.setRight(std::min(text.right(), cell.left() - 1));
+    }
+    painter_.setFont(FooterFont(total, cell.width() - 2 * padding));
+    DrawCell(painter_, cell.adjusted(padding, 0, -padding, -1), total, span.column->Align(), rightToLeft);
+  });
+  const int mark = 3 * padding;
+  const QRectF arrow(rightToLeft ? whole.right() - mark + 2 : whole.left() + padding,
+                     top + (height - 8) / 2.0, 8, 8);
+  if (head)
+    DrawArrow(painter_, arrow, theme.accent, groups.Folded(line.group) ? (rightToLeft ? 90 : 270) : 0);
+  const int indent = head ? mark : 2 * mark;
+  painter_.setFont(head ? bold_ : font_);
+  painter_.setPen(head ? theme.text : theme.mutedText);
+  DrawCell(painter_, text.adjusted(rightToLeft ? padding : indent, 0, rightToLeft ? -indent : -padding, -1),
+           ShownText(groups.HeadText(line)), TextAlign::Start, rightToLeft);
+  painter_.setPen(theme.gridLine);
+  painter_.drawLine(0, top + height - 1, whole.right(), top + height - 1);
 }
 
 void GridPainter::PaintRow(std::size_t row, int top) {

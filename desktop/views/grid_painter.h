@@ -10,11 +10,12 @@
 #include <vector>
 
 #include "desktop/views/grid_geometry.h"
+#include "host/components/grid_groups.h"
 
 namespace goods {
 
 struct GridPaintState {
-  std::size_t firstRow = 0;
+  std::size_t firstLine = 0;
   int offset = 0;  // how far the columns are scrolled, in reading direction
   bool focused = false;
   std::optional<std::size_t> hoveredTitle;
@@ -35,6 +36,8 @@ class GridPainter {
  private:
   void PaintRows();
   void PaintRow(std::size_t row, int top);
+  // The head of a group, or what its rows of one unit of measure come to.
+  void PaintHead(const GridGroups::Line& line, int top);
   void PaintCell(std::size_t row, std::size_t index, const QRect& cell, bool marked);
   void PaintRowNumber(std::size_t row, int top, bool current);
   void PaintHeader();

@@ -10,6 +10,7 @@
 #include "desktop/views/grid_accessible.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
+#include "host/components/grid_groups.h"
 
 namespace goods {
 
@@ -17,7 +18,10 @@ void GridWidget::MakeBars() {
   chips_ = new FilterChips(grid_, this);
   chips_->OnAction = [this](const std::function<void()>& action) { view_.Do(action); };
   find_ = new FindBar(grid_, this);
-  find_->OnGoTo = [this](std::size_t row) { GoTo(row, false); };
+  find_->OnGoTo = [this](std::size_t row) {
+    view_.Do([&] { grid_.Groups().Reveal(row); });
+    GoTo(row, false);
+  };
   find_->OnMarks = [this] { viewport()->update(); };
   find_->OnClosed = [this] { setFocus(Qt::OtherFocusReason); };
   find_->OnHeight = [this] { PlaceBars(); };
@@ -121,7 +125,9 @@ bool GridWidget::TypedKey(const QKeyEvent& event) {
   const QString text = event.text();
   if (!plain || text.isEmpty() || !text.at(0).isPrint()) return false;
   if (text.at(0).isSpace() && !jump_.Waiting()) return false;
-  view_.Do([&] { jump_.Type(grid_, text); });
+  view_.Do([&] {
+    if (jump_.Type(grid_, text)) grid_.Groups().Reveal(grid_.DataSet()->RecNo().value_or(0));
+  });
   return true;
 }
 

@@ -16,6 +16,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "host/base/base_dock.h"
+#include "host/components/grid_groups.h"
 
 namespace goods {
 
@@ -67,11 +68,9 @@ QSize GridWidget::sizeHint() const {
 
 int GridWidget::Offset() const { return horizontalScrollBar()->value(); }
 
-std::size_t GridWidget::FirstRow() const { return static_cast<std::size_t>(verticalScrollBar()->value()); }
-
 void GridWidget::UpdateScrollBars() {
   geometry_.Update(grid_, *viewport());
-  const int rows = static_cast<int>(std::min<std::size_t>(grid_.RowCount(), INT_MAX / 2));
+  const int rows = static_cast<int>(std::min<std::size_t>(LineCount(), INT_MAX / 2));
   const int page = geometry_.WholeRows();
   verticalScrollBar()->setPageStep(page);
   verticalScrollBar()->setRange(0, std::max(0, rows - page));
@@ -100,13 +99,14 @@ void GridWidget::Follow() {
 }
 
 bool GridWidget::CurrentInView() const {
-  return shownRow_ && *shownRow_ >= FirstRow() &&
-         *shownRow_ < FirstRow() + static_cast<std::size_t>(geometry_.WholeRows());
+  if (!shownRow_ || *shownRow_ >= grid_.RowCount()) return false;
+  const std::size_t line = LineOf(*shownRow_);
+  return line >= FirstLine() && line < FirstLine() + static_cast<std::size_t>(geometry_.WholeRows());
 }
 
 void GridWidget::ShowCurrent() {
   if (!shownRow_) return;
-  const auto row = static_cast<int>(*shownRow_);
+  const auto row = static_cast<int>(LineOf(*shownRow_));
   const int first = verticalScrollBar()->value();
   const int page = geometry_.WholeRows();
   if (row < first) {
@@ -118,6 +118,12 @@ void GridWidget::ShowCurrent() {
 
 void GridWidget::DescribeCurrent() {
   QString description;
+  if (shownRow_ && Grouped()) {
+    const GridGroups& groups = grid_.Groups();
+    const std::size_t group = groups.GroupOf(*shownRow_);
+    description = groups.Caption().empty() ? QString() : ShownText(groups.HeadText({group, {}, {}})) + "، ";
+    if (groups.Folded(group)) description += "بسته، ";
+  }
   if (shownRow_) {
     // What is in view, as to the eye: a table may have hundreds of columns.
     for (const GridSpan& span : geometry_.Spans())
@@ -130,8 +136,9 @@ void GridWidget::DescribeCurrent() {
 }
 
 QRect GridWidget::CellRect(std::size_t row, const TGridColumn& column) const {
+  if (Grouped() && row < grid_.RowCount() && grid_.Groups().Folded(grid_.Groups().GroupOf(row))) return {};
   const int top = geometry_.RowsArea().top() +
-                  (static_cast<int>(row) - verticalScrollBar()->value()) * geometry_.RowHeight();
+                  (static_cast<int>(LineOf(row)) - verticalScrollBar()->value()) * geometry_.RowHeight();
   for (const GridSpan& span : geometry_.Spans()) {
     if (span.column == &column) return geometry_.ColumnRect(span, Offset(), top, geometry_.RowHeight());
   }
@@ -147,18 +154,9 @@ QRect GridWidget::TitleRect(const TGridColumn& column) const {
   return {};
 }
 
-std::optional<std::size_t> GridWidget::RowAt(const QPoint& point) const {
-  const QRect area = geometry_.RowsArea();
-  if (!area.contains(point)) return std::nullopt;
-  const std::size_t row =
-      FirstRow() + static_cast<std::size_t>((point.y() - area.top()) / geometry_.RowHeight());
-  if (row >= grid_.RowCount()) return std::nullopt;
-  return row;
-}
-
 void GridWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(viewport());
-  paint_.firstRow = FirstRow();
+  paint_.firstLine = FirstLine();
   paint_.offset = Offset();
   paint_.focused = hasFocus();
   paint_.filters = view_.HasMenu();
@@ -226,6 +224,7 @@ void GridWidget::GoTo(std::size_t row, bool extend) {
 }
 
 void GridWidget::MoveBy(qint64 rows, bool extend) {
+  if (Grouped()) return MoveLines(rows, extend);
   const TADOQuery* query = grid_.DataSet();
   const auto current = static_cast<qint64>(query == nullptr ? 0 : query->RecNo().value_or(0));
   GoTo(static_cast<std::size_t>(std::max<qint64>(0, current + rows)), extend);
@@ -236,7 +235,7 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
   const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
   const std::size_t count = grid_.RowCount();
   if (event == QKeySequence::Copy) return CopyRows(grid_);
-  if (ColumnKey(*event)) return;
+  if (ColumnKey(*event) || GroupKey(*event)) return;
   if (ctrl && event->key() == Qt::Key_A && grid_.MultiSelect && count > 0) {
     anchor_ = 0;
     return view_.Do([&] { SelectTo(count - 1); });
@@ -286,6 +285,10 @@ void GridWidget::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) HeaderPressed(point);
     return;
   }
+  if (const auto head = HeadAt(point)) {
+    if (event->button() == Qt::LeftButton) FoldGroup(*head, !grid_.Groups().Folded(*head));
+    return;
+  }
   const auto row = RowAt(point);
   if (!row) return;
   if (const auto span = geometry_.SpanAt(point.x(), Offset()))
@@ -319,6 +322,7 @@ void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     if (edge) return FitColumn(*geometry_.Spans()[*edge].column);
     return HeaderPressed(point);
   }
+  if (const auto head = HeadAt(point)) return FoldGroup(*head, !grid_.Groups().Folded(*head));
   if (event->button() == Qt::LeftButton && RowAt(point)) view_.Do([this] { grid_.DoubleClick(); });
 }
 
@@ -326,6 +330,7 @@ void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
   if (!view_.HasMenu()) return;
   const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
   std::optional<GridCell> cell;
+  TGridColumn* column = CurrentColumn();
   QPoint at = event->globalPos();
   if (byKey) {
     at = viewport()->mapToGlobal(geometry_.RowsArea().center());
@@ -335,8 +340,9 @@ void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
     const auto row = RowAt(event->pos());
     const auto span = geometry_.SpanAt(event->pos().x(), Offset());
     if (row && span) cell = {*row, geometry_.Spans()[*span].column};
+    if (span) column = geometry_.Spans()[*span].column;
   }
-  GridMenu(*this, view_.Form(), cell, at);
+  GridMenu(*this, view_.Form(), cell, column, at);
 }
 
 void GridWidget::wheelEvent(QWheelEvent* event) {

@@ -30,11 +30,18 @@ class GridWidget : public QAbstractScrollArea {
   // Follows the component: columns, rows, current row.
   void Follow();
 
+  // In a table with groups the first line may be a head: its first row then.
   std::size_t FirstRow() const;
   // Places on the viewport, for tool tips and tests. Rows and columns need not be visible.
   QRect CellRect(std::size_t row, const TGridColumn& column) const;
   QRect TitleRect(const TGridColumn& column) const;
   std::optional<std::size_t> RowAt(const QPoint& point) const;
+  // The group whose head is there, and the place of a group's head.
+  std::optional<std::size_t> HeadAt(const QPoint& point) const;
+  QRect HeadRect(std::size_t group) const;
+  // Groups the rows by a column, by nothing for null.
+  void GroupBy(const TGridColumn* column, bool byMonth = false);
+  void FoldGroups(bool folded);
   // Makes a row the current one, without a selection.
   void GoToRow(std::size_t row) { GoTo(row, false); }
   // Opens the bar that finds a text in the table.
@@ -82,6 +89,18 @@ class GridWidget : public QAbstractScrollArea {
   bool ShowCellTip(const QPoint& point, const QPoint& global);
   bool ShowFooterTip(std::size_t span, const QPoint& global);
   void DescribeCurrent();
+
+  // Groups and their lines, in grid_lines.cpp. A line is a head, a unit's total or a row; without groups
+  // lines are rows.
+  bool Grouped() const;
+  std::size_t LineCount() const;
+  std::size_t LineOf(std::size_t row) const;
+  std::size_t FirstLine() const;
+  std::optional<std::size_t> LineUnder(const QPoint& point) const;
+  void MoveLines(qint64 lines, bool extend);
+  void FoldGroup(std::size_t group, bool folded);
+  void GroupByCurrent();
+  bool GroupKey(const QKeyEvent& event);
 
   // Finding and jumping, in grid_search.cpp.
   void MakeBars();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/components/grid_filter.h"
+#include "host/components/grid_groups.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -21,7 +22,10 @@ std::string GridSettingsFile(std::string_view report, std::int64_t first, std::i
 // A window that is shown again begins without what the user put on its columns the last time.
 void LiftNarrowing(TControl& container) {
   for (TControl* control : container.Controls()) {
-    if (auto* grid = dynamic_cast<TSmartDBGrid_QRT*>(control)) RemoveConditions(*grid);
+    if (auto* grid = dynamic_cast<TSmartDBGrid_QRT*>(control)) {
+      RemoveConditions(*grid);
+      if (!grid->Groups().ColumnName().empty()) grid->Groups().Set(nullptr);
+    }
     LiftNarrowing(*control);
   }
 }
@@ -110,6 +114,8 @@ std::vector<std::string> TBaseDock_FRM::PrintLines() {
   if (printedGrid_ == nullptr) return lines;
   if (std::string narrowing = NarrowingLine(*printedGrid_); !narrowing.empty())
     lines.push_back(std::move(narrowing));
+  if (std::string grouping = printedGrid_->Groups().Caption(); !grouping.empty())
+    lines.push_back(std::move(grouping));
   return lines;
 }
 

@@ -73,7 +73,7 @@ class TBaseDock_FRM : public TForm {
 
   // F9 prints and Esc closes through these buttons, as far as they can be clicked.
   void FormKeyDown(TKey& key) override;
-  // Writes the layouts that the user has changed, and lifts the user's conditions on the columns.
+  // Writes the layouts that the user has changed, and lifts the user's conditions on the columns and groups.
   void FormClose() override;
 
   TFormOptions FormOptions_SFO{this, "FormOptions_SFO"};

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/components/form.h"
+#include "host/components/grid_groups.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -111,7 +112,9 @@ TGridColumn& TGridColumn::SetAlign(TextAlign align) {
 }
 
 TSmartDBGrid_QRT::TSmartDBGrid_QRT(TComponent* owner, std::string name)
-    : TControl(owner, std::move(name)), emptyText_("<داده ای برای نمایش وجود ندارد>") {}
+    : TControl(owner, std::move(name)),
+      groups_(std::make_unique<GridGroups>(*this)),
+      emptyText_("<داده ای برای نمایش وجود ندارد>") {}
 
 TSmartDBGrid_QRT::~TSmartDBGrid_QRT() = default;
 
@@ -201,6 +204,7 @@ TCellStyle TSmartDBGrid_QRT::CellStyle(std::size_t position, const TGridColumn& 
 
 void TSmartDBGrid_QRT::RefreshFooters() {
   footers_.clear();
+  groups_->RowsChanged();
   Changed();
 }
 
@@ -254,7 +258,12 @@ void TSmartDBGrid_QRT::DropForeignSort() {
 void TSmartDBGrid_QRT::SortFollows(std::string_view before, const std::string& now) {
   const auto key = std::find_if(sort_.begin(), sort_.end(),
                                 [before](const TSortKey& each) { return SameText(each.FieldName, before); });
-  if (key == sort_.end()) return;
+  const TGridColumn* grouping = groups_->Asked();
+  const bool groups = grouping != nullptr && SameText(grouping->FieldName(), now);
+  if (key == sort_.end()) {
+    if (groups && CanSortBy(now)) ApplySort();
+    return;
+  }
   key->FieldName = now;
   if (CanSortBy(now)) ApplySort();
   if (OnSortChanged) OnSortChanged();
@@ -262,7 +271,18 @@ void TSmartDBGrid_QRT::SortFollows(std::string_view before, const std::string& n
 
 std::string TSmartDBGrid_QRT::GetSort() const {
   std::string text;
+  // Groups stand together; which way round says the user's own key of that column, if there is one.
+  const TGridColumn* grouping = groups_->Asked();
+  const bool groups = grouping != nullptr && CanSortBy(grouping->FieldName());
+  const auto groupKey = [&](const TSortKey& key) {
+    return groups && SameText(key.FieldName, grouping->FieldName());
+  };
+  if (groups) {
+    const auto own = std::find_if(sort_.begin(), sort_.end(), groupKey);
+    text = SortField(grouping->FieldName()) + (own != sort_.end() && own->Descending ? " DESC" : " ASC");
+  }
   for (const TSortKey& key : sort_) {
+    if (groupKey(key)) continue;
     if (!text.empty()) text += ",";
     text += SortField(key.FieldName) + (key.Descending ? " DESC" : " ASC");
   }

@@ -18,6 +18,7 @@
 
 namespace goods {
 
+class GridGroups;
 class TSmartDBGrid_QRT;
 
 enum class FooterKind { None, Sum, Count };
@@ -146,6 +147,10 @@ class TSmartDBGrid_QRT : public TControl {
   std::string GetSort() const;
   std::function<void()> OnSortChanged;
 
+  // Groups of rows by a column of the user's choice. GetSort then names that column first.
+  GridGroups& Groups() { return *groups_; }
+  const GridGroups& Groups() const { return *groups_; }
+
   // Multiple selection by position; changing the rows clears it.
   bool MultiSelect = true;
   const std::set<std::size_t>& Selection() const { return selection_; }
@@ -177,8 +182,11 @@ class TSmartDBGrid_QRT : public TControl {
   std::function<std::vector<Fact>(std::size_t position)> OnDescribeRow;
   std::function<void(std::size_t position, const TGridColumn& column, TCellStyle& style)> OnDrawColumnCell;
 
-  // The grid as a table for print and files: the visible columns as they stand now. Never null.
+  // The grid as a table for print and files: the visible columns as they stand now, in groups where it has
+  // some, and without what is folded away. Never null.
   std::unique_ptr<IReportTable> Table() const;
+  // The visible rows alone, by their positions.
+  std::unique_ptr<IReportTable> RowsTable() const;
 
   // Layout: order, visibility and width of the columns as text lines, by the columns' own names, for a
   // settings file. Columns that the text does not name, and names that the grid does not have, are left
@@ -199,6 +207,7 @@ class TSmartDBGrid_QRT : public TControl {
   Subscription sourceScrolled_;
   std::vector<std::unique_ptr<TGridColumn>> columns_;
   std::vector<TSortKey> sort_;
+  std::unique_ptr<GridGroups> groups_;
   std::set<std::size_t> selection_;
   std::string emptyText_;
   struct KnownFooter {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "host/components/grid.h"
+#include "host/components/grid_groups.h"
 
 namespace goods {
 namespace {
@@ -47,11 +48,11 @@ class GridTable : public IReportTable {
     return field ? query_->Cell(row, *field) : Value();
   }
   std::string CellText(std::size_t row, std::size_t column) const override {
-    return sources_[column].column->Format().Format(Cell(row, column));
+    return sources_[column].column->Format().Format(GridTable::Cell(row, column));
   }
   std::optional<Color> CellColor(std::size_t row, std::size_t column) const override {
     if (columns_[column].kind != CellKind::Swatch) return std::nullopt;
-    const Value value = Cell(row, column);
+    const Value value = GridTable::Cell(row, column);
     return value.IsNull() ? std::nullopt : ParseColor(value.AsText());
   }
   bool HasFooter() const override { return grid_.ShowFooter; }
@@ -75,8 +76,57 @@ class GridTable : public IReportTable {
   std::size_t keyColumns_ = 0;
 };
 
+// The same in groups: a line for each head, each unit of measure, and each row that is not folded away.
+class GroupedTable : public GridTable {
+ public:
+  explicit GroupedTable(const TSmartDBGrid_QRT& grid)
+      : GridTable(grid), groups_(grid.Groups()), columns_(grid.VisibleColumns()) {
+    const auto text = std::find_if(columns_.begin(), columns_.end(),
+                                   [](const TGridColumn* each) { return each->Footer() != FooterKind::Sum; });
+    text_ = text == columns_.end() ? 0 : static_cast<std::size_t>(text - columns_.begin());
+  }
+
+  std::size_t RowCount() const override { return groups_.LineCount(); }
+  RowRole Role(std::size_t row) const override {
+    const GridGroups::Line line = groups_.LineAt(row);
+    return line.row ? RowRole::Row : line.unit ? RowRole::UnitTotal : RowRole::GroupHead;
+  }
+  std::size_t TextColumn() const override { return text_; }
+  std::optional<std::size_t> RowNumber(std::size_t row) const override {
+    const GridGroups::Line line = groups_.LineAt(row);
+    return line.row ? std::optional(*line.row + 1) : std::nullopt;
+  }
+  bool HasGroups() const override { return true; }
+  Value Cell(std::size_t row, std::size_t column) const override {
+    const GridGroups::Line line = groups_.LineAt(row);
+    if (line.row) return GridTable::Cell(*line.row, column);
+    return column == text_ ? Value(groups_.HeadText(line)) : groups_.Total(line, *columns_[column]);
+  }
+  std::string CellText(std::size_t row, std::size_t column) const override {
+    const GridGroups::Line line = groups_.LineAt(row);
+    if (line.row) return GridTable::CellText(*line.row, column);
+    return column == text_ ? groups_.HeadText(line) : groups_.TotalText(line, *columns_[column]);
+  }
+  std::optional<Color> CellColor(std::size_t row, std::size_t column) const override {
+    const GridGroups::Line line = groups_.LineAt(row);
+    return line.row ? GridTable::CellColor(*line.row, column) : std::nullopt;
+  }
+
+ private:
+  const GridGroups& groups_;
+  std::vector<TGridColumn*> columns_;
+  std::size_t text_ = 0;
+};
+
 }  // namespace
 
-std::unique_ptr<IReportTable> TSmartDBGrid_QRT::Table() const { return std::make_unique<GridTable>(*this); }
+std::unique_ptr<IReportTable> TSmartDBGrid_QRT::RowsTable() const {
+  return std::make_unique<GridTable>(*this);
+}
+
+std::unique_ptr<IReportTable> TSmartDBGrid_QRT::Table() const {
+  if (groups_->Active()) return std::make_unique<GroupedTable>(*this);
+  return RowsTable();
+}
 
 }  // namespace goods

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/components/grid_filter.h"
+#include "host/components/grid_groups.h"
 
 namespace goods {
 
@@ -17,6 +18,8 @@ void TPrintDBGridEh::Preview(IPrinting& printing) const {
   if (OnBeforePrint) OnBeforePrint(job.lines);
   if (std::string narrowing = NarrowingLine(*Grid); !narrowing.empty())
     job.lines.push_back(std::move(narrowing));
+  if (std::string grouping = Grid->Groups().Caption(); !grouping.empty())
+    job.lines.push_back(std::move(grouping));
   printing.Preview(job);
 }
 

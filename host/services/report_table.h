@@ -18,6 +18,10 @@ enum class CellKind { Text, Number, Date, Swatch };
 
 enum class TotalKind { None, Sum, Count };
 
+// What a row of a table is: one of the data, the head of a group of rows, or what the rows of a group come to
+// in one unit of measure.
+enum class RowRole { Row, GroupHead, UnitTotal };
+
 struct ReportColumn {
   std::string name;     // of the field; what a program calls the column
   std::string caption;  // "group|title" where a group title stands over it
@@ -42,6 +46,14 @@ class IReportTable {
   virtual std::string CellText(std::size_t row, std::size_t column) const = 0;
   // The colour that a cell of a column of swatches stands for; none where it has none, or in another column.
   virtual std::optional<Color> CellColor(std::size_t row, std::size_t column) const = 0;
+  // Heads and unit totals have their text in the column TextColumn(), and the exact totals of the group in
+  // those that have one; their other cells are null.
+  virtual RowRole Role(std::size_t /*row*/) const { return RowRole::Row; }
+  virtual std::size_t TextColumn() const { return 0; }
+  // Counted from 1 over the rows of the data; none for others.
+  virtual std::optional<std::size_t> RowNumber(std::size_t row) const { return row + 1; }
+  // Some rows may have another role than Row.
+  virtual bool HasGroups() const { return false; }
   virtual bool HasFooter() const = 0;
   // The exact total; null for a column without one.
   virtual Value Footer(std::size_t column) const = 0;

@@ -17,6 +17,7 @@
 #include "goods_reports.h"
 #include "host/base/base_dock.h"
 #include "host/components/grid_filter.h"
+#include "host/components/grid_groups.h"
 #include "host/frames/general_search_frame.h"
 #include "host/frames/range_date_search_frame.h"
 #include "host/frames/select_entity_search_frame.h"
@@ -180,6 +181,8 @@ TEST_F(SavedViews, F6SavesWhatIsSeenAndBringsItBackByItsName) {
     grid.TitleClick(*grid.FindColumn("Date"));
     grid.FindColumn("Comment")->SetWidth(333);
     grid.FindColumn("PerName")->SetVisible(true);
+    grid.Groups().Set(grid.FindColumn("PerName"));
+    grid.Groups().FoldAll(false);
     const std::size_t narrowed = grid.RowCount();
     ASSERT_LT(narrowed, all);
     const TableView table = TableViewOf(grid);
@@ -188,6 +191,7 @@ TEST_F(SavedViews, F6SavesWhatIsSeenAndBringsItBackByItsName) {
     ChooseInMenu(window, "برداشتن");
     EXPECT_EQ(grid.RowCount(), all);
     EXPECT_TRUE(grid.SortKeys().empty());
+    EXPECT_FALSE(grid.Groups().Active());
     EXPECT_EQ(Child(window, "Views_BTN").accessibleName(), "نماها  F6");
     grid.FindColumn("Comment")->SetWidth(90);
     ChooseInMenu(window, "بدون آن شخص");
@@ -377,6 +381,9 @@ TEST(SavedViewText, EverythingSurvivesAFile) {
   view.table.sort = {{"Date", true}, {"Comment", false}};
   view.table.conditions = {{"PerName", ConditionKind::OneOf, {"آقای احمدی", std::nullopt, ""}},
                            {"Tedad_Varde", ConditionKind::From, {"-12.5"}}};
+  view.table.groupBy = "Date";
+  view.table.byMonth = true;
+  view.table.folded = false;
   view.onStartPage = true;
   std::vector<std::string> ignored;
   EXPECT_EQ(ParseView(ViewText(view), ignored), view);

@@ -1,0 +1,139 @@
+// The groups of a table: where their lines are, and the keys and the mouse on them.
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "desktop/views/form_view.h"
+#include "desktop/views/grid_view.h"
+#include "host/components/grid_groups.h"
+
+namespace goods {
+namespace {
+
+// The key of G where a Persian layout is in use.
+constexpr int kPersianLam = 0x0644;
+
+bool IsPlus(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Plus || (event.key() == Qt::Key_Equal && event.modifiers() != Qt::NoModifier);
+}
+
+}  // namespace
+
+bool GridWidget::Grouped() const { return grid_.Groups().Active(); }
+
+std::size_t GridWidget::LineCount() const {
+  return Grouped() ? grid_.Groups().LineCount() : grid_.RowCount();
+}
+
+std::size_t GridWidget::LineOf(std::size_t row) const { return Grouped() ? grid_.Groups().LineOf(row) : row; }
+
+std::size_t GridWidget::FirstLine() const { return static_cast<std::size_t>(verticalScrollBar()->value()); }
+
+std::size_t GridWidget::FirstRow() const {
+  const std::size_t line = FirstLine();
+  if (!Grouped() || line >= LineCount()) return line;
+  const GridGroups::Line first = grid_.Groups().LineAt(line);
+  return first.row.value_or(grid_.Groups().FirstRow(first.group));
+}
+
+std::optional<std::size_t> GridWidget::LineUnder(const QPoint& point) const {
+  const QRect area = geometry_.RowsArea();
+  if (!area.contains(point)) return std::nullopt;
+  const std::size_t line =
+      FirstLine() + static_cast<std::size_t>((point.y() - area.top()) / geometry_.RowHeight());
+  return line < LineCount() ? std::optional(line) : std::nullopt;
+}
+
+std::optional<std::size_t> GridWidget::RowAt(const QPoint& point) const {
+  const auto line = LineUnder(point);
+  return !line || !Grouped() ? line : grid_.Groups().LineAt(*line).row;
+}
+
+std::optional<std::size_t> GridWidget::HeadAt(const QPoint& point) const {
+  const auto line = LineUnder(point);
+  if (!line || !Grouped()) return std::nullopt;
+  const GridGroups::Line under = grid_.Groups().LineAt(*line);
+  return under.IsHead() ? std::optional(under.group) : std::nullopt;
+}
+
+QRect GridWidget::HeadRect(std::size_t group) const {
+  const GridGroups& groups = grid_.Groups();
+  if (!Grouped() || group >= groups.GroupCount()) return {};
+  std::size_t line = groups.LineOf(groups.FirstRow(group));
+  while (!groups.LineAt(line).IsHead()) --line;
+  const int top = geometry_.RowsArea().top() +
+                  (static_cast<int>(line) - verticalScrollBar()->value()) * geometry_.RowHeight();
+  return {0, top, viewport()->width(), geometry_.RowHeight()};
+}
+
+// Goes over heads of groups that show their rows; the head of a folded one stands for its first row.
+void GridWidget::MoveLines(qint64 lines, bool extend) {
+  const TADOQuery* query = grid_.DataSet();
+  if (query == nullptr || !query->RecNo() || LineCount() == 0) return;
+  const GridGroups& groups = grid_.Groups();
+  const auto last = static_cast<qint64>(LineCount()) - 1;
+  const auto here = static_cast<qint64>(LineOf(*query->RecNo()));
+  const auto stops = [&](qint64 line) {
+    const GridGroups::Line at = groups.LineAt(static_cast<std::size_t>(line));
+    return at.row.has_value() || (at.IsHead() && groups.Folded(at.group));
+  };
+  const qint64 wanted = std::clamp<qint64>(here + lines, 0, last);
+  for (const qint64 step : {lines < 0 ? -1 : 1, lines < 0 ? 1 : -1}) {
+    qint64 line = wanted;
+    while (line >= 0 && line <= last && !stops(line)) line += step;
+    if (line < 0 || line > last) continue;
+    const GridGroups::Line at = groups.LineAt(static_cast<std::size_t>(line));
+    return GoTo(at.row.value_or(groups.FirstRow(at.group)), extend);
+  }
+}
+
+void GridWidget::FoldGroup(std::size_t group, bool folded) {
+  view_.Do([&] { grid_.Groups().Fold(group, folded); });
+  shownRow_.reset();  // the current row is brought into view again
+  Follow();
+}
+
+void GridWidget::FoldGroups(bool folded) {
+  view_.Do([&] { grid_.Groups().FoldAll(folded); });
+  shownRow_.reset();
+  Follow();
+}
+
+void GridWidget::GroupBy(const TGridColumn* column, bool byMonth) {
+  if (!view_.HasMenu()) return;
+  view_.Do([&] { grid_.Groups().Set(column, byMonth); });
+  shownRow_.reset();
+  Follow();
+}
+
+// By the column that keys mean: dates first by month, then by day; then none.
+void GridWidget::GroupByCurrent() {
+  const TGridColumn* column = CurrentColumn();
+  if (column == nullptr || column->Kind() == CellKind::Swatch) return;
+  const GridGroups& groups = grid_.Groups();
+  const bool here = groups.Asked() == column;
+  const bool date = column->Kind() == CellKind::Date;
+  if (here && !(date && groups.ByMonth())) return GroupBy(nullptr);
+  GroupBy(column, date && !here);
+}
+
+bool GridWidget::GroupKey(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+  if (modifiers == Qt::ControlModifier && (event.key() == Qt::Key_G || event.key() == kPersianLam)) {
+    GroupByCurrent();
+    return true;
+  }
+  const bool minus = event.key() == Qt::Key_Minus;
+  if (!Grouped() || (!minus && !IsPlus(event))) return false;
+  const TADOQuery* query = grid_.DataSet();
+  if (modifiers == Qt::ControlModifier) {
+    FoldGroups(minus);
+  } else if (modifiers == Qt::NoModifier && query->RecNo()) {
+    FoldGroup(grid_.Groups().GroupOf(*query->RecNo()), minus);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+}  // namespace goods
