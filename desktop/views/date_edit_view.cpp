@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
+#include <QToolButton>
 
 #include "desktop/views/calendar.h"
 #include "desktop/views/form_view.h"
@@ -41,6 +42,7 @@ QIcon CalendarIcon() {
 DateEditView::DateEditView(FormView& form, TDateEdit& edit, QWidget* parent) : EditView(form, edit, parent) {
   open_ = Line().addAction(CalendarIcon(), QLineEdit::LeadingPosition);
   open_->setToolTip("تقویم (Alt+Down)");
+  for (QToolButton* button : Line().findChildren<QToolButton*>()) button->setAccessibleName("تقویم");
   connect(open_, &QAction::triggered, this, [this] { DropDown(); });
   Line().installEventFilter(this);
 }
