@@ -15,7 +15,8 @@ class ComputedTables : public ::testing::Test {
 };
 
 constexpr char kAsset[] = "a.Kala || ',' || a.Anbar || ',' || a.KardexAsset || ',' || a.DetailAsset AS row";
-constexpr char kOperation[] = "m.Kala || ',' || m.Radif || ',' || m.Anbar || ',' || m.OperationAmount AS row";
+constexpr char kOperationRow[] =
+    "m.Kala || ',' || m.Radif || ',' || m.Anbar || ',' || m.OperationAmount AS row";
 constexpr char kNegative[] = "n.Kala || ',' || n.Radif || ',' || n.Tedad AS row";
 
 TEST_F(ComputedTables, GoodByGoodTheyHaveTheRowsOfTheWhole) {
@@ -23,7 +24,7 @@ TEST_F(ComputedTables, GoodByGoodTheyHaveTheRowsOfTheWhole) {
   const std::string whole = Rows(asset + " FROM detail_asset a");
   EXPECT_NE(whole, "");
   EXPECT_EQ(Rows(asset + " FROM GoodInf g CROSS JOIN detail_asset a ON a.Kala = g.Code"), whole);
-  const std::string operation = kOperation;
+  const std::string operation = kOperationRow;
   const std::string mismatches = Rows(operation + " FROM detail_operation_mismatch m");
   EXPECT_NE(mismatches, "");
   EXPECT_EQ(Rows(operation + " FROM GoodInf g CROSS JOIN detail_operation_mismatch m ON m.Kala = g.Code"),

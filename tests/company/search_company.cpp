@@ -152,14 +152,14 @@ void WriteSearchCompany(const std::string& path, unsigned seed, int movements) {
   for (const Named& store : kStores) insert("INSERT INTO Stores(Code, Name) VALUES(?1, ?2)", store);
   for (const Named& person : kPersons) insert("INSERT INTO Persons(Code, Name) VALUES(?1, ?2)", person);
   for (int i = 0; i < movements; ++i) {
-    constexpr int kTypes[] = {2, 1, 3, 4, 22, 5};
+    constexpr int kMovementTypes[] = {2, 1, 3, 4, 22, 5};
     const std::string date = RandomDate(random);
     Movement movement;
     movement.date = date;
     movement.good = AnyOf(kGoods, random).code;
     movement.store = AnyOf(kStores, random).code;
     movement.person = i % 10 == 0 ? 0 : AnyOf(kPersons, random).code;
-    movement.type = AnyOf(kTypes, random);
+    movement.type = AnyOf(kMovementTypes, random);
     const Int128 units = static_cast<Int128>(1 + random() % 5000) * (Decimal::kOne / 100);
     movement.quantity = Decimal::FromUnits(random() % 2 == 0 ? units : -units);
     movement.price = Decimal::FromUnits(static_cast<Int128>(random() % 150'000) * (Decimal::kOne / 100));

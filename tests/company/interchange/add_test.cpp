@@ -25,8 +25,8 @@ constexpr const char* kTables[] = {
     "SELECT Kala, Anbar, dec_text(Mogodi), dec_text(varede), dec_text(sadere), OperationDate FROM "
     "GoodStoreStock"
     " ORDER BY 1, 2",
-    "SELECT Code, Name, CurAva, dec_text(AvaBgPrd), dec_text(CostBgPrd), dec_text(AvaBgPrd2) FROM GoodInf "
-    "ORDER BY 1",
+    "SELECT Code, Name, CurAva, dec_text(AvaBgPrd), dec_text(CostBgPrd), dec_text(AvaBgPrd2) FROM GoodInf"
+    " ORDER BY 1",
     "SELECT Kala, dec_text(Stock) FROM RialiStock ORDER BY 1"};
 
 void ExpectAlike(const std::string& first, const std::string& second) {
