@@ -2,11 +2,13 @@
 // with factors (GOODS_TEST_SCREEN, see CMakeLists.txt).
 #include <QAbstractButton>
 #include <QApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTabBar>
+#include <utility>
 
 #include "desktop/app/category_picker.h"
 #include "desktop/app/company_chooser.h"
@@ -33,6 +35,44 @@ namespace goods {
 namespace {
 
 constexpr int kSettle = 600;  // milliseconds: longer than a search waits for further keys
+
+// Whether something has changed on the screen since it was asked last.
+class ScreenWatch : public QObject {
+ public:
+  ScreenWatch() { qApp->installEventFilter(this); }
+  bool Changed() { return std::exchange(changed_, false); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::Show:
+      case QEvent::Hide:
+      case QEvent::Move:
+      case QEvent::Resize:
+      case QEvent::LayoutRequest:
+      case QEvent::UpdateRequest:
+        changed_ = true;
+        break;
+      default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  bool changed_ = false;
+};
+
+// Lets the message loop run until no widget has been shown, moved, laid out or painted for a tenth of a
+// second, for five seconds at most.
+void WaitUntilQuiet() {
+  constexpr int kQuiet = 100;  // milliseconds
+  constexpr int kMost = 50;
+  ScreenWatch watch;
+  for (int times = 0; times < kMost; ++times) {
+    Wait(kQuiet);
+    if (!watch.Changed()) return;
+  }
+}
 
 std::string Named(const QWidget& widget) {
   const auto* button = qobject_cast<const QAbstractButton*>(&widget);
@@ -65,7 +105,7 @@ void ExpectButtonsInView(QWidget& window) {
 }
 
 void ExpectOnScreen(QWidget& window) {
-  Wait(kSettle);
+  WaitUntilQuiet();
   KeepPicture(window);
   const QRect screen = window.screen()->availableGeometry();
   const QRect frame = window.isMaximized() ? window.geometry() : window.frameGeometry();
@@ -125,12 +165,12 @@ class Screens : public DesktopTest {
   static void Criteria(QWidget& window) {
     WhileModal([](QWidget& dialog) { ExpectWhole(dialog); });
     PressKey(window, Qt::Key_F10, Qt::ControlModifier);
-    Wait(kSettle);
+    WaitUntilQuiet();
   }
   static void Preview(QWidget& window) {
     WhileModal([](QWidget& preview) { ExpectWhole(preview); });
     PressKey(window, Qt::Key_F9);
-    Wait(kSettle);
+    WaitUntilQuiet();
   }
 };
 
@@ -301,15 +341,14 @@ TEST_F(Screens, AWindowThatIsTooWideFoldsItsRowsAndUnfoldsThem) {
           window.showNormal();
           const QSize room = RoomFor(window);
           window.resize(room);
-          Wait(100);
+          WaitUntilQuiet();
           const int wide = row.height();
           window.resize(std::min(560, room.width()), room.height());
-          Wait(100);
-          EXPECT_GT(row.height(), wide);
+          EXPECT_TRUE(WaitUntil([&] { return row.height() > wide; }));
+          WaitUntilQuiet();
           ExpectButtonsInView(window);
           window.resize(room);
-          Wait(100);
-          EXPECT_EQ(row.height(), wide);
+          EXPECT_TRUE(WaitUntil([&] { return row.height() == wide; }));
         });
 }
 
