@@ -22,6 +22,13 @@ std::string SortField(const std::string& name) {
   return "[" + ReplaceAll(name, "]", "]]") + "]";
 }
 
+// Rows that came in an order of their own, such as after others without the column, are sorted by it again.
+void KeepGroupsTogether(TSmartDBGrid_QRT& grid) {
+  const TGridColumn* column = grid.Groups().By();
+  if (column != nullptr && !grid.DataSet()->Sort().starts_with(SortField(column->FieldName()) + " "))
+    grid.DataSet()->SetSort(grid.GetSort());
+}
+
 }  // namespace
 
 TGridColumn::TGridColumn(TSmartDBGrid_QRT& grid, std::string fieldName, std::string caption)
@@ -127,6 +134,7 @@ void TSmartDBGrid_QRT::SetDataSource(TDataSource* source) {
       selection_.clear();
       DropForeignSort();
       RefreshFooters();
+      KeepGroupsTogether(*this);
     });
     sourceScrolled_ = source_->Scrolled.Connect([this] { Changed(); });
   }
