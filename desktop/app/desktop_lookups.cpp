@@ -22,6 +22,18 @@ std::optional<std::int64_t> DesktopLookups::SelectEntity(TForm* owner, EntityTyp
   });
 }
 
+void DesktopLookups::CodeTyped(TForm& form, EntityType type, std::int64_t code) {
+  typed_ = {&form.Host().Settings(), type, code};
+}
+
+std::optional<std::vector<std::string>> DesktopLookups::LookupDBs(EntityType type, std::int64_t code,
+                                                                  std::string_view fields) {
+  auto found = CompanyLookups::LookupDBs(type, code, fields);
+  if (found && code != 0 && typed_.code == code && typed_.type == type)
+    RecentEntities(*std::exchange(typed_, {}).settings, Company().Title()).Add(type, code);
+  return found;
+}
+
 std::optional<std::vector<std::string>> DesktopLookups::SelectCategories(
     TForm* /*owner*/, const std::vector<std::string>& chosen) {
   CategoryPicker picker(Categories(), chosen, parent_());

@@ -1,6 +1,7 @@
 #include "desktop/views/edit_view.h"
 
 #include <QLineEdit>
+#include <QPointer>
 #include <QStyle>
 
 #include "desktop/views/form_view.h"
@@ -8,8 +9,10 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/views/style.h"
 #include "desktop/views/theme.h"
+#include "desktop/views/typed_codes.h"
 #include "desktop/views/window_keys.h"
 #include "host/components/standard.h"
+#include "host/frames/select_entity_frame.h"
 
 namespace goods {
 namespace {
@@ -37,9 +40,19 @@ QString EditView::Shown() const {
 }
 
 void EditView::Typed(const QString& text) {
+  const QPointer<EditView> alive(this);
   Act([&] {
     if (edit_.TypeText(FromQt(text))) edit_.SetCaret(line_->cursorPosition());
   });
+  if (alive) TellTyped();
+}
+
+void EditView::TellTyped() {
+  const auto* frame = dynamic_cast<const TSelect_Entity_Frame*>(edit_.Parent());
+  if (frame == nullptr) return;
+  TForm& form = Form().Form();
+  if (auto* typed = dynamic_cast<ITypedCodes*>(&form.Host().Lookups()))
+    typed->CodeTyped(form, frame->GetEntityType(), edit_.AsInteger());
 }
 
 void EditView::CaretMoved(int position) {

@@ -25,6 +25,8 @@ class EditView : public ControlView {
  private:
   QString Shown() const;
   void Typed(const QString& text);
+  // Of the edit of an entity's code: tells the host what stands there.
+  void TellTyped();
   void CaretMoved(int position);
   void RefreshSize();
 

@@ -145,6 +145,32 @@ TEST_F(QuickChoices, WhatWasChosenStandsFirstInTheNextList) {
   EXPECT_TRUE(RecentEntities(Settings(), "شرکت دیگر").Codes(EntityType::Good).empty());
 }
 
+TEST_F(QuickChoices, ACodeThatIsTypedCountsAsChosenLatelyToo) {
+  HostFor("admin");
+  Shown("Open_GoodKardex", [&](QWidget& window) {
+    TypeGood(window, 5);
+    TypeGood(window, 987654);  // no such good
+    TypeGood(window, 8);
+    bool open = false;
+    WhileModal([&](QWidget& picker) {
+      open = true;
+      auto& rows = dynamic_cast<EntityRows&>(*dynamic_cast<QTableView&>(Child(picker, "Entity_GRD")).model());
+      ASSERT_EQ(rows.RecentCount(), 2);
+      EXPECT_EQ(rows.Record(0).code, 8);
+      EXPECT_EQ(rows.Record(1).code, 5);
+      PressKey(picker, Qt::Key_Escape);
+    });
+    Child(window, "Good_SEF.Code_EDT").setFocus();
+    PressKey(window, Qt::Key_F4);
+    Wait(50);
+    EXPECT_TRUE(open);
+  });
+  WhileModal([](QWidget& card) { EXPECT_GT(RowCount(card), 0U); });
+  Module().OpenKardex(3, 0, "", "");  // what a report hands over is nobody's choice
+  EXPECT_EQ(RecentEntities(Settings(), Company().Title()).Codes(EntityType::Good),
+            (std::vector<std::int64_t>{8, 5}));
+}
+
 TEST_F(QuickChoices, OnlySoManyAreKeptAndASpoiltSectionIsNone) {
   RecentEntities recent(Settings(), "شرکت");
   for (int code = 1; code <= 8; ++code) recent.Add(EntityType::Store, code);

@@ -1,0 +1,7 @@
+#include "desktop/views/typed_codes.h"
+
+namespace goods {
+
+ITypedCodes::~ITypedCodes() = default;
+
+}  // namespace goods
