@@ -15,6 +15,7 @@
 #include "desktop/views/panel_splitter.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "desktop/views/unit_texts.h"
 #include "host/base/base_dock.h"
 #include "host/components/grid_groups.h"
 
@@ -372,14 +373,17 @@ bool GridWidget::ShowCellTip(const QPoint& point, const QPoint& global) {
   return true;
 }
 
-// A sum that had to be written smaller is told in full, whether it was cut or not.
+// A sum that had to be written smaller is told in full, whether it was cut or not; one over several units is
+// told by unit.
 bool GridWidget::ShowFooterTip(std::size_t span, const QPoint& global) {
   const GridSpan& under = geometry_.Spans()[span];
   const QString text = ShownCell(grid_.FooterText(*under.column), true);
+  const QString units = UnitLines(grid_, *under.column);
   QFont bold = font();
   bold.setBold(true);
-  if (QFontMetrics(bold).horizontalAdvance(text) <= under.width - 2 * geometry_.Padding()) return false;
-  QToolTip::showText(global, text, viewport());
+  const bool whole = QFontMetrics(bold).horizontalAdvance(text) <= under.width - 2 * geometry_.Padding();
+  if (whole && units.isEmpty()) return false;
+  QToolTip::showText(global, units.isEmpty() ? text : text + "\n\n" + units, viewport());
   return true;
 }
 

@@ -1,6 +1,7 @@
 #include "host/components/grid.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "host/components/form.h"
@@ -28,6 +29,9 @@ void KeepGroupsTogether(TSmartDBGrid_QRT& grid) {
   if (column != nullptr && !grid.DataSet()->Sort().starts_with(SortField(column->FieldName()) + " "))
     grid.DataSet()->SetSort(grid.GetSort());
 }
+
+// In the place of a sum that is beyond the range of numbers.
+constexpr const char* kFooterTooLarge = "بیش از اندازه";
 
 }  // namespace
 
@@ -187,8 +191,12 @@ std::string TSmartDBGrid_QRT::CellText(std::size_t position, const TGridColumn& 
 }
 
 std::string TSmartDBGrid_QRT::FooterText(const TGridColumn& column) const {
-  const Value value = FooterValue(column);
-  return column.Footer() == FooterKind::Count ? value.AsText() : column.FooterFormat().Format(value);
+  try {
+    const Value value = FooterValue(column);
+    return column.Footer() == FooterKind::Count ? value.AsText() : column.FooterFormat().Format(value);
+  } catch (const std::overflow_error&) {
+    return kFooterTooLarge;
+  }
 }
 
 Value TSmartDBGrid_QRT::FooterValue(const TGridColumn& column) const {

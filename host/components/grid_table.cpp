@@ -1,6 +1,7 @@
 // The grid as a typed table.
 #include <algorithm>
 #include <memory>
+#include <stdexcept>
 
 #include "host/components/grid.h"
 #include "host/components/grid_groups.h"
@@ -56,7 +57,14 @@ class GridTable : public IReportTable {
     return value.IsNull() ? std::nullopt : ParseColor(value.AsText());
   }
   bool HasFooter() const override { return grid_.ShowFooter; }
-  Value Footer(std::size_t column) const override { return grid_.FooterValue(*sources_[column].column); }
+  // None where it is beyond the range of numbers: a file has no total then, and its rows.
+  Value Footer(std::size_t column) const override {
+    try {
+      return grid_.FooterValue(*sources_[column].column);
+    } catch (const std::overflow_error&) {
+      return {};
+    }
+  }
   std::string FooterText(std::size_t column) const override {
     return grid_.FooterText(*sources_[column].column);
   }

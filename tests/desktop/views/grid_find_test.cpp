@@ -10,6 +10,7 @@
 #include "desktop/views/line_edit.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "desktop/views/unit_texts.h"
 #include "tests/desktop/views/grid_fixture.h"
 
 namespace goods::testing {
@@ -185,6 +186,36 @@ TEST_F(GridFind, ARowSaysInItsTooltipWhatItIsBeyondItsColumns) {
   form.Kardex_QRY.MoveTo(6);
   Settle();
   EXPECT_TRUE(Table().accessibleDescription().contains("شماره سند: " + ShownDigits("6")));
+}
+
+TEST_F(GridFind, ATotalOverSeveralUnitsIsToldByUnitInItsTooltip) {
+  Open(10);
+  const TGridColumn& column = *form.Kardex_GRD.FindColumn("Tedad_Varde");
+  const auto tip = [&] {
+    QToolTip::hideText();
+    const QRect cell = Table().CellRect(0, column);
+    const QPoint point(cell.center().x(), Table().Geometry().RowsArea().bottom() + 4);
+    QHelpEvent help(QEvent::ToolTip, point, Table().viewport()->mapToGlobal(point));
+    QApplication::sendEvent(Table().viewport(), &help);
+    return QToolTip::text();
+  };
+  EXPECT_EQ(tip(), "");
+  form.Kardex_QRY.AddComputed({"UnitName", ColumnType::Text}, [](std::size_t row, const RowStore&) {
+    return row % 4 == 3 ? Value() : Value(row % 4 < 2 ? "عدد" : "کیلوگرم");
+  });
+  const QStringList lines = tip().split('\n');
+  ASSERT_EQ(lines.size(), 5);  // the sum, a line between, and the three of the rows
+  EXPECT_EQ(lines[0], ShownCell(form.Kardex_GRD.FooterText(column), true));
+  EXPECT_TRUE(lines[2].startsWith("عدد: "));
+  EXPECT_TRUE(lines[4].startsWith(kNoUnit));
+  Decimal all;
+  for (const UnitSum& each : UnitSums(form.Kardex_GRD, column)) all += each.sum.AsDecimal();
+  EXPECT_EQ(all, form.Kardex_GRD.FooterValue(column).AsDecimal());
+  EXPECT_EQ(UnitTotalLines(form.Kardex_GRD).size(), 2) << "what came in and what went out";
+  EXPECT_TRUE(UnitSums(form.Kardex_GRD, *form.Kardex_GRD.FindColumn("Mab_Bagh")).empty()) << "no quantity";
+  form.Kardex_QRY.SetFilter("UnitName = 'عدد'");
+  EXPECT_TRUE(UnitSums(form.Kardex_GRD, column).empty()) << "rows of one unit need no more than their sum";
+  QToolTip::hideText();
 }
 
 TEST_F(GridFind, TheWindowsOwnTitleStandsInItsFrameBesideTheCaption) {

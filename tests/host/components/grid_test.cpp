@@ -47,6 +47,22 @@ TEST_F(Grid, FootersFollowTheFilter) {
   EXPECT_EQ(grid.FooterText(*grid.FindColumn("Amount")), "3-");
 }
 
+TEST_F(Grid, AFooterBeyondTheRangeOfNumbersIsToldAndThrowsNothing) {
+  const std::string most = "17" + std::string(28, '0');
+  host.Connection().Answer("large", {{{"Name", ColumnType::Text}, {"Amount", ColumnType::Decimal}},
+                                     {{"a", most}, {"b", most}, {"c", "1"}}});
+  const TGridColumn& amount = *grid.FindColumn("Amount");
+  query.SetSQL("large");
+  query.Open();
+  EXPECT_EQ(grid.FooterText(amount), "بیش از اندازه");
+  EXPECT_EQ(grid.FooterText(*grid.FindColumn("Name")), "3");
+  const auto table = grid.Table();
+  EXPECT_EQ(table->FooterText(1), "بیش از اندازه");
+  EXPECT_TRUE(table->Footer(1).IsNull());
+  query.SetFilter("Name = 'c'");
+  EXPECT_EQ(grid.FooterText(amount), "1");
+}
+
 TEST_F(Grid, ATitleClickSortsTurnsRoundAndLiftsTheSort) {
   const TGridColumn& name = *grid.FindColumn("Name");
   int changes = 0;
