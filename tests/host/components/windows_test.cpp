@@ -160,6 +160,42 @@ TEST(BaseDock, KeepsAGridsLayoutInAFileOfTheReportAndTwoNumbers) {
   EXPECT_EQ(other.Rows_GRD.FindColumn("Name")->Width(), 321);
 }
 
+TEST(BaseDock, KeepsAGridsSortWithItsLayout) {
+  ScriptedHost host;
+  host.Settings().Folder = ::testing::TempDir();
+  Report report(host);
+  report.Rows_GRD.AddColumn("Name", "نام");
+  report.Rows_GRD.AddColumn("Code", "کد");
+  report.Rows_GRD.SetSortKeys({{"Code", true}, {"Name", false}});
+  report.SaveGridSettings(report.Rows_GRD, "Sorted", 1, 0);
+
+  Report same(host);
+  same.Rows_GRD.AddColumn("Name", "نام");
+  same.Rows_GRD.AddColumn("Code", "کد");
+  same.LoadGridSettings(same.Rows_GRD, "Sorted", 1, 0);
+  EXPECT_EQ(same.Rows_GRD.GetSort(), "Code DESC,Name ASC");
+
+  Report without(host);
+  without.Rows_GRD.AddColumn("Name", "نام");
+  without.LoadGridSettings(without.Rows_GRD, "Sorted", 1, 0);
+  EXPECT_EQ(without.Rows_GRD.GetSort(), "Name ASC") << "a column that is not there sorts nothing";
+
+  host.Rights().SetSeesPrices(false);
+  Report withheld(host);
+  withheld.Rows_GRD.AddColumn("Name", "نام");
+  withheld.Rows_GRD.AddColumn("Code", "فی").SetMoney();
+  withheld.Place(withheld.Rows_GRD);
+  withheld.LoadGridSettings(withheld.Rows_GRD, "Sorted", 1, 0);
+  EXPECT_EQ(withheld.Rows_GRD.GetSort(), "Name ASC") << "nor one that this user does not see";
+
+  report.Rows_GRD.SetSortKeys({});
+  report.SaveGridSettings(report.Rows_GRD, "Sorted", 1, 0);
+  Report unsorted(host);
+  unsorted.Rows_GRD.AddColumn("Name", "نام");
+  unsorted.LoadGridSettings(unsorted.Rows_GRD, "Sorted", 1, 0);
+  EXPECT_EQ(unsorted.Rows_GRD.GetSort(), "");
+}
+
 TEST(BaseDock, KeepsTheOldLayoutWhereTheNewOneCannotBeWritten) {
   ScriptedHost host;
   host.Settings().Folder = ::testing::TempDir() + "layouts";
