@@ -10,11 +10,11 @@ namespace goods {
 namespace {
 
 constexpr char kStockCards[] =
-    "SELECT Kala, Date, Radif, Anbar, Percode, Tedad, Gheymat, Comment FROM Kardex ORDER BY Kala, Date, "
-    "Radif";
+    "SELECT Kala, Date, Radif, Anbar, Percode, Tedad, Gheymat, Comment, Type, OperationCode FROM Kardex"
+    " ORDER BY Kala, Date, Radif";
 constexpr char kStockCard[] =
-    "SELECT Kala, Date, Radif, Anbar, Percode, Tedad, Gheymat, Comment FROM Kardex WHERE Kala = ?1"
-    " ORDER BY Date, Radif";
+    "SELECT Kala, Date, Radif, Anbar, Percode, Tedad, Gheymat, Comment, Type, OperationCode FROM Kardex"
+    " WHERE Kala = ?1 ORDER BY Date, Radif";
 enum ColumnIndex : int { kKala = 0, kAnbar = 3, kTedad = 5 };
 
 class NegativeRows : public ComputedRows {
@@ -57,7 +57,8 @@ class NegativeRows : public ComputedRows {
 
 void RegisterNegativeStock(sqlite3* db) {
   static constexpr ComputedTable kTable = {
-      "negative_stock", "CREATE TABLE x(Kala, Date, Radif, Anbar, Percode, Tedad, Gheymat, Comment)", 0, 3,
+      "negative_stock",
+      "CREATE TABLE x(Kala, Date, Radif, Anbar, Percode, Tedad, Gheymat, Comment, Type, OperationCode)", 0, 3,
       MakeComputed<NegativeRows>};
   RegisterComputedTable(db, kTable);
 }

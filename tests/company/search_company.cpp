@@ -133,7 +133,10 @@ std::vector<std::string> FoundRow::Cells() const {
           mabVarede.ToString(),
           mabSadere.ToString(),
           gheymatVarede.ToString(),
-          gheymatSadere.ToString()};
+          gheymatSadere.ToString(),
+          std::to_string(type),
+          std::to_string(document),
+          unit};
 }
 
 void WriteSearchCompany(const std::string& path, unsigned seed, int movements) {
@@ -175,8 +178,9 @@ std::vector<FoundRow> RowsOfTables(IConnection& connection) {
   const auto abbreviations = Names(connection, "GoodInf", "AbbName");
   const auto stores = Names(connection, "Stores");
   const auto persons = Names(connection, "Persons");
-  const RowStore cells =
-      AskRows(connection, "select Date, Kala, Radif, Anbar, Percode, Comment, Tedad, Gheymat from Kardex");
+  const RowStore cells = AskRows(
+      connection,
+      "select Date, Kala, Radif, Anbar, Percode, Comment, Tedad, Gheymat, Type, OperationCode from Kardex");
   std::vector<FoundRow> rows;
   for (std::size_t i = 0; i < cells.Count(); ++i) {
     FoundRow row;
@@ -193,6 +197,8 @@ std::vector<FoundRow> RowsOfTables(IConnection& connection) {
     row.comment = cells.Cell(i, 5).AsText();
     row.tedad = cells.Cell(i, 6).AsDecimal();
     const Decimal price = cells.Cell(i, 7).AsDecimal();
+    row.type = cells.Cell(i, 8).AsInteger();
+    row.document = cells.Cell(i, 9).AsInteger();
     const bool incoming = row.tedad > Decimal();
     (incoming ? row.varede : row.sadere) = row.tedad.Abs();
     (incoming ? row.mabVarede : row.mabSadere) = price;

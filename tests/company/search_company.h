@@ -31,6 +31,9 @@ struct FoundRow {
   Decimal mabSadere;
   Decimal gheymatVarede;
   Decimal gheymatSadere;
+  std::int64_t type = 0;
+  std::int64_t document = 0;
+  std::string unit = "عدد";  // of every good
 
   // Its cells in the procedure's columns; null is the empty text.
   std::vector<std::string> Cells() const;

@@ -48,11 +48,13 @@ BEGIN
          CASE WHEN k.Tedad > 0 THEN k.Gheymat ELSE 0 END AS Mab_Varede,
          CASE WHEN k.Tedad < 0 THEN k.Gheymat ELSE 0 END AS Mab_Sadere,
          CASE WHEN k.Tedad > 0 THEN CAST(k.Tedad * k.Gheymat AS decimal(38,9)) ELSE 0 END AS Gheymat_Varede,
-         CASE WHEN k.Tedad < 0 THEN CAST(-k.Tedad * k.Gheymat AS decimal(38,9)) ELSE 0 END AS Gheymat_Sadere
+         CASE WHEN k.Tedad < 0 THEN CAST(-k.Tedad * k.Gheymat AS decimal(38,9)) ELSE 0 END AS Gheymat_Sadere,
+         k.Type, k.OperationCode, u.Name AS UnitName
   FROM dbo.Kardex k
   LEFT JOIN dbo.GoodInf g ON g.Code = k.Kala
   LEFT JOIN dbo.Stores s ON s.Code = k.Anbar
   LEFT JOIN dbo.Persons p ON p.Code = k.Percode
+  LEFT JOIN dbo.Units u ON u.Code = g.Unit
   WHERE (@Comment IS NULL OR CASE WHEN dbo.Holds(CASE WHEN DATALENGTH(k.Comment) = 0 THEN N'' ELSE k.CommentSearch END, @CommentPart) = 1 THEN 1 ELSE 0 END
            = CASE WHEN @NotComment = 1 THEN 0 ELSE 1 END)
     AND (@KalaName IS NULL OR CASE WHEN k.Kala IN (SELECT n.Code FROM dbo.SearchNames n WHERE n.Kind = 6 AND dbo.Holds(n.Name, @KalaNamePart) = 1) THEN 1 ELSE 0 END

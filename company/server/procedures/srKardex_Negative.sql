@@ -52,13 +52,15 @@ BEGIN
          CASE WHEN k.Tedad > 0 THEN k.Gheymat ELSE 0 END AS Mab_Varede,
          CASE WHEN k.Tedad < 0 THEN k.Gheymat ELSE 0 END AS Mab_Sadere,
          CASE WHEN k.Tedad > 0 THEN CAST(k.Tedad * k.Gheymat AS decimal(38,9)) ELSE 0 END AS Gheymat_Varede,
-         CASE WHEN k.Tedad < 0 THEN CAST(-k.Tedad * k.Gheymat AS decimal(38,9)) ELSE 0 END AS Gheymat_Sadere
-  FROM (SELECT c.Kala, c.Date, c.Radif, c.Anbar, c.Percode, c.Tedad, c.Gheymat, c.Comment, c.CommentSearch,
+         CASE WHEN k.Tedad < 0 THEN CAST(-k.Tedad * k.Gheymat AS decimal(38,9)) ELSE 0 END AS Gheymat_Sadere,
+         k.Type, k.OperationCode, u.Name AS UnitName
+  FROM (SELECT c.Kala, c.Date, c.Radif, c.Anbar, c.Percode, c.Tedad, c.Gheymat, c.Comment, c.CommentSearch, c.Type, c.OperationCode,
                SUM(c.Tedad) OVER (PARTITION BY c.Kala, c.Anbar ORDER BY c.Date, c.Radif ROWS UNBOUNDED PRECEDING) AS Remains
         FROM dbo.Kardex c) k
   LEFT JOIN dbo.GoodInf g ON g.Code = k.Kala
   LEFT JOIN dbo.Stores s ON s.Code = k.Anbar
   LEFT JOIN dbo.Persons p ON p.Code = k.Percode
+  LEFT JOIN dbo.Units u ON u.Code = g.Unit
   WHERE k.Tedad < 0 AND k.Remains < 0
     AND (ISNULL(@First, N'') = N'' OR k.Date >= @First)
     AND (ISNULL(@Second, N'') = N'' OR k.Date <= @Second)

@@ -7,6 +7,7 @@
 #include "module/framework/document_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
+#include "module/framework/row_facts.h"
 #include "module/framework/texts.h"
 #include "module/reports/detail/unit_kinds.h"
 
@@ -39,6 +40,7 @@ void TOneGoodDetailTransaction_FRM::FormCreate() {
   DescribeWindow(*this);
   SetCommonControls(GoodDetailTransaction_GRD, PrintList_BTN, Exit_BTN, GridLayout::Own);
   ShowRows(GoodDetailTransaction_GRD, dataModule_.OneGoodDetailTransaction.Source);
+  DescribeMovements(Host(), GoodDetailTransaction_GRD, {.type = "OperationType", .code = "OperationCode"});
   GoodDetailTransaction_GRD.OnDblClick = [this] { OpenInfo_BTN.Click(); };
   OnAction(OpenInfo_BTN, [this] { OpenInfo_BTNClick(); });
   Search_PNL.OnItemChange = [this] { Run(Waiting::Silent); };

@@ -6,6 +6,7 @@
 #include "module/data/stock_card_opening.h"
 #include "module/framework/program_change.h"
 #include "module/framework/report_window.h"
+#include "module/framework/row_facts.h"
 #include "module/framework/texts.h"
 #include "module/framework/told_once.h"
 
@@ -35,6 +36,7 @@ void TKardexSearch_FRM::FormCreate() {
   SetCommonControls(KardexSearch_GRD, PrintReportList_BTN, Exit_BTN);
 
   ShowRows(KardexSearch_GRD, dataModule_.KardexSearch.Source);
+  DescribeMovements(Host(), KardexSearch_GRD, {.type = "Type", .code = "OperationCode"});
   WatchCriteria(Criteria_PNL);
   KardexSearch_GRD.OnDblClick = [this] { KardexSearch_GRDDblClick(); };
   OnAction(OpenKardex_BTN, [this] { KardexSearch_GRDDblClick(); });

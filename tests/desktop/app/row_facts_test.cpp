@@ -2,7 +2,9 @@
 #include <QDialog>
 
 #include "desktop/views/grid_view.h"
+#include "desktop/views/unit_texts.h"
 #include "host/base/base_dock.h"
+#include "host/core/text.h"
 #include "tests/desktop/app/kit.h"
 
 namespace goods {
@@ -32,6 +34,58 @@ TEST_F(RowFacts, TheStockCardNamesOperationDocumentAndStoreOfARow) {
     EXPECT_TRUE(TableOf(window, "Kardex_GRD").FactsOf(row).contains("نوع عملیات: فروش"));
   });
   Module().Call("Open_GoodKardex");
+  RethrowFailure();
+}
+
+// The first row says its operation and its document, whatever columns the report has.
+void ExpectFactsOfFirstRow(const TSmartDBGrid_QRT& grid) {
+  ASSERT_GT(grid.RowCount(), 0U);
+  ASSERT_TRUE(grid.OnDescribeRow);
+  const std::vector<TSmartDBGrid_QRT::Fact> facts = grid.OnDescribeRow(0);
+  ASSERT_GE(facts.size(), 2U);
+  EXPECT_EQ(facts[0].caption, "نوع عملیات");
+  EXPECT_FALSE(facts[0].text.empty());
+  EXPECT_EQ(facts[1].caption, "شماره سند");
+  EXPECT_GT(ParseInteger(facts[1].text).value_or(0), 0);
+}
+
+TEST_F(RowFacts, RowsOfTheRowSearchAndTheNegativeCardNameOperationAndDocument) {
+  HostFor("admin");
+  WhileModal([&](QWidget& window) {
+    PressKey(window, Qt::Key_F2, Qt::ControlModifier);
+    ExpectFactsOfFirstRow(Component<TSmartDBGrid_QRT>(window, "KardexSearch_GRD"));
+  });
+  Module().Call("Open_KardexSearch");
+  RethrowFailure();
+  WhileModal([&](QWidget& window) {
+    ExpectFactsOfFirstRow(Component<TSmartDBGrid_QRT>(window, "KardexSearch_GRD"));
+  });
+  Module().OpenKardexNegativ("1", "", "");
+  RethrowFailure();
+}
+
+TEST_F(RowFacts, SumsOverGoodsOfSeveralUnitsAddUpByUnit) {
+  HostFor("admin");
+  WhileModal([&](QWidget& window) {
+    PressKey(window, Qt::Key_F2, Qt::ControlModifier);
+    const auto& grid = Component<TSmartDBGrid_QRT>(window, "KardexSearch_GRD");
+    for (const char* field : {"Varede", "Sadere"}) {
+      const TGridColumn& column = *grid.FindColumn(field);
+      const std::vector<UnitSum> sums = UnitSums(grid, column);
+      ASSERT_GT(sums.size(), 1U) << field;
+      Decimal all;
+      for (const UnitSum& each : sums) all += each.sum.AsDecimal();
+      EXPECT_EQ(all, grid.FooterValue(column).AsDecimal()) << field;
+    }
+  });
+  Module().Call("Open_KardexSearch");
+  RethrowFailure();
+  WhileModal([&](QWidget& window) {
+    Wait(500);
+    const auto& grid = Component<TSmartDBGrid_QRT>(window, "GoodTransactin_List_GRD");
+    EXPECT_GT(UnitSums(grid, *grid.FindColumn("Mogodi")).size(), 1U);
+  });
+  Module().Call("Open_GoodAmountAsset");
   RethrowFailure();
 }
 

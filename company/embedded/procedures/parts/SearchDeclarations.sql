@@ -24,3 +24,6 @@
 -- column Mab_Sadere decimal
 -- column Gheymat_Varede decimal
 -- column Gheymat_Sadere decimal
+-- column Type integer
+-- column OperationCode integer
+-- column UnitName text

@@ -11,4 +11,7 @@ SELECT k.Date,
        iif(k.Tedad > 0, k.Gheymat, 0),
        iif(k.Tedad < 0, k.Gheymat, 0),
        dec_mul(max(k.Tedad, 0), k.Gheymat),
-       dec_mul(max(-k.Tedad, 0), k.Gheymat)
+       dec_mul(max(-k.Tedad, 0), k.Gheymat),
+       k.Type,
+       k.OperationCode,
+       u.Name
