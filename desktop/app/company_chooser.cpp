@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QListWidget>
 #include <QPushButton>
@@ -16,6 +15,7 @@
 #include "desktop/app/import_dialog.h"
 #include "desktop/app/server_dialog.h"
 #include "desktop/documents/plain_table.h"
+#include "desktop/views/file_dialogs.h"
 #include "desktop/views/shown_text.h"
 
 namespace goods {
@@ -115,7 +115,7 @@ void CompanyChooser::OpenCurrent() {
 }
 
 void CompanyChooser::BrowseForFile() {
-  const QString path = QFileDialog::getOpenFileName(this, "باز کردن شرکت", QDir::homePath(), kFileKinds);
+  const QString path = AskForFileToOpen(this, "باز کردن شرکت", {}, kFileKinds);
   if (!path.isEmpty()) OpenFile(path);
 }
 

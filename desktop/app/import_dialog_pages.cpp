@@ -1,7 +1,6 @@
 // The pages of ImportDialog: what stands on them.
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -19,6 +18,7 @@
 #include "desktop/app/keyboard_hint.h"
 #include "desktop/app/password_dialog.h"
 #include "desktop/documents/plain_table.h"
+#include "desktop/views/file_dialogs.h"
 
 namespace goods {
 namespace {
@@ -109,11 +109,11 @@ QWidget* ImportDialog::SourcePage() {
   auto* line = new QHBoxLayout;
   line->addWidget(source_, 1);
   line->addWidget(AddBrowse("Folder_BTN", "پوشه…  F3", Qt::Key_F3, [this, take] {
-    take(QFileDialog::getExistingDirectory(this, "پوشه داده‌ها", source_->text()));
+    take(AskForFolder(this, "پوشه داده‌ها", source_->text()));
   }));
   line->addWidget(AddBrowse("Workbook_BTN", "صفحه‌گسترده…  F4", Qt::Key_F4, [this, take] {
-    take(QFileDialog::getOpenFileName(this, "صفحه‌گسترده", source_->text(),
-                                      "صفحه‌گسترده (*.xlsx *.ods)"));
+    take(AskForFileToOpen(this, "صفحه‌گسترده", source_->text(),
+                          "صفحه‌گسترده (*.xlsx *.ods)"));
   }));
   layout->addLayout(line);
   layout->addStretch(1);
@@ -154,9 +154,8 @@ QWidget* ImportDialog::TargetPage() {
   auto* line = new QHBoxLayout;
   line->addWidget(target_, 1);
   line->addWidget(AddBrowse("Target_BTN", "جای دیگر…  F3", Qt::Key_F3, [this] {
-    const QString path =
-        QFileDialog::getSaveFileName(this, "پرونده شرکت", target_->text(), "پرونده شرکت (*.goods)", nullptr,
-                                     QFileDialog::DontConfirmOverwrite);
+    const QString path = AskForFileToSave(this, "پرونده شرکت", target_->text(), "پرونده شرکت (*.goods)",
+                                          "goods", Replacing::LeftToCaller);
     if (!path.isEmpty()) target_->setText(path);
   }));
   auto* form = new QFormLayout;
