@@ -1,35 +1,54 @@
 #include "desktop/print/desktop_printing.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QProgressDialog>
+#include <utility>
 
 #include "desktop/print/file_name.h"
-#include "desktop/print/page_layout.h"
 #include "desktop/print/preview_window.h"
+#include "desktop/print/printed_document.h"
+#include "desktop/print/saved_file.h"
+#include "desktop/views/file_dialogs.h"
 #include "desktop/views/shown_text.h"
+#include "desktop/views/unit_texts.h"
 #include "host/base/base_dock.h"
 #include "host/components/grid_filter.h"
 #include "host/core/text.h"
 #include "host/services/windows.h"
 
 namespace goods {
-namespace {
-
-QString AskForFile(QWidget* window, const char* title, const QString& name, const QString& filter) {
-  return QFileDialog::getSaveFileName(window, QString::fromUtf8(title), name, filter);
+void DesktopPrinting::Preview(const PrintJob& job) {
+  const auto* report = dynamic_cast<const TBaseDock_FRM*>(windows_.ActiveWindow());
+  Preview(job, report == nullptr ? nullptr : report->PrintDBGridEh.Grid);
 }
 
-}  // namespace
-
-void DesktopPrinting::Preview(const PrintJob& job) {
+void DesktopPrinting::Preview(const PrintJob& job, const TSmartDBGrid_QRT* grid) {
   // A report that shares its window with another has the window's caption, and a title of its own.
   PrintJob named = job;
   const auto* report = dynamic_cast<const TBaseDock_FRM*>(windows_.ActiveWindow());
   if (report != nullptr && Trim(PlainCaption(report->Caption())) == Trim(PlainCaption(job.title)))
     named.title = report->HostTitle();
-  const PageLayout layout(named, windows_.NowDate());
-  PreviewWindow preview(layout, QApplication::activeWindow(), forbidden_);
+  PreviewAll({{std::move(named), grid == nullptr ? QStringList() : UnitTotalLines(*grid)}},
+             report == nullptr ? Paper() : PaperOf(*report));
+}
+
+Paper DesktopPrinting::PaperOf(const TBaseDock_FRM& report) {
+  // Reports of one window have different rights.
+  return {&report.Host().Settings(),
+          "Paper-" + report.Name() + "-" + std::to_string(report.PrintOption.SoftwarePart)};
+}
+
+void DesktopPrinting::PreviewAll(std::vector<PrintedJob> jobs, const Paper& paper) {
+  ISettings* settings = paper.settings;
+  const PageOptions options =
+      settings == nullptr ? PageOptions() : PageOptionsOf(settings->ReadSection(paper.section));
+  PrintedDocument document(std::move(jobs), windows_.NowDate(), options);
+  PreviewWindow preview(document, QApplication::activeWindow(), forbidden_);
+  if (settings != nullptr) {
+    preview.OnOptions = [&](const PageOptions& chosen) {
+      settings->WriteSection(paper.section, TextOf(chosen));
+    };
+  }
   preview.exec();
 }
 
@@ -49,8 +68,8 @@ PrintJob DesktopPrinting::JobOf(TSmartDBGrid_QRT& grid) const {
   return job;
 }
 
-bool DesktopPrinting::MayTakeAway(TSmartDBGrid_QRT& grid) {
-  auto* window = dynamic_cast<TBaseDock_FRM*>(grid.Form());
+bool DesktopPrinting::MayTakeAway(const TSmartDBGrid_QRT& grid) {
+  const auto* window = dynamic_cast<const TBaseDock_FRM*>(grid.Form());
   if (window == nullptr || window->PrintOption.SoftwarePart == 0) return true;
   IRights& rights = window->Host().Rights();
   return rights.HavePermission(rights.UserInfo(), window->PrintOption.SoftwarePart, kPermissionPrintList,
@@ -63,7 +82,8 @@ void DesktopPrinting::Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat
   const QString ending = QString::fromLatin1(EndingOf(format).data());
   const std::string title = grid.Form() == nullptr ? std::string() : PlainCaption(grid.Form()->Caption());
   const std::string name = ProposedFileName(title, windows_.NowDate(), EndingOf(format));
-  const QString path = AskForFile(window, caption, ToQt(name), ending.toUpper() + " (*." + ending + ")");
+  const QString path = AskForFileToSave(window, QString::fromUtf8(caption), ToQt(name),
+                                        ending.toUpper() + " (*." + ending + ")", ending);
   if (path.isEmpty()) return;
   const std::unique_ptr<IReportTable> table = grid.Table();
   PrintJob job = JobOf(grid);
@@ -80,7 +100,7 @@ void DesktopPrinting::Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat
   try {
     const std::string note = NoteOf(WriteReport(job, format, FromQt(path), options));
     progress.reset();
-    if (!note.empty()) messages.ShowSmartMessage(note, "", MessageIcon::Information);
+    TellSaved(window, path, ShownText(note));
   } catch (const ExportStopped&) {
     // The user knows.
   } catch (const ExportError& error) {
@@ -101,7 +121,7 @@ std::vector<GridCommand> DesktopPrinting::GridCommands(IMessages& messages) {
     const std::unique_ptr<IReportTable> table = grid.Table();
     PrintJob job = JobOf(grid);
     job.table = table.get();
-    Preview(job);
+    Preview(job, &grid);
   };
   return {exporting(FileFormat::Csv, "خروجی CSV"),
           exporting(FileFormat::Xlsx, "خروجی صفحه گسترده (XLSX)"),

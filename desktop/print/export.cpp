@@ -23,6 +23,24 @@ class WholeFileSink : public ByteSink {
   WholeFile& file_;
 };
 
+template <typename Write>
+ExportOutcome WriteWhole(const std::string& path, const WritingOptions& options, const Write& write) {
+  try {
+    WholeFile file(path, {.forbidden = options.forbidden, .layer = options.layer});
+    WholeFileSink sink(file);
+    const ExportOutcome outcome = write(sink);
+    file.Commit();
+    return outcome;
+  } catch (const ExportError&) {
+    throw;
+  } catch (const FileError& error) {
+    throw ExportError(error.what());
+  } catch (const std::exception&) {
+    // A library's own words say nothing to a user.
+    throw ExportError("پرونده «" + path + "» نوشته نشد. جای خالی دیسک و پوشه موقت را بررسی کنید.");
+  }
+}
+
 // The length of the UTF-8 character that text begins with; 0 where it begins with none.
 std::size_t CharacterLength(std::string_view text) {
   const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -48,20 +66,14 @@ UnfinishedFile::~UnfinishedFile() = default;
 
 ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::string& path,
                           const WritingOptions& options) {
-  try {
-    WholeFile file(path, {.forbidden = options.forbidden, .layer = options.layer});
-    WholeFileSink sink(file);
-    const ExportOutcome outcome = StreamReport(job, format, sink, options);
-    file.Commit();
-    return outcome;
-  } catch (const ExportError&) {
-    throw;
-  } catch (const FileError& error) {
-    throw ExportError(error.what());
-  } catch (const std::exception&) {
-    // A library's own words say nothing to a user.
-    throw ExportError("پرونده «" + path + "» نوشته نشد. جای خالی دیسک و پوشه موقت را بررسی کنید.");
-  }
+  return WriteWhole(path, options, [&](ByteSink& sink) { return StreamReport(job, format, sink, options); });
+}
+
+void WriteDocument(const PrintedDocument& document, const std::string& path, const WritingOptions& options) {
+  WriteWhole(path, options, [&](ByteSink& sink) {
+    WriteDocumentTo(document, sink, options);
+    return ExportOutcome();
+  });
 }
 
 ExportOutcome StreamReport(const PrintJob& job, FileFormat format, ByteSink& sink,

@@ -14,6 +14,7 @@
 namespace goods {
 
 class FileLayer;
+class PrintedDocument;
 
 enum class FileFormat { Text, Csv, Xlsx, Json, Pdf };
 
@@ -55,6 +56,10 @@ struct ExportOutcome {
 // path is untouched. job.table must not be null. PDF needs a QGuiApplication.
 ExportOutcome WriteReport(const PrintJob& job, FileFormat format, const std::string& path,
                           const WritingOptions& options = {});
+
+// The document as a PDF, whole or not at all as above. Of the options today is the document's own.
+void WriteDocument(const PrintedDocument& document, const std::string& path,
+                   const WritingOptions& options = {});
 
 // The same bytes as they come, for a pipe, where nothing is taken back. Throws what the sink throws, or
 // ExportError.

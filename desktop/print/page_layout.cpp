@@ -18,15 +18,18 @@ constexpr double kPointsPerPixel = 0.75;  // 72 / 96
 constexpr std::size_t kUprightColumns = 8;
 constexpr double kNumberColumn = 26;
 constexpr double kLeastFont = 5.5;
-constexpr double kLeastScale = 0.55;  // of the columns' width on the screen; smaller cuts most texts
+constexpr double kLeastScale = 0.55;     // of the columns' width on the screen; smaller cuts most texts
+constexpr double kLeastTextScale = 0.7;  // of the text then
 constexpr double kRowPadding = 4;
 constexpr double kLineFactor = 1.45;
 constexpr int kTitleSize = 13;
 constexpr int kMaxTitleLines = 3;
+constexpr int kMaxLinesBelow = 4;  // of one text
 
 }  // namespace
 
-PageLayout::PageLayout(const PrintJob& job, std::string today) : job_(job), today_(std::move(today)) {
+PageLayout::PageLayout(const PrintJob& job, std::string today, PageOptions options, QStringList below)
+    : job_(job), today_(std::move(today)), options_(std::move(options)), below_(std::move(below)) {
   PlaceColumns();
   Measure();
   BreakPages();
@@ -69,8 +72,10 @@ std::vector<PrintedColumn> PageLayout::NaturalColumns() const {
   for (const ReportColumn& column : job_.table->Columns()) {
     const QString caption = ShownText(column.caption);
     const qsizetype bar = caption.indexOf('|');
+    const auto chosen = options_.widths.find(column.name);
+    const double share = chosen == options_.widths.end() ? 1 : chosen->second / 100.0;
     columns.push_back({index++, bar < 0 ? QString() : caption.left(bar), caption.mid(bar + 1), column.align,
-                       column.isNumber, 0, column.width * kPointsPerPixel});
+                       column.isNumber, 0, column.width * kPointsPerPixel * share});
   }
   return columns;
 }
@@ -103,15 +108,23 @@ void PageLayout::PlaceColumns() {
   double natural = 0;
   for (const PrintedColumn& column : columns) natural += column.width;
   const std::size_t count = job_.table == nullptr ? 0 : job_.table->Columns().size();
-  landscape_ = count > kUprightColumns || natural > (kShortSide - 2 * kMargin) * 1.15;
+  const bool wide = count > kUprightColumns || natural > (kShortSide - 2 * kMargin) * 1.15;
+  landscape_ = options_.sheet == SheetDirection::ByColumns ? wide : options_.sheet == SheetDirection::Lying;
+  // Text of a chosen size needs columns that grow with it.
+  const double least =
+      options_.textSize == 0 ? kLeastScale : kLeastScale / kLeastTextScale * options_.textSize / fontSize_;
   double scale = natural > 0 ? Body().width() / natural : 1;
-  if (scale < kLeastScale) {
-    scale = kLeastScale;
-    SplitIntoBands(columns, Body().width() / kLeastScale);
+  if (scale < least) {
+    scale = least;
+    SplitIntoBands(columns, Body().width() / least);
   } else {
     bands_.push_back(columns);
   }
-  if (scale < 1) fontSize_ = std::max(kLeastFont, fontSize_ * std::max(scale, 0.7));
+  if (options_.textSize != 0) {
+    fontSize_ = options_.textSize;
+  } else if (scale < 1) {
+    fontSize_ = std::max(kLeastFont, fontSize_ * std::max(scale, kLeastTextScale));
+  }
   for (std::vector<PrintedColumn>& band : bands_) {
     double width = 0;
     for (const PrintedColumn& column : band) width += column.width;
@@ -152,6 +165,11 @@ void PageLayout::Measure() {
       if (!each.trimmed().isEmpty()) lines_.push_back(each);
     }
   }
+  QStringList below;
+  const QFontMetricsF metrics(Font());
+  for (const QString& text : below_)
+    below += WrappedWords(text, metrics, Body().width() * kFontUnits, kMaxLinesBelow);
+  below_ = std::move(below);
   headHeight_ = titleHeight_ + static_cast<double>(lines_.size()) * lineHeight_ + 6;
 }
 
@@ -159,6 +177,7 @@ void PageLayout::BreakPages() {
   const std::size_t count = job_.table == nullptr ? 0 : job_.table->RowCount();
   const bool footer = job_.table != nullptr && job_.table->HasFooter();
   const double room = Body().height() - pageFooterHeight_ - headerHeight_;
+  const std::size_t below = footer ? 1 + static_cast<std::size_t>(below_.size()) : 0;
   std::size_t row = 0;
   do {
     PrintedPage page;
@@ -169,9 +188,10 @@ void PageLayout::BreakPages() {
     page.rows = std::min(fits, count - row);
     row += page.rows;
     // The totals never stand on a page without a row of their table.
-    if (row == count && footer && page.rows == fits && page.rows > 1) {
-      --page.rows;
-      --row;
+    if (row == count && footer && page.rows + below > fits && page.rows > 1) {
+      const std::size_t moved = std::min(page.rows - 1, page.rows + below - fits);
+      page.rows -= moved;
+      row -= moved;
     }
     page.footer = row == count && footer;
     for (page.band = 0; page.band < bands_.size(); ++page.band) pages_.push_back(page);

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/print/page_options.h"
 #include "host/services/printing.h"
 
 namespace goods {
@@ -40,12 +41,15 @@ struct PrintedPage {
 
 class PageLayout {
  public:
-  // job's table must outlive the layout. More columns than suit an upright sheet turn it; more than suit a
-  // sheet lying fall into bands, pages to be laid side by side: the same rows, the key columns on each.
-  PageLayout(const PrintJob& job, std::string today);
+  // job's table must outlive the layout. More columns than suit an upright sheet turn it; more than suit the
+  // sheet fall into bands, pages to be laid side by side: the same rows, the key columns on each. Text grows
+  // smaller before columns do that, unless its size is chosen. below: lines that stand under the totals.
+  PageLayout(const PrintJob& job, std::string today, PageOptions options = {}, QStringList below = {});
 
   const PrintJob& Job() const { return job_; }
   const std::string& Today() const { return today_; }
+  const PageOptions& Options() const { return options_; }
+  double TextSize() const { return fontSize_; }  // points
   bool Landscape() const { return landscape_; }
   QSizeF PaperSize() const;                            // A4
   QRectF Body() const;                                 // within the margins
@@ -64,6 +68,8 @@ class PageLayout {
   double PageFooterHeight() const { return pageFooterHeight_; }
   // What the lines above the table need, wrapped to the body's width.
   const std::vector<QString>& Lines() const { return lines_; }
+  // Under the totals, on the page of the first columns: what was given, wrapped to the body's width.
+  const QStringList& Below() const { return below_; }
 
   QFont Font() const;
   QFont BoldFont() const;
@@ -78,11 +84,13 @@ class PageLayout {
 
   PrintJob job_;
   std::string today_;
+  PageOptions options_;
   bool landscape_ = false;
   double fontSize_ = 8;
   std::vector<std::vector<PrintedColumn>> bands_;
   std::vector<PrintedPage> pages_;
   std::vector<QString> lines_;
+  QStringList below_;
   double rowHeight_ = 0;
   double textHeight_ = 0;
   double groupHeight_ = 0;

@@ -183,6 +183,15 @@ class Page {
       Frame(Cell(column, height));
     }
     top_ += height;
+    if (page_.band == 0) PaintBelow(body);
+  }
+
+  void PaintBelow(const QRectF& body) {
+    painter_.setPen(kFaint);
+    for (const QString& line : layout_.Below()) {
+      Text({body.left(), top_, body.width(), layout_.RowHeight()}, line, layout_.Font(), TextAlign::Start);
+      top_ += layout_.RowHeight();
+    }
   }
 
   void PaintPageFooter() {

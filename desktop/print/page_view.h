@@ -1,18 +1,20 @@
-// PageView: the pages of a layout one under the other, scrolled and zoomed.
+// PageView: the pages of a document one under the other, scrolled and zoomed.
 #pragma once
 
 #include <QAbstractScrollArea>
 #include <functional>
 
-#include "desktop/print/page_layout.h"
+#include "desktop/print/printed_document.h"
 
 namespace goods {
 
-// Paints the pages that are in view straight from the layout, so that the text is laid out as on paper.
+// Paints the pages that are in view straight from the document, so that the text is laid out as on paper.
 class PageView : public QAbstractScrollArea {
  public:
-  // layout must outlive the view.
-  PageView(const PageLayout& layout, QWidget* parent);
+  // document must outlive the view.
+  PageView(const PrintedDocument& document, QWidget* parent);
+  // Its pages have been laid out anew.
+  void DocumentChanged();
 
   // From 1: the page in the upper half of the view.
   int CurrentPage() const;
@@ -35,7 +37,7 @@ class PageView : public QAbstractScrollArea {
   int PageTop(int index) const;  // from 0, in the whole roll of pages
   void Arrange();
 
-  const PageLayout& layout_;
+  const PrintedDocument& document_;
   double zoom_ = 1;
   Fit fit_ = Fit::Width;
 };

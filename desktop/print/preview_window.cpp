@@ -1,6 +1,5 @@
 #include "desktop/print/preview_window.h"
 
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -15,8 +14,10 @@
 
 #include "desktop/print/export.h"
 #include "desktop/print/file_name.h"
-#include "desktop/print/page_painter.h"
+#include "desktop/print/page_setup_dialog.h"
 #include "desktop/print/page_view.h"
+#include "desktop/print/saved_file.h"
+#include "desktop/views/file_dialogs.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 
@@ -25,20 +26,20 @@ namespace {
 
 constexpr double kZoomStep = 1.2;
 
-void SetUpPaper(QPrinter& printer, const PageLayout& layout) {
+void SetUpPaper(QPrinter& printer, const PrintedDocument& document) {
   printer.setFullPage(true);
   printer.setPageSize(QPageSize(QPageSize::A4));
-  printer.setPageOrientation(layout.Landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
+  printer.setPageOrientation(document.Landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
   printer.setPageMargins(QMarginsF(0, 0, 0, 0));
 }
 
 }  // namespace
 
-PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent, std::vector<std::string> forbidden)
-    : QDialog(parent), layout_(layout), forbidden_(std::move(forbidden)) {
+PreviewWindow::PreviewWindow(PrintedDocument& document, QWidget* parent, std::vector<std::string> forbidden)
+    : QDialog(parent), document_(document), forbidden_(std::move(forbidden)) {
   setObjectName("PreviewWindow");
   setLayoutDirection(Qt::RightToLeft);
-  setWindowTitle(QString::fromUtf8("پیش نمایش: ") + ShownText(layout.Job().title));
+  setWindowTitle(QString::fromUtf8("پیش نمایش: ") + ShownText(document.Title()));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   resize(Scaled(1000, *this), Scaled(740, *this));
   auto* outer = new QVBoxLayout(this);
@@ -46,6 +47,8 @@ PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent, std::vec
   bar->setSpacing(Scaled(6, *this));
   AddButton(*bar, "چاپ", "Print", &PreviewWindow::Print)->setDefault(true);
   AddButton(*bar, "ذخیره PDF", "SavePdf", &PreviewWindow::AskAndSave);
+  AddButton(*bar, "تنظیم صفحه", "PageSetup", &PreviewWindow::SetUpPage)
+      ->setToolTip("اندازه نوشته، جهت کاغذ و پهنای ستون‌ها (Ctrl+E)");
   bar->addSpacing(Scaled(16, *this));
   AddButton(*bar, "صفحه قبل", "Previous", &PreviewWindow::Previous);
   page_ = new QLabel(this);
@@ -62,7 +65,7 @@ PreviewWindow::PreviewWindow(const PageLayout& layout, QWidget* parent, std::vec
   bar->addStretch();
   AddButton(*bar, "بستن Esc", "Close", &PreviewWindow::Leave);
   outer->addLayout(bar);
-  preview_ = new PageView(layout_, this);
+  preview_ = new PageView(document_, this);
   preview_->setAccessibleName("صفحه‌ها");
   outer->addWidget(preview_, 1);
   preview_->OnScrolled = [this] { UpdatePageNumber(); };
@@ -85,41 +88,60 @@ void PreviewWindow::PaintOn(QPrinter& printer) const {
   if (!painter.begin(&printer)) return;
   const double scale = printer.resolution() / kPointsPerInch;
   painter.scale(scale, scale);
-  const int last = static_cast<int>(layout_.Pages().size());
+  const int last = static_cast<int>(document_.PageCount());
   const int from = printer.fromPage() == 0 ? 1 : std::clamp(printer.fromPage(), 1, last);
   const int to = printer.toPage() == 0 ? last : std::clamp(printer.toPage(), from, last);
   for (int page = from; page <= to; ++page) {
     if (page > from) printer.newPage();
-    PaintPage(painter, layout_, static_cast<std::size_t>(page - 1));
+    document_.Paint(painter, static_cast<std::size_t>(page - 1));
   }
 }
 
 void PreviewWindow::Print() {
   QPrinter paper(QPrinter::HighResolution);
-  SetUpPaper(paper, layout_);
+  SetUpPaper(paper, document_);
   QPrintDialog dialog(&paper, this);
-  dialog.setMinMax(1, static_cast<int>(layout_.Pages().size()));
+  dialog.setMinMax(1, static_cast<int>(document_.PageCount()));
   if (dialog.exec() == QDialog::Accepted) PaintOn(paper);
 }
 
-void PreviewWindow::SaveAsPdf(const QString& path) {
+bool PreviewWindow::SaveAsPdf(const QString& path) {
   try {
     WritingOptions options;
-    options.today = layout_.Today();
     options.forbidden = forbidden_;
-    WriteReport(layout_.Job(), FileFormat::Pdf, FromQt(path), options);
+    WriteDocument(document_, FromQt(path), options);
+    return true;
   } catch (const ExportError& error) {
     QMessageBox::warning(this, windowTitle(), ToQt(error.what()));
+    return false;
   }
 }
 
 std::string PreviewWindow::ProposedName() const {
-  return ProposedFileName(layout_.Job().title, layout_.Today(), EndingOf(FileFormat::Pdf));
+  return ProposedFileName(document_.Title(), document_.Today(), EndingOf(FileFormat::Pdf));
 }
 
 void PreviewWindow::AskAndSave() {
-  const QString path = QFileDialog::getSaveFileName(this, "ذخیره PDF", ToQt(ProposedName()), "PDF (*.pdf)");
-  if (!path.isEmpty()) SaveAsPdf(path);
+  const QString path = AskForFileToSave(this, "ذخیره PDF", ToQt(ProposedName()), "PDF (*.pdf)", "pdf");
+  if (!path.isEmpty() && SaveAsPdf(path)) TellSaved(this, path);
+}
+
+// The pages behind the dialog follow each choice; what is not taken is given back.
+void PreviewWindow::SetUpPage() {
+  const PageOptions before = document_.Options();
+  const IReportTable* table = document_.Jobs().front().job.table;
+  PageSetupDialog dialog(before, table == nullptr ? std::vector<ReportColumn>() : table->Columns(), this);
+  dialog.OnChange = [&] { Apply(dialog.Options()); };
+  if (dialog.exec() != QDialog::Accepted) return Apply(before);
+  Apply(dialog.Options());
+  if (OnOptions && document_.Options() != before) OnOptions(document_.Options());
+}
+
+void PreviewWindow::Apply(PageOptions options) {
+  if (options == document_.Options()) return;
+  document_.SetOptions(std::move(options));
+  preview_->DocumentChanged();
+  UpdatePageNumber();
 }
 
 int PreviewWindow::CurrentPage() const { return preview_->CurrentPage(); }
@@ -131,7 +153,7 @@ void PreviewWindow::GoToPage(int page) {
 
 void PreviewWindow::UpdatePageNumber() {
   const std::string text =
-      std::to_string(std::max(1, CurrentPage())) + " از " + std::to_string(layout_.Pages().size());
+      std::to_string(std::max(1, CurrentPage())) + " از " + std::to_string(document_.PageCount());
   page_->setText(ShownText(text));
 }
 
@@ -146,6 +168,7 @@ void PreviewWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_PageUp) return Previous();
   if (ctrl && event->key() == Qt::Key_P) return Print();
   if (ctrl && event->key() == Qt::Key_S) return AskAndSave();
+  if (ctrl && event->key() == Qt::Key_E) return SetUpPage();
   if (ctrl && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) return ZoomIn();
   if (ctrl && event->key() == Qt::Key_Minus) return ZoomOut();
   QDialog::keyPressEvent(event);

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "desktop/print/page_layout.h"
+#include "desktop/print/printed_document.h"
 
 class QLabel;
 class QLayout;
@@ -16,17 +17,22 @@ namespace goods {
 
 class PageView;
 
-// Esc closes, Ctrl+P prints, Ctrl+S saves as PDF, PageUp and PageDown turn, Ctrl and plus or minus zoom.
+// Esc closes, Ctrl+P prints, Ctrl+S saves as PDF, Ctrl+E sets the page up, PageUp and PageDown turn, Ctrl and
+// plus or minus zoom.
 class PreviewWindow : public QDialog {
  public:
-  // layout must outlive the window. forbidden: files that the PDF may not be written over.
-  PreviewWindow(const PageLayout& layout, QWidget* parent, std::vector<std::string> forbidden = {});
+  // document must outlive the window, which lays it out anew as the user chooses. forbidden: files that the
+  // PDF may not be written over.
+  PreviewWindow(PrintedDocument& document, QWidget* parent, std::vector<std::string> forbidden = {});
 
   int CurrentPage() const;
   void GoToPage(int page);  // from 1
   // What the user is offered as the name of a PDF.
   std::string ProposedName() const;
-  void SaveAsPdf(const QString& path);
+  // Tells the user why where it could not be written.
+  bool SaveAsPdf(const QString& path);
+  // The user has set the page up in another way.
+  std::function<void(const PageOptions& options)> OnOptions;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -35,6 +41,8 @@ class PreviewWindow : public QDialog {
   void PaintOn(QPrinter& printer) const;
   void Print();
   void AskAndSave();
+  void SetUpPage();
+  void Apply(PageOptions options);
   void UpdatePageNumber();
   QPushButton* AddButton(QLayout& bar, const QString& text, const char* name,
                          void (PreviewWindow::*action)());
@@ -46,7 +54,7 @@ class PreviewWindow : public QDialog {
   void FitPage();
   void Leave() { reject(); }
 
-  const PageLayout& layout_;
+  PrintedDocument& document_;
   std::vector<std::string> forbidden_;
   PageView* preview_;
   QLabel* page_;

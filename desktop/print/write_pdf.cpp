@@ -7,7 +7,7 @@
 #include <QString>
 #include <exception>
 
-#include "desktop/print/page_painter.h"
+#include "desktop/print/printed_document.h"
 #include "desktop/print/writers.h"
 #include "desktop/views/shown_text.h"
 
@@ -86,25 +86,28 @@ class SinkDevice : public QIODevice {
 }  // namespace
 
 void WritePdfTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options) {
-  const PageLayout layout(job, options.today);
+  WriteDocumentTo(PrintedDocument({job}, options.today), sink, options);
+}
+
+void WriteDocumentTo(const PrintedDocument& document, ByteSink& sink, const WritingOptions& options) {
   SinkDevice device(sink);
   {
     QPdfWriter writer(&device);
-    writer.setTitle(ToQt(job.title));
+    writer.setTitle(ToQt(document.Title()));
     writer.setResolution(kPdfDpi);
     writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageOrientation(layout.Landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
+    writer.setPageOrientation(document.Landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
     QPainter painter;
     if (!painter.begin(&writer)) throw UnfinishedFile();
     painter.scale(kPdfDpi / kPointsPerInch, kPdfDpi / kPointsPerInch);
-    for (std::size_t page = 0; page < layout.Pages().size(); ++page) {
+    for (std::size_t page = 0; page < document.PageCount(); ++page) {
       device.Check();
-      if (options.progress && !options.progress(layout.Pages()[page].firstRow)) {
+      if (options.progress && !options.progress(document.FirstRow(page))) {
         throw ExportStopped("نوشتن پرونده متوقف شد.");
       }
       if (page > 0) writer.newPage();
-      PaintPage(painter, layout, page);
+      document.Paint(painter, page);
     }
     painter.end();
   }

@@ -30,6 +30,7 @@ void WriteCsvTo(const PrintJob& job, ByteSink& sink, const WritingOptions& optio
 void WriteJsonTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
 
 void WritePdfTo(const PrintJob& job, ByteSink& sink, const WritingOptions& options);
+void WriteDocumentTo(const PrintedDocument& document, ByteSink& sink, const WritingOptions& options);
 
 // A workbook: title and criteria, captions with their groups, the rows, totals as formulas. Numbers have all
 // their digits. Rows go out as they come, so that a long table needs no memory; sheets end at

@@ -21,6 +21,7 @@
 
 #include "desktop/print/preview_window.h"
 #include "desktop/tools/window_driver.h"
+#include "desktop/views/file_dialogs.h"
 #include "desktop/views/shown_text.h"
 #include "tests/desktop/views/kit.h"
 
@@ -74,6 +75,39 @@ TEST(ToolkitTexts, FileDialogsArePersian) {
   }
 }
 
+TEST(ToolkitTexts, FilesAreAskedForInTheToolkitsOwnDialogs) {
+  const QTemporaryDir folder;
+  const auto named = [&](const std::function<QString()>& ask, const QString& typed) {
+    bool seen = false;
+    WhileModal([&](QWidget& window) {
+      auto& dialog = dynamic_cast<QFileDialog&>(window);
+      seen = true;
+      EXPECT_TRUE(dialog.testOption(QFileDialog::DontUseNativeDialog));
+      ExpectPersian(dialog);
+      auto& name = dynamic_cast<QLineEdit&>(Child(dialog, "fileNameEdit"));
+      if (typed.isEmpty()) return PressKey(dialog, Qt::Key_Escape);
+      name.setText(typed);
+      name.setFocus();
+      PressKey(dialog, Qt::Key_Return);
+    });
+    const QString answer = ask();
+    EXPECT_TRUE(seen);
+    RethrowFailure();
+    return answer;
+  };
+  const auto save = [&] {
+    return AskForFileToSave(nullptr, "ذخیره", folder.filePath("گزارش 1403-05-12.csv"), "CSV (*.csv)", "csv");
+  };
+  EXPECT_EQ(named(save, ""), "");
+  EXPECT_EQ(named(save, "نام"), folder.filePath("نام.csv")) << "the ending is put behind";
+  QFile file(folder.filePath("بود.csv"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.close();
+  const auto open = [&] { return AskForFileToOpen(nullptr, "باز کردن", {}, "CSV (*.csv)"); };
+  EXPECT_EQ(named(open, "بود.csv"), folder.filePath("بود.csv")) << "the folder that was used last";
+  EXPECT_EQ(named([&] { return AskForFolder(nullptr, "پوشه", folder.path()); }, ""), "");
+}
+
 TEST(ToolkitTexts, PrintDialogsArePersian) {
   QPrinter printer;
   printer.setOutputFormat(QPrinter::PdfFormat);
@@ -115,8 +149,8 @@ TEST(ToolkitTexts, APdfIsProposedUnderTheReportsNameAndDay) {
   job.title = " کاردکس: کالا ";
   const auto table = form.Kardex_GRD.Table();
   job.table = table.get();
-  const PageLayout layout(job, "1403/05/12");
-  EXPECT_EQ(PreviewWindow(layout, nullptr).ProposedName(), "کاردکس کالا 1403-05-12.pdf");
+  PrintedDocument document({job}, "1403/05/12");
+  EXPECT_EQ(PreviewWindow(document, nullptr).ProposedName(), "کاردکس کالا 1403-05-12.pdf");
 }
 
 }  // namespace

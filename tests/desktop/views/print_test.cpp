@@ -156,6 +156,38 @@ TEST_F(Printing, AWideTableFallsIntoBandsOfPagesSideBySide) {
   }
 }
 
+TEST_F(Printing, WhatStandsBelowTheTotalsHasItsRoom) {
+  for (std::size_t rows = 0; rows < 60; ++rows) {
+    const PageLayout layout(Job(rows), "1403/05/12", {}, {"جمع به واحد - عدد: 12، کیلوگرم: 5"});
+    ASSERT_EQ(layout.Below().size(), 1);
+    std::size_t next = 0;
+    for (const PrintedPage& page : layout.Pages()) {
+      EXPECT_EQ(page.firstRow, next);
+      next += page.rows;
+      const double height = layout.HeaderHeight() + (page.head ? layout.HeadHeight() : 0) +
+                            layout.RowHeight() * static_cast<double>(page.rows + (page.footer ? 2 : 0)) +
+                            layout.PageFooterHeight();
+      EXPECT_LE(height, layout.Body().height() + 0.01) << rows;
+      EXPECT_TRUE(!page.footer || rows == 0 || page.rows > 0) << rows;
+    }
+    EXPECT_EQ(next, rows);
+  }
+  const QString word = "کیلوگرم ";
+  EXPECT_GT(PageLayout(Job(3), "", {}, {word.repeated(60)}).Below().size(), 1);
+  const auto inkBelow = [&](const QStringList& below) {
+    const PageLayout layout(Job(3), "", {}, below);
+    const QImage page = Pages(layout)[0];
+    const double top =
+        layout.Body().top() + layout.HeadHeight() + layout.HeaderHeight() + layout.RowHeight() * 4;
+    int ink = 0;
+    for (int y = static_cast<int>(top) + 2; y < static_cast<int>(top + layout.RowHeight()); ++y)
+      for (int x = 0; x < page.width(); ++x) ink += qGray(page.pixel(x, y)) < 160 ? 1 : 0;
+    return ink;
+  };
+  EXPECT_EQ(inkBelow({}), 0);
+  EXPECT_GT(inkBelow({"جمع به واحد - عدد: 12، کیلوگرم: 5"}), 20);
+}
+
 TEST_F(Printing, ASwatchIsPaintedInItsColourWithoutItsText) {
   const WideTable wide;
   PrintJob job;
