@@ -37,6 +37,7 @@ DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSetti
       messages_(windows_),
       waiting_(windows_),
       printing_(windows_),
+      cards_(windows_, messages_, printing_),
       logged_(ConnectTo(company, std::move(wrap)), log),
       connection_(logged_, waiting_),
       companyRights_(company, user, messages_),
@@ -47,6 +48,7 @@ DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSetti
       views_(windows_, messages_, settings, company.Title(), user.code) {
   std::vector<GridCommand> commands{ChartCommand(printing_, windows_, messages_)};
   for (GridCommand& each : printing_.GridCommands(messages_)) commands.push_back(std::move(each));
+  commands.push_back(cards_.Command());
   windows_.SetGridCommands(std::move(commands));
   windows_.SetPlace(std::move(own.windows));
   windows_.SetPlaceStore(std::move(own.places));

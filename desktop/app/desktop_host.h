@@ -7,6 +7,7 @@
 #include "company/company.h"
 #include "desktop/app/desktop_lookups.h"
 #include "desktop/app/report_views.h"
+#include "desktop/app/selected_cards.h"
 #include "desktop/app/services/company_rights.h"
 #include "desktop/app/services/desktop_settings.h"
 #include "desktop/app/services/logging_connection.h"
@@ -59,6 +60,7 @@ class DesktopHost : public THost {
   DesktopMessages messages_;
   DesktopWaiting waiting_;
   DesktopPrinting printing_;
+  SelectedCards cards_;
   LoggingConnection logged_;
   WaitingConnection connection_;
   CompanyRights companyRights_;

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/services/messages.h"
@@ -37,7 +38,9 @@ class DesktopMessages : public IMessages {
 
   // Answers in the user's place: called for each box and balloon instead of showing it. What it gives back is
   // the answer to a question. Null: boxes are shown again.
-  void SetUnattended(std::function<bool(const ShownMessage& message)> answer) { answer_ = std::move(answer); }
+  // Gives back the one before.
+  using Answer = std::function<bool(const ShownMessage& message)>;
+  Answer SetUnattended(Answer answer) { return std::exchange(answer_, std::move(answer)); }
   // Tells the user in a way of its own: called for each box and balloon but questions; where it gives back
   // false, it is shown. Null: all are shown.
   void SetTeller(std::function<bool(const ShownMessage& message)> teller) { teller_ = std::move(teller); }
@@ -48,7 +51,7 @@ class DesktopMessages : public IMessages {
   bool Show(ShownMessage message);
 
   DesktopWindows& windows_;
-  std::function<bool(const ShownMessage&)> answer_;
+  Answer answer_;
   std::function<bool(const ShownMessage&)> teller_;
   std::vector<ShownMessage> shown_;
 };

@@ -153,6 +153,10 @@ void DesktopWindows::DriveUnseen(const std::function<void()>& click,
 
 void DesktopWindows::RunModal(TForm& form) {
   if (unseen_) return std::exchange(unseen_, nullptr)(form);
+  if (attendant_) {
+    attendant_(form);
+    return form.Close();
+  }
   SetBorders(form, KeptBorders(form));
   const QVariantMap borders = BordersOf(form);
   auto view = std::make_unique<FormView>(form, gridCommands_, DialogParent());

@@ -51,6 +51,11 @@ class DesktopWindows : public QObject, public IWindows {
   void SetPlace(Place place) { place_ = std::move(place); }
   void SetPlaceStore(PlaceStore store) { placeStore_ = std::move(store); }
 
+  // Answers in the user's place: windows that reports open are handed to it instead of being shown, and then
+  // closed. Null: windows are shown again. Gives back the one before.
+  using Attendant = std::function<void(TForm& form)>;
+  Attendant SetAttendant(Attendant attendant) { return std::exchange(attendant_, std::move(attendant)); }
+
   void RunModal(TForm& form) override;
   void PostMessage(TForm& form, int code) override;
   void ProcessMessages(const std::function<bool()>& until) override;
@@ -97,6 +102,7 @@ class DesktopWindows : public QObject, public IWindows {
   std::function<void(FormView& view)> shown_;
   std::function<void(TForm& form)> unseen_;
   Place place_;
+  Attendant attendant_;
   PlaceStore placeStore_;
   std::vector<FormView*> views_;  // the front one last
   std::vector<std::shared_ptr<Posted>> held_;
