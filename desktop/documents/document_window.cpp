@@ -14,6 +14,8 @@
 
 #include "desktop/documents/document_rows.h"
 #include "desktop/documents/plain_table.h"
+#include "desktop/views/form_view.h"
+#include "desktop/views/path_line.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 
@@ -68,6 +70,11 @@ DocumentWindow::DocumentWindow(const DocumentView& view, std::int64_t code, QWid
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(18, 16, 18, 14);
   layout->setSpacing(12);
+  if (const auto* opener = dynamic_cast<const FormView*>(parent)) {
+    layout->addWidget(new PathLine(opener->Path() + QStringList(title->text()), this));
+    connect(new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this), &QShortcut::activated, this,
+            &QDialog::reject);
+  }
   layout->addWidget(title);
   layout->addWidget(MakeHeader(view));
   layout->addWidget(table_, 1);

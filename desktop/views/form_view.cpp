@@ -10,6 +10,7 @@
 
 #include "desktop/views/container_view.h"
 #include "desktop/views/key_mapping.h"
+#include "desktop/views/path_line.h"
 #include "desktop/views/registry.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/status_line.h"
@@ -47,6 +48,7 @@ FormView::FormView(TForm& form, std::vector<GridCommand> gridCommands, QWidget* 
     if (ControlView* root = ViewOf(form_)) Queue(*root);
   });
   RefreshWindow();
+  path_ = {windowTitle()};
   resize(Scaled(form_.PreferredWidth, *this), Scaled(form_.PreferredHeight, *this));
   built_ = true;
 }
@@ -160,6 +162,13 @@ void FormView::RefreshWindow() {
   const auto* report = dynamic_cast<const TBaseDock_FRM*>(&form_);
   const QString title = ShownText(report != nullptr ? report->HostTitle() : PlainCaption(form_.Caption()));
   if (windowTitle() != title) setWindowTitle(title);
+}
+
+void FormView::SetPath(QStringList titles) {
+  path_ = std::move(titles);
+  delete findChild<QWidget*>("Path_LBL", Qt::FindDirectChildrenOnly);
+  if (path_.size() < 2) return;
+  dynamic_cast<QVBoxLayout&>(*layout()).insertWidget(0, new PathLine(path_, this));
 }
 
 void FormView::FocusFirst() {

@@ -3,6 +3,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QStringList>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -59,6 +60,11 @@ class FormView : public QWidget {
   ControlView* ViewOf(const TControl& control) const;
   QWidget* WidgetOf(const TControl& control) const;
 
+  // The titles of the windows that led here, this one's at the end; of a window that nothing led to its own.
+  // Shown above the contents where there are several: Alt+Left then closes the window.
+  const QStringList& Path() const { return path_; }
+  void SetPath(QStringList titles);
+
   // Brings what is queued up to date now instead of from the message loop.
   void Flush();
   // Gives the first control that can have it the focus, unless one has it.
@@ -97,6 +103,7 @@ class FormView : public QWidget {
   void RefreshWindow();
 
   TForm& form_;
+  QStringList path_;
   std::vector<GridCommand> gridCommands_;
   std::vector<WindowCommand> windowCommands_;
   std::vector<std::unique_ptr<ControlView>> views_;

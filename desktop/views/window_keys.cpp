@@ -79,6 +79,13 @@ bool RunCommandOf(FormView& form, int key) {
   return false;
 }
 
+// Along the way that led here.
+bool GoBack(FormView& form) {
+  if (form.Path().size() < 2) return false;
+  form.Run([&form] { form.Form().Close(); });
+  return true;
+}
+
 }  // namespace
 
 bool HasSearchKey(const TEdit& edit) {
@@ -89,6 +96,7 @@ bool TakeWindowKey(FormView& form, const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
   if (modifiers == Qt::ControlModifier && (event.key() == Qt::Key_F || event.key() == kPersianBeh))
     return Find(form);
+  if (modifiers == Qt::AltModifier && event.key() == Qt::Key_Left) return GoBack(form);
   if (modifiers != Qt::NoModifier) return false;
   if (event.key() == Qt::Key_F3) return GoToSearchBox(form);
   if (event.key() == Qt::Key_F8) return LiftConditions(form);

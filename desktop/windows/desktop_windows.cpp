@@ -15,6 +15,7 @@
 
 #include "desktop/views/screen_fit.h"
 #include "desktop/views/shown_text.h"
+#include "host/base/base_dock.h"
 #include "host/components/standard.h"
 #include "host/core/jalali.h"
 
@@ -151,6 +152,15 @@ void DesktopWindows::DriveUnseen(const std::function<void()>& click,
   if (error) std::rethrow_exception(error);
 }
 
+// The report that a report is opened from; dialogs of criteria lead nowhere.
+const FormView* DesktopWindows::Opener(const TForm& form) const {
+  const FormView* front = ActiveView();
+  const auto isReport = [](const TForm& each) {
+    return dynamic_cast<const TBaseDock_FRM*>(&each) != nullptr;
+  };
+  return front != nullptr && isReport(form) && isReport(front->Form()) ? front : nullptr;
+}
+
 void DesktopWindows::RunModal(TForm& form) {
   if (unseen_) return std::exchange(unseen_, nullptr)(form);
   if (attendant_) {
@@ -171,6 +181,7 @@ void DesktopWindows::RunModal(TForm& form) {
   const Subscription closing = form.Changed.Connect([&] {
     if (form.ModalResult() != kModalNone) loop.quit();
   });
+  if (const FormView* opener = Opener(form)) view->SetPath(opener->Path() + view->Path());
   views_.push_back(view.get());
   ApplyLayout(*view);
   const bool placed = place_.take && place_.take(*view);

@@ -89,6 +89,7 @@ class DesktopWindows : public QObject, public IWindows {
  private:
   struct Posted;
   void Deliver(const std::shared_ptr<Posted>& message);
+  const FormView* Opener(const TForm& form) const;
   void ApplyLayout(QWidget& view) const;
   void ShowWindow(FormView& view) const;
   // False where no place was kept.
