@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "desktop/charts/chart_command.h"
+#include "desktop/views/shown_text.h"
 #include "goods_reports.h"
 
 namespace goods {
@@ -20,6 +21,20 @@ ReportOpeners OpenersOf(ModuleLibrary& module) {
     };
   }
   return openers;
+}
+
+// What the menu of the main window offers.
+std::vector<DesktopWindows::Offered> OfferedBeside(THost& host, ModuleLibrary& module) {
+  std::vector<DesktopWindows::Offered> offered;
+  for (const ReportDescription& report : MenuReports()) {
+    if (!module.Has(report.exportName)) continue;
+    const bool allowed =
+        IsAllowed(host.Rights(), report.softwarePart, report.permission, RightQuestion::Silent);
+    offered.push_back({ToQt(report.title),
+                       allowed ? QString() : ToQt(MissingRightText(report.softwarePart, report.permission)),
+                       [&host, &module, &report] { RunUserAction(host, [&] { module.Open(report); }); }});
+  }
+  return offered;
 }
 
 LoggingConnection::Connect ConnectTo(ICompany& company, DesktopHost::ConnectionWrapper wrap) {
@@ -50,6 +65,7 @@ DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSetti
   for (GridCommand& each : printing_.GridCommands(messages_)) commands.push_back(std::move(each));
   commands.push_back(cards_.Command());
   windows_.SetGridCommands(std::move(commands));
+  windows_.SetOffered([this, &module] { return OfferedBeside(*this, module); });
   windows_.SetPlace(std::move(own.windows));
   windows_.SetPlaceStore(std::move(own.places));
   messages_.SetTeller(std::move(own.messages));

@@ -22,7 +22,7 @@ struct KeyHelp {
   const char* text;
 };
 
-constexpr std::array<KeyHelp, 36> kKeys{{
+constexpr std::array<KeyHelp, 38> kKeys{{
     {nullptr, "پنجره اصلی"},
     {"Ctrl+0 … Ctrl+9", "باز کردن گزارش"},
     {"F1", "راهنمای گزارش‌ها"},
@@ -35,6 +35,8 @@ constexpr std::array<KeyHelp, 36> kKeys{{
     {nullptr, "گزارش‌ها"},
     {"F1", "راهنمای همین گزارش"},
     {"F2", "سند یا گردش ردیف جاری"},
+    {"Ctrl+N", "گزارش دیگر در کنار این؛ رفتن به دیگری"},
+    {"Alt+Left", "برگشت به پنجره پیش"},
     {"F3", "خانه جستجوی گزارش"},
     {"F4", "انتخاب از فهرست، در خانه کد"},
     {"F6", "نماهای ذخیره‌شده"},

@@ -65,6 +65,9 @@ class FormView : public QWidget {
   const QStringList& Path() const { return path_; }
   void SetPath(QStringList titles);
 
+  // Ctrl+N asks for another report beside this one; null: the key does nothing.
+  std::function<void()> OnBeside;
+
   // Brings what is queued up to date now instead of from the message loop.
   void Flush();
   // Gives the first control that can have it the focus, unless one has it.

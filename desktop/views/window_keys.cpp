@@ -14,6 +14,8 @@ namespace {
 
 // The key of F where a Persian layout is in use.
 constexpr int kPersianBeh = 0x0628;
+// That of N.
+constexpr int kPersianDal = 0x062F;
 
 bool IsSeen(const FormView& form, const TControl& control) {
   const QWidget* widget = form.WidgetOf(control);
@@ -96,6 +98,11 @@ bool TakeWindowKey(FormView& form, const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
   if (modifiers == Qt::ControlModifier && (event.key() == Qt::Key_F || event.key() == kPersianBeh))
     return Find(form);
+  if (modifiers == Qt::ControlModifier && (event.key() == Qt::Key_N || event.key() == kPersianDal) &&
+      form.OnBeside) {
+    form.OnBeside();
+    return true;
+  }
   if (modifiers == Qt::AltModifier && event.key() == Qt::Key_Left) return GoBack(form);
   if (modifiers != Qt::NoModifier) return false;
   if (event.key() == Qt::Key_F3) return GoToSearchBox(form);

@@ -6,7 +6,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
+#include <QScreen>
 #include <QSettings>
 #include <QTimer>
 #include <algorithm>
@@ -15,6 +17,7 @@
 
 #include "desktop/views/screen_fit.h"
 #include "desktop/views/shown_text.h"
+#include "desktop/views/theme.h"
 #include "host/base/base_dock.h"
 #include "host/components/standard.h"
 #include "host/core/jalali.h"
@@ -161,15 +164,77 @@ const FormView* DesktopWindows::Opener(const TForm& form) const {
   return front != nullptr && isReport(form) && isReport(front->Form()) ? front : nullptr;
 }
 
+// The second of two windows is modal to none, and a child of the first, which blocks all others.
+void DesktopWindows::PlaceBeside(FormView& view) {
+  constexpr int kLeastHalf = 640;
+  beside_ = &view;
+  QWidget& first = *view.parentWidget();
+  view.setWindowModality(Qt::NonModal);
+  QRect room = first.screen()->availableGeometry();
+  if (room.width() / 2 >= Scaled(kLeastHalf, first)) {
+    room.setWidth(room.width() / 2);
+    const auto put = [](QWidget& window, const QRect& half) {
+      const QMargins frame(window.geometry().left() - window.frameGeometry().left(),
+                           window.geometry().top() - window.frameGeometry().top(),
+                           window.frameGeometry().right() - window.geometry().right(),
+                           window.frameGeometry().bottom() - window.geometry().bottom());
+      window.setWindowState(window.windowState() & ~(Qt::WindowMaximized | Qt::WindowFullScreen));
+      window.setGeometry(half.marginsRemoved(frame));
+    };
+    put(first, room.translated(room.width(), 0));
+    put(view, room);
+  }
+  view.show();
+  view.raise();
+  view.activateWindow();
+}
+
+void DesktopWindows::CloseBeside(const FormView& view) {
+  if (beside_ == nullptr || beside_->parentWidget() != &view) return;
+  FormView& second = *beside_;
+  second.Run([&second] { second.Form().Close(); });
+}
+
+void DesktopWindows::OfferBeside(FormView& view) {
+  if (beside_ != nullptr) {
+    QWidget* other = beside_ == &view ? view.parentWidget() : beside_;
+    other->raise();
+    return other->activateWindow();
+  }
+  const std::vector<Offered> offered = offered_();
+  QMenu menu(&view);
+  menu.setObjectName("Beside_MNU");
+  menu.setLayoutDirection(Qt::RightToLeft);
+  menu.setToolTipsVisible(true);
+  QList<QAction*> actions;
+  for (const Offered& each : offered) {
+    QAction* action = menu.addAction(each.title);
+    action->setEnabled(each.reason.isEmpty());
+    action->setToolTip(each.reason);
+    actions << action;
+  }
+  if (!actions.isEmpty()) menu.setActiveAction(actions.front());
+  const int margin = Scaled(12, view);
+  const QAction* chosen =
+      menu.exec(view.mapToGlobal(QPoint(view.width() - margin - menu.sizeHint().width(), margin)));
+  const qsizetype place = actions.indexOf(chosen);
+  if (place < 0) return;
+  // Nothing stands beside where the report has a message instead of a window.
+  opensBeside_ = &view;
+  offered[static_cast<std::size_t>(place)].open();
+  opensBeside_ = nullptr;
+}
+
 void DesktopWindows::RunModal(TForm& form) {
   if (unseen_) return std::exchange(unseen_, nullptr)(form);
   if (attendant_) {
     attendant_(form);
     return form.Close();
   }
+  FormView* first = std::exchange(opensBeside_, nullptr);
   SetBorders(form, KeptBorders(form));
   const QVariantMap borders = BordersOf(form);
-  auto view = std::make_unique<FormView>(form, gridCommands_, DialogParent());
+  auto view = std::make_unique<FormView>(form, gridCommands_, first != nullptr ? first : DialogParent());
   view->Offer(windowCommands_);
   QEventLoop loop;
   // Who has it in a layout may take it away with the layout.
@@ -179,13 +244,22 @@ void DesktopWindows::RunModal(TForm& form) {
     form.Close();
   });
   const Subscription closing = form.Changed.Connect([&] {
-    if (form.ModalResult() != kModalNone) loop.quit();
+    if (form.ModalResult() == kModalNone) return;
+    if (alive != nullptr) CloseBeside(*alive);
+    loop.quit();
   });
-  if (const FormView* opener = Opener(form)) view->SetPath(opener->Path() + view->Path());
+  const FormView* opener = first == nullptr ? Opener(form) : nullptr;
+  if (opener != nullptr) view->SetPath(opener->Path() + view->Path());
   views_.push_back(view.get());
   ApplyLayout(*view);
-  const bool placed = place_.take && place_.take(*view);
-  if (placed) {
+  const bool placed = first == nullptr && place_.take && place_.take(*view);
+  if (!placed && offered_ && dynamic_cast<TBaseDock_FRM*>(&form) != nullptr)
+    view->OnBeside = [this, shown = view.get()] { OfferBeside(*shown); };
+  const QRect placeBefore = first == nullptr ? QRect() : first->normalGeometry();
+  const Qt::WindowStates stateBefore = first == nullptr ? Qt::WindowStates() : first->windowState();
+  if (first != nullptr) {
+    PlaceBeside(*view);
+  } else if (placed) {
     view->show();
   } else {
     ShowWindow(*view);
@@ -196,13 +270,18 @@ void DesktopWindows::RunModal(TForm& form) {
   if (form.ModalResult() == kModalNone) loop.exec();
   if (form.ModalResult() == kModalNone) form.Close();  // the application ends
   if (const QVariantMap now = BordersOf(form); now != borders) KeepBorders(form, now);
+  if (first != nullptr) beside_ = nullptr;
   if (alive == nullptr) {
     static_cast<void>(view.release());
     return;
   }
-  if (!placed) KeepPlace(*view);
+  if (!placed && first == nullptr) KeepPlace(*view);
   std::erase(views_, view.get());
   view->hide();
+  if (first != nullptr && first->isVisible()) {
+    first->setGeometry(placeBefore);
+    first->setWindowState(stateBefore);
+  }
   if (placed) {
     place_.giveBack(*view);
     view->setParent(nullptr);
@@ -243,9 +322,20 @@ void DesktopWindows::ProcessMessages(const std::function<bool()>& until) {
 
 std::uint64_t DesktopWindows::TickCount() const { return static_cast<std::uint64_t>(clock_.elapsed()); }
 
-TForm* DesktopWindows::ActiveWindow() const { return views_.empty() ? nullptr : &views_.back()->Form(); }
+TForm* DesktopWindows::ActiveWindow() const {
+  const FormView* active = ActiveView();
+  return active == nullptr ? nullptr : &active->Form();
+}
 
-FormView* DesktopWindows::ActiveView() const { return views_.empty() ? nullptr : views_.back(); }
+// A dialog belongs to the window that it was opened over.
+FormView* DesktopWindows::ActiveView() const {
+  for (QWidget* each = QApplication::activeWindow(); beside_ != nullptr && each != nullptr;
+       each = each->parentWidget()) {
+    const auto found = std::find(views_.begin(), views_.end(), each);
+    if (found != views_.end()) return *found;
+  }
+  return views_.empty() ? nullptr : views_.back();
+}
 
 FormView* DesktopWindows::ViewOf(const TForm& form) const {
   const auto found = std::find_if(views_.begin(), views_.end(),

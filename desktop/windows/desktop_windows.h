@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QObject>
+#include <QString>
 #include <QVariantMap>
 #include <functional>
 #include <memory>
@@ -51,6 +52,17 @@ class DesktopWindows : public QObject, public IWindows {
   void SetPlace(Place place) { place_ = std::move(place); }
   void SetPlaceStore(PlaceStore store) { placeStore_ = std::move(store); }
 
+  // A report that may stand beside another, in a menu of the user's; reason is why it may not be opened.
+  struct Offered {
+    QString title;
+    QString reason;
+    std::function<void()> open;
+  };
+  // Asked each time; null: none is offered. Ctrl+N in a report offers them, and the one that is chosen stands
+  // beside it: neither waits for the other, and where the screen has the room each takes half of it. There
+  // are two at most, Ctrl+N then goes to the other one; closing the first closes the one beside it.
+  void SetOffered(std::function<std::vector<Offered>()> offered) { offered_ = std::move(offered); }
+
   // Answers in the user's place: windows that reports open are handed to it instead of being shown, and then
   // closed. Null: windows are shown again. Gives back the one before.
   using Attendant = std::function<void(TForm& form)>;
@@ -66,6 +78,7 @@ class DesktopWindows : public QObject, public IWindows {
 
   // The view of a window that is open; null when it is not.
   FormView* ViewOf(const TForm& form) const;
+  // That of the keyboard, else the front one; null where none is open.
   FormView* ActiveView() const;
   // The widget of a component of an open window.
   QWidget* WidgetOf(const TControl& control) const;
@@ -90,6 +103,9 @@ class DesktopWindows : public QObject, public IWindows {
   struct Posted;
   void Deliver(const std::shared_ptr<Posted>& message);
   const FormView* Opener(const TForm& form) const;
+  void OfferBeside(FormView& view);
+  void PlaceBeside(FormView& view);
+  void CloseBeside(const FormView& view);
   void ApplyLayout(QWidget& view) const;
   void ShowWindow(FormView& view) const;
   // False where no place was kept.
@@ -106,6 +122,9 @@ class DesktopWindows : public QObject, public IWindows {
   Attendant attendant_;
   PlaceStore placeStore_;
   std::vector<FormView*> views_;  // the front one last
+  std::function<std::vector<Offered>()> offered_;
+  FormView* opensBeside_ = nullptr;  // the next window stands beside it
+  FormView* beside_ = nullptr;       // the second of two, its parent the first
   std::vector<std::shared_ptr<Posted>> held_;
   QElapsedTimer clock_;
   std::string layout_;
