@@ -20,6 +20,7 @@
 #include "desktop/app/sign_in.h"
 #include "desktop/app/users_dialog.h"
 #include "desktop/tools/picture_scenes_charts.h"
+#include "desktop/tools/picture_scenes_desk.h"
 #include "desktop/tools/picture_scenes_reports.h"
 #include "desktop/tools/picture_scenes_views.h"
 #include "desktop/tools/window_driver.h"
@@ -266,15 +267,17 @@ void PictureTurnover(const Pictures& pictures, DesktopHost& host) {
   settings.SecondUnit = settings.SecondUnitIsLarger = settings.WholeAndPart = false;
 }
 
+enum class Part { All, Charts, Desk };
+
 void MakePictures(const std::string& file, const std::string& moduleFile, const QString& folder,
-                  const QString& settingsFolder, bool chartsOnly) {
+                  const QString& settingsFolder, Part part) {
   QDir().mkpath(folder);
   DesktopSettings settings(settingsFolder);
   ApplyLook(settings.Options());
   const auto company = OpenCompany(file);
   ModuleLibrary module(ModuleLibrary::Find(moduleFile, FromQt(QApplication::applicationDirPath())));
   const Pictures pictures{*company, settings, module, folder};
-  if (!chartsOnly) PictureDialogs(pictures);
+  if (part == Part::All) PictureDialogs(pictures);
   for (const char* login : {"guest", "admin"}) {
     const auto user = company->SignIn(login, login);
     if (!user) throw std::runtime_error("this is no demo company");
@@ -283,8 +286,10 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
     const ReportScenes scenes{module, host,
                               [&](QWidget& window, const char* name) { pictures.Save(window, name); }};
     if (login == std::string_view("admin")) {
-      PictureCharts(scenes, company->ListBusyGoods(1).at(0).code);
-      if (chartsOnly) {
+      const std::int64_t good = company->ListBusyGoods(1).at(0).code;
+      if (part != Part::Desk) PictureCharts(scenes, good);
+      if (part != Part::Charts) PictureDesk(scenes, good);
+      if (part != Part::All) {
         module.Detach();
         return;
       }
@@ -293,8 +298,8 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
       PictureRowSearch(pictures);
       if (module.Has("Open_GoodAmountAsset")) PictureTurnover(pictures, host);
       PictureReports(scenes);
-      PictureViews(scenes, ToQt(company->Title()), settings, company->ListBusyGoods(1).at(0).code);
-    } else if (!chartsOnly) {
+      PictureViews(scenes, ToQt(company->Title()), settings, good);
+    } else if (part == Part::All) {
       MainWindow window(host, module, settings, ToQt(company->Title()), "");
       window.resize(1200, 760);
       window.show();
@@ -317,16 +322,21 @@ int main(int argc, char** argv) {
   std::string folder;
   const QTemporaryDir fresh;  // kept layouts of an earlier run would show
   std::string settings = goods::FromQt(fresh.path());
-  bool chartsOnly = false;
+  bool charts = false;
+  bool desk = false;
   CLI::App commandLine("Writes pictures of the desktop's windows.");
   commandLine.add_option("--company", company, "A demo company")->required();
   commandLine.add_option("--module", module, "The report library, instead of the one beside the program");
   commandLine.add_option("--out", folder, "Where the pictures go")->required();
-  commandLine.add_flag("--charts", chartsOnly, "Pictures of the charts alone");
+  commandLine.add_flag("--charts", charts, "Pictures of the charts alone");
+  commandLine.add_flag("--desk", desk, "Pictures of what every report window offers alone");
   commandLine.add_option("--settings", settings, "Folder of the settings");
   CLI11_PARSE(commandLine, argc, argv);
   try {
-    goods::MakePictures(company, module, goods::ToQt(folder), goods::ToQt(settings), chartsOnly);
+    goods::MakePictures(company, module, goods::ToQt(folder), goods::ToQt(settings),
+                        charts ? goods::Part::Charts
+                        : desk ? goods::Part::Desk
+                               : goods::Part::All);
     return 0;
   } catch (const std::exception& error) {
     std::cerr << error.what() << "\n";
