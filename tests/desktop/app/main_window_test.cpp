@@ -53,6 +53,33 @@ TEST_F(Main, TheGoodsListsStandFirstOfWhatTheLibraryHas) {
   EXPECT_EQ(cards, exports);
 }
 
+TEST_F(Main, TheShortcutsOfTheCardsAreInTheirOrder) {
+  DesktopHost& host = HostFor("admin");
+  MainWindow window(host, Module(), Settings(), "شرکت", "");
+  int place = 0;
+  for (const QPushButton* card : window.findChildren<QPushButton*>()) {
+    QStringList texts;
+    for (const QLabel* label : card->findChildren<QLabel*>()) texts << label->text();
+    EXPECT_TRUE(texts.contains(QString("Ctrl+%1").arg(++place % 10))) << FromQt(texts.join(" / "));
+    const auto* action = window.findChild<QAction*>(card->objectName() + "_ACT");
+    ASSERT_NE(action, nullptr);
+    EXPECT_EQ(action->shortcut(), QKeySequence(QString("Ctrl+%1").arg(place % 10)));
+  }
+  EXPECT_EQ(place, 10);
+}
+
+TEST_F(Main, F4ChoosesAndSignsNobodyOut) {
+  DesktopHost& host = HostFor("admin");
+  MainWindow window(host, Module(), Settings(), "شرکت", "");
+  window.show();
+  window.activateWindow();
+  for (const QAction* action : window.findChildren<QAction*>())
+    EXPECT_NE(action->shortcut(), QKeySequence(Qt::Key_F4)) << FromQt(action->text());
+  PressKey(window, Qt::Key_F4);
+  Wait(50);
+  EXPECT_TRUE(window.isVisible());
+}
+
 TEST_F(Main, EnterOnACardOpensItsReport) {
   DesktopHost& host = HostFor("admin");
   MainWindow window(host, Module(), Settings(), "شرکت", "");
