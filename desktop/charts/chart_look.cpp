@@ -34,7 +34,8 @@ ChartLook ScreenLook() {
           .mark = theme.problem,
           .goal = theme.warning,
           .series = theme.dark ? SeriesOnDark() : SeriesOnLight(),
-          .font = ChartFont()};
+          .font = ChartFont(),
+          .hairlines = true};
 }
 
 ChartLook PaperLook() {

@@ -16,6 +16,8 @@ struct ChartLook {
   QColor goal;
   std::vector<QColor> series;  // told apart from each other and from the background
   QFont font;
+  // Lines of many points are one pixel of the device wide, which the toolkit draws a hundred times as fast.
+  bool hairlines = false;
 };
 
 // Follows the theme, light or dark.

@@ -250,6 +250,10 @@ void ChartScene::AddLine(const ChartSeries& series, const QColor& color) {
   line->replace(drawn);
   QPen pen(color, kLineWidth);
   pen.setJoinStyle(Qt::MiterJoin);
+  if (look_.hairlines && points.size() > columns / 2) {
+    pen.setWidthF(1);
+    pen.setCosmetic(true);
+  }
   line->setPen(pen);
   QAbstractSeries* added = line;
   if (series.filled) {
