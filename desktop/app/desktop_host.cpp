@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "desktop/charts/chart_command.h"
+#include "desktop/comparison/comparison_command.h"
 #include "desktop/views/shown_text.h"
 #include "goods_reports.h"
 
@@ -61,7 +62,7 @@ DesktopHost::DesktopHost(ICompany& company, const UserRecord& user, DesktopSetti
       lookups_(company, [this] { return windows_.DialogParent(); }),
       documents_(company, messages_, *rights_, OpenersOf(module), [this] { return windows_.DialogParent(); }),
       views_(windows_, messages_, settings, company.Title(), user.code) {
-  std::vector<GridCommand> commands{ChartCommand(printing_, windows_, messages_)};
+  std::vector<GridCommand> commands{ChartCommand(printing_, windows_, messages_), ComparisonCommand()};
   for (GridCommand& each : printing_.GridCommands(messages_)) commands.push_back(std::move(each));
   commands.push_back(cards_.Command());
   windows_.SetGridCommands(std::move(commands));

@@ -225,13 +225,6 @@ void PictureRowSearch(const Pictures& pictures) {
   RethrowFailure();
 }
 
-template <typename Kind>
-Kind& Component(QWidget& window, const char* path) {
-  auto* found = dynamic_cast<Kind*>(dynamic_cast<FormView&>(window).Form().FindComponent(path));
-  if (found == nullptr) throw std::runtime_error(std::string("no component ") + path);
-  return *found;
-}
-
 // The lists of goods: in quantity with its criteria and tags, in whole and part, and in money with the choice
 // of the price.
 void PictureTurnover(const Pictures& pictures, DesktopHost& host) {

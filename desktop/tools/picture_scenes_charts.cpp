@@ -3,6 +3,8 @@
 #include <vector>
 
 #include "desktop/tools/window_driver.h"
+#include "host/components/edit.h"
+#include "host/components/standard.h"
 
 namespace goods {
 namespace {
@@ -35,6 +37,21 @@ void OpenForCharts(const ReportScenes& scenes, const std::function<void()>& open
   RethrowFailure();
 }
 
+// The report in front beside the year before.
+void TakeComparison(const ReportScenes& scenes, QWidget& window) {
+  WhileModal([&](QWidget& dialog) {
+    Wait(kChartSettle);
+    WhileModal([&](QWidget& compared) {
+      compared.resize(scenes.size);
+      Wait(kChartSettle);
+      scenes.save(compared, "comparison");
+    });
+    PressKey(dialog, Qt::Key_F3);
+  });
+  PressKey(window, Qt::Key_F12, Qt::ControlModifier);
+  Wait(kChartSettle);
+}
+
 }  // namespace
 
 void PictureCharts(const ReportScenes& scenes, std::int64_t good) {
@@ -56,6 +73,12 @@ void PictureCharts(const ReportScenes& scenes, std::int64_t good) {
         PressKey(window, Qt::Key_F2, Qt::ControlModifier);
         Wait(kChartSettle);
         TakeCharts(scenes, window, {"chart-operations"});
+        Component<TCheckBox>(window, "Period_PNL.Date_CHK").SetChecked(true);
+        Component<TEdit>(window, "Period_PNL.Date1_EDT").SetText("1403/01/01");
+        Component<TEdit>(window, "Period_PNL.Date2_EDT").SetText("1403/12/30");
+        PressKey(window, Qt::Key_F2, Qt::ControlModifier);
+        Wait(kChartSettle);
+        TakeComparison(scenes, window);
       });
   OpenForCharts(
       scenes, [&] { scenes.module.Call("Open_GoodCashAsset"); },

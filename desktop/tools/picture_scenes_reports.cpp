@@ -20,13 +20,6 @@ using Steps = std::function<void(QWidget&)>;
 
 constexpr int kSettle = 500;  // milliseconds: longer than a search waits for further keys
 
-template <typename Kind>
-Kind& Component(QWidget& window, const char* path) {
-  auto* found = dynamic_cast<Kind*>(dynamic_cast<FormView&>(window).Form().FindComponent(path));
-  if (found == nullptr) throw std::runtime_error(std::string("no component ") + path);
-  return *found;
-}
-
 void Open(const ReportScenes& scenes, const char* exportName, Steps steps) {
   WhileModal([&scenes, steps](QWidget& window) {
     window.resize(scenes.size);

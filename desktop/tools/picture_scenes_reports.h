@@ -3,10 +3,21 @@
 
 #include <QSize>
 #include <functional>
+#include <stdexcept>
+#include <string>
 
 #include "desktop/app/desktop_host.h"
+#include "desktop/views/form_view.h"
 
 namespace goods {
+
+// A component of the form that a report's window shows, by its path; throws std::runtime_error for none.
+template <typename Kind>
+Kind& Component(QWidget& window, const char* path) {
+  auto* found = dynamic_cast<Kind*>(dynamic_cast<FormView&>(window).Form().FindComponent(path));
+  if (found == nullptr) throw std::runtime_error(std::string("no component ") + path);
+  return *found;
+}
 
 struct ReportScenes {
   ModuleLibrary& module;  // has the host attached

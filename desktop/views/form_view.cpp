@@ -51,6 +51,8 @@ FormView::FormView(TForm& form, std::vector<GridCommand> gridCommands, QWidget* 
   path_ = {windowTitle()};
   resize(Scaled(form_.PreferredWidth, *this), Scaled(form_.PreferredHeight, *this));
   built_ = true;
+  // Rows that came while the window was about to be shown are told, too.
+  if (StatusLine* status = StatusOf(*this)) status->Follow();
 }
 
 FormView::~FormView() {

@@ -104,16 +104,15 @@ bool TakeWindowKey(FormView& form, const QKeyEvent& event) {
     return true;
   }
   if (modifiers == Qt::AltModifier && event.key() == Qt::Key_Left) return GoBack(form);
-  if (modifiers != Qt::NoModifier) return false;
-  if (event.key() == Qt::Key_F3) return GoToSearchBox(form);
-  if (event.key() == Qt::Key_F8) return LiftConditions(form);
+  if (modifiers == Qt::NoModifier && event.key() == Qt::Key_F3) return GoToSearchBox(form);
+  if (modifiers == Qt::NoModifier && event.key() == Qt::Key_F8) return LiftConditions(form);
   for (const WindowCommand& command : form.WindowCommands()) {
     auto* button = form.findChild<QWidget*>(command.name);
-    if (command.key != event.key() || button == nullptr) continue;
+    if (modifiers != Qt::NoModifier || command.key != event.key() || button == nullptr) continue;
     command.run(form, *button);
     return true;
   }
-  return RunCommandOf(form, event.key());
+  return RunCommandOf(form, QKeyCombination(modifiers, static_cast<Qt::Key>(event.key())).toCombined());
 }
 
 }  // namespace goods

@@ -55,19 +55,31 @@ void GoodListData::GoodAsset_GetAll(bool useSelectedList, bool invert, std::int6
   GoodTransaction.Query.SetSQL(statement);
 }
 
+std::string OverallTurnoverData::AmountStatement(std::string_view parameters) {
+  return "Exec GoodKardex_Overall_Money " + std::string(parameters);
+}
+
+std::string OverallTurnoverData::QuantityStatement(std::string_view parameters) {
+  return "Exec GoodKardex_Overall_Tedad " + std::string(parameters);
+}
+
 void OverallTurnoverData::GoodStockAllProc(std::string_view amountParameters,
                                            std::string_view quantityParameters) {
-  Refill(Kardex_Overall_Money.Query, "Exec GoodKardex_Overall_Money " + std::string(amountParameters));
-  Refill(Kardex_Overall_Tedad.Query, "Exec GoodKardex_Overall_Tedad " + std::string(quantityParameters));
+  Refill(Kardex_Overall_Money.Query, AmountStatement(amountParameters));
+  Refill(Kardex_Overall_Tedad.Query, QuantityStatement(quantityParameters));
 }
 
 void OverallTurnoverData::GoodStockProc(std::string_view parameters) {
   module_.Execute("Exec UpdateMogodiKala " + std::string(parameters));
 }
 
+std::string StoreStockData::StockStatement(std::string_view parameters) {
+  return "exec GoodsAsset_Store_SP " + std::string(parameters);
+}
+
 void StoreStockData::GoodAsset_Store_Fill(std::string_view parameters) {
   GoodAsset_Store.Query.Close();
-  GoodAsset_Store.Query.SetSQL("exec GoodsAsset_Store_SP " + std::string(parameters));
+  GoodAsset_Store.Query.SetSQL(StockStatement(parameters));
   GoodAsset_Store.Query.Open();
 }
 

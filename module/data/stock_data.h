@@ -48,6 +48,8 @@ class OverallTurnoverData {
  public:
   explicit OverallTurnoverData(DataModule& module) : module_(module) {}
   void GoodStockAllProc(std::string_view amountParameters, std::string_view quantityParameters);
+  static std::string AmountStatement(std::string_view parameters);
+  static std::string QuantityStatement(std::string_view parameters);
   // Refreshes the stored stock of goods; no rows.
   void GoodStockProc(std::string_view parameters);
 
@@ -63,6 +65,7 @@ class StoreStockData {
  public:
   explicit StoreStockData(DataModule& module) : module_(module) {}
   void GoodAsset_Store_Fill(std::string_view parameters);
+  static std::string StockStatement(std::string_view parameters);
   // Each item's text is the store's name, its object the store's code.
   std::vector<TComboItem> Get_StoresTitles_SortedByCode();
   void CallDefineRemainInStore(std::int64_t first, std::int64_t second);

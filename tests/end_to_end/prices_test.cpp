@@ -23,6 +23,7 @@
 #include "company/right_names.h"
 #include "desktop/print/export.h"
 #include "desktop/views/column_chooser.h"
+#include "host/components/edit.h"
 #include "host/components/tabs.h"
 #include "host/frames/adv_search_frame.h"
 #include "tests/desktop/app/kit.h"
@@ -276,6 +277,13 @@ class Prices : public ::testing::Test {
           Wait(60);
         },
         [&](QWidget& charts) { Visit(charts, depth + 1); });
+    Opens([&] { PressKey(window, Qt::Key_F12, Qt::ControlModifier); },
+          [&](QWidget& dialog) {
+            Component<TEdit>(dialog, "Date1_EDT").SetText("1402/01/01");
+            Component<TEdit>(dialog, "Date2_EDT").SetText("1403/06/31");
+            WhenShown("PeriodComparison_FRM", [&](QWidget& compared) { Visit(compared, depth + 1); });
+            PressKey(dialog, Qt::Key_F3);
+          });
     for (TControl* each : view->Form().Controls()) VisitPages(*each, name, *view);
   }
 
@@ -377,6 +385,7 @@ const std::set<std::string> kEveryWindow{"Kardex_FRM",
                                          "GoodDetailOperationDismatchSearch_FRM",
                                          "Document_FRM",
                                          "ChartWindow",
+                                         "PeriodComparison_FRM",
                                          "SelectEntity_FRM"};
 
 std::set<std::string> Missing(const std::set<std::string>& wanted, const std::set<std::string>& there) {
@@ -401,7 +410,8 @@ TEST_F(Prices, AUserWithPricesFindsThemWhereverTheyAre) {
                      "GoodsAsset_Store_FRM.GoodsAsset_Store_GRD", "GoodsAsset_Store_FRM (painted)",
                      "AllGoodDetailTransaction_FRM.AllGoodDetailTrans_List_GRD",
                      "OneGoodDetailTransaction_FRM.GoodDetailTransaction_GRD", "Document_FRM",
-                     "Document_FRM (painted)", "Document_FRM (copied)", "ChartWindow (painted)"},
+                     "Document_FRM (painted)", "Document_FRM (copied)", "ChartWindow (painted)",
+                     "PeriodComparison_FRM.Comparison_GRD", "PeriodComparison_FRM (painted)"},
                     places),
             std::set<std::string>{})
       << Listed(amounts_);

@@ -6,6 +6,7 @@
 #include "host/services/public_methods.h"
 #include "module/data/stock_card_opening.h"
 #include "module/framework/report_window.h"
+#include "module/framework/run_period.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -116,6 +117,25 @@ void TGoodsAsset_Store_FRM::Fetch(const std::string& /*parameters*/, Waiting /*w
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   dataModule_.FillStock(asked.priceBasis, asked.buyOrSell, asked.priceLevel);
   dataModule_.GoodAsset_Store_Fill(StockParametersOf(asked));
+}
+
+std::optional<ReportPeriod> TGoodsAsset_Store_FRM::PeriodOfRows() const {
+  if (RunCriteria() == nullptr) return std::nullopt;
+  return PeriodOfRun(RunCriteria()->period);
+}
+
+std::string_view TGoodsAsset_Store_FRM::KeyField(const TSmartDBGrid_QRT& /*grid*/) const {
+  return "GoodCode";
+}
+
+// Another report may have prepared prices of its own in the meantime.
+void TGoodsAsset_Store_FRM::ReadPeriod(const TSmartDBGrid_QRT& /*grid*/, const ReportPeriod& period,
+                                       TADOQuery& into) {
+  StoreStockCriteria asked = *RunCriteria();
+  asked.period = ForOtherPeriod(asked.period, period);
+  dataModule_.FillStock(asked.priceBasis, asked.buyOrSell, asked.priceLevel);
+  into.SetSQL(StoreStockData::StockStatement(StockParametersOf(asked)));
+  into.Open();
 }
 
 // The first run ends on its last row.

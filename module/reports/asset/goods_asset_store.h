@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/base/period_report.h"
 #include "host/frames/general_search_frame.h"
 #include "module/data/stock_data.h"
 #include "module/framework/period_panel.h"
@@ -19,7 +20,7 @@ namespace goods {
 // The columns of the stores are made once, while the window is first shown; those that are visible when the
 // user runs the report say which stores are asked for. Only the report button runs it. The custom parameter
 // says nothing.
-class TGoodsAsset_Store_FRM : public TReportOf<StoreStockCriteria> {
+class TGoodsAsset_Store_FRM : public TReportOf<StoreStockCriteria>, public IPeriodReport {
  public:
   TGoodsAsset_Store_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   ~TGoodsAsset_Store_FRM() override;
@@ -29,6 +30,10 @@ class TGoodsAsset_Store_FRM : public TReportOf<StoreStockCriteria> {
   void FormResize() override;
   void FormKeyDown(TKey& key) override;
   bool PreparePrint() override;
+
+  std::optional<ReportPeriod> PeriodOfRows() const override;
+  std::string_view KeyField(const TSmartDBGrid_QRT& grid) const override;
+  void ReadPeriod(const TSmartDBGrid_QRT& grid, const ReportPeriod& period, TADOQuery& into) override;
 
   void Search_BTNClick();
   void btnShow_BTNClick();

@@ -8,6 +8,7 @@
 #include "host/services/public_methods.h"
 #include "module/data/stock_card_opening.h"
 #include "module/framework/report_window.h"
+#include "module/framework/run_period.h"
 #include "module/framework/texts.h"
 
 namespace goods {
@@ -149,6 +150,25 @@ void TGoodTrans_Overall_FRM::Fetch(const std::string& /*parameters*/, Waiting /*
   dataModule_.Kardex_Overall_Tedad.Query.SetFilter("");
   const WaitingScope waiting(Host().Waiting(), this, kPreparingReport);
   dataModule_.GoodStockAllProc(AmountParametersOf(asked), QuantityParametersOf(asked));
+}
+
+std::optional<ReportPeriod> TGoodTrans_Overall_FRM::PeriodOfRows() const {
+  if (RunCriteria() == nullptr) return std::nullopt;
+  return PeriodOfRun(RunCriteria()->period);
+}
+
+std::string_view TGoodTrans_Overall_FRM::KeyField(const TSmartDBGrid_QRT& /*grid*/) const {
+  return "KalaCode";
+}
+
+void TGoodTrans_Overall_FRM::ReadPeriod(const TSmartDBGrid_QRT& grid, const ReportPeriod& period,
+                                        TADOQuery& into) {
+  OverallCriteria asked = *RunCriteria();
+  asked.period = ForOtherPeriod(asked.period, period);
+  into.SetSQL(&grid == &tedad_Overall_List_GRD
+                  ? OverallTurnoverData::QuantityStatement(QuantityParametersOf(asked))
+                  : OverallTurnoverData::AmountStatement(AmountParametersOf(asked)));
+  into.Open();
 }
 
 void TGoodTrans_Overall_FRM::Date_CHKClick() { Go_BTN.SetEnabled(Period_PNL.InUse()); }

@@ -1,9 +1,12 @@
 // TGoodTrans_Overall_FRM: what came in and went out of each good, by operation; the stock card in short.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "host/base/period_report.h"
 #include "host/components/search_manager.h"
 #include "host/components/tabs.h"
 #include "host/frames/general_search_frame.h"
@@ -17,7 +20,7 @@ namespace goods {
 
 // Amounts and quantities on two tabs, read together when the user asks. The custom parameter says nothing.
 // Operation columns that the user hides flow into the columns of other operations at the next run.
-class TGoodTrans_Overall_FRM : public TReportOf<OverallCriteria> {
+class TGoodTrans_Overall_FRM : public TReportOf<OverallCriteria>, public IPeriodReport {
  public:
   TGoodTrans_Overall_FRM(THost& host, int formMode, Variant customParameter, std::string settingsName);
   ~TGoodTrans_Overall_FRM() override;
@@ -26,6 +29,10 @@ class TGoodTrans_Overall_FRM : public TReportOf<OverallCriteria> {
   void FormShow() override;
   void FormKeyDown(TKey& key) override;
   bool PreparePrint() override;
+
+  std::optional<ReportPeriod> PeriodOfRows() const override;
+  std::string_view KeyField(const TSmartDBGrid_QRT& grid) const override;
+  void ReadPeriod(const TSmartDBGrid_QRT& grid, const ReportPeriod& period, TADOQuery& into) override;
 
   void Search_BTNClick();
   void AvalDore_CHKClick();

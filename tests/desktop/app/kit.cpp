@@ -1,8 +1,12 @@
 #include "tests/desktop/app/kit.h"
 
+#include <QApplication>
+#include <QPointer>
+#include <QTimer>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "company/demo/demo_company.h"
 
@@ -62,6 +66,25 @@ TForm& FormOf(QWidget& window) {
   auto* view = dynamic_cast<FormView*>(&window);
   if (view == nullptr) throw std::runtime_error("the window in front shows no form");
   return view->Form();
+}
+
+void WhenShown(const QString& name, std::function<void(QWidget&)> steps) {
+  constexpr int kPollMs = 10;
+  auto* poll = new QTimer(QCoreApplication::instance());
+  QObject::connect(poll, &QTimer::timeout, poll, [poll, name, steps = std::move(steps)] {
+    const QPointer<QWidget> front(QApplication::activeModalWidget());
+    if (front == nullptr || front->objectName() != name) return;
+    poll->stop();
+    poll->deleteLater();
+    Wait(50);
+    try {
+      steps(*front);
+    } catch (const std::exception& error) {
+      ADD_FAILURE() << error.what();
+    }
+    if (front != nullptr && front->isVisible()) front->close();
+  });
+  poll->start(kPollMs);
 }
 
 void TypeGood(QWidget& window, std::int64_t code) {

@@ -61,6 +61,10 @@ Kind& Component(QWidget& window, const char* path) {
   return *component;
 }
 
+// Steps for the modal window of that name, which may open long after, and after others in between; it is then
+// closed. Nothing happens where it does not open.
+void WhenShown(const QString& name, std::function<void(QWidget&)> steps);
+
 // Types a good's code into the stock card and accepts it.
 void TypeGood(QWidget& window, std::int64_t code);
 // Rows in the report's grid.
