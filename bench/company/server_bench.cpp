@@ -258,6 +258,7 @@ void ReportsBesideAFile(benchmark::State& state) {
   options.goods = 20'000;
   options.stores = 6;
   options.movements = 200'000;
+  options.replace = true;
   MakeDemoCompany(path, options);
   ServerAddress server(std::getenv("GOODS_SERVER"));
   {
