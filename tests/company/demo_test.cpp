@@ -104,11 +104,12 @@ TEST_F(DemoContents, DetailsTellTheRowsQuantityExceptWhereAMismatchIsPlanted) {
   constexpr char kDiffering[] =
       "SELECT count(*) FROM (SELECT k.Radif, k.Tedad, ifnull((SELECT sum(d.Amount1) FROM DetailKardex d "
       "WHERE d.Kala ="
-      " k.Kala AND d.Date = k.Date AND d.Radif = k.Radif), 0) AS Told FROM Kardex k WHERE k.Kala IN (SELECT "
+      " k.Kala AND d.Date = k.Date AND d.Radif = k.Radif), 0) AS Detailed FROM Kardex k WHERE k.Kala IN "
+      "(SELECT "
       "Kala FROM"
-      " GoodDetails)) t LEFT JOIN PlantedMismatches p ON p.Radif = t.Radif WHERE t.Told <> "
+      " GoodDetails)) t LEFT JOIN PlantedMismatches p ON p.Radif = t.Radif WHERE t.Detailed <> "
       "ifnull(p.DetailAmount, t.Tedad)"
-      " OR (p.Radif IS NOT NULL AND (t.Told = t.Tedad OR p.OperationAmount <> t.Tedad))";
+      " OR (p.Radif IS NOT NULL AND (t.Detailed = t.Tedad OR p.OperationAmount <> t.Tedad))";
   EXPECT_EQ(Ask(kDiffering), 0);
   EXPECT_GT(Ask("SELECT count(DISTINCT DetailID) FROM GoodDetails"), 5);
   EXPECT_EQ(Ask("SELECT max(Position) FROM GoodDetails"), 5);
