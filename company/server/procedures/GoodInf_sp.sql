@@ -98,6 +98,18 @@ BEGIN
                WHERE (@from IS NULL OR r.Date >= @from) AND (@to IS NULL OR r.Date <= @to)
                  AND (@store = 0 OR (@others = 0 AND r.Anbar = @store) OR (@others = 1 AND r.Anbar <> @store))
                GROUP BY r.Kala) m ON m.Kala = g.Code;
+  -- Few texts of codes stand at many goods, so each is read once.
+  CREATE TABLE #tags(
+    Tags nvarchar(400) COLLATE Latin1_General_BIN2 NOT NULL, t1 bigint NULL, t2 bigint NULL, t3 bigint NULL, Shares int NOT NULL);
+  INSERT INTO #tags(Tags, t1, t2, t3, Shares)
+  SELECT d.Tags, dbo.CodeAt(d.Tags, 1), dbo.CodeAt(d.Tags, 2), dbo.CodeAt(d.Tags, 3),
+         CASE WHEN @tagsAsked = 1 THEN dbo.SharesCode(d.Tags, @tags) ELSE 0 END
+  FROM (SELECT DISTINCT Tags COLLATE Latin1_General_BIN2 AS Tags FROM dbo.GoodInf WHERE Tags <> N'') d;
+  CREATE TABLE #categories(Codes nvarchar(400) COLLATE Latin1_General_BIN2 NOT NULL, Shares int NOT NULL);
+  IF @category_codeAsked = 1
+    INSERT INTO #categories(Codes, Shares)
+    SELECT d.Codes, dbo.SharesCode(d.Codes, @category_code)
+    FROM (SELECT DISTINCT category_code COLLATE Latin1_General_BIN2 AS Codes FROM dbo.GoodInf WHERE category_code <> N'') d;
   SELECT g.GrpCode, g.Code, g.Name, f.OperationDate, g.AbbName, g.Pos, g.Unit, g.AvaBgPrd, g.CostBgPrd, g.CurAva, g.Status,
          f.varede, f.sadere, f.gheymat_miangin, g.Unit2, g.AvaBgPrd2, f.Mogodi2, g.Meghdar2, g.kala_type, g.kala_index,
          g.kala_name, g.Meghdar_Formool, g.Store, g.SMSCode, u.Name AS UnitName1, u2.Name AS UnitName2,
@@ -117,11 +129,13 @@ BEGIN
   LEFT JOIN dbo.Units u2 ON u2.Code = g.Unit2
   LEFT JOIN dbo.SearchNames nu2 ON nu2.Kind = 18 AND nu2.Code = g.Unit2
   LEFT JOIN dbo.RialiStock r ON r.Kala = g.Code
-  LEFT JOIN dbo.TagS t1 ON t1.Code = CASE WHEN g.Tags = N'' THEN NULL ELSE dbo.CodeAt(g.Tags, 1) END
+  LEFT JOIN #tags t ON t.Tags = g.Tags COLLATE Latin1_General_BIN2
+  LEFT JOIN #categories c ON c.Codes = g.category_code COLLATE Latin1_General_BIN2
+  LEFT JOIN dbo.TagS t1 ON t1.Code = t.t1
   LEFT JOIN dbo.colors c1 ON c1.code = t1.color_code
-  LEFT JOIN dbo.TagS t2 ON t2.Code = CASE WHEN g.Tags = N'' THEN NULL ELSE dbo.CodeAt(g.Tags, 2) END
+  LEFT JOIN dbo.TagS t2 ON t2.Code = t.t2
   LEFT JOIN dbo.colors c2 ON c2.code = t2.color_code
-  LEFT JOIN dbo.TagS t3 ON t3.Code = CASE WHEN g.Tags = N'' THEN NULL ELSE dbo.CodeAt(g.Tags, 3) END
+  LEFT JOIN dbo.TagS t3 ON t3.Code = t.t3
   LEFT JOIN dbo.colors c3 ON c3.code = t3.color_code
   WHERE (ISNULL(@GrpCode, 0) = 0 OR g.GrpCode = @GrpCode)
     AND (@SelectedCode IS NULL OR ISNULL(@Inlist, 0) <> 1 OR @SelectedCode = 0
@@ -130,9 +144,9 @@ BEGIN
     AND (ISNULL(@GoodExistType, 0) = 0 OR (@GoodExistType = 1 AND f.Mogodi > 0) OR (@GoodExistType = 2 AND f.Mogodi < 0)
          OR (@GoodExistType = 3 AND f.OperationDate = N'') OR (@GoodExistType = 4 AND f.Mogodi = 0)
          OR (@GoodExistType = 5 AND f.Mogodi < g.MinAva))
-    AND (@tagsAsked = 0 OR CASE WHEN dbo.SharesCode(g.Tags, @tags) = 1 THEN 1 ELSE 0 END
+    AND (@tagsAsked = 0 OR CASE WHEN t.Shares = 1 THEN 1 ELSE 0 END
            = CASE WHEN @Nottags = 1 THEN 0 ELSE 1 END)
-    AND (@category_codeAsked = 0 OR CASE WHEN dbo.SharesCode(g.category_code, @category_code) = 1 THEN 1 ELSE 0 END
+    AND (@category_codeAsked = 0 OR CASE WHEN c.Shares = 1 THEN 1 ELSE 0 END
            = CASE WHEN @Notcategory_code = 1 THEN 0 ELSE 1 END)
     AND (@Code IS NULL OR CASE WHEN g.Code = @Code THEN 1 ELSE 0 END
            = CASE WHEN @NotCode = 1 THEN 0 ELSE 1 END)
