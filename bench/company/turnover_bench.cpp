@@ -38,15 +38,15 @@ struct Run {
   double goal;
 };
 constexpr Run kRuns[] = {
-    {"list", "goods turnover list, 20,000 goods, into a query", "exec GoodInf_sp ", false, 1.5},
+    {"list", "goods turnover list, 20,000 goods, into a query", "exec GoodInf_sp ", false, 1.0},
     {"one tab", "one group's goods in stock", "exec GoodInf_sp @GrpCode = 3,@GoodExistType = 1", false, 0},
-    {"a store", "one store's stored figures", "exec GoodInf_sp @StoreCode=2", false, 0},
+    {"a store", "one store's stored figures", "exec GoodInf_sp @StoreCode=2", false, 1.2},
     {"all dates", "the list over all dates",
-     "exec GoodInf_sp @EffectiveDate1 = '', @EffectiveDate2 = '9999/99/99'", true, 1.5},
+     "exec GoodInf_sp @EffectiveDate1 = '', @EffectiveDate2 = '9999/99/99'", true, 0.45},
     {"a year", "the list of a year in the middle",
-     "exec GoodInf_sp @EffectiveDate1 = '1402/01/01', @EffectiveDate2 = '1402/12/29'", true, 1.5},
+     "exec GoodInf_sp @EffectiveDate1 = '1402/01/01', @EffectiveDate2 = '1402/12/29'", true, 0.25},
     {"a month", "the list of a month",
-     "exec GoodInf_sp @EffectiveDate1 = '1402/01/01', @EffectiveDate2 = '1402/01/31'", true, 1.5},
+     "exec GoodInf_sp @EffectiveDate1 = '1402/01/01', @EffectiveDate2 = '1402/01/31'", true, 0.25},
     {"a store's dates", "one store's list over all dates",
      "exec GoodInf_sp @EffectiveDate1 = '', @EffectiveDate2 = '9999/99/99',@StoreCode=2", true, 0}};
 
@@ -156,7 +156,7 @@ void ReportRatios() {
     }
     const auto [held, values] = memory[Key(kRuns[0].name, size)];
     Tell({"memory of the list's query" + Movements(size), static_cast<double>(held) / 1e6,
-          "bytes of the values", static_cast<double>(values) / 1e6, 2, "MB"});
+          "bytes of the values", static_cast<double>(values) / 1e6, 1.2, "MB"});
   }
 }
 

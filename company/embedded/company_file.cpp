@@ -11,6 +11,7 @@
 #include "company/company.h"
 #include "company/embedded/company_schema.h"
 #include "company/embedded/embedded_sql.h"
+#include "company/embedded/packed_movements.h"
 #include "company/embedded/row_reader.h"
 
 namespace goods {
@@ -63,6 +64,7 @@ bool MarkedReadOnly(const fs::path& path) {
 struct UpgradeStep {
   int from;
   std::string_view sql;
+  void (*work)(Database& db) = nullptr;  // after it
 };
 
 // Each step leads from its version to the next. A step is never changed once it has been delivered.
@@ -96,6 +98,8 @@ constexpr UpgradeStep kUpgradeSteps[] = {
      " SELECT 1 FROM UserRights r WHERE r.UserCode = Users.Code AND r.Permission IN (24, 5021));"
      "CREATE TABLE SignInFailures("
      " Login TEXT PRIMARY KEY, Failures INTEGER NOT NULL, LastFailure INTEGER NOT NULL) WITHOUT ROWID;"},
+    // Version 6 read a period's movements out of the rows of the stock card.
+    {6, "CREATE TABLE PackedMovements(Place INTEGER PRIMARY KEY, Data BLOB NOT NULL);", PackEveryGood},
 };
 
 void Upgrade(Database& db, int version) {
@@ -105,6 +109,7 @@ void Upgrade(Database& db, int version) {
   for (const UpgradeStep& step : kUpgradeSteps) {
     if (step.from < version) continue;
     db.Run(step.sql);
+    if (step.work != nullptr) step.work(db);
     db.Run("PRAGMA user_version = " + std::to_string(step.from + 1));
   }
   CheckCompanySchema(db, true);

@@ -13,7 +13,7 @@ class IStatementProgress;
 // "QRTC": marks a SQLite file as a company.
 inline constexpr std::int32_t kCompanyApplicationId = 0x51525443;
 // The schema that this program writes. Kept in the file's user_version.
-inline constexpr int kCompanySchemaVersion = 6;
+inline constexpr int kCompanySchemaVersion = 7;
 
 // What every use of a company says once its file is no longer the one that was opened.
 inline constexpr char kMovedMessage[] = "فایل شرکت جابجا، پاک یا جایگزین شده است. شرکت را دوباره باز کنید.";

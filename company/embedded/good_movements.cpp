@@ -1,5 +1,6 @@
 #include "company/embedded/good_movements.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -51,6 +52,29 @@ GoodMovements::GoodMovements(sqlite3* db, std::string_view columns, const Period
   if (from) movements_.Bind(2, std::string_view(period.From()));
   if (to) movements_.Bind(3, std::string_view(period.To()));
   if (walk.store != 0) movements_.Bind(4, walk.store);
+}
+
+PackedPeriod::PackedPeriod(const Period& period) {
+  const auto take = [&](const std::string& text, std::optional<std::int64_t>& end) {
+    if (text.empty()) return;
+    end = PackedDate(text);
+    if (!end) known_ = false;
+  };
+  take(period.From(), from_);
+  take(period.To(), to_);
+}
+
+PackedRows PackedPeriod::Within(const PackedMovements& movements) const {
+  const PackedRows rows{from_ ? movements.Before(*from_) : 0, UpToEnd(movements)};
+  return {rows.first, std::max(rows.first, rows.last)};
+}
+
+std::size_t PackedPeriod::UpToEnd(const PackedMovements& movements) const {
+  return to_ ? movements.UpTo(*to_) : movements.Rows();
+}
+
+PackedRows PackedPeriod::Before(const PackedMovements& movements) const {
+  return {0, from_ ? movements.Before(*from_) : 0};
 }
 
 }  // namespace goods

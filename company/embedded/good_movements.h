@@ -1,12 +1,16 @@
 // What is worked out good by good has in common: which goods a report lists, and the walk through the
 // movements of one good after another that adds them up. The stock card lies by good and date, so a good's
-// movements of a period are one range of it, and all goods together are one scan.
+// movements of a period are one range of it, and all goods together are one scan; packed_movements.h tells
+// from where they are read.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "company/embedded/decimal_cell.h"
+#include "company/embedded/packed_movements.h"
 #include "company/embedded/sqlite.h"
 
 namespace goods {
@@ -69,6 +73,76 @@ class GoodMovements {
 
  private:
   Statement movements_;
+};
+
+// The rows of a cell that lie in a period; none where an end is no date that a cell knows ("1402/1"), so that
+// the texts themselves have to be compared.
+class PackedPeriod {
+ public:
+  PackedPeriod() = default;
+  explicit PackedPeriod(const Period& period);
+  bool Known() const { return known_; }
+  PackedRows Within(const PackedMovements& movements) const;
+  PackedRows Before(const PackedMovements& movements) const;
+  // How many rows there are up to the period's end, whenever it begins.
+  std::size_t UpToEnd(const PackedMovements& movements) const;
+
+ private:
+  bool known_ = true;
+  std::optional<std::int64_t> from_;
+  std::optional<std::int64_t> to_;
+};
+
+// The movements of one good after another, within a period and before it: out of the good's packed cell, or
+// where there is none, of its stock card.
+class MovementScan {
+ public:
+  // store 0: every store.
+  MovementScan(sqlite3* db, const Period& period, std::int64_t store = 0)
+      : packed_(db),
+        period_(period),
+        store_(store),
+        within_(db, kCounted, period, {.store = store}),
+        before_(db, kCounted, period, {.span = Span::Before, .store = store}) {}
+
+  // Calls each(const CountedMovement&) for every movement of the good in the period, or before it; in no
+  // order that is promised. Without costs, cost may be 0.
+  template <bool kWithCosts, typename Each>
+  void Within(std::int64_t good, Each each) {
+    const auto unpack = [&](const PackedMovements& cell) {
+      Unpack<kWithCosts>(cell, period_.Within(cell), each);
+    };
+    if (!period_.Known() || !packed_.ForCells(good, unpack)) Read(within_, good, each);
+  }
+  template <bool kWithCosts, typename Each>
+  void Before(std::int64_t good, Each each) {
+    const auto unpack = [&](const PackedMovements& cell) {
+      Unpack<kWithCosts>(cell, period_.Before(cell), each);
+    };
+    if (!period_.Known() || !packed_.ForCells(good, unpack)) Read(before_, good, each);
+  }
+
+ private:
+  static constexpr std::string_view kCounted = "Anbar, Type, Tedad, Gheymat";
+
+  template <typename Each>
+  static void Read(GoodMovements& movements, std::int64_t good, Each& each) {
+    movements.ForGood(good, [&](const Statement& row) {
+      each(CountedMovement{row.Integer(0), row.Integer(1), row.Integer(2), ColumnUnits(row.Handle(), 3)});
+    });
+  }
+  template <bool kWithCosts, typename Each>
+  void Unpack(const PackedMovements& cell, PackedRows rows, Each& each) const {
+    cell.ForEach<kWithCosts>(rows, [&](std::size_t, const CountedMovement& movement) {
+      if (store_ == 0 || movement.store == store_) each(movement);
+    });
+  }
+
+  PackedGoods packed_;
+  PackedPeriod period_;
+  std::int64_t store_;
+  GoodMovements within_;
+  GoodMovements before_;
 };
 
 }  // namespace goods

@@ -102,8 +102,8 @@ class HiddenColumns {
 };
 
 // What a movement counts, signed.
-Int128 QuantityOf(const Statement& row) { return row.Integer(1); }
-Int128 AmountOf(const Statement& row) { return MultiplyUnits(row.Integer(1), ColumnUnits(row.Handle(), 2)); }
+Int128 QuantityOf(const CountedMovement& movement) { return movement.quantity; }
+Int128 AmountOf(const CountedMovement& movement) { return MultiplyUnits(movement.quantity, movement.cost); }
 
 void AppendRow(RowStore& into, const Statement& good, std::int64_t store, Decimal before,
                const Totals& totals) {
@@ -126,9 +126,8 @@ void AppendRow(RowStore& into, const Statement& good, std::int64_t store, Decima
   into.EndRow();
 }
 
-template <Int128 (*figureOf)(const Statement&)>
-void RunOverall(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch,
-                const char* columns) {
+template <Int128 (*figureOf)(const CountedMovement&), bool kWithCosts>
+void RunOverall(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch) {
   const Period period(TextArgument(call, "@FromDate"), TextArgument(call, "@ToDate"));
   const std::int64_t store = IntegerArgument(call, "@anbarcode");
   const bool calcBefore = IntegerArgument(call, "@CalcBeforeDatePeriod") != 0;
@@ -138,22 +137,22 @@ void RunOverall(Database& db, const ProcedureCall& call, RowStore& into, Progres
                                   TextArgument(call, "@AbbName"), IntegerArgument(call, "@Reverst") != 0});
   into.Define(call.procedure->columns);
 
-  GoodMovements within(db.Handle(), columns, period, {.store = store});
-  GoodMovements earlier(db.Handle(), columns, period, {.span = Span::Before, .store = store});
+  MovementScan movements(db.Handle(), period, store);
   while (good.Step()) {
     const std::int64_t code = good.Integer(kGoodCode);
     Totals totals{};
     Decimal before;
     bool moved = false;
-    within.ForGood(code, [&](const Statement& row) {
-      const bool incoming = row.Integer(1) > 0;
-      const Decimal figure = Decimal::FromUnits(figureOf(row));
-      Decimal& total = totals[OperationOf(row.Integer(0), incoming)];
+    movements.Within<kWithCosts>(code, [&](const CountedMovement& movement) {
+      const bool incoming = movement.quantity > 0;
+      const Decimal figure = Decimal::FromUnits(figureOf(movement));
+      Decimal& total = totals[OperationOf(movement.type, incoming)];
       total += incoming ? figure : -figure;
       moved = true;
     });
     if (calcBefore) {
-      earlier.ForGood(code, [&](const Statement& row) { before += Decimal::FromUnits(figureOf(row)); });
+      movements.Before<kWithCosts>(
+          code, [&](const CountedMovement& movement) { before += Decimal::FromUnits(figureOf(movement)); });
     }
     if (!moved && before.IsZero()) continue;
     hidden.Fold(totals);
@@ -166,11 +165,11 @@ void RunOverall(Database& db, const ProcedureCall& call, RowStore& into, Progres
 }  // namespace
 
 void RunOverallMoney(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch) {
-  RunOverall<AmountOf>(db, call, into, watch, "Type, Tedad, Gheymat");
+  RunOverall<AmountOf, true>(db, call, into, watch);
 }
 
 void RunOverallQuantity(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch) {
-  RunOverall<QuantityOf>(db, call, into, watch, "Type, Tedad");
+  RunOverall<QuantityOf, false>(db, call, into, watch);
 }
 
 }  // namespace goods

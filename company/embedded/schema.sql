@@ -161,6 +161,9 @@ CREATE TABLE GoodStoreStock(
   Kala INTEGER NOT NULL REFERENCES GoodInf(Code), Anbar INTEGER NOT NULL REFERENCES Stores(Code),
   Mogodi DECIMAL NOT NULL, varede DECIMAL NOT NULL DEFAULT 0, sadere DECIMAL NOT NULL DEFAULT 0,
   OperationDate TEXT NOT NULL DEFAULT '', PRIMARY KEY(Kala, Anbar)) WITHOUT ROWID;
+-- What reports over a period count of each good's movements (packed_movements.h); it follows from Kardex. Place: the good's
+-- code times 64, and further from cell to cell.
+CREATE TABLE PackedMovements(Place INTEGER PRIMARY KEY, Data BLOB NOT NULL);
 -- The unit price of each good at the basis that was asked for last.
 CREATE TABLE RialiStock(Kala INTEGER PRIMARY KEY REFERENCES GoodInf(Code), Stock DECIMAL NOT NULL DEFAULT 0);
 

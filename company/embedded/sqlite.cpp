@@ -232,6 +232,10 @@ void Statement::Bind(int index, Decimal value) {
   }
 }
 
+void Statement::BindBytes(int index, std::string_view bytes) {
+  Check(statement_, sqlite3_bind_blob64(statement_, index, bytes.data(), bytes.size(), SQLITE_TRANSIENT));
+}
+
 void Statement::BindNull(int index) { Check(statement_, sqlite3_bind_null(statement_, index)); }
 
 bool Statement::Step() {

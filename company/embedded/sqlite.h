@@ -40,7 +40,8 @@ class Statement {
 
   void Bind(int index, std::int64_t value);
   void Bind(int index, std::string_view value);
-  void Bind(int index, Decimal value);  // as a decimal cell
+  void Bind(int index, Decimal value);                // as a decimal cell
+  void BindBytes(int index, std::string_view bytes);  // as a blob; copied
   void BindNull(int index);
   // True while there is a row.
   bool Step();

@@ -85,7 +85,8 @@ class FiguresRow : public ComputedRows {
         stored_(db, kStored),
         storedInStore_(db, kStoredInStore),
         storedInOthers_(db, kStoredInOthers),
-        lastUpTo_(db, kLastUpTo) {}
+        lastUpTo_(db, kLastUpTo),
+        packed_(db) {}
 
   void Start(std::span<sqlite3_value* const> given) override {
     good_ = sqlite3_value_int64(given[kGood]);
@@ -140,12 +141,41 @@ class FiguresRow : public ComputedRows {
     }
   }
 
-  // The last movement comes first: it has the average and the date.
   void AddUpMovements(const Period& period, const StoreChoice& stores) {
     if (!movements_ || !(period == period_)) {
       movements_.emplace(db_, "Tedad, Anbar, Date, Miangin", period, MovementWalk{.lastFirst = true});
       period_ = period;
+      packedPeriod_ = PackedPeriod(period);
     }
+    if (!packedPeriod_.Known() || !AddUpCells(stores)) AddUpRows(period, stores);
+  }
+
+  bool AddUpCells(const StoreChoice& stores) {
+    Int128 incoming = 0;
+    Int128 outgoing = 0;
+    const bool packed = packed_.ForCells(good_, [&](const PackedMovements& cell) {
+      std::size_t counted = 0;  // rows up to the last that was
+      cell.ForEach<false>(packedPeriod_.Within(cell), [&](std::size_t row, const CountedMovement& movement) {
+        if (!stores.All() && !stores.Holds(movement.store)) return;
+        (movement.quantity > 0 ? incoming : outgoing) += movement.quantity;
+        counted = row + 1;
+      });
+      if (counted > 0) figures_.operationDate = DateOfPacked(cell.DateAt(counted - 1));
+      const std::size_t upToEnd = packedPeriod_.UpToEnd(cell);
+      if (upToEnd > 0) figures_.average = Decimal::FromUnits(cell.AverageAfter(upToEnd - 1));
+    });
+    if (packed) Take(incoming, outgoing);
+    return packed;
+  }
+
+  void Take(Int128 incoming, Int128 outgoing) {
+    figures_.varede = Decimal::FromUnits(incoming);
+    figures_.sadere = Decimal::FromUnits(-outgoing);
+    figures_.stock = Decimal::FromUnits(incoming + outgoing);
+  }
+
+  // The last movement comes first: it has the average and the date.
+  void AddUpRows(const Period& period, const StoreChoice& stores) {
     Int128 incoming = 0;
     Int128 outgoing = 0;
     bool averageKnown = false;
@@ -157,9 +187,7 @@ class FiguresRow : public ComputedRows {
       (quantity > 0 ? incoming : outgoing) += quantity;
       if (figures_.operationDate.empty()) figures_.operationDate = row.Text(2);
     });
-    figures_.varede = Decimal::FromUnits(incoming);
-    figures_.sadere = Decimal::FromUnits(-outgoing);
-    figures_.stock = Decimal::FromUnits(incoming + outgoing);
+    Take(incoming, outgoing);
     if (averageKnown || period.OpenFrom()) return;
     Statement& row = lastUpTo_.ForGood(good_);
     row.Bind(2, period.OpenTo() ? kAfterEveryDate : std::string_view(period.To()));
@@ -173,6 +201,8 @@ class FiguresRow : public ComputedRows {
   KeptStatement lastUpTo_;
   std::optional<GoodMovements> movements_;
   Period period_;  // of the movements
+  PackedPeriod packedPeriod_;
+  PackedGoods packed_;
   std::int64_t good_ = 0;
   Figures figures_;
   bool read_ = false;

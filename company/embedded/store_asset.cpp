@@ -195,8 +195,7 @@ void RunStoreAsset(Database& db, const ProcedureCall& call, RowStore& into, Prog
 
   const bool everything = period.OpenFrom() && period.OpenTo();
   Statement stored = db.Prepare("SELECT Anbar, Mogodi FROM GoodStoreStock WHERE Kala = ?1");
-  GoodMovements within(db.Handle(), "Anbar, Tedad", period);
-  GoodMovements before(db.Handle(), "Tedad", period, {.span = Span::Before});
+  MovementScan movements(db.Handle(), period);
   StoreQuantities quantities(stores);
   AssetRows rows(into, stores);
   while (good.Step()) {
@@ -207,10 +206,14 @@ void RunStoreAsset(Database& db, const ProcedureCall& call, RowStore& into, Prog
       stored.Bind(1, code);
       while (stored.Step()) quantities.Add(stored.Integer(0), ColumnUnits(stored.Handle(), 1));
     } else {
-      within.ForGood(code, [&](Statement& row) { quantities.Add(row.Integer(0), row.Integer(1)); });
+      movements.Within<false>(
+          code, [&](const CountedMovement& movement) { quantities.Add(movement.store, movement.quantity); });
     }
     Int128 stockBefore = 0;
-    if (calcBefore) before.ForGood(code, [&](Statement& row) { stockBefore += row.Integer(0); });
+    if (calcBefore) {
+      movements.Before<false>(code,
+                              [&](const CountedMovement& movement) { stockBefore += movement.quantity; });
+    }
     rows.Append(good, calcBefore ? &stockBefore : nullptr, quantities);
     watch.Row();
   }

@@ -23,7 +23,8 @@ constexpr char kWorkedOut[] =
     " 0, CurAva DEFAULT 0);"
     "INSERT INTO temp.GoodInf(Code) SELECT Code FROM main.GoodInf;"
     "CREATE TEMP TABLE GoodStoreStock(Kala, Anbar, Mogodi, varede, sadere, OperationDate, PRIMARY KEY(Kala, "
-    "Anbar))";
+    "Anbar));"
+    "CREATE TEMP TABLE PackedMovements(Place INTEGER PRIMARY KEY, Data)";
 
 struct Figure {
   const char* table;
@@ -103,6 +104,13 @@ class CardCheck {
         "SELECT s.Kala, s.Anbar FROM main.GoodStoreStock s LEFT JOIN temp.GoodStoreStock w ON s.Kala ="
         " w.Kala AND s.Anbar = w.Anbar WHERE w.Kala IS NULL",
         "ثبت شده است، با آنکه گردشی ندارد");
+    Statement packed = db_.Prepare(
+        "SELECT DISTINCT ifnull(s.Place, w.Place) >> 6 FROM main.PackedMovements s FULL JOIN "
+        "temp.PackedMovements w"
+        " ON w.Place = s.Place WHERE s.Data IS NOT w.Data ORDER BY 1");
+    while (packed.Step()) {
+      tell_("گردش های فشرده کالای " + std::string(packed.Text(0)) + " با کاردکس آن یکی نیست");
+    }
     Statement goods = db_.Prepare(
         "SELECT Code FROM main.GoodInf WHERE Code NOT IN (SELECT Kala FROM main.GoodStock) ORDER BY 1");
     while (goods.Step()) tell_("موجودی کالای " + std::string(goods.Text(0)) + " ثبت نشده است");

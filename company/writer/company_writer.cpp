@@ -22,6 +22,14 @@ constexpr std::string_view kCards = "نوشتن کاردکس ها";
 constexpr std::string_view kIndexes = "ساختن نمایه ها";
 constexpr std::string_view kSaving = "ذخیره شرکت";
 
+// A table of the same name hides the company's while cards are written, so that the packed movements come to
+// lie together in the file and are read in one go.
+constexpr char kPackedApart[] =
+    "CREATE TEMP TABLE PackedMovements(Place INTEGER PRIMARY KEY, Data BLOB NOT NULL)";
+constexpr char kPackedTogether[] =
+    "INSERT INTO main.PackedMovements SELECT Place, Data FROM temp.PackedMovements ORDER BY Place;"
+    "DROP TABLE temp.PackedMovements";
+
 // Writes rows of stock cards, in the order of good, date and Radif.
 class CardWriter {
  public:
@@ -147,6 +155,7 @@ void CompanyWriter::WriteMovements(const std::function<void(const Unattached&)>&
 void CompanyWriter::WriteCards(RecordSorter& cards,
                                const std::function<void(const Unattached&)>& unattached) {
   WorkMeter meter(watcher_, kCards, cards.Count());
+  db_->Run(kPackedApart);
   CardWriter writer(*db_);
   DetailWriter details(*db_, intake_->Details(), unattached);
   WaitingMovement waiting;
@@ -161,6 +170,7 @@ void CompanyWriter::WriteCards(RecordSorter& cards,
   }
   writer.End();
   details.End();
+  db_->Run(kPackedTogether);
   meter.End();
 }
 

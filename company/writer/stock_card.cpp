@@ -45,6 +45,7 @@ void StockCard::Pass(Decimal quantity, Decimal average) {
 
 void StockCard::Count(std::string_view date, std::int64_t store, int type, Decimal quantity, Decimal second,
                       Decimal cost) {
+  packer_.Add(date, store, type, quantity, cost, average_);
   StoreFigures& figures = stores_[store];
   if (quantity.IsNegative()) {
     out_ -= quantity;
@@ -72,9 +73,10 @@ FigureWriter::FigureWriter(Database& db)
           " WHERE Code = ?1")),
       clearStores_(db.Prepare("DELETE FROM GoodStoreStock WHERE Kala = ?1")),
       store_(db.Prepare("INSERT INTO GoodStoreStock(Kala, Anbar, Mogodi, varede, sadere, OperationDate)"
-                        " VALUES(?1, ?2, ?3, ?4, ?5, ?6)")) {}
+                        " VALUES(?1, ?2, ?3, ?4, ?5, ?6)")),
+      packed_(db) {}
 
-void FigureWriter::Write(const StockCard& card) {
+void FigureWriter::Write(StockCard& card) {
   stock_.Bind(1, card.good_);
   stock_.Bind(2, card.in_);
   stock_.Bind(3, card.out_);
@@ -99,6 +101,7 @@ void FigureWriter::Write(const StockCard& card) {
     store_.Bind(6, std::string_view(figures.lastDate));
     store_.Run();
   }
+  packed_.Write(card.good_, card.packer_);
 }
 
 }  // namespace goods

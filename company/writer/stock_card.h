@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "company/embedded/packed_movements.h"
 #include "company/embedded/sqlite.h"
 #include "host/data/decimal.h"
 
@@ -54,20 +55,23 @@ class StockCard {
   Decimal openingSecond_;
   std::string lastDate_;
   std::map<std::int64_t, StoreFigures> stores_;
+  MovementPacker packer_;
 };
 
 // Stores the figures of cards. They are those of UpdateMogodiKala and DefineRemainInStore, worked out on the
-// way instead of by reading the movements again.
+// way instead of by reading the movements again; and the cards' movements packed.
 class FigureWriter {
  public:
   explicit FigureWriter(Database& db);
-  void Write(const StockCard& card);
+  // The card's packed movements are taken from it.
+  void Write(StockCard& card);
 
  private:
   Statement stock_;
   Statement good_;
   Statement clearStores_;
   Statement store_;
+  PackedWriter packed_;
 };
 
 }  // namespace goods

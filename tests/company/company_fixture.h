@@ -55,7 +55,8 @@ inline constexpr char kMakeOlder[] =
     "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
     "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
     "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches;"
-    "ALTER TABLE Users DROP COLUMN SeesPrices; DROP TABLE SignInFailures; PRAGMA user_version = 1";
+    "ALTER TABLE Users DROP COLUMN SeesPrices; DROP TABLE SignInFailures; DROP TABLE PackedMovements;"
+    "PRAGMA user_version = 1";
 
 // How many names in the folder of path begin with its name, or with a point and its name: what is left behind
 // beside it. The file itself is not counted.

@@ -145,7 +145,8 @@ TEST_F(StrangerTest, ATriggerThatWaitsForTheUpgradeDoesNotRun) {
       "ALTER TABLE GoodInf DROP COLUMN ConsumerPrice;"
       "ALTER TABLE GoodStoreStock DROP COLUMN varede; ALTER TABLE GoodStoreStock DROP COLUMN sadere;"
       "ALTER TABLE GoodStoreStock DROP COLUMN OperationDate; ALTER TABLE Stores DROP COLUMN AbbName;"
-      "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches; PRAGMA user_version = 1;"
+      "ALTER TABLE Persons DROP COLUMN AbbName; DROP TABLE Batches; DROP TABLE PackedMovements;"
+      "PRAGMA user_version = 1;"
       "CREATE TRIGGER Gift AFTER INSERT ON GoodStoreStock BEGIN UPDATE Users SET EveryRight = 1; END");
   IsRefused(kForeign);
 }

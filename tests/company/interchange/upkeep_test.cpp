@@ -42,6 +42,17 @@ TEST_F(UpkeepTest, AWrongFigureInAStoreIsTold) {
   EXPECT_TRUE(told.starts_with("کالای 12 در انبار 1: وارده")) << told;
 }
 
+TEST_F(UpkeepTest, PackedMovementsThatAreNotThoseOfTheCardAreTold) {
+  const std::string told = "گردش های فشرده کالای 3 با کاردکس آن یکی نیست\n";
+  const std::string of3 = "Place BETWEEN 3 * 64 AND 3 * 64 + 63";
+  EXPECT_EQ(After(("UPDATE PackedMovements SET Data = (SELECT Data FROM PackedMovements WHERE Place = 4 * "
+                   "64) WHERE " +
+                   of3)
+                      .c_str()),
+            told);
+  EXPECT_EQ(After(("DELETE FROM PackedMovements WHERE " + of3).c_str()), told);
+}
+
 TEST_F(UpkeepTest, AMissingFigureOfAStoreIsTold) {
   EXPECT_EQ(After("DELETE FROM GoodStoreStock WHERE Kala = 12 AND Anbar = 1"),
             "موجودی کالای 12 در انبار 1 ثبت نشده است\n");
