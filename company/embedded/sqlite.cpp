@@ -263,7 +263,7 @@ Decimal Statement::Number(int column) const { return Decimal::FromUnits(ColumnUn
 
 Database::Database(const std::string& path, int flags) {
   LimitMemory();
-  const int code = sqlite3_open_v2(FileName(path).c_str(), &db_, flags, nullptr);
+  const int code = sqlite3_open_v2(FileName(path).c_str(), &db_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   try {
     if (code != SQLITE_OK) Throw(db_, code);
     Configure(db_);

@@ -67,7 +67,8 @@ enum class Access {
   Build   // the schema too: a new file, or an older one that is brought up to date
 };
 
-// A database handle with the functions and the table-valued functions of this folder registered. A file is
+// A database handle with the functions and the table-valued functions of this folder registered, for one
+// thread at a time: it has no lock of its own, which would be taken for each cell that is read. A file is
 // data: nothing that it defines runs by itself (triggers are off, its schema is not trusted), and there are
 // limits on what a file or a statement can ask for: a cell, row or statement of kLargestCell bytes,
 // expressions 500 deep, 1000 columns, 1 GB of memory for all handles together, and a schema that is read
