@@ -3,6 +3,8 @@
 CREATE FUNCTION dbo.FoldPersian(@text nvarchar(4000)) RETURNS nvarchar(4000) WITH SCHEMABINDING AS
 BEGIN
   IF @text IS NULL OR DATALENGTH(@text) = 0 RETURN @text;
+  -- Nothing to fold.
+  IF @text NOT LIKE N'%[^ -@a-z]%' COLLATE Latin1_General_BIN2 RETURN @text COLLATE Latin1_General_BIN2;
   DECLARE @folded nvarchar(4000) = @text COLLATE Latin1_General_BIN2;
   IF @folded LIKE N'%[A-Z]%' COLLATE Latin1_General_BIN2
   BEGIN

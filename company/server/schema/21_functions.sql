@@ -17,6 +17,8 @@ GO
 -- The whole number that a typed text holds, null when it holds none.
 CREATE FUNCTION dbo.CodeIn(@text nvarchar(4000)) RETURNS bigint AS
 BEGIN
+  -- As codes stand where programs wrote them.
+  IF LEN(@text) BETWEEN 1 AND 18 AND @text NOT LIKE N'%[^0-9]%' COLLATE Latin1_General_BIN2 RETURN CONVERT(bigint, @text);
   DECLARE @plain nvarchar(4000) = LTRIM(RTRIM(dbo.FoldPersian(@text)));
   DECLARE @digits nvarchar(4000) = CASE WHEN @plain LIKE N'[-+]%' THEN SUBSTRING(@plain, 2, 4000) ELSE @plain END;
   IF @plain IS NULL OR @digits = N'' OR @digits LIKE N'%[^0-9]%' RETURN NULL;
