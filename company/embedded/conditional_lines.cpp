@@ -17,11 +17,17 @@ namespace {
 }
 
 bool AnyHolds(const ProcedureCall& call, std::string_view conditions);
+std::optional<std::string_view> CutBehind(std::string_view& text, std::string_view mark);
+
+bool NamedHolds(const ProcedureCall& call, std::string_view meaning) {
+  const std::optional<std::string_view> unless = CutBehind(meaning, " unless ");
+  return AnyHolds(call, meaning) && (!unless || !AnyHolds(call, *unless));
+}
 
 bool Holds(const ProcedureCall& call, std::string_view condition) {
   if (!condition.starts_with('@')) {
     for (const auto& [name, meaning] : call.procedure->conditions) {
-      if (name == condition) return AnyHolds(call, meaning);
+      if (name == condition) return NamedHolds(call, meaning);
     }
     Broken(call, condition);
   }

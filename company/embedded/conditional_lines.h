@@ -7,7 +7,7 @@
 //
 // "@Name" holds when the parameter is not null, "@Name = 3" when it is that whole number. Conditions that
 // many lines share have a name: after "-- condition byName @Name or @Other = 3" the lines say "-- when
-// byName".
+// byName"; a named one may say "unless" too, and name those before it.
 #pragma once
 
 #include <string>

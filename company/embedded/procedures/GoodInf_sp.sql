@@ -19,7 +19,10 @@
 -- parameter @EffectiveDate2 text default null
 -- parameter @StoreCode integer default null
 -- parameter @NotStoreCode integer default 0
--- condition workedOut @EffectiveDate1 or @EffectiveDate2 or @StoreCode
+-- condition period @EffectiveDate1 or @EffectiveDate2
+-- condition ofStore @StoreCode unless period or @NotStoreCode = 1 or @StoreCode = 0
+-- condition ofOthers @StoreCode unless period or ofStore
+-- condition workedOut period or ofOthers
 -- criterion codes tags on g.Tags
 -- criterion codes category_code on g.category_code
 -- criterion equals Code integer on g.Code
@@ -101,8 +104,8 @@ SELECT g.GrpCode,
        g.SMSCode,
        u.Name,
        u2.Name,
-       f.Jam_Kol,  -- unless workedOut
-       dec_mul(f.Mogodi, f.gheymat_miangin),  -- when workedOut
+       f.Jam_Kol,  -- unless workedOut or ofStore
+       dec_mul(f.Mogodi, f.gheymat_miangin),  -- when workedOut or ofStore
        g.Position,
        ifnull(dec_rest(f.Mogodi, nullif(g.Meghdar_Formool, 0)), f.Mogodi),
        g.MinAva,
@@ -116,7 +119,11 @@ SELECT g.GrpCode,
        c2.ColorText,
        c3.ColorText
 FROM GoodInf g
-CROSS JOIN GoodStock f ON f.Kala = g.Code  -- unless workedOut
+CROSS JOIN GoodStock f ON f.Kala = g.Code  -- unless workedOut or ofStore
+CROSS JOIN (SELECT a.Kala, a.gheymat_miangin, ifnull(s.varede, 0) AS varede, ifnull(s.sadere, 0) AS sadere,  -- when ofStore
+                   ifnull(s.Mogodi, 0) AS Mogodi, ifnull(s.OperationDate, '') AS OperationDate  -- when ofStore
+            FROM GoodStock a  -- when ofStore
+            LEFT JOIN GoodStoreStock s ON s.Kala = a.Kala AND s.Anbar = @StoreCode) f ON f.Kala = g.Code  -- when ofStore
 CROSS JOIN stock_figures(g.Code, @EffectiveDate1, @EffectiveDate2, @StoreCode, @NotStoreCode) f  -- when workedOut
 LEFT JOIN Units u ON u.Code = g.Unit
 LEFT JOIN Units u2 ON u2.Code = g.Unit2
