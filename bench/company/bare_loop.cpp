@@ -1,5 +1,6 @@
 #include "bare_loop.h"
 
+#include <algorithm>
 #include <ctime>
 #include <utility>
 #include <variant>
@@ -74,6 +75,13 @@ PlainRows ReadBare(Database& db, std::string_view text) {
   Statement statement = db.Prepare(BodyOf(call));
   BindParameters(statement, call);
   return ReadStatement(statement, call.procedure->columns);
+}
+
+const std::vector<ColumnInfo>& ColumnsOf(std::string_view procedure) {
+  const auto& known = Procedures();
+  const auto found =
+      std::find_if(known.begin(), known.end(), [&](const Procedure& each) { return each.name == procedure; });
+  return found->columns;
 }
 
 PlainRows ReadSelect(Database& db, std::string_view select, const std::vector<ColumnInfo>& columns) {

@@ -43,6 +43,8 @@ struct PlainRows {
 
 // All rows of an EXEC statement whose procedure reads.
 PlainRows ReadBare(Database& db, std::string_view statement);
+// The columns that a procedure declares.
+const std::vector<ColumnInfo>& ColumnsOf(std::string_view procedure);
 // All rows of a SELECT with those columns.
 PlainRows ReadSelect(Database& db, std::string_view select, const std::vector<ColumnInfo>& columns);
 

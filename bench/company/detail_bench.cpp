@@ -29,6 +29,30 @@ constexpr std::int64_t kStores = 6;
 constexpr std::int64_t kDays = 5 * 365;
 
 constexpr char kAll[] = " EXEC AllGoodDetailTransaction ";
+// The same rows in SQL alone.
+constexpr char kAllInSql[] = R"sql(
+SELECT d.Date, d.Anbar, s.Name, g.Code, g.Name, v.D1Value, v.D2Value, v.D3Value, v.D4Value, v.D5Value,
+       detail_text(t1.Title, v.D1Value, t2.Title, v.D2Value, t3.Title, v.D3Value, t4.Title, v.D4Value, t5.Title, v.D5Value),
+       p.Name, d.Comment, max(d.Amount1, 0), max(-d.Amount1, 0), k.Fi, dec_mul(abs(d.Amount1), k.Fi), u.Name, d.Type,
+       d.OperationCode, d.DetailValueID, g.Code
+FROM GoodInf g
+LEFT JOIN Units u ON u.Code = g.Unit
+LEFT JOIN GoodDetails p1 ON p1.Kala = g.Code AND p1.Position = 1
+LEFT JOIN DetailTypes t1 ON t1.ID = p1.DetailID
+LEFT JOIN GoodDetails p2 ON p2.Kala = g.Code AND p2.Position = 2
+LEFT JOIN DetailTypes t2 ON t2.ID = p2.DetailID
+LEFT JOIN GoodDetails p3 ON p3.Kala = g.Code AND p3.Position = 3
+LEFT JOIN DetailTypes t3 ON t3.ID = p3.DetailID
+LEFT JOIN GoodDetails p4 ON p4.Kala = g.Code AND p4.Position = 4
+LEFT JOIN DetailTypes t4 ON t4.ID = p4.DetailID
+LEFT JOIN GoodDetails p5 ON p5.Kala = g.Code AND p5.Position = 5
+LEFT JOIN DetailTypes t5 ON t5.ID = p5.DetailID
+CROSS JOIN DetailKardex d ON d.Kala = g.Code
+LEFT JOIN DetailValues v ON v.ID = d.DetailValueID
+LEFT JOIN Kardex k ON k.Kala = d.Kala AND k.Date = d.Date AND k.Radif = d.Radif
+LEFT JOIN Stores s ON s.Code = d.Anbar
+LEFT JOIN Persons p ON p.Code = d.Percode
+ORDER BY g.Code, d.Date, d.Radif, d.DetailValueID)sql";
 constexpr char kScanOfDetails[] =
     "SELECT Kala, Date, Radif, Anbar, Amount1 FROM DetailKardex ORDER BY Kala, Date, Radif";
 constexpr char kScanOfRows[] =
@@ -119,7 +143,7 @@ void AllBareLoop(benchmark::State& state) {
   Database db(CompanyPath(), SQLITE_OPEN_READONLY);
   for (auto _ : state) {
     const Watch watch("bare");
-    const PlainRows rows = ReadBare(db, kAll);
+    const PlainRows rows = ReadSelect(db, kAllInSql, ColumnsOf("AllGoodDetailTransaction"));
     if (rows.rows != static_cast<std::size_t>(kRows)) state.SkipWithError("rows are missing");
     valueBytes = rows.valueBytes;
   }
@@ -170,7 +194,7 @@ void ReportRatios() {
   const double both = details + best["scan of rows"] * 1e3;
   const std::string scan = "one bare scan of five columns of the detail movements";
   Tell({"movements of all goods by detail values, 2,000,000 of 2,000 goods, into a query",
-        best["query"] * 1e3, "a bare SQLite loop over the same statement into plain vectors",
+        best["query"] * 1e3, "a bare SQLite loop over the same rows, with joins, into plain vectors",
         best["bare"] * 1e3, 0.7});
   Tell({"memory of that query", static_cast<double>(queryBytes) / 1e6, "bytes of the values",
         static_cast<double>(valueBytes) / 1e6, 1.2, "MB"});

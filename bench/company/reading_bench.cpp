@@ -21,6 +21,15 @@ namespace {
 
 constexpr std::int64_t kRows = 1'000'000;
 constexpr char kStatement[] = "Exec Kardex_Proc 1";
+// The same rows in SQL alone, but for the sums along the card.
+constexpr char kStatementInSql[] = R"sql(
+SELECT k.Date, p.Name, k.Comment, k.Anbar, max(k.Tedad, 0), max(-k.Tedad, 0), k.Meghdar2, k.Tedad, k.Tedad,
+       CASE WHEN k.Tedad > 0 THEN k.Gheymat ELSE 0 END, CASE WHEN k.Tedad < 0 THEN k.Gheymat ELSE 0 END,
+       dec_mul(abs(k.Tedad), k.Fi), k.Miangin, NULL, NULL, k.Radif, k.Percode, k.Type, k.OperationCode
+FROM Kardex k
+LEFT JOIN Persons p ON p.Code = k.Percode
+WHERE k.Kala = 1
+ORDER BY k.Date, k.Radif)sql";
 constexpr char kFilter[] = "Anbar = 2 AND Date >= '1401/01/01' AND Date <= '1402/12/29'";
 
 // With two goods the first one has every movement.
@@ -52,7 +61,7 @@ void BareLoop(benchmark::State& state) {
   Database db(CompanyPath(), SQLITE_OPEN_READONLY);
   for (auto _ : state) {
     const Watch watch("bare");
-    PlainRows rows = ReadBare(db, kStatement);
+    PlainRows rows = ReadSelect(db, kStatementInSql, ColumnsOf("Kardex_Proc"));
     benchmark::DoNotOptimize(rows);
     ValueBytes() = rows.valueBytes;
   }
@@ -91,7 +100,7 @@ void FilterRows(benchmark::State& state) {
 void ReportRatios() {
   auto& best = Best();
   Tell({"1,000,000 stock-card rows through the connection into a query", best["query"] * 1e3,
-        "a bare SQLite loop over the same statement into plain vectors", best["bare"] * 1e3, 1.5});
+        "a bare SQLite loop over the same rows, with joins, into plain vectors", best["bare"] * 1e3, 1.5});
   Tell({"memory of that query", static_cast<double>(QueryBytes()) / 1e6, "bytes of the values",
         static_cast<double>(ValueBytes()) / 1e6, 2, "MB"});
   Tell({"a criterion (store and dates) on those rows, with all footers", best["filter"] * 1e3,

@@ -21,6 +21,17 @@ namespace {
 
 constexpr std::int64_t kRows = 2'000'000;
 constexpr char kSearch[] = "Exec srKardex";
+// The same rows in SQL alone.
+constexpr char kSearchInSql[] = R"sql(
+SELECT k.Date, k.Kala, g.AbbName, p.Name, g.Name, s.Name, k.Comment, max(k.Tedad, 0), max(-k.Tedad, 0),
+       iif(k.Tedad > 0, k.Gheymat, 0), iif(k.Tedad < 0, k.Gheymat, 0), dec_mul(max(k.Tedad, 0), k.Gheymat),
+       dec_mul(max(-k.Tedad, 0), k.Gheymat), k.Type, k.OperationCode, u.Name
+FROM Kardex k
+LEFT JOIN GoodInf g ON g.Code = k.Kala
+LEFT JOIN Stores s ON s.Code = k.Anbar
+LEFT JOIN Persons p ON p.Code = k.Percode
+LEFT JOIN Units u ON u.Code = g.Unit
+ORDER BY k.Kala, k.Date, k.Radif)sql";
 constexpr char kByName[] = "Exec srKardex @KalaName='پیچ'";
 constexpr char kByDate[] = "Exec srKardex @FromDate='1402/01/01',@ToDate='1402/01/31'";
 constexpr char kNegative[] = "Exec srKardex_Negative";
@@ -45,7 +56,7 @@ void SearchBareLoop(benchmark::State& state) {
   Database db(CompanyPath(), SQLITE_OPEN_READONLY);
   for (auto _ : state) {
     const Watch watch("bare");
-    const PlainRows rows = ReadBare(db, kSearch);
+    const PlainRows rows = ReadSelect(db, kSearchInSql, ColumnsOf("srKardex"));
     if (rows.rows != static_cast<std::size_t>(kRows)) state.SkipWithError("rows are missing");
     valueBytes = rows.valueBytes;
   }
@@ -83,7 +94,7 @@ void ReportRatios() {
   auto& best = Best();
   const std::string scan = "one scan of the movements";
   Tell({"row search without criteria, 2,000,000 movements, into a query", best["query"] * 1e3,
-        "a bare SQLite loop over the same statement into plain vectors", best["bare"] * 1e3, 0.5});
+        "a bare SQLite loop over the same rows, with joins, into plain vectors", best["bare"] * 1e3, 0.5});
   Tell({"memory of that query", static_cast<double>(queryBytes) / 1e6, "bytes of the values",
         static_cast<double>(valueBytes) / 1e6, 1.2, "MB"});
   Tell({"negative stock card over the same movements", best["negative"] * 1e3, scan, best["scan"] * 1e3, 3});

@@ -57,6 +57,9 @@ DerivedColumn ReadDerivation(const Procedure& procedure, std::string_view line) 
   } else if (kind == "running" && TakeWord(line) == "within") {
     derived.kind = Derivation::RunningWithin;
     derived.first = EarlierColumn(procedure, TakeWord(line));
+  } else if (kind == "named" && TakeWord(line) == "by") {
+    derived.kind = Derivation::Named;
+    derived.names = line;
   } else {
     Broken(procedure.name, kind);
   }

@@ -5,6 +5,7 @@
 //   -- column Name integer|decimal|text          one line a result column, in order
 //   -- column Name decimal running [within Column]   the body gives the cells that are added up
 //   -- column Name decimal product Column Column     the body gives NULL in its place
+//   -- column Name text named by SELECT ... ?1       the body gives the key, the statement its name
 //   -- criterion ...                          a search criterion, put into the body (see criteria.h)
 //   -- condition name @A or @B...             a name for conditions of lines (see conditional_lines.h)
 //   -- include Part                           parts/Part.sql in place of the line, for what several files say

@@ -1,6 +1,10 @@
 #include "company/embedded/row_reader.h"
 
+#include <optional>
+#include <string>
 #include <string_view>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "company/embedded/decimal_cell.h"
@@ -18,7 +22,9 @@ constexpr std::chrono::milliseconds kLongestSilence{40};
 }
 
 void AppendCell(sqlite3_stmt* statement, int index, const ColumnInfo& info, Column& column) {
-  const int stored = sqlite3_column_type(statement, index);
+  // Asked once for the cell: the functions of columns look for it anew each time.
+  sqlite3_value* cell = sqlite3_column_value(statement, index);
+  const int stored = sqlite3_value_type(cell);
   if (stored == SQLITE_NULL) {
     column.AppendNull();
     return;
@@ -26,33 +32,79 @@ void AppendCell(sqlite3_stmt* statement, int index, const ColumnInfo& info, Colu
   switch (info.type) {
     case ColumnType::Integer:
       if (stored != SQLITE_INTEGER) BadCell(info);
-      column.AppendInteger(sqlite3_column_int64(statement, index));
+      column.AppendInteger(sqlite3_value_int64(cell));
       return;
     case ColumnType::Decimal:
       if (stored == SQLITE_INTEGER) {
-        column.AppendDecimal(Decimal::FromUnits(sqlite3_column_int64(statement, index)));
-      } else if (stored == SQLITE_BLOB && sqlite3_column_bytes(statement, index) == 16) {
-        column.AppendDecimal(Decimal::FromUnits(FromWideCell(sqlite3_column_blob(statement, index))));
+        column.AppendDecimal(Decimal::FromUnits(sqlite3_value_int64(cell)));
+      } else if (stored == SQLITE_BLOB && sqlite3_value_bytes(cell) == 16) {
+        column.AppendDecimal(Decimal::FromUnits(FromWideCell(sqlite3_value_blob(cell))));
       } else {
         BadCell(info);
       }
       return;
     case ColumnType::Text: {
-      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, index));
-      column.AppendText({text, static_cast<std::size_t>(sqlite3_column_bytes(statement, index))});
+      const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(cell));
+      column.AppendText({text, static_cast<std::size_t>(sqlite3_value_bytes(cell))});
       return;
     }
   }
 }
 
+// What a statement finds for keys, each asked for once.
+class NamesOfKeys {
+ public:
+  NamesOfKeys(sqlite3* db, const std::string& statement) : statement_(db, statement) {}
+
+  // Null where nothing is found; valid until the next key that is new.
+  const std::string* Of(std::int64_t key) {
+    if (last_ == nullptr || last_->first != key) last_ = &*names_.try_emplace(key, Ask(key)).first;
+    return last_->second ? &*last_->second : nullptr;
+  }
+
+ private:
+  using Name = std::optional<std::string>;
+  struct Asked {
+    NamesOfKeys& names;
+    std::int64_t key;
+    operator Name() const { return names.Find(key); }
+  };
+  // Asks only if the key is new: try_emplace makes a Name of it then.
+  Asked Ask(std::int64_t key) { return {*this, key}; }
+  Name Find(std::int64_t key) {
+    statement_.Reset();
+    statement_.Bind(1, key);
+    if (!statement_.Step() || statement_.IsNull(0)) return std::nullopt;
+    return std::string(statement_.Text(0));
+  }
+
+  Statement statement_;
+  std::unordered_map<std::int64_t, Name> names_;
+  const std::pair<const std::int64_t, Name>* last_ = nullptr;
+};
+
 // The derived cells of a row, asked for from left to right.
 class Deriver {
  public:
   Deriver(sqlite3_stmt* statement, std::span<const DerivedColumn> columns)
-      : statement_(statement), columns_(columns), values_(columns.size()), within_(columns.size()) {}
+      : statement_(statement), columns_(columns), values_(columns.size()), within_(columns.size()) {
+    names_.resize(columns.size());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (IsNamed(i)) names_[i].emplace(sqlite3_db_handle(statement), columns[i].names);
+    }
+  }
 
   bool Derives(std::size_t column) const {
     return column < columns_.size() && columns_[column].kind != Derivation::None;
+  }
+  bool IsNamed(std::size_t column) const { return columns_[column].kind == Derivation::Named; }
+
+  void AppendName(std::size_t column, Column& to) {
+    sqlite3_value* key = sqlite3_column_value(statement_, static_cast<int>(column));
+    const std::string* name =
+        sqlite3_value_type(key) == SQLITE_NULL ? nullptr : names_[column]->Of(sqlite3_value_int64(key));
+    if (name == nullptr) return to.AppendNull();
+    to.AppendText(*name);
   }
 
   Decimal Next(std::size_t column) {
@@ -79,6 +131,7 @@ class Deriver {
   std::span<const DerivedColumn> columns_;
   std::vector<Decimal> values_;
   std::vector<KeyedSums> within_;
+  std::vector<std::optional<NamesOfKeys>> names_;
 };
 
 }  // namespace
@@ -131,7 +184,9 @@ void ReadRows(Statement& statement, std::span<const DerivedColumn> derived, RowS
   Deriver deriver(handle, derived);
   while (statement.Step()) {
     for (std::size_t i = 0; i < targets.size(); ++i) {
-      if (deriver.Derives(i)) {
+      if (deriver.Derives(i) && deriver.IsNamed(i)) {
+        deriver.AppendName(i, *targets[i].column);
+      } else if (deriver.Derives(i)) {
         targets[i].column->AppendDecimal(deriver.Next(i));
       } else {
         AppendCell(handle, static_cast<int>(i), *targets[i].info, *targets[i].column);

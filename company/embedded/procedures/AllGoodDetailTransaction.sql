@@ -21,7 +21,7 @@
 -- parameter @ToDate date default null
 -- column OperationDate text
 -- column Anbar integer
--- column AnbarName text
+-- column AnbarName text named by SELECT Name FROM Stores WHERE Code = ?1
 -- column Code integer
 -- column Name text
 -- column D1Value text
@@ -30,20 +30,20 @@
 -- column D4Value text
 -- column D5Value text
 -- column DetailValues text
--- column fullname text
+-- column fullname text named by SELECT Name FROM Persons WHERE Code = ?1
 -- column Comment text
 -- column Varede decimal
 -- column Sadere decimal
 -- column Amount decimal
 -- column TotalAmount decimal
--- column UnitName text
+-- column UnitName text named by SELECT u.Name FROM GoodInf g JOIN Units u ON u.Code = g.Unit WHERE g.Code = ?1
 -- column OperationType integer
 -- column OperationCode integer
 -- column DetailValueID integer
 -- column Kala integer
 SELECT d.Date,
        d.Anbar,
-       s.Name,
+       d.Anbar,
        g.Code,
        g.Name,
        v.D1Value,
@@ -52,27 +52,24 @@ SELECT d.Date,
        v.D4Value,
        v.D5Value,
        detail_text(t1.Title, v.D1Value, t2.Title, v.D2Value, t3.Title, v.D3Value, t4.Title, v.D4Value, t5.Title, v.D5Value),
-       p.Name,
+       d.Percode,
        d.Comment,
        max(d.Amount1, 0),
        max(-d.Amount1, 0),
        k.Fi,
        dec_mul(abs(d.Amount1), k.Fi),
-       u.Name,
+       g.Code,
        d.Type,
        d.OperationCode,
        d.DetailValueID,
        g.Code
 FROM GoodInf g
-LEFT JOIN Units u ON u.Code = g.Unit
 -- include GoodDetailTitles
 CROSS JOIN DetailKardex d ON d.Kala = g.Code -- unless byValue
 LEFT JOIN DetailValues v ON v.ID = d.DetailValueID -- unless byValue
 CROSS JOIN DetailValues v ON v.Kala = g.Code -- when byValue
 CROSS JOIN DetailKardex d INDEXED BY DetailKardex_ByValue ON d.DetailValueID = v.ID AND d.Kala = g.Code -- when byValue
 LEFT JOIN Kardex k ON k.Kala = d.Kala AND k.Date = d.Date AND k.Radif = d.Radif
-LEFT JOIN Stores s ON s.Code = d.Anbar
-LEFT JOIN Persons p ON p.Code = d.Percode
 WHERE TRUE
 -- include GoodDetailCriteria
   AND +g.GrpCode >= @FromGoodGroupCode -- when @FromGoodGroupCode

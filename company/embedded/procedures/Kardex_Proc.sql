@@ -3,7 +3,7 @@
 -- average price that stands after the row. Foroosh is the row's amount on its document.
 -- parameter @GoodCode integer
 -- column Date text
--- column PerName text
+-- column PerName text named by SELECT Name FROM Persons WHERE Code = ?1
 -- column Comment text
 -- column Anbar integer
 -- column Tedad_Varde decimal
@@ -22,7 +22,7 @@
 -- column Type integer
 -- column OperationCode integer
 SELECT k.Date,
-       p.Name,
+       k.Percode,
        k.Comment,
        k.Anbar,
        max(k.Tedad, 0),
@@ -41,6 +41,5 @@ SELECT k.Date,
        k.Type,
        k.OperationCode
 FROM Kardex k
-LEFT JOIN Persons p ON p.Code = k.Percode
 WHERE k.Kala = @GoodCode
 ORDER BY k.Date, k.Radif

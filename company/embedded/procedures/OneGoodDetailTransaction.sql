@@ -18,8 +18,8 @@
 -- parameter @ToDate date default null
 -- column Date text
 -- column Anbar integer
--- column AnbarName text
--- column fullname text
+-- column AnbarName text named by SELECT Name FROM Stores WHERE Code = ?1
+-- column fullname text named by SELECT Name FROM Persons WHERE Code = ?1
 -- column Comment text
 -- column Length decimal
 -- column Width decimal
@@ -32,8 +32,8 @@
 -- column OperationCode integer
 SELECT d.Date,
        d.Anbar,
-       s.Name,
-       p.Name,
+       d.Anbar,
+       d.Percode,
        d.Comment,
        d.Length,
        d.Width,
@@ -47,8 +47,6 @@ SELECT d.Date,
 FROM DetailKardex d INDEXED BY DetailKardex_ByValue -- when @DetailValueID
 FROM DetailKardex d -- unless @DetailValueID
 LEFT JOIN Kardex k ON k.Kala = d.Kala AND k.Date = d.Date AND k.Radif = d.Radif
-LEFT JOIN Stores s ON s.Code = d.Anbar
-LEFT JOIN Persons p ON p.Code = d.Percode
 WHERE TRUE
   AND d.Kala = @GoodCode -- when @GoodCode
   AND d.DetailValueID = @DetailValueID -- when @DetailValueID

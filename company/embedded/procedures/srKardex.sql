@@ -3,9 +3,5 @@
 -- include SearchDeclarations
 -- include SearchedColumns
 FROM Kardex k
-LEFT JOIN GoodInf g ON g.Code = k.Kala
-LEFT JOIN Stores s ON s.Code = k.Anbar
-LEFT JOIN Persons p ON p.Code = k.Percode
-LEFT JOIN Units u ON u.Code = g.Unit
 WHERE {criteria}
 ORDER BY k.Kala, k.Date, k.Radif

@@ -8,10 +8,6 @@
 -- include SearchDeclarations
 -- include SearchedColumns
 FROM negative_stock k
-LEFT JOIN GoodInf g ON g.Code = k.Kala
-LEFT JOIN Stores s ON s.Code = k.Anbar
-LEFT JOIN Persons p ON p.Code = k.Percode
-LEFT JOIN Units u ON u.Code = g.Unit
 WHERE (trim(ifnull(@First, '')) = '' OR k.Date >= @First)
   AND (trim(ifnull(@Second, '')) = '' OR k.Date <= @Second)
   AND {criteria}

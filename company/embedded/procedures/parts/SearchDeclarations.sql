@@ -13,17 +13,17 @@
 -- criterion range Gheymat_Sadere decimal on dec_mul(max(-k.Tedad, 0), k.Gheymat)
 -- column Date text
 -- column Code integer
--- column AbbName text
--- column PerName text
--- column KalaName text
--- column AnbarName text
+-- column AbbName text named by SELECT AbbName FROM GoodInf WHERE Code = ?1
+-- column PerName text named by SELECT Name FROM Persons WHERE Code = ?1
+-- column KalaName text named by SELECT Name FROM GoodInf WHERE Code = ?1
+-- column AnbarName text named by SELECT Name FROM Stores WHERE Code = ?1
 -- column Comment text
 -- column Varede decimal
 -- column Sadere decimal
 -- column Mab_Varede decimal
 -- column Mab_Sadere decimal
--- column Gheymat_Varede decimal
--- column Gheymat_Sadere decimal
+-- column Gheymat_Varede decimal product Varede Mab_Varede
+-- column Gheymat_Sadere decimal product Sadere Mab_Sadere
 -- column Type integer
 -- column OperationCode integer
--- column UnitName text
+-- column UnitName text named by SELECT u.Name FROM GoodInf g JOIN Units u ON u.Code = g.Unit WHERE g.Code = ?1
