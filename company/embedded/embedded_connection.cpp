@@ -86,6 +86,7 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
 
 void EmbeddedConnection::Read(const ParsedStatement& parsed, std::string_view statement, RowStore* into,
                               ProgressWatch& watch) {
+  if (into != nullptr) watch.Fills(*into);
   Statement prepared;
   std::vector<ColumnInfo> columns;
   std::span<const DerivedColumn> derived;

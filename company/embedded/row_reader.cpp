@@ -9,6 +9,7 @@
 
 #include "company/embedded/decimal_cell.h"
 #include "company/embedded/keyed_entries.h"
+#include "host/data/first_rows.h"
 
 namespace goods {
 
@@ -153,16 +154,21 @@ int ProgressWatch::Called(void* self) {
   if (now - watch.told_ < kLongestSilence) return 0;
   try {
     watch.told_ = now;
-    watch.cancelled_ = !watch.progress_->Progress(watch.rows_);
+    watch.cancelled_ = !watch.Ask();
   } catch (...) {
     watch.thrown_ = std::current_exception();
   }
   return watch.cancelled_ || watch.thrown_ != nullptr ? 1 : 0;
 }
 
+bool ProgressWatch::Ask() {
+  if (filled_ != nullptr) TellFirstRows(*progress_, *filled_);
+  return progress_->Progress(rows_);
+}
+
 void ProgressWatch::Tell() {
   told_ = std::chrono::steady_clock::now();
-  if (!progress_->Progress(rows_)) throw Cancelled();
+  if (!Ask()) throw Cancelled();
 }
 
 void ProgressWatch::Rethrow() const {

@@ -31,6 +31,8 @@ class ProgressWatch {
   void Row() {
     if (++rows_ % kRowsBetweenCalls == 0 && progress_ != nullptr) Tell();
   }
+  // Where the rows go: the listener may want the first of them. rows must outlive this.
+  void Fills(const RowStore& rows) { filled_ = &rows; }
   // After the handle was interrupted: throws what the listener threw, or Cancelled; nothing otherwise.
   void Rethrow() const;
 
@@ -38,9 +40,11 @@ class ProgressWatch {
   static constexpr std::size_t kRowsBetweenCalls = 1024;
   static int Called(void* self);
   void Tell();
+  bool Ask();
 
   sqlite3* db_;
   IStatementProgress* progress_;
+  const RowStore* filled_ = nullptr;
   std::uint64_t mostInstructions_;
   std::uint64_t instructions_ = 0;
   std::size_t rows_ = 0;

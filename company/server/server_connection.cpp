@@ -9,6 +9,7 @@
 #include "company/server/server_errors.h"
 #include "host/core/text.h"
 #include "host/data/blocking_work.h"
+#include "host/data/first_rows.h"
 #include "host/data/row_store.h"
 
 namespace goods {
@@ -71,7 +72,8 @@ struct Job {
     do {
       if (statement.Columns() == 0) continue;
       RowStore dropped;
-      ReadOdbcRows(statement, keepRows && !read ? rows : dropped, *count);
+      const bool kept = keepRows && !read;
+      ReadOdbcRows(statement, kept ? rows : dropped, *count, kept ? &firstRows : nullptr);
       read = true;
     } while (statement.NextResult());
     if (!read) rows.Define({});
@@ -82,6 +84,7 @@ struct Job {
   std::string text;
   bool keepRows;
   RowStore rows;
+  FirstRowsRelay firstRows;
   BlockingWork::Rows count = std::make_shared<std::atomic<std::size_t>>(0);
 };
 
@@ -102,17 +105,23 @@ bool IsPreparing(std::string_view statement) {
 // Stops a statement when its time is over; drivers' own timeouts do not hold against a busy server.
 class Deadline : public IStatementProgress {
  public:
-  Deadline(IStatementProgress* inner, int seconds)
-      : inner_(inner), limited_(seconds > 0), end_(Clock::now() + std::chrono::seconds(seconds)) {}
+  Deadline(IStatementProgress* inner, FirstRowsRelay& firstRows, int seconds)
+      : inner_(inner),
+        firstRows_(firstRows),
+        limited_(seconds > 0),
+        end_(Clock::now() + std::chrono::seconds(seconds)) {}
   bool Progress(std::size_t rows) override {
     expired_ = limited_ && Clock::now() >= end_;
-    return !expired_ && (inner_ == nullptr || inner_->Progress(rows));
+    if (expired_ || inner_ == nullptr) return !expired_;
+    firstRows_.Pass(*inner_, rows);
+    return inner_->Progress(rows);
   }
   bool Expired() const { return expired_; }
 
  private:
   using Clock = std::chrono::steady_clock;
   IStatementProgress* inner_;
+  FirstRowsRelay& firstRows_;
   bool limited_;
   Clock::time_point end_;
   bool expired_ = false;
@@ -211,7 +220,7 @@ void ServerConnection::Run(std::string_view statement, RowStore* into, IStatemen
   if (session_ == nullptr) Connect();  // the last one was left behind in a cancelled statement
   try {
     const auto job = std::make_shared<Job>(session_, statement, into != nullptr);
-    Deadline deadline(progress, timeouts_.statement);
+    Deadline deadline(progress, job->firstRows, timeouts_.statement);
     WorkOutcome outcome = WorkOutcome::Ended;
     const auto leaveBehind = [&] {
       if (outcome == WorkOutcome::Abandoned) session_ = nullptr;

@@ -4,6 +4,7 @@
 
 #include "company/kit/statement_company.h"
 #include "host/core/text.h"
+#include "host/data/first_rows.h"
 
 namespace {
 
@@ -101,7 +102,10 @@ bool goods_desktop_rows::EndRow() {
 }
 
 bool goods_desktop_rows::GoOn() {
-  if (progress_ != nullptr && !stopped_) stopped_ = !progress_->Progress(rows_);
+  if (progress_ != nullptr && !stopped_) {
+    if (defined_) goods::TellFirstRows(*progress_, *into_);
+    stopped_ = !progress_->Progress(rows_);
+  }
   asked_ = Clock::now();
   return !stopped_;
 }

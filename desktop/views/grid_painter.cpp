@@ -64,7 +64,7 @@ void GridPainter::PaintRows() {
   painter_.setClipRect(area);
   int top = area.top();
   const GridGroups& groups = grid_.Groups();
-  const bool grouped = groups.Active();
+  const bool grouped = !state_.firstRows && groups.Active();
   const std::size_t lines = grouped ? groups.LineCount() : count;
   for (std::size_t line = state_.firstLine; line < lines && top <= area.bottom(); ++line) {
     const GridGroups::Line at = grouped ? groups.LineAt(line) : GridGroups::Line{0, line, std::nullopt};
@@ -122,7 +122,7 @@ void GridPainter::PaintRow(std::size_t row, int top) {
   const Theme& theme = CurrentTheme();
   const TADOQuery* query = grid_.DataSet();
   const bool current = query->RecNo() == row;
-  const bool selected = grid_.Selection().count(row) > 0;
+  const bool selected = !state_.firstRows && grid_.Selection().count(row) > 0;
   const int height = geometry_.RowHeight();
   const QRect line(0, top, columns_.width() + geometry_.NumberWidth(), height);
   const QColor back = current        ? state_.focused ? theme.accentSoft : theme.selection
@@ -156,7 +156,7 @@ void GridPainter::PaintCell(std::size_t row, std::size_t index, const QRect& cel
     font = ReadableOn(fill);
   }
   if (style.Font) font = QColor::fromRgb(*style.Font);
-  if (state_.isHit && state_.isHit(row, *span.column)) {
+  if (!state_.firstRows && state_.isHit && state_.isHit(row, *span.column)) {
     painter_.fillRect(cell.adjusted(1, 2, -1, -3), theme.hit);
     font = theme.text;
   }
@@ -190,8 +190,9 @@ void GridPainter::PaintEmpty() {
   painter_.setFont(font_);
   painter_.setPen(CurrentTheme().mutedText);
   painter_.setLayoutDirection(Qt::RightToLeft);
-  // A list that was stopped is not an empty one.
+  // A list that was stopped is not an empty one, nor is one whose rows are on their way.
   const TADOQuery* query = grid_.DataSet();
+  if (query != nullptr && query->Opening()) return;
   const bool stopped = query != nullptr && query->Stopped();
   const QString text = stopped ? QStringLiteral("خواندن اطلاعات متوقف شد") : ShownText(grid_.EmptyText());
   painter_.drawText(geometry_.RowsArea(), Qt::AlignCenter | Qt::TextWordWrap, text);
@@ -343,7 +344,7 @@ void GridPainter::PaintFooter() {
     painter_.setPen(theme.text);
     const int padding = geometry_.Padding();
     const QRect box = cell.adjusted(padding, 1, -padding, 0);
-    const QString text = ShownCell(table_->FooterText(i), true);
+    const QString text = state_.firstRows ? QString() : ShownCell(table_->FooterText(i), true);
     painter_.setFont(FooterFont(text, box.width()));
     DrawCell(painter_, box, text, span.column->Align(), geometry_.RightToLeft());
     painter_.setPen(theme.border);

@@ -16,7 +16,8 @@ namespace goods {
 
 struct GridPaintState {
   std::size_t firstLine = 0;
-  int offset = 0;  // how far the columns are scrolled, in reading direction
+  bool firstRows = false;  // of a statement that is running: no totals, no groups, nothing selected
+  int offset = 0;          // how far the columns are scrolled, in reading direction
   bool focused = false;
   std::optional<std::size_t> hoveredTitle;
   std::optional<int> insertionX;        // where a dragged column would go

@@ -87,6 +87,7 @@ void GridWidget::Follow() {
     sourceChanged_ =
         source_ == nullptr ? Subscription() : source_->Changed.Connect([this] { ++rowsChanged_; });
   }
+  WatchFirstRows();
   UpdateScrollBars();
   const TADOQuery* query = grid_.DataSet();
   const std::optional<std::size_t> current = query == nullptr ? std::nullopt : query->RecNo();
@@ -97,6 +98,15 @@ void GridWidget::Follow() {
   }
   WatchRows();
   viewport()->update();
+}
+
+// Painted at once: while a statement runs the message loop comes round late.
+void GridWidget::WatchFirstRows() {
+  TADOQuery* query = grid_.DataSet();
+  if (query_ == query) return;
+  query_ = query;
+  firstRowsCame_ =
+      query == nullptr ? Subscription() : query->FirstRowsCame.Connect([this] { viewport()->repaint(); });
 }
 
 bool GridWidget::CurrentInView() const {
@@ -157,7 +167,9 @@ QRect GridWidget::TitleRect(const TGridColumn& column) const {
 
 void GridWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(viewport());
-  paint_.firstLine = FirstLine();
+  const TADOQuery::FirstRowsScope firstRows(grid_.DataSet());
+  paint_.firstRows = firstRows.Shown();
+  paint_.firstLine = paint_.firstRows ? 0 : FirstLine();
   paint_.offset = Offset();
   paint_.focused = hasFocus();
   paint_.filters = view_.HasMenu();

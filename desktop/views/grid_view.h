@@ -80,6 +80,7 @@ class GridWidget : public QAbstractScrollArea {
 
   int Offset() const;
   void UpdateScrollBars();
+  void WatchFirstRows();
   bool CurrentInView() const;
   void ShowCurrent();
   void MoveBy(qint64 rows, bool extend);
@@ -150,6 +151,8 @@ class GridWidget : public QAbstractScrollArea {
   std::size_t rowsChanged_ = 0;  // how often the source has told of other rows
   TDataSource* source_ = nullptr;
   Subscription sourceChanged_;
+  const TADOQuery* query_ = nullptr;  // that firstRowsCame_ listens to
+  Subscription firstRowsCame_;
   FilterChips* chips_ = nullptr;
   FindBar* find_ = nullptr;
   std::string currentColumn_;  // the name of the column that keys mean; empty before one was chosen

@@ -7,6 +7,7 @@
 #include "desktop/views/shown_text.h"
 #include "desktop/windows/desktop_windows.h"
 #include "desktop/windows/waiting_panel.h"
+#include "host/data/row_store.h"
 
 namespace goods {
 namespace {
@@ -48,6 +49,10 @@ class ReportedStatement : public IStatementProgress {
     const bool goOn = further_ == nullptr || further_->Progress(rows);
     return waiting_.Progress(rows) && goOn;
   }
+  std::size_t FirstRowsWanted(std::size_t rows) override {
+    return further_ != nullptr && waiting_.ShowsFirstRows() ? further_->FirstRowsWanted(rows) : 0;
+  }
+  void FirstRows(RowStore rows) override { further_->FirstRows(std::move(rows)); }
 
  private:
   DesktopWaiting& waiting_;
@@ -116,6 +121,10 @@ void DesktopWaiting::Update(std::size_t rows) {
   QString count = QLocale(QLocale::English).toString(static_cast<qulonglong>(rows));
   count = ShownNumber(std::move(count));
   panel_->Show(goods::ShownText(text), rows == 0 ? QString() : count + QString::fromUtf8(" ردیف خوانده شد"));
+}
+
+bool DesktopWaiting::ShowsFirstRows() const {
+  return !cancelled_ && !pumping_ && since_.isValid() && since_.elapsed() >= kFirstRowsMs;
 }
 
 bool DesktopWaiting::Progress(std::size_t rows) {

@@ -32,6 +32,9 @@ class DesktopWaiting : public QObject, public IWaiting {
     std::function<void()> hide;
   };
   static constexpr int kPatienceMs = 150;
+  // When a table paints the rows that have come: a quick statement does not show its rows twice, and the
+  // first screen of a long one is there within 100 ms.
+  static constexpr int kFirstRowsMs = 60;
   static constexpr int kPumpMs = 50;
 
   explicit DesktopWaiting(DesktopWindows& windows);
@@ -47,6 +50,8 @@ class DesktopWaiting : public QObject, public IWaiting {
   void StatementEnds();
   // Rows read so far; false once the user has cancelled.
   bool Progress(std::size_t rows);
+  // Whether the work has lasted long enough for its first rows to be shown.
+  bool ShowsFirstRows() const;
 
   bool PanelVisible() const;
   // What the panel says, for tests: the text, then the rows.

@@ -35,6 +35,12 @@ class Signal {
     return Subscription(std::move(slot));
   }
 
+  bool HasListeners() const {
+    for (const auto& slot : slots_)
+      if (!slot.expired()) return true;
+    return false;
+  }
+
   void operator()(Args... args) {
     if (slots_.empty()) return;
     const std::vector<std::weak_ptr<std::function<void(Args...)>>> calling = slots_;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/data/row_store.h"
+
 namespace goods {
 
 DatabaseError::DatabaseError(const std::string& message, std::string statement)
@@ -12,6 +14,9 @@ ConnectionLost::~ConnectionLost() = default;
 StatementCancelled::~StatementCancelled() = default;
 
 IStatementProgress::~IStatementProgress() = default;
+std::size_t IStatementProgress::FirstRowsWanted(std::size_t /*rows*/) { return 0; }
+void IStatementProgress::FirstRows(RowStore /*rows*/) {}
+
 IConnection::~IConnection() = default;
 
 }  // namespace goods

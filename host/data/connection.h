@@ -43,6 +43,14 @@ class IStatementProgress {
   virtual ~IStatementProgress();
   // rows: rows read so far. Returning false cancels the statement, which then throws StatementCancelled.
   virtual bool Progress(std::size_t rows) = 0;
+
+  // For a listener that shows the first rows while the others are still being read. rows have been read so
+  // far: how many of them would it be glad of now? 0, as here: of none. Asked before Progress, on the same
+  // thread.
+  virtual std::size_t FirstRowsWanted(std::size_t rows);
+  // A copy of the first rows, finished; most often as many as were wanted. Comes behind that question or a
+  // later one, on the same thread, and never from a connection that does not know its rows before the end.
+  virtual void FirstRows(RowStore rows);
 };
 
 // A statement text reaches the database byte for byte. One statement a call.
@@ -50,7 +58,8 @@ class IStatementProgress {
 // Threads: one thread at a time uses a connection. A connection may read on a thread of its own, but progress
 // is always asked on the calling thread, within 50 ms of the last time even when the driver blocks for
 // minutes, and a call that is told to stop comes back at once, whatever the driver does. The caller sees rows
-// only when the call has returned. blocking_work.h is the way for drivers that block.
+// only when the call has returned, but for the copy of the first ones that its listener wants: first_rows.h
+// hands them over. blocking_work.h is the way for drivers that block.
 class IConnection {
  public:
   virtual ~IConnection();

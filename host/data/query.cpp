@@ -43,6 +43,18 @@ bool CaughtStop() {
 
 FilterError::~FilterError() = default;
 
+// Hears of the query's own statement.
+class TADOQuery::FirstRowsKeeper : public IStatementProgress {
+ public:
+  explicit FirstRowsKeeper(TADOQuery& query) : query_(query) {}
+  bool Progress(std::size_t /*rows*/) override { return true; }
+  std::size_t FirstRowsWanted(std::size_t rows) override { return query_.FirstRowsWanted(rows); }
+  void FirstRows(RowStore rows) override { query_.KeepFirstRows(std::move(rows)); }
+
+ private:
+  TADOQuery& query_;
+};
+
 TADOQuery::TADOQuery(TComponent* owner, std::string name, IConnection& connection)
     : TComponent(owner, std::move(name)),
       connection_(connection),
@@ -55,17 +67,21 @@ void TADOQuery::Open() {
   const bool hadRow = cursor_.has_value();
   Clear();
   stopped_ = false;
+  opening_ = true;
   try {
     const std::string statement = sql_;
     RefuseNul(statement);
     auto rows = std::make_unique<RowStore>();
-    connection_.Open(statement, *rows, nullptr);
+    FirstRowsKeeper keeper(*this);
+    connection_.Open(statement, *rows, FirstRowsCame.HasListeners() ? &keeper : nullptr);
     rows->Finish();
     Clear();  // a host that handled messages meanwhile may have opened it from there
     rows_ = std::move(rows);
     ArrangeOpened();
+    opening_ = false;
   } catch (...) {
     stopped_ = CaughtStop();
+    opening_ = false;
     Clear();
     try {
       Notify(wasActive, hadRow);
@@ -91,6 +107,7 @@ void TADOQuery::Close() {
 }
 
 void TADOQuery::Clear() {
+  first_.reset();
   rows_.reset();
   ordered_ = {};
   filterMask_ = {};

@@ -59,6 +59,27 @@ class TADOQuery : public TComponent {
   bool Active() const { return rows_ != nullptr; }
   // Closed because the user stopped the statement of the last Open.
   bool Stopped() const { return stopped_; }
+  // Closed because the statement is running.
+  bool Opening() const { return opening_; }
+
+  // The first rows of a statement that is running, narrowed and ordered as the filter, the conditions and the
+  // sort have them among themselves. They are there to be painted, and for nothing else: the query is closed
+  // until all have come. FirstRowsCame is told when there are some, or more; controls that are disabled do
+  // not hold it back. Nobody keeps first rows where nobody listens.
+  Signal<> FirstRowsCame;
+  // While it lives, a query that is opening and has first rows reads as if it were open on them, without a
+  // current row. For the length of one painting; the query must not be changed meanwhile.
+  class FirstRowsScope {
+   public:
+    explicit FirstRowsScope(TADOQuery* query);  // may be null
+    FirstRowsScope(const FirstRowsScope&) = delete;
+    FirstRowsScope& operator=(const FirstRowsScope&) = delete;
+    ~FirstRowsScope();
+    bool Shown() const { return query_ != nullptr; }
+
+   private:
+    TADOQuery* query_ = nullptr;
+  };
 
   // Rows: all that were read, and those that the filter leaves.
   std::size_t TotalCount() const { return rows_ == nullptr ? 0 : rows_->Count(); }
@@ -155,8 +176,18 @@ class TADOQuery : public TComponent {
     Compute compute;
   };
 
+  // Rows as they are seen.
+  struct Arrangement {
+    std::unique_ptr<RowStore> rows;
+    std::vector<std::uint32_t> ordered;
+    std::vector<std::uint64_t> filterMask;
+    std::vector<std::uint64_t> mask;
+    std::vector<std::uint32_t> visible;
+  };
+
   friend class TDataSource;
   class ColumnFinder;
+  class FirstRowsKeeper;
 
   std::optional<std::size_t> FindComputed(std::string_view name) const;
   bool IsComputed(std::string_view field) const;
@@ -171,11 +202,15 @@ class TADOQuery : public TComponent {
                                        const std::vector<std::uint64_t>& mask) const;
   void Show(std::vector<std::uint32_t> visible);
   void ArrangeOpened();
+  std::size_t FirstRowsWanted(std::size_t rows) const;
+  void KeepFirstRows(RowStore rows);
+  void Swap(Arrangement& other);
   void Clear();
   void Notify(bool changed, bool scrolled);
 
   IConnection& connection_;
   bool stopped_ = false;
+  bool opening_ = false;
   std::string sql_;
   std::string filter_;
   std::string sort_;
@@ -191,6 +226,7 @@ class TADOQuery : public TComponent {
   std::vector<std::uint64_t> mask_;
   std::vector<std::uint32_t> visible_;
   std::optional<std::size_t> cursor_;
+  std::unique_ptr<Arrangement> first_;  // while the statement runs
   int disabled_ = 0;
   bool changedWhileDisabled_ = false;
   bool scrolledWhileDisabled_ = false;

@@ -222,6 +222,53 @@ void TADOQuery::ArrangeOpened() {
   if (!visible_.empty()) cursor_ = 0;
 }
 
+void TADOQuery::Swap(Arrangement& other) {
+  rows_.swap(other.rows);
+  ordered_.swap(other.ordered);
+  filterMask_.swap(other.filterMask);
+  mask_.swap(other.mask);
+  visible_.swap(other.visible);
+}
+
+TADOQuery::FirstRowsScope::FirstRowsScope(TADOQuery* query) {
+  if (query == nullptr || query->Active() || query->first_ == nullptr) return;
+  query_ = query;
+  query_->Swap(*query_->first_);
+}
+
+TADOQuery::FirstRowsScope::~FirstRowsScope() {
+  if (query_ != nullptr) query_->Swap(*query_->first_);
+}
+
+// As many as fill the tallest screen. Where a filter hides some of them more are wanted: soon while they are
+// few, later at every doubling, so that a filter that lets hardly any row through costs little.
+std::size_t TADOQuery::FirstRowsWanted(std::size_t rows) const {
+  constexpr std::size_t kScreen = 128;
+  constexpr std::size_t kMost = std::size_t{1} << 14U;
+  if (first_ == nullptr) return kScreen;
+  const std::size_t have = first_->rows->Count();
+  if (first_->visible.size() >= kScreen || rows <= have || have >= kMost) return 0;
+  if (have < kScreen) return kScreen;
+  return rows >= 2 * have ? std::min(rows, kMost) : 0;
+}
+
+void TADOQuery::KeepFirstRows(RowStore rows) {
+  if (Active()) return;  // opened once more, by a host that handled messages meanwhile
+  first_ = std::make_unique<Arrangement>();
+  first_->rows = std::make_unique<RowStore>(std::move(rows));
+  {
+    const FirstRowsScope scope(this);
+    try {
+      filterMask_ = MaskOf(*filterTree_);
+      mask_ = Narrowed(filterMask_);
+      ordered_ = OrderOf(sortKeys_);
+    } catch (const FilterError&) {  // of fields that these rows do not have: dropped when all have come
+    }
+    visible_ = VisibleOf(ordered_, mask_);
+  }
+  FirstRowsCame();
+}
+
 Decimal TADOQuery::Sum(std::string_view field) const {
   if (!Active()) return Decimal();
   const auto computed = FindComputed(field);

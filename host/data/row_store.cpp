@@ -159,6 +159,31 @@ void Column::Finish() {
   nextDecimal_ = endDecimal_ = nullptr;
 }
 
+// What is still open has no chunk of its own yet, and its decimals are not packed.
+void Column::AppendHeadOf(const Column& from, std::size_t rows) {
+  const Impl& source = *from.impl_;
+  for (std::size_t row = 0; row < rows; ++row) {
+    const bool sealed = (row >> kChunkShift) < source.chunks.size();
+    const ColumnChunk& chunk = sealed ? source.chunks[row >> kChunkShift] : source.open;
+    const std::size_t cell = row % kChunkCells;
+    if (chunk.IsNull(cell)) {
+      AppendNull();
+      continue;
+    }
+    switch (source.type) {
+      case ColumnType::Integer:
+        AppendInteger(chunk.narrow[cell]);
+        break;
+      case ColumnType::Decimal:
+        AppendDecimal(Decimal::FromUnits(sealed ? chunk.Units(cell) : source.staged[cell]));
+        break;
+      case ColumnType::Text:
+        AppendText(source.texts.View(chunk.TextId(cell)));
+        break;
+    }
+  }
+}
+
 const ColumnChunk& Column::ChunkOf(std::size_t row) const {
   const std::size_t index = row >> kChunkShift;
   if (index >= impl_->chunks.size() || row % kChunkCells >= impl_->chunks[index].size) {
@@ -224,6 +249,15 @@ void RowStore::Finish() {
     column.Finish();
     if (column.Cells() != count_) throw std::logic_error("a column without one cell for each row");
   }
+}
+
+RowStore RowStore::Head(std::size_t rows) const {
+  RowStore head;
+  head.Define(infos_);
+  head.count_ = std::min(rows, count_);
+  for (std::size_t i = 0; i < columns_.size(); ++i) head.columns_[i].AppendHeadOf(columns_[i], head.count_);
+  head.Finish();
+  return head;
 }
 
 std::optional<std::size_t> RowStore::FindColumn(std::string_view name) const {

@@ -83,6 +83,7 @@ class Column {
   void Finish();
   std::size_t OpenCells() const;
   std::size_t Cells() const;
+  void AppendHeadOf(const Column& from, std::size_t rows);
   const ColumnChunk& ChunkOf(std::size_t row) const;
 
   std::unique_ptr<Impl> impl_;
@@ -108,6 +109,10 @@ class RowStore {
   // Ends the writing and gives back what was reserved for further rows; a second call does nothing. Throws
   // std::logic_error when a column has not one cell for each row.
   void Finish();
+
+  // A finished store of the first rows, at most as many as have ended; this one goes on. Reading it is
+  // writing's business while it is not finished: for the thread that writes alone.
+  RowStore Head(std::size_t rows) const;
 
   std::size_t Count() const { return count_; }
   const std::vector<ColumnInfo>& Columns() const { return infos_; }

@@ -1,4 +1,7 @@
 // Hearing of a statement's progress, and stopping it.
+#include <optional>
+#include <utility>
+
 #include "company_fixture.h"
 
 namespace goods {
@@ -58,6 +61,28 @@ TEST_F(ProgressTest, TheConnectionIsUsableAfterAStop) {
   RowStore rows;
   EXPECT_THROW(connection_->Open("Exec Kardex_Proc 12", rows, &listener), StatementCancelled);
   EXPECT_GT(AskRows(*connection_, "Exec Kardex_Proc 12").Count(), 1000U);
+}
+
+// Of statements and of procedures.
+TEST_F(ProgressTest, TheFirstRowsComeBeforeTheOthersHaveBeenRead) {
+  class Wanting : public Listener {
+   public:
+    std::size_t FirstRowsWanted(std::size_t rows) override { return rows >= 150 && !first ? 150 : 0; }
+    void FirstRows(RowStore rows) override { first = std::move(rows); }
+    std::optional<RowStore> first;
+  };
+  for (const char* statement : {"Select * from Kardex", "Exec Kardex_Proc 12", "Exec srKardex"}) {
+    Wanting listener;
+    RowStore rows;
+    connection_->Open(statement, rows, &listener);
+    ASSERT_TRUE(listener.first) << statement;
+    ASSERT_EQ(listener.first->Count(), 150U) << statement;
+    ASSERT_GT(rows.Count(), 1000U) << statement;
+    ASSERT_EQ(listener.first->Columns().size(), rows.Columns().size());
+    for (std::size_t row = 0; row < 150; ++row)
+      for (std::size_t column = 0; column < rows.Columns().size(); ++column)
+        ASSERT_EQ(listener.first->Cell(row, column), rows.Cell(row, column)) << statement << row << column;
+  }
 }
 
 TEST_F(ProgressTest, WhatTheListenerThrowsComesOut) {

@@ -2,6 +2,7 @@
 #include <chrono>
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include "company/server/server_session.h"
 #include "host/data/decimal.h"
@@ -84,6 +85,30 @@ TEST_F(ServerConnectionTest, ManyRowsKeepTheirOrderAcrossBlocks) {
   for (std::size_t row = 0; row < rows.Count(); ++row) {
     ASSERT_EQ(rows.Cell(row, 0).AsInteger(), static_cast<std::int64_t>(row));
   }
+}
+
+TEST_F(ServerConnectionTest, TheFirstRowsComeWhileTheOthersAreStillRead) {
+  class Wanting : public IStatementProgress {
+   public:
+    bool Progress(std::size_t) override { return true; }
+    std::size_t FirstRowsWanted(std::size_t rows) override { return rows > 0 && given.empty() ? 100 : 0; }
+    void FirstRows(RowStore rows) override { given.push_back(std::move(rows)); }
+    std::vector<RowStore> given;
+  } listener;
+  RowStore rows;
+  connection_->Open(
+      "WITH d AS (SELECT 0 AS n UNION ALL SELECT 1 UNION ALL SELECT 2 UNION ALL SELECT 3 UNION ALL SELECT 4 "
+      "UNION "
+      "ALL SELECT 5 UNION ALL SELECT 6 UNION ALL SELECT 7 UNION ALL SELECT 8 UNION ALL SELECT 9) "
+      "SELECT 7 AS i, N'ردیف' AS t FROM d a, d b, d c, d d, d e, d f",
+      rows, &listener);
+  EXPECT_EQ(rows.Count(), 1000000U);
+  ASSERT_EQ(listener.given.size(), 1U);
+  const RowStore& first = listener.given.front();
+  ASSERT_GT(first.Count(), 0U);
+  EXPECT_LE(first.Count(), 128U);
+  EXPECT_EQ(first.Cell(first.Count() - 1, 0).AsInteger(), 7);
+  EXPECT_EQ(first.Cell(first.Count() - 1, 1).AsText(), "ردیف");
 }
 
 TEST_F(ServerConnectionTest, TheServersOwnMessageReachesTheUser) {

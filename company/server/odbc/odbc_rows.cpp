@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/core/text.h"
@@ -18,6 +19,8 @@ namespace {
 // Rows of one fetch, as far as the widest ones leave room for them.
 constexpr std::size_t kBlockRows = 1024;
 constexpr std::size_t kBlockBytes = 4 << 20;
+// Of the first fetch, which comes back when so many have come: a screen of rows must not wait for a block.
+constexpr std::size_t kFirstBlockRows = 64;
 // A text column wider than this is read cell by cell.
 constexpr std::size_t kWidestBound = 4000;
 // Sign, 38 digits, point, end.
@@ -210,13 +213,29 @@ void AppendCell(const ResultColumn& from, const unsigned char* cell, SQLLEN leng
   }
 }
 
+// Who is told of the rows as they come.
+struct RowsRead {
+  std::atomic<std::size_t>& rows;
+  FirstRowsRelay* first;
+
+  void Count(const RowStore& into) const { rows.store(into.Count(), std::memory_order_relaxed); }
+  void Tell(const RowStore& into) const {
+    if (first != nullptr) first->Offer(into);
+    Count(into);
+  }
+};
+
 // Every column bound, many rows a fetch.
 void ReadBlocks(OdbcStatement& statement, const std::vector<ResultColumn>& columns, RowStore& into,
-                std::atomic<std::size_t>& rows) {
+                const RowsRead& read) {
   const SQLHSTMT handle = statement.Handle();
   std::size_t rowBytes = 1;
   for (const ResultColumn& column : columns) rowBytes += column.width;
   const std::size_t block = std::clamp<std::size_t>(kBlockBytes / rowBytes, 1, kBlockRows);
+  std::size_t asked = std::min(block, kFirstBlockRows);
+  const auto askFor = [&](std::size_t count) {
+    SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(count), 0);
+  };
   struct Bound {
     std::unique_ptr<unsigned char[]> cells;
     std::unique_ptr<SQLLEN[]> lengths;
@@ -224,7 +243,7 @@ void ReadBlocks(OdbcStatement& statement, const std::vector<ResultColumn>& colum
   std::vector<Bound> bound(columns.size());
   SQLULEN fetched = 0;
   SQLSetStmtAttrW(handle, SQL_ATTR_ROW_BIND_TYPE, reinterpret_cast<SQLPOINTER>(SQL_BIND_BY_COLUMN), 0);
-  SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(block), 0);
+  askFor(asked);
   SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);
   for (std::size_t i = 0; i < columns.size(); ++i) {
     bound[i].cells = std::make_unique<unsigned char[]>(block * columns[i].width);
@@ -238,7 +257,7 @@ void ReadBlocks(OdbcStatement& statement, const std::vector<ResultColumn>& colum
     const SQLRETURN result = SQLFetch(handle);
     if (result == SQL_NO_DATA) break;
     Check(result, SQL_HANDLE_STMT, handle);
-    if (fetched > block) throw OdbcError("درایور ODBC بیش از آن چه خواسته شد ردیف داد.", "HY000", 0);
+    if (fetched > asked) throw OdbcError("درایور ODBC بیش از آن چه خواسته شد ردیف داد.", "HY000", 0);
     for (std::size_t i = 0; i < columns.size(); ++i) {
       Column& column = into.ColumnAt(i);
       const unsigned char* cell = bound[i].cells.get();
@@ -247,11 +266,12 @@ void ReadBlocks(OdbcStatement& statement, const std::vector<ResultColumn>& colum
       }
     }
     for (std::size_t row = 0; row < fetched; ++row) into.EndRow();
-    rows.store(into.Count(), std::memory_order_relaxed);
+    read.Tell(into);
+    if (std::exchange(asked, block) != block) askFor(block);
   }
   SQLFreeStmt(handle, SQL_UNBIND);
   SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
-  SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(std::uintptr_t{1}), 0);
+  askFor(1);
 }
 
 // A text of any length, piece by piece.
@@ -282,7 +302,7 @@ void AppendLongText(SQLHSTMT handle, SQLUSMALLINT number, const ColumnInfo& info
 
 // Row by row and cell by cell in order, as every driver allows it.
 void ReadCells(OdbcStatement& statement, const std::vector<ResultColumn>& columns, RowStore& into,
-               std::atomic<std::size_t>& rows) {
+               const RowsRead& read) {
   const SQLHSTMT handle = statement.Handle();
   alignas(std::int64_t) unsigned char cell[kDecimalChars];
   std::string buffer;
@@ -302,13 +322,18 @@ void ReadCells(OdbcStatement& statement, const std::vector<ResultColumn>& column
       AppendCell(columns[i], cell, length, buffer, into.ColumnAt(i));
     }
     into.EndRow();
-    rows.store(into.Count(), std::memory_order_relaxed);
+    if (into.Count() % kFirstBlockRows == 0) {
+      read.Tell(into);
+    } else {
+      read.Count(into);
+    }
   }
 }
 
 }  // namespace
 
-void ReadOdbcRows(OdbcStatement& statement, RowStore& into, std::atomic<std::size_t>& rows) {
+void ReadOdbcRows(OdbcStatement& statement, RowStore& into, std::atomic<std::size_t>& rows,
+                  FirstRowsRelay* first) {
   std::vector<ResultColumn> columns;
   std::vector<ColumnInfo> infos;
   bool allBound = true;
@@ -319,10 +344,11 @@ void ReadOdbcRows(OdbcStatement& statement, RowStore& into, std::atomic<std::siz
     allBound = allBound && columns.back().bound;
   }
   into.Define(std::move(infos));
+  const RowsRead read{rows, first};
   if (allBound) {
-    ReadBlocks(statement, columns, into, rows);
+    ReadBlocks(statement, columns, into, read);
   } else {
-    ReadCells(statement, columns, into, rows);
+    ReadCells(statement, columns, into, read);
   }
   into.Finish();
 }

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "host/core/text.h"
+#include "host/data/first_rows.h"
 
 namespace goods::testing {
 namespace {
@@ -58,6 +59,7 @@ void MadeUpConnection::Open(std::string_view statement, RowStore& into, IStateme
   for (std::size_t row = 0; row < count; ++row) {
     if (row % kBlock == kBlock - 1) {
       if (words[0] == "slow") QThread::msleep(kSlowBlockMs);
+      if (progress != nullptr) TellFirstRows(*progress, into);
       if (progress != nullptr && !progress->Progress(row))
         throw StatementCancelled("cancelled", std::string(statement));
     }
