@@ -1,6 +1,7 @@
 // Reading a stock card of 1,000,000 rows: through the connection into a query, beside a bare SQLite loop that
 // steps the same statement and copies the same cells into plain vectors; and narrowing the rows that were
-// read, beside asking the database for them again. The ratios are printed after the runs.
+// read, beside asking the database for them again; and the figures of the card before a date. The ratios are
+// printed after the runs.
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -97,6 +98,49 @@ void FilterRows(benchmark::State& state) {
   state.counters["rows left"] = static_cast<double>(query.RecordCount());
 }
 
+std::string FiguresBefore(int year) {
+  const std::string condition = " Kala=1 And Date<'" + std::to_string(year) + "/01/01'";
+  return "Select isNull(Sum((Tedad+ABS(Tedad))/2),0)as Varede,isNull(Sum((Tedad-ABS(Tedad))/2),0)as Sadere "
+         "from Kardex where " +
+         condition;
+}
+
+// What the stock card shows beside its rows when a date is put in: of a card that was read, and of one that
+// was not. Each date is another one, so that no answer is one that was given before.
+void Figures(benchmark::State& state, bool cardRead) {
+  const std::unique_ptr<IConnection> connection = OpenCompany(CompanyPath())->OpenConnection();
+  if (cardRead) {
+    RowStore card;
+    connection->Open(kStatement, card);
+  }
+  int year = 1402;
+  for (auto _ : state) {
+    RowStore rows;
+    const Watch watch(cardRead ? "figures" : "figures without card");
+    connection->Open(FiguresBefore(year++), rows);
+  }
+}
+
+void FiguresOfTheCard(benchmark::State& state) { Figures(state, true); }
+void FiguresWithoutACard(benchmark::State& state) { Figures(state, false); }
+
+// Look-ups of a window as it opens, a hundred times.
+void LookUps(benchmark::State& state, const std::string& name, bool repeated) {
+  const std::unique_ptr<IConnection> connection = OpenCompany(CompanyPath())->OpenConnection();
+  int id = 1000;
+  for (auto _ : state) {
+    const Watch watch(name);
+    for (int i = 0; i < 100; ++i) {
+      RowStore rows;
+      connection->Open("SELECT * FROM DetailTypes dt WHERE dt.ID = " + std::to_string(repeated ? 1 : ++id),
+                       rows);
+    }
+  }
+}
+
+void LookUpsAgain(benchmark::State& state) { LookUps(state, "asked again", true); }
+void LookUpsAnew(benchmark::State& state) { LookUps(state, "asked anew", false); }
+
 void ReportRatios() {
   auto& best = Best();
   Tell({"1,000,000 stock-card rows through the connection into a query", best["query"] * 1e3,
@@ -105,11 +149,21 @@ void ReportRatios() {
         static_cast<double>(ValueBytes()) / 1e6, 2, "MB"});
   Tell({"a criterion (store and dates) on those rows, with all footers", best["filter"] * 1e3,
         "asking the database again", best["query"] * 1e3, 0.2});
+  Tell({"what came in and went out before a date, of that card", best["figures"] * 1e3, "reading the card",
+        best["query"] * 1e3, 0.01});
+  Tell({"the same while no card has been read", best["figures without card"] * 1e3, "reading the card",
+        best["query"] * 1e3});
+  Tell({"100 look-ups that were asked before", best["asked again"] * 1e3, "100 that were not",
+        best["asked anew"] * 1e3});
 }
 
 BENCHMARK(BareLoop)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(QueryOpen)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(FilterRows)->Unit(benchmark::kMillisecond)->Iterations(10);
+BENCHMARK(FiguresOfTheCard)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(FiguresWithoutACard)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(LookUpsAgain)->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(LookUpsAnew)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 }  // namespace
 }  // namespace goods

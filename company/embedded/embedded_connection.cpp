@@ -13,6 +13,7 @@
 #include "company/embedded/row_reader.h"
 #include "company/embedded/select_translator.h"
 #include "company/embedded/statement_parser.h"
+#include "host/core/text.h"
 
 namespace goods {
 
@@ -36,6 +37,7 @@ EmbeddedConnection::EmbeddedConnection(std::string path, bool writable)
     : path_(std::move(path)),
       writable_(writable),
       reader_(OpenCompanyDatabase(path_, SQLITE_OPEN_READONLY, Access::Read)),
+      look_(reader_.Prepare("SELECT 1 FROM sqlite_schema LIMIT 1")),
       catalog_(reader_) {}
 
 EmbeddedConnection::~EmbeddedConnection() = default;
@@ -51,6 +53,7 @@ void EmbeddedConnection::Execute(std::string_view statement, IStatementProgress*
 void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IStatementProgress* progress) {
   if (reader_.WasMoved()) throw DatabaseError(kMovedMessage, std::string(statement));
   try {
+    if (into != nullptr && AnswerKept(statement, *into)) return;
     const ParsedStatement parsed = ParseStatement(statement);
     const auto* exec = std::get_if<ExecStatement>(&parsed);
     if (exec != nullptr) {
@@ -103,16 +106,58 @@ void EmbeddedConnection::Read(const ParsedStatement& parsed, std::string_view st
     columns = call->procedure->columns;
     derived = call->procedure->derived;
   } else {
-    TranslatedQuery query = TranslateQuery(std::get<QueryStatement>(parsed), catalog_, statement);
+    const auto& asked = std::get<QueryStatement>(parsed);
+    TranslatedQuery query = TranslateQuery(asked, catalog_, statement);
+    if (into != nullptr && AnswerFromCard(asked, query.columns, *into)) return;
     prepared = reader_.Prepare(query.sql);
     columns = std::move(query.columns);
   }
-  if (into == nullptr) {
-    DropRows(prepared, watch);
-  } else {
-    DefineColumns(*into, columns, prepared);
-    ReadRows(prepared, derived, *into, watch);
+  if (into == nullptr) return DropRows(prepared, watch);
+  DefineColumns(*into, columns, prepared);
+  ReadRows(prepared, derived, *into, watch);
+  ForgetOtherStates();
+  if (!call) {
+    answers_.Keep(statement, *into);
+  } else if (SameText(call->procedure->name, "Kardex_Proc")) {
+    figures_.Keep(IntegerArgument(*call, "@GoodCode"), *into);
   }
+}
+
+void EmbeddedConnection::ForgetOtherStates() {
+  const std::uint32_t state = reader_.DataVersion();
+  if (std::exchange(keptState_, state) == state) return;
+  answers_.Forget();
+  figures_.Forget();
+}
+
+void EmbeddedConnection::LookAtFile() {
+  look_.Step();
+  look_.Reset();
+  ForgetOtherStates();
+}
+
+bool EmbeddedConnection::AnswerKept(std::string_view statement, RowStore& into) {
+  if (answers_.Find(statement) == nullptr) return false;
+  LookAtFile();
+  const RowStore* kept = answers_.Find(statement);
+  if (kept == nullptr) return false;
+  into = kept->Head(kept->Count());
+  return true;
+}
+
+bool EmbeddedConnection::AnswerFromCard(const QueryStatement& query, const std::vector<ColumnInfo>& columns,
+                                        RowStore& into) {
+  const std::optional<FiguresQuestion> question = AskedFigures(query);
+  if (!question || !figures_.Holds(question->good)) return false;
+  LookAtFile();
+  if (!figures_.Holds(question->good)) return false;
+  const CardFigures::Sums sums = figures_.Before(*question);
+  into.Define(columns);
+  into.ColumnAt(0).AppendDecimal(sums.incoming);
+  into.ColumnAt(1).AppendDecimal(sums.outgoing);
+  into.EndRow();
+  into.Finish();
+  return true;
 }
 
 void EmbeddedConnection::Refresh(const ProcedureCall& call, std::string_view statement,

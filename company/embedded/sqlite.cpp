@@ -306,6 +306,12 @@ bool Database::WasMoved() const {
   return sqlite3_file_control(db_, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0;
 }
 
+std::uint32_t Database::DataVersion() const {
+  unsigned int version = 0;
+  sqlite3_file_control(db_, "main", SQLITE_FCNTL_DATA_VERSION, &version);
+  return version;
+}
+
 void Database::Run(std::string_view sql) {
   const char* at = sql.data();
   const char* end = at + sql.size();

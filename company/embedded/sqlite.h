@@ -96,6 +96,8 @@ class Database {
   void SetAccess(Access access);
   // For a file whose schema this program has just written itself.
   void RunTriggers();
+  // Another number whenever another handle has written; of the state that this one read last.
+  std::uint32_t DataVersion() const;
   // The file is no longer under its name: renamed, deleted, or another one put in its place.
   bool WasMoved() const;
 
