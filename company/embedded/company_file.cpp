@@ -102,10 +102,11 @@ constexpr UpgradeStep kUpgradeSteps[] = {
     {6, "CREATE TABLE PackedMovements(Place INTEGER PRIMARY KEY, Data BLOB NOT NULL);", PackEveryGood},
 };
 
-void Upgrade(Database& db, int version) {
+void Upgrade(Database& db) {
   Transaction transaction(db);
-  // Nothing that came between looking at the file and locking it.
-  CheckCompanySchema(db, false);
+  // Nothing that came between looking at the file and locking it; another program may have upgraded it.
+  const auto version = static_cast<int>(db.AskInteger("PRAGMA user_version"));
+  CheckCompanySchema(db, version == kCompanySchemaVersion);
   for (const UpgradeStep& step : kUpgradeSteps) {
     if (step.from < version) continue;
     db.Run(step.sql);
@@ -187,7 +188,7 @@ bool PrepareCompanyFile(const std::string& path, IStatementProgress* progress) {
   Database db = OpenDatabase(path, writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY);
   const bool current = header.version == kCompanySchemaVersion;
   Watched(db, path, progress, kInstructionsToLook, [&] { CheckCompanySchema(db, current); });
-  if (!current) Watched(db, path, progress, 0, [&] { Upgrade(db, header.version); });
+  if (!current) Watched(db, path, progress, 0, [&] { Upgrade(db); });
   Watched(db, path, progress, kInstructionsToLook, [&] { CheckTables(db); });
   return writable;
 }

@@ -1,6 +1,9 @@
 // Files that are no good company: a clear message, and the file as it was.
 #include "company/embedded/company_file.h"
 
+#include <future>
+#include <string>
+
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -119,6 +122,26 @@ TEST_F(CompanyFileTest, AnOlderCompanyIsBroughtUpToDate) {
   Database db(file_.Path(), SQLITE_OPEN_READONLY);
   EXPECT_EQ(db.AskInteger("PRAGMA user_version"), kCompanySchemaVersion);
   EXPECT_EQ(db.AskInteger("SELECT count(*) FROM sqlite_master WHERE name = 'Kardex_ByDocument'"), 1);
+}
+
+// The one that comes second finds it up to date, or is told that it is in use.
+TEST_F(CompanyFileTest, AnOlderCompanyThatTwoOpenAtOnceIsBroughtUpToDateOnce) {
+  for (int round = 0; round < 5; ++round) {
+    Database(file_.Path(), SQLITE_OPEN_READWRITE).Run(kMakeOlder);
+    const auto open = [this] {
+      try {
+        OpenCompany(file_.Path());
+        return std::string();
+      } catch (const CompanyError& error) {
+        return std::string(error.what());
+      }
+    };
+    std::future<std::string> other = std::async(std::launch::async, open);
+    for (const std::string& refusal : {open(), other.get()})
+      EXPECT_TRUE(refusal.empty() || refusal.find("قفل شده است") != std::string::npos) << refusal;
+    EXPECT_EQ(Database(file_.Path(), SQLITE_OPEN_READONLY).AskInteger("PRAGMA user_version"),
+              kCompanySchemaVersion);
+  }
 }
 
 TEST_F(CompanyFileTest, AnUpgradeThatFailsLeavesTheOlderCompany) {
