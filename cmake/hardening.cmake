@@ -4,7 +4,11 @@
 include(CheckPIESupported)
 check_pie_supported()
 
-if(NOT GOODS_SANITIZE AND NOT GOODS_SANITIZE_THREADS AND NOT GOODS_FUZZ)
+# What is made for Windows has its own by the linker: any address, no execution of data.
+if(WIN32)
+  add_compile_options($<$<CONFIG:Release>:-fstack-protector-strong> $<$<CONFIG:Release>:-D_GLIBCXX_ASSERTIONS>)
+  add_link_options($<$<CONFIG:Release>:-fstack-protector-strong>)  # what the guard calls is a library there
+elseif(NOT GOODS_SANITIZE AND NOT GOODS_SANITIZE_THREADS AND NOT GOODS_FUZZ)
   add_compile_options(
     $<$<CONFIG:Release>:-fstack-protector-strong>
     $<$<CONFIG:Release>:-fstack-clash-protection>
@@ -15,7 +19,9 @@ if(NOT GOODS_SANITIZE AND NOT GOODS_SANITIZE_THREADS AND NOT GOODS_FUZZ)
     add_compile_options($<$<CONFIG:Release>:-fcf-protection>)
   endif()
 endif()
-add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+if(NOT WIN32)
+  add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+endif()
 
 # Libraries are looked for beside the program, wherever both have been put.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)

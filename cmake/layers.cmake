@@ -13,10 +13,25 @@ function(goods_layer_include target folder scope)
   target_include_directories(${target} ${scope} ${root})
 endfunction()
 
-# goods_layer(<target> <folder> [SEES <target>...]): an object library of every .cpp directly in the folder.
+# goods_of_this_system(<list>): takes the sources of other systems out of it. A file whose name ends in "_posix" or "_win32"
+# holds what is written for that system.
+function(goods_of_this_system list)
+  if(WIN32)
+    list(FILTER ${list} EXCLUDE REGEX "_posix[.]cpp$")
+  else()
+    list(FILTER ${list} EXCLUDE REGEX "_win32[.]cpp$")
+  endif()
+  set(${list} ${${list}} PARENT_SCOPE)
+endfunction()
+
+# goods_layer(<target> <folder> [SEES <target>...] [WITHOUT <file>...]): an object library of every .cpp of this system directly
+# in the folder, but for some.
 function(goods_layer target folder)
-  cmake_parse_arguments(LAYER "" "" "SEES" ${ARGN})
+  cmake_parse_arguments(LAYER "" "" "SEES;WITHOUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  goods_of_this_system(sources)
+  list(TRANSFORM LAYER_WITHOUT PREPEND ${PROJECT_SOURCE_DIR}/${folder}/)
+  list(REMOVE_ITEM sources ${LAYER_WITHOUT} "")
   file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
   if(sources)
     add_library(${target} OBJECT ${sources} ${headers})

@@ -37,6 +37,11 @@ if(GOODS_SANITIZE_THREADS)
   add_link_options(-fsanitize=thread)
 endif()
 
+# The system's own header defines min and max, and much that nobody here asks for, unless it is told not to.
+if(WIN32)
+  add_compile_definitions(NOMINMAX WIN32_LEAN_AND_MEAN UNICODE _WIN32_WINNT=0x0A00)
+endif()
+
 if(GOODS_UNITY)
   set(CMAKE_UNITY_BUILD ON)
   set(CMAKE_UNITY_BUILD_BATCH_SIZE 0)

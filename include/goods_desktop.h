@@ -23,11 +23,16 @@
 
 #include <stdint.h>
 
-#ifndef GOODS_EXPORT
-#if defined(__GNUC__)
-#define GOODS_EXPORT __attribute__((visibility("default")))
+#ifndef GOODS_DESKTOP_EXPORT
+/* GOODS_BUILDS_DESKTOP: defined while the library itself is built, by its own build alone. */
+#if defined(_WIN32) && defined(GOODS_BUILDS_DESKTOP)
+#define GOODS_DESKTOP_EXPORT __declspec(dllexport)
+#elif defined(_WIN32)
+#define GOODS_DESKTOP_EXPORT __declspec(dllimport)
+#elif defined(__GNUC__)
+#define GOODS_DESKTOP_EXPORT __attribute__((visibility("default")))
 #else
-#define GOODS_EXPORT
+#define GOODS_DESKTOP_EXPORT
 #endif
 #endif
 
@@ -268,46 +273,48 @@ typedef struct goods_desktop_report {
 } goods_desktop_report;
 
 /* The library's version, "1.1.0", in ASCII. The library's, for ever. May be called on any thread. */
-GOODS_EXPORT const char* GoodsDesktop_Version(void);
+GOODS_DESKTOP_EXPORT const char* GoodsDesktop_Version(void);
 
 /* Why the last function that returned another code than GOODS_DESKTOP_DONE on this thread did so: a sentence
  * for the user, in Persian, cut where it is longer than 1000 characters; the empty text before any. The
  * library's; valid until the next failure on this thread. May be called on any thread. */
-GOODS_EXPORT goods_desktop_text GoodsDesktop_Problem(int32_t encoding);
+GOODS_DESKTOP_EXPORT goods_desktop_text GoodsDesktop_Problem(int32_t encoding);
 
 /* Opens the company, signs the user in, and attaches to the library of the reports, whose functions may then
  * also be called directly. session gets the session, or null with any code but _DONE. One session at a time.
  * May show the sign-in window, and brings an older company file up to date. */
-GOODS_EXPORT int32_t GoodsDesktop_Create(const goods_desktop_options* options, goods_desktop** session);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_Create(const goods_desktop_options* options,
+                                                 goods_desktop** session);
 
 /* Opens a report; returns when its window is closed. _DONE says that the export was called: what went wrong
  * inside, a missing right among it, was told to the user. Calls nest. */
-GOODS_EXPORT int32_t GoodsDesktop_Open(goods_desktop* session, const goods_desktop_report* report);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_Open(goods_desktop* session, const goods_desktop_report* report);
 
 /* Asks every report window that is open to close, the front one first, so that the calls of GoodsDesktop_Open
  * return. */
-GOODS_EXPORT int32_t GoodsDesktop_CloseReports(goods_desktop* session);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_CloseReports(goods_desktop* session);
 
 /* Lets go of the reports and the company and frees the session, whose address is then no longer valid. _BUSY,
  * and nothing changes, while a report is being shown. A null session is _DONE. */
-GOODS_EXPORT int32_t GoodsDesktop_Destroy(goods_desktop* session);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_Destroy(goods_desktop* session);
 
 /* For a connection of the program's own, during its functions. The first five return _DONE, _WRONG_CALL (a
  * cell without a column, a row with too few cells, a number that is none) or _FAILED (no memory). A decimal
  * is units / 10^places, places 0 to 9; a text in a decimal column is read as a number ("-12.5"), an integer
  * fits a decimal column too. */
-GOODS_EXPORT int32_t GoodsDesktop_AddColumn(goods_desktop_rows* rows, goods_desktop_text name, int32_t type);
-GOODS_EXPORT int32_t GoodsDesktop_AddInteger(goods_desktop_rows* rows, int64_t value);
-GOODS_EXPORT int32_t GoodsDesktop_AddDecimal(goods_desktop_rows* rows, int64_t units, int32_t places);
-GOODS_EXPORT int32_t GoodsDesktop_AddText(goods_desktop_rows* rows, goods_desktop_text text);
-GOODS_EXPORT int32_t GoodsDesktop_AddNull(goods_desktop_rows* rows);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_AddColumn(goods_desktop_rows* rows, goods_desktop_text name,
+                                                    int32_t type);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_AddInteger(goods_desktop_rows* rows, int64_t value);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_AddDecimal(goods_desktop_rows* rows, int64_t units, int32_t places);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_AddText(goods_desktop_rows* rows, goods_desktop_text text);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_AddNull(goods_desktop_rows* rows);
 /* Ends a row. _STOPPED when the user wants no more: the function then returns that code at once. */
-GOODS_EXPORT int32_t GoodsDesktop_EndRow(goods_desktop_rows* rows);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_EndRow(goods_desktop_rows* rows);
 /* Where no row comes for a while: call it at least every 50 ms, so that the window lives and Esc is heard.
  * _DONE or _STOPPED. */
-GOODS_EXPORT int32_t GoodsDesktop_GoOn(goods_desktop_rows* rows);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_GoOn(goods_desktop_rows* rows);
 /* The database's own message, for the code that the function returns next. */
-GOODS_EXPORT int32_t GoodsDesktop_SayWhy(goods_desktop_rows* rows, goods_desktop_text message);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_SayWhy(goods_desktop_rows* rows, goods_desktop_text message);
 
 /* What the program goods-desktop is: company chooser, sign-in, start page, reports, until the user quits.
  * Texts are UTF-8; what is empty is asked of the user. */
@@ -326,7 +333,8 @@ typedef struct goods_desktop_program {
 /* Runs it; exit_code gets what the process should end with: 1 when it could not start, after telling the user
  * why. _BUSY while there is a session. Sets the library's look and the settings format of the whole
  * QApplication. */
-GOODS_EXPORT int32_t GoodsDesktop_RunProgram(const goods_desktop_program* program, int32_t* exit_code);
+GOODS_DESKTOP_EXPORT int32_t GoodsDesktop_RunProgram(const goods_desktop_program* program,
+                                                     int32_t* exit_code);
 
 #ifdef __cplusplus
 }

@@ -19,7 +19,12 @@ typedef char16_t goods_char16;
 typedef uint_least16_t goods_char16;
 #endif
 
-#if defined(__GNUC__)
+/* GOODS_BUILDS_REPORTS: defined while the library itself is built, by its own build alone. */
+#if defined(_WIN32) && defined(GOODS_BUILDS_REPORTS)
+#define GOODS_EXPORT __declspec(dllexport)
+#elif defined(_WIN32)
+#define GOODS_EXPORT __declspec(dllimport)
+#elif defined(__GNUC__)
 #define GOODS_EXPORT __attribute__((visibility("default")))
 #else
 #define GOODS_EXPORT

@@ -13,6 +13,7 @@
 #include "company/embedded/embedded_sql.h"
 #include "company/embedded/packed_movements.h"
 #include "company/embedded/row_reader.h"
+#include "company/files/file_path.h"
 
 namespace goods {
 
@@ -162,7 +163,7 @@ void CreateCompanySchema(Database& db) {
 void CreateCompanyIndexes(Database& db) { db.Run(IndexesSql()); }
 
 bool PrepareCompanyFile(const std::string& path, IStatementProgress* progress) {
-  const fs::path file(path);
+  const fs::path file = PathOf(path);
   std::error_code error;
   const fs::file_status status = fs::status(file, error);
   if (!fs::exists(status)) throw CompanyError("فایل شرکت پیدا نشد: " + path);
@@ -176,7 +177,7 @@ bool PrepareCompanyFile(const std::string& path, IStatementProgress* progress) {
   }
   if (header.version < 1) throw CompanyError("نسخه این فایل شرکت شناخته نیست: " + path);
   // While another program is writing, or after it was stopped, the journal tells the true length.
-  const bool journal = fs::exists(path + "-journal", error);
+  const bool journal = fs::exists(PathOf(path + "-journal"), error);
   if (!journal && header.pagesKnown &&
       fs::file_size(file) < static_cast<std::uintmax_t>(header.pages) * header.pageSize) {
     throw CompanyError("فایل شرکت ناقص است (بخشی از آن بریده شده): " + path);

@@ -11,6 +11,7 @@
 #include "company/embedded/negative_stock.h"
 #include "company/embedded/stock_figures.h"
 #include "company/embedded/text_functions.h"
+#include "company/files/file_path.h"
 
 namespace goods {
 
@@ -26,7 +27,7 @@ void Check(sqlite3_stmt* statement, int code) {
 
 // SQLite may be built to read "file:...?..." as more than a name.
 std::string FileName(const std::string& path) {
-  if (path == ":memory:" || path.starts_with('/')) return path;
+  if (path == ":memory:" || PathOf(path).has_root_path()) return path;
   return "./" + path;
 }
 

@@ -60,7 +60,9 @@ FileError::~FileError() = default;
 FileProblem ProblemOf(int systemError) {
   switch (systemError) {
     case ENOSPC:
+#ifdef EDQUOT  // not every system has quotas
     case EDQUOT:
+#endif
     case EFBIG:
       return FileProblem::NoSpace;
     case EACCES:

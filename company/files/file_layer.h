@@ -1,4 +1,5 @@
-// The calls of the system that files are written with. The one place that knows POSIX is file_layer.cpp.
+// The calls of the system that files are written with, for POSIX in file_layer_posix.cpp, for Windows in
+// file_layer_win32.cpp.
 #pragma once
 
 #include <cstddef>
@@ -33,6 +34,10 @@ class FileLayer {
  public:
   // The system itself; lives as long as the program.
   static FileLayer& System();
+  // What stands between folders in a path: the first is what the program writes, all are read.
+  static std::string_view Separators();
+  // Whether a file that a program has open can be replaced; else Rename gives EBUSY until it is closed.
+  static bool ReplacesOpenFiles();
 
   FileLayer() = default;
   FileLayer(const FileLayer&) = delete;

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "company/files/file_error.h"
+#include "company/files/file_path.h"
 
 namespace goods {
 
@@ -14,16 +15,26 @@ namespace {
 
 constexpr int kMostLinks = 16;
 
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.find_last_of('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
+bool IsSeparator(char c) { return FileLayer::Separators().find(c) != std::string_view::npos; }
+
+// Behind the last separator, and behind a drive, where the system has such: a name without a folder is in
+// the drive's current one.
+std::size_t NameStart(const std::string& path) {
+  const std::size_t drive = PathOf(path).root_name().string().size();
+  std::size_t start = path.size();
+  while (start > drive && !IsSeparator(path[start - 1])) --start;
+  return start;
 }
 
-std::string NameOf(const std::string& path) {
-  const std::size_t slash = path.find_last_of('/');
-  return slash == std::string::npos ? path : path.substr(slash + 1);
+std::string FolderOf(const std::string& path) {
+  const std::size_t start = NameStart(path);
+  if (start == 0) return ".";
+  if (!IsSeparator(path[start - 1])) return path.substr(0, start) + ".";
+  const std::size_t root = PathOf(path).root_path().string().size();
+  return path.substr(0, start == root ? start : start - 1);
 }
+
+std::string NameOf(const std::string& path) { return path.substr(NameStart(path)); }
 
 void CheckTarget(int error, const std::string& path) {
   if (error != 0) throw FileError(ProblemOf(error), path, error);
@@ -52,11 +63,15 @@ bool IsDatabase(FileLayer& layer, const std::string& path) {
 // The same place in the same spelling, also of files that are not there.
 std::string Spelled(const std::string& path) {
   std::error_code error;
-  const std::filesystem::path spelled = std::filesystem::weakly_canonical(path, error);
+  const std::filesystem::path spelled = std::filesystem::weakly_canonical(PathOf(path), error);
   return error ? path : spelled.string();
 }
 
 }  // namespace
+
+std::string PathIn(const std::string& folder, const std::string& name) {
+  return folder + (IsSeparator(folder.back()) ? "" : "/") + name;
+}
 
 Target FindTarget(FileLayer& layer, const std::string& path, const TargetRules& rules) {
   if (path.empty()) throw FileError(FileProblem::Missing, path);
@@ -76,7 +91,7 @@ Target FindTarget(FileLayer& layer, const std::string& path, const TargetRules& 
     }
     std::string next;
     CheckTarget(layer.ReadLink(target.path, next), path);
-    target.path = next.starts_with('/') ? next : target.folder + "/" + next;
+    target.path = PathOf(next).is_absolute() ? next : PathIn(target.folder, next);
   }
   RefuseForbidden(layer, target, rules.forbidden);
   switch (target.state.kind) {

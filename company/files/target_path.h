@@ -22,6 +22,9 @@ struct Target {
   FileState state;     // kind None: not there yet
 };
 
+// The path of a name within a folder, which is not the empty text.
+std::string PathIn(const std::string& folder, const std::string& name);
+
 // Follows the links that path ends in and looks at what is there. A link is followed when it belongs to the
 // user, to the owner of the folder that it lies in, or to the system's administrator. Throws FileError when
 // the target is a folder, a pipe, a device, marked read-only, forbidden, or there though it may not be

@@ -93,7 +93,7 @@ bool WholeFile::TryMakeTemporary() {
   }
 
   temporary_ =
-      target_.folder + "/" + Beginning(target_.name) + Hexadecimal(RandomNumber()) + std::string(kEnd);
+      PathIn(target_.folder, Beginning(target_.name) + Hexadecimal(RandomNumber()) + std::string(kEnd));
   const bool keeps = options_.ownerOnly || target_.state.kind == FileKind::Regular;
   int made = -1;
   const int error = layer_.Create(temporary_, keeps ? 0600U : 0666U, made);
@@ -115,7 +115,7 @@ bool WholeFile::AnotherWriterIsAtWork() {
   if (const int error = layer_.List(target_.folder, names); error != 0) Fail(error);
   const std::string beginning = Beginning(target_.name);
   for (const std::string& name : names) {
-    const std::string path = target_.folder + "/" + name;
+    const std::string path = PathIn(target_.folder, name);
     if (!IsTemporaryName(name, beginning) || path == temporary_) continue;
     int opened = -1;
     if (layer_.OpenToRead(path, false, opened) != 0) continue;

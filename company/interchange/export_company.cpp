@@ -5,6 +5,7 @@
 
 #include "company/company.h"
 #include "company/embedded/company_file.h"
+#include "company/files/file_path.h"
 #include "company/interchange/company_tables.h"
 #include "company/interchange/csv_writer.h"
 #include "company/interchange/import_fields.h"
@@ -59,7 +60,7 @@ class Export {
  private:
   // Files stay open until all of them are written.
   CsvWriter& Begin(const char* names, bool ownerOnly = false) {
-    return files_.emplace_back((fs::path(folder_) / (Title(names) + ".csv")).string(), options_.replace,
+    return files_.emplace_back((PathOf(folder_) / PathOf(Title(names) + ".csv")).string(), options_.replace,
                                ownerOnly);
   }
 
@@ -125,7 +126,7 @@ class Export {
              "document number", "document row", "comment"});
     const std::int64_t total = CountRows("Kardex");
     counts_.movements = total;
-    RecordSorter sorter((fs::path(folder_) / "movements").string());
+    RecordSorter sorter((PathOf(folder_) / "movements").string());
     Statement rows = db_.Prepare(
         "SELECT Radif, Date, Kala, Anbar, Percode, Type, Tedad, Fi, OperationCode, OperationRow, Comment "
         "FROM Kardex");
@@ -210,15 +211,15 @@ class Export {
 ExportCounts ExportCompany(const std::string& path, const std::string& folder, const ExportOptions& options) {
   PrepareCompanyFile(path);
   std::error_code error;
-  const bool made = fs::create_directories(folder, error);
-  if (error || !fs::is_directory(folder, error)) throw CompanyError("پوشه ساخته نشد: " + folder);
+  const bool made = fs::create_directories(PathOf(folder), error);
+  if (error || !fs::is_directory(PathOf(folder), error)) throw CompanyError("پوشه ساخته نشد: " + folder);
   try {
     return Export(path, folder, options).Run();
   } catch (const SqliteError& failure) {
-    if (made) fs::remove(folder, error);
+    if (made) fs::remove(PathOf(folder), error);
     throw CompanyError(PersianMessage(failure) + " (" + path + ")");
   } catch (...) {
-    if (made) fs::remove(folder, error);
+    if (made) fs::remove(PathOf(folder), error);
     throw;
   }
 }

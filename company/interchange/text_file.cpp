@@ -4,6 +4,7 @@
 #include <array>
 
 #include "company/files/file_error.h"
+#include "company/files/file_path.h"
 #include "company/files/input_file.h"
 #include "host/core/text.h"
 
@@ -83,7 +84,7 @@ TextFile::TextFile(const std::string& path) {
   } catch (const FileError&) {
     return;
   }
-  file_.open(path, std::ios::binary | std::ios::ate);
+  file_.open(PathOf(path), std::ios::binary | std::ios::ate);
   if (!file_) return;
   size_ = static_cast<std::int64_t>(file_.tellg());
   file_.seekg(0);

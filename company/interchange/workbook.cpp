@@ -267,10 +267,6 @@ bool EndsWith(const std::string& path, std::string_view ending) {
 
 }  // namespace
 
-bool Workbook::IsWorkbookName(const std::string& path) {
-  return EndsWith(path, ".xlsx") || EndsWith(path, ".ods");
-}
-
 Workbook::Workbook(const std::string& path) {
   const bool ods = EndsWith(path, ".ods");
   std::string bytes = ReadInputFile(path, kLargestFile);

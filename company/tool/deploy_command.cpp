@@ -5,12 +5,12 @@
 #include <system_error>
 #include <vector>
 
-#include <stdlib.h>
-
 #include "command.h"
 #include "company/company.h"
+#include "company/files/file_path.h"
 #include "company/interchange/import_company.h"
 #include "company/server/deploy.h"
+#include "company/system/program.h"
 #include "company/writer/work_progress.h"
 #include "password_input.h"
 #include "progress_line.h"
@@ -48,13 +48,19 @@ ServerAddress AddressOf(const Line& line) {
   return address;
 }
 
+std::string TemporaryFolder() {
+  try {
+    return MakeTemporaryFolder("goods-deploy-");
+  } catch (const std::exception&) {
+    throw CompanyError("پوشه موقت ساخته نشد.");
+  }
+}
+
 // A folder of files as a company file of its own that is gone at the end.
 class ImportedFolder {
  public:
   explicit ImportedFolder(const std::string& from) {
-    std::string folder = (fs::temp_directory_path() / "goods-deploy-XXXXXX").string();
-    if (mkdtemp(folder.data()) == nullptr) throw CompanyError("پوشه موقت ساخته نشد: " + folder);
-    folder_ = folder;
+    folder_ = PathOf(TemporaryFolder());
     try {
       ImportOptions options;
       options.watcher = MakeProgressLine(false);
@@ -100,7 +106,7 @@ Command MakeDeployCommand(CLI::App& program) {
             const ServerAddress address = AddressOf(*line);
             std::unique_ptr<ImportedFolder> imported;
             std::string from = line->from;
-            if (fs::is_directory(from)) {
+            if (fs::is_directory(PathOf(from))) {
               imported = std::make_unique<ImportedFolder>(from);
               from = imported->File();
             }

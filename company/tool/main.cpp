@@ -1,16 +1,18 @@
 // goods-company: makes, fills, checks and copies company files.
-#include <csignal>
 #include <exception>
 #include <iostream>
 #include <vector>
 
 #include "command.h"
+#include "company/system/program.h"
 #include "company/writer/work_progress.h"
 #include "progress_line.h"
 
 int main(int argc, char** argv) {
-  std::signal(SIGPIPE, SIG_IGN);  // when whoever reads the output has gone, the work goes on
+  goods::PrepareTerminalOutput();
+  goods::ProgramArguments arguments(argc, argv);
   CLI::App program("Makes, fills, checks and copies company files for the goods reports.");
+  program.allow_windows_style_options(false);  // "/..." is a path on every system
   program.require_subcommand(1);
   program.footer(
       "Ends with 0, with 1 after an error, with 3 when check or verify finds differences, with 130 when "
@@ -20,7 +22,7 @@ int main(int argc, char** argv) {
       goods::MakeExportCommand(program), goods::MakeCheckCommand(program),  goods::MakeInfoCommand(program),
       goods::MakeBackupCommand(program), goods::MakeUserCommand(program),   goods::MakeDeployCommand(program),
       goods::MakeVerifyCommand(program)};
-  CLI11_PARSE(program, argc, argv);
+  CLI11_PARSE(program, arguments.Count(), arguments.Values());
   try {
     for (const goods::Command& command : commands) {
       if (command.options->parsed()) return command.run();

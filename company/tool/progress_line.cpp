@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include <unistd.h>
+#include "company/system/program.h"
 
 namespace goods {
 
@@ -52,7 +52,7 @@ std::string Bar(const WorkProgress& progress) {
 
 class ProgressLine {
  public:
-  explicit ProgressLine(bool silent) : silent_(silent), terminal_(isatty(STDERR_FILENO) == 1) {}
+  explicit ProgressLine(bool silent) : silent_(silent), terminal_(ErrorsAreTerminal()) {}
 
   void Show(const WorkProgress& progress) {
     if (silent_) return;
@@ -88,7 +88,7 @@ class ProgressLine {
 }  // namespace
 
 WorkWatcher MakeProgressLine(bool silent) {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, AskToStop);
+  for (const int signal : StopSignals()) std::signal(signal, AskToStop);
   return [line = ProgressLine(silent)](const WorkProgress& progress) mutable {
     line.Show(progress);
     return stopAsked == 0;

@@ -4,6 +4,7 @@
 
 #include "company/company.h"
 #include "company/embedded/company_file.h"
+#include "company/files/file_path.h"
 
 namespace goods {
 
@@ -27,7 +28,7 @@ CompanyInfo ReadCompanyInfo(const std::string& path) {
     CompanyInfo info;
     info.title = db.AskText("SELECT Value FROM Meta WHERE Key = 'Title'");
     info.schema = static_cast<int>(db.AskInteger("PRAGMA user_version"));
-    info.bytes = static_cast<std::int64_t>(std::filesystem::file_size(path));
+    info.bytes = static_cast<std::int64_t>(std::filesystem::file_size(PathOf(path)));
     info.goods = count("GoodInf");
     info.stores = count("Stores");
     info.persons = count("Persons");

@@ -2,9 +2,6 @@
 
 #include <utility>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include "company/company.h"
 #include "company/embedded/company_file.h"
 #include "company/embedded/procedures.h"

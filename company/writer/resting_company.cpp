@@ -6,6 +6,8 @@
 
 #include "company/company.h"
 #include "company/files/file_error.h"
+#include "company/files/file_layer.h"
+#include "company/files/file_path.h"
 
 namespace goods {
 
@@ -18,7 +20,7 @@ std::vector<std::string> Leftovers(const std::string& path) {
   std::vector<std::string> found;
   std::error_code error;
   for (const char* ending : {"-journal", "-wal", "-shm"}) {
-    if (fs::symlink_status(path + ending, error).type() != fs::file_type::not_found)
+    if (fs::symlink_status(PathOf(path + ending), error).type() != fs::file_type::not_found)
       found.push_back(path + ending);
   }
   return found;
@@ -33,9 +35,9 @@ std::vector<std::string> Leftovers(const std::string& path) {
 
 RestingCompany::RestingCompany(const std::string& path, bool replace) {
   std::error_code error;
-  if (!fs::exists(path, error) || fs::file_size(path, error) == 0) {
+  if (!fs::exists(PathOf(path), error) || fs::file_size(PathOf(path), error) == 0) {
     for (const std::string& leftover : Leftovers(path)) {
-      if (!replace || !fs::remove(leftover, error)) Refuse(leftover);
+      if (!replace || !fs::remove(PathOf(leftover), error)) Refuse(leftover);
     }
     return;
   }
@@ -54,8 +56,14 @@ RestingCompany::RestingCompany(const std::string& path, bool replace) {
   }
   for (const std::string& leftover : Leftovers(path)) {
     // With the lock in hand: a journal that was worth anything has been played back, this one holds nothing.
-    const bool spent = lock_ && leftover.ends_with("-journal") && fs::is_regular_file(leftover, error);
-    if (!spent || !fs::remove(leftover, error)) Refuse(leftover);
+    const bool spent =
+        lock_ && leftover.ends_with("-journal") && fs::is_regular_file(PathOf(leftover), error);
+    if (!spent || !fs::remove(PathOf(leftover), error)) Refuse(leftover);
+  }
+  // There the system holds off the replacing itself, as long as anybody has the company open, us included.
+  if (!FileLayer::ReplacesOpenFiles()) {
+    lock_.reset();
+    db_.reset();
   }
 }
 

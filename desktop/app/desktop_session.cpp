@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <utility>
 
-#include <dlfcn.h>
-
+#include "company/files/file_path.h"
+#include "company/system/library.h"
 #include "desktop/views/shown_text.h"
 
 namespace goods {
@@ -13,11 +13,9 @@ namespace {
 
 // The folder of the library or program that this code is in; empty where it cannot be told.
 std::string FolderOfThisCode() {
-  Dl_info info{};
   static const char kHere = 0;
-  if (dladdr(&kHere, &info) == 0 || info.dli_fname == nullptr) return {};
   // A program is told as it was called, which may be by a name that was looked for.
-  const std::filesystem::path file(info.dli_fname);
+  const std::filesystem::path file = PathOf(FileOfCode(&kHere));
   std::error_code ignored;
   return file.is_absolute() && std::filesystem::exists(file, ignored) ? file.parent_path().string()
                                                                       : std::string();
@@ -29,7 +27,7 @@ std::unique_ptr<ModuleLibrary> LoadModule(const std::string& given) {
   if (const std::string folder = FolderOfThisCode(); given.empty() && !folder.empty()) {
     for (const std::string& path : ModuleLibrary::SearchPaths(folder)) {
       std::error_code ignored;
-      if (std::filesystem::exists(path, ignored)) return std::make_unique<ModuleLibrary>(path);
+      if (std::filesystem::exists(PathOf(path), ignored)) return std::make_unique<ModuleLibrary>(path);
     }
   }
   return std::make_unique<ModuleLibrary>(

@@ -214,6 +214,7 @@ void DeclareOptions(CLI::App& app, CommandLine& line) {
 
 ParseResult ParseCommandLine(int argc, char** argv, CommandLine& line) {
   CLI::App app("Writes reports of a company to files, without a screen.", "goods-report");
+  app.allow_windows_style_options(false);  // "/..." is a path on every system
   DeclareOptions(app, line);
   try {
     app.parse(argc, argv);

@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "company/files/file_path.h"
 #include "desktop/app/services/company_lookups.h"
 #include "desktop/app/services/desktop_settings.h"
 #include "desktop/app/services/logging_connection.h"
@@ -30,7 +31,7 @@ constexpr const char* kDialogButton = "ADVSearch_Fram1.ADVSearch_BTN";
 
 TSettings SettingsIn(const std::string& folder) {
   if (folder.empty()) return {};
-  if (!std::filesystem::is_directory(folder)) throw std::runtime_error("این پوشه نیست: " + folder);
+  if (!std::filesystem::is_directory(PathOf(folder))) throw std::runtime_error("این پوشه نیست: " + folder);
   return DesktopSettings(QString::fromStdString(folder)).Settings();
 }
 

@@ -13,8 +13,10 @@ namespace {
 // A grid's layout has a line a column; what is larger was not written by this program.
 constexpr std::uintmax_t kLargestSettingFile = 1 << 20;  // bytes
 
+// Both are UTF-8, which the standard library does not take every narrow text for.
 std::filesystem::path PathIn(const std::string& folder, std::string_view name) {
-  return std::filesystem::path(folder) / name;
+  return std::filesystem::path(std::u8string(folder.begin(), folder.end())) /
+         std::u8string(name.begin(), name.end());
 }
 
 }  // namespace

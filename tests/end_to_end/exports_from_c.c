@@ -1,11 +1,11 @@
 /* Loads the library twice, attaches a host, calls the exports, detaches. Exits with 0 when all is as it
  * should be. */
-#include <dlfcn.h>
 #include <stdio.h>
 #include <string.h>
 
 #include "c_host.h"
 #include "goods_transaction_qrt.h"
+#include "load_library.h"
 
 static int failures = 0;
 
@@ -14,11 +14,8 @@ static void expect(int holds, const char* what) {
   if (!holds) ++failures;
 }
 
-/* ISO C has no cast from an object pointer to a function pointer. */
 static void load(void* library, const char* name, void* function) {
-  void* symbol = dlsym(library, name);
-  expect(symbol != NULL, name);
-  memcpy(function, &symbol, sizeof symbol);
+  expect(library_find(library, name, function), name);
 }
 
 int main(int count, char** arguments) {
@@ -32,10 +29,10 @@ int main(int count, char** arguments) {
   void* again;
 
   if (count != 2) return 2;
-  library = dlopen(arguments[1], RTLD_NOW | RTLD_LOCAL);
-  again = dlopen(arguments[1], RTLD_NOW | RTLD_LOCAL);
+  library = library_open(arguments[1]);
+  again = library_open(arguments[1]);
   if (library == NULL || library != again) {
-    printf("FAILED: loading: %s\n", dlerror());
+    printf("FAILED: loading: %s\n", library_problem());
     return 1;
   }
   load(library, "Goods_AttachHost", &attach);
@@ -75,6 +72,6 @@ int main(int count, char** arguments) {
   openGoodKardex();
   expect(c_host_windows() == 3, "and nothing opens any more");
   expect(attach(GOODS_HOST_VERSION, c_host()) == 1 && detach() == 1, "a host can attach again");
-  expect(dlclose(library) == 0 && dlclose(again) == 0, "the library unloads");
+  expect(library_close(library) && library_close(again), "the library unloads");
   return failures == 0 ? 0 : 1;
 }

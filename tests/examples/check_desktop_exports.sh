@@ -3,7 +3,7 @@
 set -euo pipefail
 # The standard library's type information, which libraries that this one is linked with have too, stays visible.
 exported=$(nm -D --defined-only "$1" | awk '{print $3}' | grep -vE '^_Z(T[IS]|ZN)St' | sort)
-declared=$(grep -oP '^GOODS_EXPORT [^(]*\bGoodsDesktop_\w+(?=\()' "$2" | grep -oP 'GoodsDesktop_\w+$' | sort)
+declared=$(grep -oP '^GOODS_DESKTOP_EXPORT [^(]*\bGoodsDesktop_\w+(?=\()' "$2" | grep -oP 'GoodsDesktop_\w+$' | sort)
 [[ -n $declared ]] || { echo "no function in $2"; exit 1; }
 diff <(echo "$declared") <(echo "$exported") || { echo "(< declared, > exported)"; exit 1; }
 # No program that it is linked into may be looked up for C++ names, and it is found by its version.

@@ -142,10 +142,10 @@ TEST(NewReportPage, TellsTheFilesAndLinesThatThereAre) {
   const std::string text{std::istreambuf_iterator<char>(page), {}};
   const std::regex row("`(tests/module/new_report/[a-z_.]+)` \\| ([0-9]+) \\|");
   std::size_t files = 0;
-  long total = 0;
+  std::ptrdiff_t total = 0;
   for (std::sregex_iterator each(text.begin(), text.end(), row), end; each != end; ++each, ++files) {
     std::ifstream file(std::string(GOODS_SOURCES "/") + each->str(1));
-    const long lines = std::count(std::istreambuf_iterator<char>(file), {}, '\n');
+    const auto lines = std::count(std::istreambuf_iterator<char>(file), {}, '\n');
     EXPECT_EQ(lines, std::stol(each->str(2))) << each->str(1);
     total += lines;
   }

@@ -9,6 +9,9 @@
 #include <string_view>
 #include <utility>
 
+#if defined(_WIN32)
+#include <windows.h>  // whose types the headers of ODBC use
+#endif
 #include <sql.h>
 #include <sqlext.h>
 #include <sqlucode.h>

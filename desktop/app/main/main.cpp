@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <string>
 
+#include "company/system/program.h"
 #include "goods_desktop.h"
 
 int main(int argc, char** argv) {
@@ -21,6 +22,7 @@ int main(int argc, char** argv) {
   std::string settingsFolder;
   std::string dataFolder;
   CLI::App commandLine("The goods reports on a desktop.");
+  commandLine.allow_windows_style_options(false);  // "/..." is a path on every system
   auto* company = commandLine.add_option("FILE,--company", companyName, "Open this company file");
   std::string server;
   commandLine
@@ -36,7 +38,8 @@ int main(int argc, char** argv) {
   commandLine.add_option("--module", module, "The report library, instead of the one beside the program");
   commandLine.add_option("--settings", settingsFolder, "Folder of the settings");
   commandLine.add_option("--data", dataFolder, "Folder of the demo company");
-  CLI11_PARSE(commandLine, argc, argv);
+  goods::ProgramArguments arguments(argc, argv);
+  CLI11_PARSE(commandLine, arguments.Count(), arguments.Values());
 
   if (!server.empty()) companyName = "server:" + server;
   goods_desktop_program program{};

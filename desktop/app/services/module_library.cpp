@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <limits>
 
-#include <dlfcn.h>
-
+#include "company/files/file_path.h"
+#include "company/system/library.h"
 #include "goods_reports.h"
 #include "goods_transaction_qrt.h"
 #include "host/core/text.h"
@@ -13,7 +13,7 @@
 namespace goods {
 namespace {
 
-constexpr const char* kFileName = "libGoods_Transaction_QRT.so." GOODS_LIBRARY_VERSION;
+constexpr const char* kFileName = GOODS_LIBRARY_FILE;
 
 template <typename Function>
 Function* As(void* symbol) {
@@ -32,7 +32,7 @@ std::int32_t Narrow(std::int64_t code) {
 ModuleError::~ModuleError() = default;
 
 std::vector<std::string> ModuleLibrary::SearchPaths(const std::string& programFolder) {
-  const std::filesystem::path folder(programFolder);
+  const std::filesystem::path folder = PathOf(programFolder);
   return {(folder / kFileName).string(), (folder / "lib" / kFileName).string(),
           (folder / ".." / "lib" / kFileName).lexically_normal().string(),
           (folder / GOODS_LIBRARY_FOLDER / kFileName).lexically_normal().string()};
@@ -42,7 +42,7 @@ std::string ModuleLibrary::Find(const std::string& given, const std::string& pro
   if (!given.empty()) return given;
   for (const std::string& path : SearchPaths(programFolder)) {
     std::error_code ignored;
-    if (std::filesystem::exists(path, ignored)) return path;
+    if (std::filesystem::exists(PathOf(path), ignored)) return path;
   }
   throw ModuleError(std::string("کتابخانه گزارش‌ها پیدا نشد: ") + kFileName +
                     "\nجای آن را با گزینه --module بدهید.");
@@ -50,18 +50,17 @@ std::string ModuleLibrary::Find(const std::string& given, const std::string& pro
 
 ModuleLibrary::ModuleLibrary(const std::string& path) : path_(path) {
   // A bare name would be looked for in the system's folders instead of here.
-  const std::string file = std::filesystem::absolute(path).string();
+  const std::string file = std::filesystem::absolute(PathOf(path)).string();
   std::error_code ignored;
-  if (!std::filesystem::exists(file, ignored))
+  if (!std::filesystem::exists(PathOf(file), ignored))
     throw ModuleError("کتابخانه گزارش‌ها پیدا نشد: " + path);
-  handle_ = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+  std::string reason;
+  handle_ = OpenLibrary(file, reason);
   if (handle_ == nullptr) {
-    const char* reason = dlerror();
-    throw ModuleError("کتابخانه گزارش‌ها بارگذاری نشد: " + path + "\n" +
-                      (reason == nullptr ? "" : reason));
+    throw ModuleError("کتابخانه گزارش‌ها بارگذاری نشد: " + path + "\n" + reason);
   }
   if (!Has("Goods_AttachHost") || !Has("Goods_DetachHost")) {
-    dlclose(handle_);
+    CloseLibrary(handle_);
     throw ModuleError("این پرونده کتابخانه گزارش‌ها نیست: " + path);
   }
 }
@@ -69,10 +68,10 @@ ModuleLibrary::ModuleLibrary(const std::string& path) : path_(path) {
 ModuleLibrary::~ModuleLibrary() {
   // A library that still shows a window must stay where it is.
   if (!Detach()) return;
-  dlclose(handle_);
+  CloseLibrary(handle_);
 }
 
-void* ModuleLibrary::Find(const char* exportName) const { return dlsym(handle_, exportName); }
+void* ModuleLibrary::Find(const char* exportName) const { return FindInLibrary(handle_, exportName); }
 
 void* ModuleLibrary::Require(const char* exportName) const {
   void* symbol = Find(exportName);

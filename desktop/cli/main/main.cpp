@@ -1,11 +1,9 @@
 // goods-report: writes reports of a company to files, without a screen.
 #include <QGuiApplication>
 #include <QLoggingCategory>
-#include <csignal>
 #include <iostream>
 
-#include <unistd.h>
-
+#include "company/system/program.h"
 #include "desktop/cli/command_line.h"
 #include "desktop/cli/report_run.h"
 
@@ -128,15 +126,16 @@ int Carry(CommandLine& line) {
 }  // namespace goods
 
 int main(int argc, char** argv) {
-  std::signal(SIGPIPE, SIG_IGN);  // a reader that has gone is an error of writing like another
+  goods::PrepareTerminalOutput();
+  goods::ProgramArguments arguments(argc, argv);
   goods::CommandLine line;
-  const goods::ParseResult parsed = goods::ParseCommandLine(argc, argv, line);
+  const goods::ParseResult parsed = goods::ParseCommandLine(arguments.Count(), arguments.Values(), line);
   if (!parsed.ok) return parsed.exitCode;
   // Fonts and PDF come from the toolkit, which otherwise looks for a display.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QLoggingCategory::setFilterRules("*.warning=false");
   QGuiApplication application(argc, argv);
   line.session.programFolder = QGuiApplication::applicationDirPath().toStdString();
-  line.session.progress = isatty(STDERR_FILENO) == 1 && !line.session.quiet;
+  line.session.progress = goods::ErrorsAreTerminal() && !line.session.quiet;
   return goods::Guarded("", [&] { return goods::Carry(line); });
 }

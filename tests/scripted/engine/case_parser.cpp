@@ -6,6 +6,7 @@
 #include <iterator>
 #include <utility>
 
+#include "company/files/file_path.h"
 #include "host/core/text.h"
 #include "tests/scripted/engine/case_rows.h"
 
@@ -60,7 +61,7 @@ class Parser {
   }
 
   void Include(const Place& place, const std::string& name) {
-    const auto path = std::filesystem::path(path_).parent_path() / name;
+    const auto path = PathOf(path_).parent_path() / PathOf(name);
     std::ifstream stream(path, std::ios::binary);
     if (!stream || depth_ == kDeepestInclude) {
       throw CaseError(place.Text() + ": cannot include " + path.string());
@@ -130,7 +131,7 @@ CaseFile ParseCases(std::string_view text, const std::string& path) {
 }
 
 CaseFile ReadCaseFile(const std::string& path) {
-  std::ifstream stream(path, std::ios::binary);
+  std::ifstream stream(PathOf(path), std::ios::binary);
   if (!stream) throw CaseError(path + ":1: this file cannot be read");
   return ParseCases(std::string(std::istreambuf_iterator<char>(stream), {}), path);
 }

@@ -5,22 +5,12 @@
 #include <stdexcept>
 #include <utility>
 
-#include <stdlib.h>
-
+#include "company/system/program.h"
 #include "tests/scripted/engine/step_table.h"
 #include "tests/scripted/engine/table_text.h"
 #include "tests/scripted/engine/text_diff.h"
 
 namespace goods {
-namespace {
-
-std::string MakeFolder() {
-  std::string folder = (std::filesystem::temp_directory_path() / "goods-cases-XXXXXX").string();
-  if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no folder can be made for settings files");
-  return folder;
-}
-
-}  // namespace
 
 CaseRun::CaseRun(const CaseEnvironment& environment, const CaseFile& file, const Case& one)
     : environment_(environment), file_(file), case_(one), host_(std::make_unique<ScriptedHost>()) {
@@ -151,7 +141,7 @@ std::optional<PrintedReport> CaseRun::TakePrint() {
 
 const std::string& CaseRun::SettingsFolder() {
   if (settingsFolder_.empty()) {
-    settingsFolder_ = MakeFolder();
+    settingsFolder_ = MakeTemporaryFolder("goods-cases-");
     host_->Settings().Folder = settingsFolder_;
   }
   return settingsFolder_;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "company/system/program.h"
 #include "host/core/text.h"
 #include "tests/scripted/engine/case_runner.h"
 #include "tests/scripted/engine/step_table.h"
@@ -64,7 +65,8 @@ int Run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto options = ReadOptions({argv + 1, argv + argc});
+  goods::ProgramArguments arguments(argc, argv);
+  const auto options = ReadOptions({arguments.Values() + 1, arguments.Values() + arguments.Count()});
   if (!options) {
     std::cerr << kUsage;
     return 2;

@@ -4,8 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include <dlfcn.h>
-
+#include "company/system/library.h"
 #include "goods_reports.h"
 #include "goods_transaction_qrt.h"
 #include "host/core/text.h"
@@ -104,7 +103,7 @@ void CallGarKala(const std::vector<Word>& words) {
 // The exports that users open reports with take nothing; they are those of the table of the reports.
 void AddUsersExports(CaseEnvironment& environment) {
   for (const ReportDescription& report : MenuReports()) {
-    auto* open = reinterpret_cast<void (*)()>(dlsym(RTLD_DEFAULT, report.exportName));
+    auto* open = reinterpret_cast<void (*)()>(FindInProgram(report.exportName));
     if (open == nullptr) throw std::logic_error(std::string("no export ") + report.exportName);
     environment.exports[report.exportName] = [open](const std::vector<Word>& words) {
       ArgumentReader(words).End();

@@ -1,0 +1,16 @@
+#include "company/interchange/workbook.h"
+#include "host/core/text.h"
+
+namespace goods {
+
+bool Workbook::IsWorkbookName(const std::string& path) {
+  constexpr std::string_view kEndings[] = {".xlsx", ".ods"};
+  for (const std::string_view ending : kEndings) {
+    if (path.size() > ending.size() &&
+        SameText(std::string_view(path).substr(path.size() - ending.size()), ending))
+      return true;
+  }
+  return false;
+}
+
+}  // namespace goods

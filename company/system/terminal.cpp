@@ -1,0 +1,7 @@
+#include "company/system/terminal.h"
+
+namespace goods {
+
+TerminalError::~TerminalError() = default;
+
+}  // namespace goods
