@@ -1,5 +1,8 @@
 #include "company/kit/look_ups.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <utility>
 
 #include "host/core/text.h"
@@ -40,7 +43,11 @@ EntityRecord ReadEntity(const LookUpRows& rows, std::size_t row, EntityType type
   return record;
 }
 
-std::string Top(std::size_t limit) { return "SELECT TOP " + std::to_string(limit) + " "; }
+// As far as a statement can say: SIZE_MAX asks for all.
+std::string Top(std::size_t limit) {
+  constexpr std::size_t kMost = std::numeric_limits<std::int64_t>::max();
+  return "SELECT TOP " + std::to_string(std::min(limit, kMost)) + " ";
+}
 
 }  // namespace
 

@@ -22,7 +22,7 @@ struct KeyHelp {
   const char* text;
 };
 
-constexpr std::array<KeyHelp, 38> kKeys{{
+constexpr std::array<KeyHelp, 39> kKeys{{
     {nullptr, "پنجره اصلی"},
     {"Ctrl+0 … Ctrl+9", "باز کردن گزارش"},
     {"F1", "راهنمای گزارش‌ها"},
@@ -53,6 +53,9 @@ constexpr std::array<KeyHelp, 38> kKeys{{
     {"Alt+Down", "فیلتر ستون جاری؛ Ctrl+← و Ctrl+→ ستون را برمی‌گزیند"},
     {"Ctrl+G، + و -",
      "گروه‌بندی بر پایه ستون جاری؛ باز و بسته کردن گروه"},
+    {"Ctrl+Shift+G",
+     "گروه‌بندی درون گروه‌ها؛ Alt++ و Alt+- یک لایه را باز و بسته "
+     "می‌کند"},
     {"Ctrl+C", "رونوشت از ردیف‌های برگزیده"},
     {"Ctrl+T", "آمار ردیف‌های برگزیده"},
     {"Esc", "بستن پنجره؛ هنگام خواندن اطلاعات: توقف"},

@@ -10,7 +10,6 @@
 #include "desktop/print/saved_file.h"
 #include "desktop/views/file_dialogs.h"
 #include "desktop/views/shown_text.h"
-#include "desktop/views/unit_texts.h"
 #include "host/base/base_dock.h"
 #include "host/components/grid_filter.h"
 #include "host/core/text.h"
@@ -18,18 +17,12 @@
 
 namespace goods {
 void DesktopPrinting::Preview(const PrintJob& job) {
-  const auto* report = dynamic_cast<const TBaseDock_FRM*>(windows_.ActiveWindow());
-  Preview(job, report == nullptr ? nullptr : report->PrintDBGridEh.Grid);
-}
-
-void DesktopPrinting::Preview(const PrintJob& job, const TSmartDBGrid_QRT* grid) {
   // A report that shares its window with another has the window's caption, and a title of its own.
   PrintJob named = job;
   const auto* report = dynamic_cast<const TBaseDock_FRM*>(windows_.ActiveWindow());
   if (report != nullptr && Trim(PlainCaption(report->Caption())) == Trim(PlainCaption(job.title)))
     named.title = report->HostTitle();
-  PreviewAll({{std::move(named), grid == nullptr ? QStringList() : UnitTotalLines(*grid)}},
-             report == nullptr ? Paper() : PaperOf(*report));
+  PreviewAll({std::move(named)}, report == nullptr ? Paper() : PaperOf(*report));
 }
 
 Paper DesktopPrinting::PaperOf(const TBaseDock_FRM& report) {
@@ -88,7 +81,8 @@ void DesktopPrinting::Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat
   const std::unique_ptr<IReportTable> table = grid.Table();
   PrintJob job = JobOf(grid);
   job.table = table.get();
-  QProgressDialog progress("در حال نوشتن پرونده…", "توقف", 0, static_cast<int>(table->RowCount()), window);
+  QProgressDialog progress("در حال نوشتن پرونده…", "توقف", 0,
+                           static_cast<int>(table->RowCount() + grid.RowCount()), window);
   progress.setWindowModality(Qt::WindowModal);
   WritingOptions options;
   options.today = windows_.NowDate();
@@ -121,7 +115,7 @@ std::vector<GridCommand> DesktopPrinting::GridCommands(IMessages& messages) {
     const std::unique_ptr<IReportTable> table = grid.Table();
     PrintJob job = JobOf(grid);
     job.table = table.get();
-    Preview(job, &grid);
+    Preview(job);
   };
   return {exporting(FileFormat::Csv, "خروجی CSV"),
           exporting(FileFormat::Xlsx, "خروجی صفحه گسترده (XLSX)"),

@@ -49,8 +49,6 @@ class DesktopPrinting : public IPrinting {
   const std::vector<std::string>& Protected() const { return forbidden_; }
 
  private:
-  // grid is what the job prints; null where that is not known.
-  void Preview(const PrintJob& job, const TSmartDBGrid_QRT* grid);
   void Export(TSmartDBGrid_QRT& grid, QWidget* window, FileFormat format, const char* caption,
               IMessages& messages);
 

@@ -24,12 +24,12 @@ constexpr double kRowPadding = 4;
 constexpr double kLineFactor = 1.45;
 constexpr int kTitleSize = 13;
 constexpr int kMaxTitleLines = 3;
-constexpr int kMaxLinesBelow = 4;  // of one text
 
 }  // namespace
 
-PageLayout::PageLayout(const PrintJob& job, std::string today, PageOptions options, QStringList below)
-    : job_(job), today_(std::move(today)), options_(std::move(options)), below_(std::move(below)) {
+PageLayout::PageLayout(const PrintJob& job, std::string today, PageOptions options,
+                       std::vector<UnitRow> units)
+    : job_(job), today_(std::move(today)), options_(std::move(options)), units_(std::move(units)) {
   PlaceColumns();
   Measure();
   BreakPages();
@@ -165,19 +165,28 @@ void PageLayout::Measure() {
       if (!each.trimmed().isEmpty()) lines_.push_back(each);
     }
   }
-  QStringList below;
-  const QFontMetricsF metrics(Font());
-  for (const QString& text : below_)
-    below += WrappedWords(text, metrics, Body().width() * kFontUnits, kMaxLinesBelow);
-  below_ = std::move(below);
   headHeight_ = titleHeight_ + static_cast<double>(lines_.size()) * lineHeight_ + 6;
+}
+
+// The last line says how many there would be more.
+void PageLayout::CutUnits(std::size_t lines) {
+  const std::size_t more = units_.size() - lines + 1;
+  units_.resize(lines);
+  if (lines == 0) return;
+  UnitRow& last = units_.back();
+  last.title = "و " + std::to_string(more) + " واحد دیگر";
+  last.sums.assign(last.sums.size(), Value());
+  last.texts.assign(last.texts.size(), std::string());
 }
 
 void PageLayout::BreakPages() {
   const std::size_t count = job_.table == nullptr ? 0 : job_.table->RowCount();
   const bool footer = job_.table != nullptr && job_.table->HasFooter();
   const double room = Body().height() - pageFooterHeight_ - headerHeight_;
-  const std::size_t below = footer ? 1 + static_cast<std::size_t>(below_.size()) : 0;
+  // A row and the totals must fit on the first page, too.
+  const double least = std::max(0.0, std::floor((room - headHeight_) / rowHeight_) - 2);
+  if (static_cast<double>(units_.size()) > least) CutUnits(static_cast<std::size_t>(least));
+  const std::size_t below = footer ? 1 + units_.size() : 0;
   std::size_t row = 0;
   do {
     PrintedPage page;

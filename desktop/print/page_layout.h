@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "desktop/print/page_options.h"
+#include "desktop/print/unit_rows.h"
 #include "host/services/printing.h"
 
 namespace goods {
@@ -43,8 +44,10 @@ class PageLayout {
  public:
   // job's table must outlive the layout. More columns than suit an upright sheet turn it; more than suit the
   // sheet fall into bands, pages to be laid side by side: the same rows, the key columns on each. Text grows
-  // smaller before columns do that, unless its size is chosen. below: lines that stand under the totals.
-  PageLayout(const PrintJob& job, std::string today, PageOptions options = {}, QStringList below = {});
+  // smaller before columns do that, unless its size is chosen. units: what stands under the totals, a line
+  // each, as far as a page has the room.
+  PageLayout(const PrintJob& job, std::string today, PageOptions options = {},
+             std::vector<UnitRow> units = {});
 
   const PrintJob& Job() const { return job_; }
   const std::string& Today() const { return today_; }
@@ -68,8 +71,8 @@ class PageLayout {
   double PageFooterHeight() const { return pageFooterHeight_; }
   // What the lines above the table need, wrapped to the body's width.
   const std::vector<QString>& Lines() const { return lines_; }
-  // Under the totals, on the page of the first columns: what was given, wrapped to the body's width.
-  const QStringList& Below() const { return below_; }
+  // Under the totals.
+  const std::vector<UnitRow>& Units() const { return units_; }
 
   QFont Font() const;
   QFont BoldFont() const;
@@ -80,6 +83,7 @@ class PageLayout {
   void SplitIntoBands(const std::vector<PrintedColumn>& columns, double room);
   void PlaceColumns();
   void Measure();
+  void CutUnits(std::size_t lines);
   void BreakPages();
 
   PrintJob job_;
@@ -90,7 +94,7 @@ class PageLayout {
   std::vector<std::vector<PrintedColumn>> bands_;
   std::vector<PrintedPage> pages_;
   std::vector<QString> lines_;
-  QStringList below_;
+  std::vector<UnitRow> units_;
   double rowHeight_ = 0;
   double textHeight_ = 0;
   double groupHeight_ = 0;

@@ -15,6 +15,9 @@ const QColor kBandFill(0xF6F8FB);
 constexpr double kCellPadding = 3;
 constexpr double kHairline = 0.4;
 constexpr double kSwatchInset = 2.5;
+// In front of a title, so that one of figures alone is read as Persian text, too.
+constexpr QChar kRightToLeftMark(0x200F);
+constexpr double kLevelIndent = 12;  // of a group within another
 
 class Page {
  public:
@@ -126,30 +129,56 @@ class Page {
     top_ += height;
   }
 
-  // The head of a group over the columns up to its first total, or its rows' sums in one unit of measure.
+  // The head of a group, or its rows' sums in one unit of measure.
   void PaintGroup(std::size_t row) {
-    const double height = layout_.RowHeight();
-    const QRectF body = layout_.Body();
     const IReportTable& table = *layout_.Job().table;
     const bool head = table.Role(row) == RowRole::GroupHead;
-    const QFont font = head ? layout_.BoldFont() : layout_.Font();
-    painter_.fillRect(QRectF(body.left(), top_, body.width(), height), head ? kHeaderFill : kBandFill);
+    const std::size_t level = LevelOf(table, row);
+    TotalsLine line;
+    line.title = table.CellText(row, table.TextColumn());
+    line.indent = (head ? kCellPadding : 4 * kCellPadding) + static_cast<double>(level) * kLevelIndent;
+    line.font = head ? layout_.BoldFont() : layout_.Font();
+    line.fill = head && level == 0 ? kHeaderFill : kBandFill;
+    line.ink = head ? kInk : kFaint;
+    PaintTotals(line, [&](std::size_t column) {
+      return column == table.TextColumn() ? std::string() : table.CellText(row, column);
+    });
+  }
+
+  void PaintUnit(const UnitRow& row) {
+    TotalsLine line;
+    line.title = row.title;
+    line.font = layout_.Font();
+    PaintTotals(line, [&row](std::size_t column) { return row.texts[column]; });
+  }
+
+  struct TotalsLine {
+    std::string title;
+    double indent = kCellPadding;
+    QFont font;
+    QColor fill = kBandFill;
+    QColor ink = kFaint;
+  };
+  // The title from the side where reading starts up to the first figure.
+  template <typename FigureOf>
+  void PaintTotals(const TotalsLine& line, const FigureOf& figureOf) {
+    const double height = layout_.RowHeight();
+    const QRectF body = layout_.Body();
+    painter_.fillRect(QRectF(body.left(), top_, body.width(), height), line.fill);
     double left = body.left();
     for (const PrintedColumn& column : columns_) {
-      const bool isText = column.index < 0 || static_cast<std::size_t>(column.index) == table.TextColumn();
-      const std::string total =
-          isText ? std::string() : table.CellText(row, static_cast<std::size_t>(column.index));
-      if (total.empty()) continue;
+      const std::string figure =
+          column.index < 0 ? std::string() : figureOf(static_cast<std::size_t>(column.index));
+      if (figure.empty()) continue;
       painter_.setPen(kInk);
       left = std::max(left, column.left + column.width);
-      Text(Cell(column, height).adjusted(kCellPadding, 0, -kCellPadding, 0), ShownCell(total, true), font,
-           column.align);
+      Text(Cell(column, height).adjusted(kCellPadding, 0, -kCellPadding, 0), ShownCell(figure, true),
+           line.font, column.align);
       Frame(Cell(column, height));
     }
-    const double indent = head ? kCellPadding : 4 * kCellPadding;
-    painter_.setPen(head ? kInk : kFaint);
-    Text(QRectF(left + kCellPadding, top_, body.right() - left - indent - kCellPadding, height),
-         ShownText(table.CellText(row, table.TextColumn())), font, TextAlign::Start);
+    painter_.setPen(line.ink);
+    Text(QRectF(left + kCellPadding, top_, body.right() - left - line.indent - kCellPadding, height),
+         kRightToLeftMark + ShownText(line.title), line.font, TextAlign::Start);
     Frame(QRectF(body.left(), top_, body.width(), height));
     top_ += height;
   }
@@ -183,15 +212,7 @@ class Page {
       Frame(Cell(column, height));
     }
     top_ += height;
-    if (page_.band == 0) PaintBelow(body);
-  }
-
-  void PaintBelow(const QRectF& body) {
-    painter_.setPen(kFaint);
-    for (const QString& line : layout_.Below()) {
-      Text({body.left(), top_, body.width(), layout_.RowHeight()}, line, layout_.Font(), TextAlign::Start);
-      top_ += layout_.RowHeight();
-    }
+    for (const UnitRow& row : layout_.Units()) PaintUnit(row);
   }
 
   void PaintPageFooter() {

@@ -7,6 +7,10 @@
 
 namespace goods {
 
+PrintedJob::PrintedJob(PrintJob given) : job(std::move(given)) {
+  if (job.table != nullptr) units = UnitRowsOf(*job.table);
+}
+
 PrintedDocument::PrintedDocument(std::vector<PrintedJob> jobs, std::string today, PageOptions options)
     : jobs_(std::move(jobs)), today_(std::move(today)), options_(std::move(options)) {
   title_ = jobs_.front().job.title;
@@ -26,7 +30,7 @@ void PrintedDocument::LayOut() {
   pages_.clear();
   PageOptions options = options_;
   for (std::size_t job = 0; job < jobs_.size(); ++job) {
-    layouts_.push_back(std::make_unique<PageLayout>(jobs_[job].job, today_, options, jobs_[job].below));
+    layouts_.push_back(std::make_unique<PageLayout>(jobs_[job].job, today_, options, jobs_[job].units));
     if (job == 0) options.sheet = layouts_[0]->Landscape() ? SheetDirection::Lying : SheetDirection::Upright;
     for (std::size_t page = 0; page < layouts_[job]->Pages().size(); ++page) pages_.push_back({job, page});
   }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QSizeF>
-#include <QStringList>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -15,11 +14,11 @@ class QPainter;
 
 namespace goods {
 
-// A job, and what stands under its totals.
+// A job, and what stands under its totals: these by unit of measure.
 struct PrintedJob {
-  PrintedJob(PrintJob given, QStringList lines = {}) : job(std::move(given)), below(std::move(lines)) {}
+  PrintedJob(PrintJob given);
   PrintJob job;
-  QStringList below;
+  std::vector<UnitRow> units;
 };
 
 class PrintedDocument {

@@ -10,9 +10,11 @@ TableSnapshot::TableSnapshot(const IReportTable& table)
       hasFooter_(table.HasFooter()),
       hasRowNumbers_(table.HasRowNumbers()),
       keyColumns_(table.KeyColumns()) {
+  const IDetailedTable* details = DetailsOf(&table);
   for (std::size_t c = 0; c < columns_.size(); ++c) {
     formats_.emplace_back(columns_[c].format);
-    footers_.push_back({table.Footer(c), table.FooterText(c)});
+    footers_.push_back({table.Footer(c), table.FooterText(c),
+                        details == nullptr ? std::vector<UnitSum>() : details->UnitSums(c)});
   }
   cells_.reserve(rows_ * columns_.size());
   for (std::size_t row = 0; row < rows_; ++row)

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "host/data/display_format.h"
-#include "host/services/report_table.h"
+#include "host/services/detailed_table.h"
 
 namespace goods {
 
-class TableSnapshot : public IReportTable {
+class TableSnapshot : public IDetailedTable {
  public:
   explicit TableSnapshot(const IReportTable& table);
   ~TableSnapshot() override;
@@ -24,6 +24,7 @@ class TableSnapshot : public IReportTable {
   bool HasFooter() const override { return hasFooter_; }
   Value Footer(std::size_t column) const override { return footers_[column].value; }
   std::string FooterText(std::size_t column) const override { return footers_[column].text; }
+  std::vector<UnitSum> UnitSums(std::size_t column) const override { return footers_[column].units; }
   bool HasRowNumbers() const override { return hasRowNumbers_; }
   std::size_t KeyColumns() const override { return keyColumns_; }
 
@@ -31,6 +32,7 @@ class TableSnapshot : public IReportTable {
   struct Total {
     Value value;
     std::string text;
+    std::vector<UnitSum> units;
   };
   std::size_t At(std::size_t row, std::size_t column) const { return row * columns_.size() + column; }
 

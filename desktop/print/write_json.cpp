@@ -1,5 +1,6 @@
 #include <array>
 
+#include "desktop/print/unit_rows.h"
 #include "desktop/print/writers.h"
 #include "host/core/text.h"
 
@@ -81,7 +82,7 @@ void AppendRow(std::string& out, const IReportTable& table, std::size_t row, boo
   out += ']';
 }
 
-// What each of the rows is, where heads and totals of groups stand among them.
+// What each of the rows is, where heads and totals of groups stand among them, and how many groups around it.
 void AppendLines(SinkBuffer& buffer, const IReportTable& table) {
   if (!table.HasGroups()) return;
   std::string& out = buffer.Text();
@@ -93,7 +94,31 @@ void AppendLines(SinkBuffer& buffer, const IReportTable& table) {
     out += '"';
     buffer.Pass();
   }
+  out += "],\n  \"levels\": [";
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    if (row > 0) out += ", ";
+    out += std::to_string(LevelOf(table, row));
+    buffer.Pass();
+  }
   out += "],\n";
+}
+
+// The totals by unit of measure, where there are any.
+void AppendUnits(std::string& out, const IReportTable& table) {
+  const std::vector<UnitRow> rows = UnitRowsOf(table);
+  if (rows.empty()) return;
+  out += ",\n  \"units\": [";
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    out += i == 0 ? "\n    {" : ",\n    {";
+    AppendMember(out, "unit", ValidText(rows[i].unit));
+    out += ", \"totals\": [";
+    for (std::size_t c = 0; c < rows[i].sums.size(); ++c) {
+      if (c > 0) out += ',';
+      AppendValue(out, rows[i].sums[c], false);
+    }
+    out += "]}";
+  }
+  out += "\n  ]";
 }
 
 }  // namespace
@@ -131,6 +156,7 @@ void WriteJsonTo(const PrintJob& job, ByteSink& sink, const WritingOptions& opti
   } else {
     out += "null";
   }
+  AppendUnits(out, table);
   out += "\n}\n";
   buffer.Finish();
 }

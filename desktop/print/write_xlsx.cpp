@@ -1,8 +1,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <memory>
 #include <utility>
 
+#include "desktop/print/unit_rows.h"
 #include "desktop/print/writers.h"
 #include "desktop/print/xlsx_parts.h"
 #include "desktop/print/xlsx_styles.h"
@@ -61,7 +63,14 @@ bool KeepsSpace(std::string_view text) {
 class XlsxWriter {
  public:
   XlsxWriter(const PrintJob& job, ByteSink& sink, const WritingOptions& options)
-      : job_(job), table_(*job.table), options_(options), zip_(sink), styles_(table_) {
+      : job_(job),
+        unfolded_(DetailsOf(job.table) == nullptr ? nullptr : DetailsOf(job.table)->Unfolded()),
+        table_(unfolded_ == nullptr ? *job.table : *unfolded_),
+        details_(DetailsOf(&table_)),
+        options_(options),
+        zip_(sink),
+        styles_(table_),
+        units_(UnitRowsOf(table_)) {
     for (const std::string& title : FileTitles(table_)) {
       letters_.push_back(ColumnLetters(titles_.size()));
       titles_.push_back(SplitCaption(ValidText(title)));
@@ -100,9 +109,10 @@ class XlsxWriter {
   }
 
  private:
+  // Its totals have their room.
   std::size_t RowsOfASheet() const {
     const std::size_t lines =
-        std::max(options_.sheetRows, kLeastSheetRows) - firstLine_ - 1;  // and the totals
+        std::max(options_.sheetRows, kLeastSheetRows + units_.size()) - firstLine_ - 1 - units_.size();
     return std::max<std::size_t>(1, std::min(lines, kSheetCells / std::max<std::size_t>(1, titles_.size())));
   }
 
@@ -126,15 +136,21 @@ class XlsxWriter {
     line_ = 0;
     merged_.clear();
     xml_ = kXmlHead;
-    xml_ += "<worksheet xmlns=\"" + std::string(kSheetSpace) +
-            "\"><sheetPr><pageSetUpPr fitToPage=\"1\"/></sheetPr><sheetViews>" + ViewXml() + "</sheetViews>" +
-            "<sheetFormatPr defaultRowHeight=\"15\"/>";
+    xml_ += "<worksheet xmlns=\"" + std::string(kSheetSpace) + "\"><sheetPr>" +
+            (table_.HasGroups() ? "<outlinePr summaryBelow=\"0\"/>" : "") +
+            "<pageSetUpPr fitToPage=\"1\"/></sheetPr><sheetViews>" + ViewXml() + "</sheetViews>" +
+            "<sheetFormatPr defaultRowHeight=\"15\"" + OutlineXml() + "/>";
     if (!titles_.empty()) xml_ += "<cols>" + ColumnsXml() + "</cols>";
     xml_ += "<sheetData>";
     WriteLine(job_.title, styles_.Title());
     for (const std::string& text : criteria_) WriteLine(text, styles_.Criteria());
     ++line_;
     WriteHead();
+  }
+
+  std::string OutlineXml() const {
+    return table_.HasGroups() ? " outlineLevelRow=\"" + std::to_string(details_->GroupLevels()) + "\""
+                              : std::string();
   }
 
   // The first sheet is the one that is seen; the head and the columns that say what a row is about stay.
@@ -220,9 +236,44 @@ class XlsxWriter {
   }
 
   void WriteRow(std::size_t row) {
-    BeginRow();
-    for (std::size_t c = 0; c < titles_.size(); ++c) WriteCell(row, c);
+    if (table_.HasGroups()) {
+      BeginLine(row);
+    } else {
+      BeginRow();
+    }
+    const bool isRow = table_.Role(row) == RowRole::Row;
+    for (std::size_t c = 0; c < titles_.size(); ++c) isRow ? WriteCell(row, c) : WriteGroupCell(row, c);
     EndRow();
+  }
+
+  // A line of a table with groups: how far in it stands, and whether it is folded away. What folds the lines
+  // of a group is marked on the line above them.
+  void BeginLine(std::size_t row) {
+    xml_ += "<row r=\"";
+    AppendDigits(xml_, line_ + 1);
+    xml_ += '"';
+    const std::size_t level = details_->Level(row);
+    if (level > 0) xml_ += " outlineLevel=\"" + std::to_string(level) + "\"";
+    if (details_->Hidden(row)) xml_ += " hidden=\"1\"";
+    const bool above =
+        table_.Role(row) != RowRole::Row && row + 1 < table_.RowCount() && details_->Level(row + 1) > level;
+    if (above && details_->Folded(row)) xml_ += " collapsed=\"1\"";
+    xml_ += '>';
+  }
+
+  // Plain figures: a formula over the lines below would add totals of other groups and of units, too.
+  void WriteGroupCell(std::size_t row, std::size_t column) {
+    const bool head = table_.Role(row) == RowRole::GroupHead;
+    const std::size_t level = details_->Level(row);
+    const Value value = table_.Cell(row, column);
+    if (value.IsNumber() && column != table_.TextColumn()) {
+      BeginCell(column, styles_.GroupTotal(column, value.AsDecimal(), head, level));
+      xml_ += "><v>";
+      xml_ += value.AsText();
+      xml_ += "</v></c>";
+    } else {
+      WriteText(column, value.AsText(), styles_.GroupText(head, level));
+    }
   }
 
   // "<c r="A7" s="3"", to be gone on with.
@@ -291,7 +342,8 @@ class XlsxWriter {
   void EndSheet(bool last) {
     ends_.push_back(line_);
     std::string filter;
-    if (line_ > firstLine_ && !titles_.empty()) {
+    // A filter would take the heads away from their rows.
+    if (line_ > firstLine_ && !titles_.empty() && !table_.HasGroups()) {
       const std::size_t end = titles_.size() - 1;
       filter = "<autoFilter ref=\"" + CellName(firstLine_ - 1, 0) + ":" + CellName(line_ - 1, end) + "\"/>";
       sheets_.back().filtered =
@@ -317,9 +369,31 @@ class XlsxWriter {
       const Value value = table_.Footer(c);
       if (total == TotalKind::None || value.IsNull()) continue;
       BeginCell(c, styles_.Total(c, value.AsDecimal()));
-      xml_ += "><f>";
-      AppendXml(xml_, Formula(c, total));
-      xml_ += "</f><v>" + value.AsText() + "</v></c>";
+      xml_ += '>';
+      if (!table_.HasGroups()) {
+        xml_ += "<f>";
+        AppendXml(xml_, Formula(c, total));
+        xml_ += "</f>";
+      }
+      xml_ += "<v>" + value.AsText() + "</v></c>";
+    }
+    EndRow();
+    for (const UnitRow& row : units_) WriteUnitTotals(row);
+  }
+
+  // Plain figures: which rows have which unit, the sheet does not say everywhere.
+  void WriteUnitTotals(const UnitRow& row) {
+    const std::size_t title = UnitTitleColumn(units_);
+    BeginRow();
+    for (std::size_t c = 0; c < titles_.size(); ++c) {
+      if (c == title) {
+        WriteText(c, row.title, styles_.TotalText());
+      } else if (!row.sums[c].IsNull()) {
+        BeginCell(c, styles_.Total(c, row.sums[c].AsDecimal()));
+        xml_ += "><v>" + row.sums[c].AsText() + "</v></c>";
+      } else if (!row.texts[c].empty()) {
+        WriteText(c, row.texts[c], styles_.TotalText());
+      }
     }
     EndRow();
   }
@@ -337,7 +411,10 @@ class XlsxWriter {
   }
 
   const PrintJob& job_;
+  // Folded groups keep their rows in the sheet, folded there, too.
+  std::unique_ptr<IDetailedTable> unfolded_;
   const IReportTable& table_;
+  const IDetailedTable* details_;  // never null where the table has groups
   const WritingOptions& options_;
   ZipWriter zip_;
   XlsxStyles styles_;
@@ -350,6 +427,7 @@ class XlsxWriter {
   std::size_t line_ = 0;
   std::vector<std::string> merged_;  // of the sheet
   std::vector<XlsxSheet> sheets_;
+  std::vector<UnitRow> units_;
   std::vector<std::size_t> ends_;  // of each sheet: the line behind its last row
   ExportOutcome outcome_;
 };

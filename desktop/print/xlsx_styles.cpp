@@ -12,7 +12,8 @@ namespace goods {
 namespace {
 
 constexpr const char* kHeadFill = "E9EEF4";
-constexpr int kFirstOwnNumberFormat = 164;  // those before are the spreadsheet's own
+constexpr const char* kInnerFill = "F6F8FB";  // of heads within others, and of totals by unit
+constexpr int kFirstOwnNumberFormat = 164;    // those before are the spreadsheet's own
 
 bool IsDigitMark(char c) { return c == '0' || c == '#' || c == ',' || c == '.'; }
 
@@ -142,6 +143,23 @@ int XlsxStyles::OfColumn(std::size_t column, Decimal number, bool total) {
 
 int XlsxStyles::Number(std::size_t column, Decimal number) { return OfColumn(column, number, false); }
 int XlsxStyles::Total(std::size_t column, Decimal number) { return OfColumn(column, number, true); }
+XlsxStyles::Style XlsxStyles::GroupStyle(bool head, std::size_t level) {
+  Style style;
+  style.bold = head;
+  style.grey = !head;
+  style.fill = head && level == 0 ? kHeadFill : kInnerFill;
+  return style;
+}
+int XlsxStyles::GroupText(bool head, std::size_t level) { return Of(GroupStyle(head, level)); }
+int XlsxStyles::GroupTotal(std::size_t column, Decimal number, bool head, std::size_t level) {
+  Style style = GroupStyle(head, level);
+  style.grey = false;
+  const std::string& text = table_.Columns()[column].format;
+  const bool whole = number.Rounded(columns_[column].decimals).Units() % Decimal::kOne == 0;
+  if (!text.empty()) style.numberFormat = SheetFormat(text, whole);
+  return Of(style);
+}
+int XlsxStyles::TotalText() { return Of({.bold = true, .fill = kHeadFill, .border = Style::Border::Top}); }
 int XlsxStyles::Swatch(Color color) { return Of({.fill = ColorText(color).substr(1)}); }
 
 std::string XlsxStyles::Xml() const {

@@ -24,6 +24,11 @@ class XlsxStyles {
   // their own. 0 for a column without a display format.
   int Number(std::size_t column, Decimal number);
   int Total(std::size_t column, Decimal number);
+  // The line of a group's head, bold, or of its total by unit; level is that of the group.
+  int GroupText(bool head, std::size_t level);
+  int GroupTotal(std::size_t column, Decimal number, bool head, std::size_t level);
+  // A text beside totals.
+  int TotalText();
   int Swatch(Color color);
 
   // xl/styles.xml, with every format that was asked for.
@@ -46,6 +51,7 @@ class XlsxStyles {
     int totals[2] = {-1, -1};
   };
   int Of(const Style& style);
+  static Style GroupStyle(bool head, std::size_t level);
   int OfColumn(std::size_t column, Decimal number, bool total);
 
   const IReportTable& table_;

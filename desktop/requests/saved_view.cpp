@@ -8,6 +8,7 @@
 
 #include "company/files/input_file.h"
 #include "company/files/whole_file.h"
+#include "host/components/grid_groups.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -55,6 +56,21 @@ QJsonObject ObjectOf(const QJsonValue& value, const char* what) {
   return value.toObject();
 }
 
+// The outermost level stands in the object itself, where readers of one level look for it.
+QJsonObject JsonOfGroups(const TableView& table) {
+  const auto level = [](const TableView::GroupLevel& each) {
+    return QJsonObject{{"column", Qt8(each.column)}, {"by-month", each.byMonth}};
+  };
+  QJsonObject groups = level(table.groups.front());
+  groups.insert("folded", table.openLevels == 0);
+  if (table.groups.size() == 1) return groups;
+  QJsonArray within;
+  for (std::size_t i = 1; i < table.groups.size(); ++i) within.append(level(table.groups[i]));
+  groups.insert("within", within);
+  groups.insert("open-levels", static_cast<int>(table.openLevels));
+  return groups;
+}
+
 QJsonObject JsonOf(const TableView& table) {
   QJsonArray columns;
   for (const TableView::Column& column : table.columns)
@@ -72,10 +88,7 @@ QJsonObject JsonOf(const TableView& table) {
                                   {"values", values}});
   }
   QJsonObject json{{"columns", columns}, {"sort", sort}, {"filter", conditions}};
-  if (!table.groupBy.empty())
-    json.insert(
-        "groups",
-        QJsonObject{{"column", Qt8(table.groupBy)}, {"by-month", table.byMonth}, {"folded", table.folded}});
+  if (!table.groups.empty()) json.insert("groups", JsonOfGroups(table));
   return json;
 }
 
@@ -173,13 +186,22 @@ class ViewReader {
     }
     for (const QJsonValue& value : ArrayOf(json.value("filter"), kMostConditions, "فیلتر"))
       ReadCondition(ObjectOf(value, "فیلتر"), table);
-    if (json.contains("groups")) {
-      const QJsonObject groups = ObjectOf(json.value("groups"), "گروه‌بندی");
-      table.groupBy = TextOf(groups.value("column"), "نام ستون");
-      table.byMonth = groups.value("by-month").toBool();
-      table.folded = groups.value("folded").toBool(true);
-    }
+    if (json.contains("groups")) ReadGroups(ObjectOf(json.value("groups"), "گروه‌بندی"), table);
     Note(json, {"columns", "sort", "filter", "groups"});
+  }
+
+  void ReadGroups(const QJsonObject& json, TableView& table) {
+    const auto add = [&](const QJsonObject& level) {
+      table.groups.push_back({TextOf(level.value("column"), "نام ستون"), level.value("by-month").toBool()});
+    };
+    add(json);
+    for (const QJsonValue& value :
+         ArrayOf(json.value("within"), GridGroups::kMostLevels - 1, "گروه‌بندی"))
+      add(ObjectOf(value, "گروه‌بندی"));
+    const int all = static_cast<int>(table.groups.size());
+    const int open = json.value("folded").toBool(true) ? 0 : all;
+    table.openLevels = static_cast<std::size_t>(std::clamp(json.value("open-levels").toInt(open), 0, all));
+    Note(json, {"column", "by-month", "folded", "within", "open-levels"});
   }
 
   void ReadCondition(const QJsonObject& json, TableView& table) {

@@ -50,9 +50,9 @@ TableView TableViewOf(const TSmartDBGrid_QRT& grid) {
       table.sort.push_back({column->Name(), key.Descending});
   }
   const GridGroups& groups = grid.Groups();
-  table.groupBy = groups.ColumnName();
-  table.byMonth = groups.ByMonth();
-  table.folded = groups.FoldedAtFirst();
+  for (const GridGroups::Level& level : groups.Levels())
+    table.groups.push_back({level.column, level.byMonth});
+  table.openLevels = groups.LevelsOpen();
   const TADOQuery* query = grid.DataSet();
   if (query == nullptr) return table;
   for (const RowCondition& condition : query->Narrowing()) {
@@ -74,10 +74,13 @@ void ApplyLayout(TSmartDBGrid_QRT& grid, const TableView& table) {
   }
   if (!table.sort.empty() || !grid.SortKeys().empty()) grid.SetSortKeys(std::move(keys));
   GridGroups& groups = grid.Groups();
-  const TGridColumn* grouping = ColumnNamed(grid, table.groupBy);
-  const bool same = groups.Asked() == grouping && groups.ByMonth() == table.byMonth;
-  if (!same) groups.Set(grouping, table.byMonth);
-  if (grouping != nullptr && groups.FoldedAtFirst() != table.folded) groups.FoldAll(table.folded);
+  std::vector<GridGroups::Level> levels;
+  for (const TableView::GroupLevel& level : table.groups) {
+    if (const TGridColumn* column = ColumnNamed(grid, level.column))
+      levels.push_back({column->Name(), level.byMonth});
+  }
+  if (groups.Levels() != levels) groups.SetLevels(levels);
+  if (!levels.empty() && groups.LevelsOpen() != table.openLevels) groups.OpenLevels(table.openLevels);
 }
 
 void ApplyConditions(TSmartDBGrid_QRT& grid, const TableView& table) {
@@ -100,7 +103,7 @@ std::vector<std::string> MissingColumns(const TSmartDBGrid_QRT& grid, const Tabl
   };
   for (const TableView::SortKey& key : table.sort) look(key.column);
   for (const TableView::Condition& condition : table.conditions) look(condition.column);
-  if (!table.groupBy.empty()) look(table.groupBy);
+  for (const TableView::GroupLevel& level : table.groups) look(level.column);
   return missing;
 }
 

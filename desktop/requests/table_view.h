@@ -1,6 +1,7 @@
 // TableView: how a user has arranged a table: its columns, its order, and what is filtered by what is seen.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,9 +34,13 @@ struct TableView {
   std::vector<Column> columns;  // in the order of display, hidden ones among them
   std::vector<SortKey> sort;
   std::vector<Condition> conditions;
-  std::string groupBy;  // a column; empty for none
-  bool byMonth = false;
-  bool folded = true;  // the groups show their heads alone
+  struct GroupLevel {
+    std::string column;
+    bool byMonth = false;
+    friend bool operator==(const GroupLevel&, const GroupLevel&) = default;
+  };
+  std::vector<GroupLevel> groups;  // outermost first
+  std::size_t openLevels = 0;      // so many outer levels show what is within
   friend bool operator==(const TableView&, const TableView&) = default;
 };
 

@@ -70,6 +70,19 @@ void PictureGroups(const ReportScenes& scenes, std::int64_t good) {
       scenes.save(preview, "grid-groups-print");
     });
     PressKey(window, Qt::Key_F9);
+    table.GroupBy(grid.FindColumn("Anbar"));
+    table.GroupWithin(*grid.FindColumn("Date"), true);
+    PressKey(window, Qt::Key_Home, Qt::ControlModifier);
+    PressKey(window, Qt::Key_Down);
+    PressKey(window, Qt::Key_Plus);
+    Wait(kViewSettle);
+    scenes.save(window, "nested-groups");
+    WhileModal([&scenes](QWidget& preview) {
+      preview.resize(1200, 860);
+      Wait(kViewSettle);
+      scenes.save(preview, "nested-groups-print");
+    });
+    PressKey(window, Qt::Key_F9);
   });
   scenes.module.OpenKardex(good, 0, "1402/01/01", "1403/12/29");
   RethrowFailure();

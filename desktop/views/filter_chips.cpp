@@ -58,12 +58,7 @@ bool FilterChips::Follow() {
     chip->hide();
     chip->deleteLater();
   }
-  if (!grouping_.empty()) {
-    const QString text = ShownText(grouping_) + "  ✕";
-    AddChip("GroupChip", text, [this] {
-      grid_.Groups().Set(nullptr);
-    })->setToolTip(text + "\nبرداشتن گروه‌بندی (Ctrl+G)");
-  }
+  AddGroupChips();
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     const QString text = ShownText(ConditionText(grid_, shown_[i])) + "  ✕";
     AddChip("FilterChip_" + QString::number(i), text, [this, condition = shown_[i]] {
@@ -73,6 +68,20 @@ bool FilterChips::Follow() {
   if (!shown_.empty()) AddChip("FilterClear_BTN", "برداشتن همه  F8", [this] { RemoveConditions(grid_); });
   setVisible(!chips_.empty());
   return true;
+}
+
+// One for each level; the other levels stay when it is lifted.
+void FilterChips::AddGroupChips() {
+  const std::vector<GridGroups::GroupedBy> levels = grid_.Groups().Columns();
+  for (std::size_t i = 0; i < levels.size(); ++i) {
+    const QString text =
+        ShownText((i == 0 ? "گروه‌بندی: " : "سپس: ") + GridGroups::CaptionOf(levels[i])) + "  ✕";
+    const QString name = i == 0 ? QString("GroupChip") : "GroupChip_" + QString::number(i);
+    AddChip(name, text, [this, column = levels[i].column->Name()] {
+      for (const GridGroups::GroupedBy& by : grid_.Groups().Asked())
+        if (by.column->Name() == column) return grid_.Groups().Remove(*by.column);
+    })->setToolTip(text + "\nبرداشتن این گروه‌بندی (Ctrl+G)");
+  }
 }
 
 int FilterChips::Flow(int width, bool place) const {

@@ -29,6 +29,7 @@ class FilterChips : public QWidget {
 
  private:
   QToolButton* AddChip(const QString& name, const QString& text, std::function<void()> action);
+  void AddGroupChips();
   // Places the chips from the right to the left, line by line; gives back the height. Without place it
   // measures only.
   int Flow(int width, bool place) const;

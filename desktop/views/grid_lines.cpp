@@ -1,10 +1,12 @@
 // The groups of a table: where their lines are, and the keys and the mouse on them.
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QToolTip>
 #include <algorithm>
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_view.h"
+#include "desktop/views/shown_text.h"
 #include "host/components/grid_groups.h"
 
 namespace goods {
@@ -59,10 +61,10 @@ std::optional<std::size_t> GridWidget::HeadAt(const QPoint& point) const {
 QRect GridWidget::HeadRect(std::size_t group) const {
   const GridGroups& groups = grid_.Groups();
   if (!Grouped() || group >= groups.GroupCount()) return {};
-  std::size_t line = groups.LineOf(groups.FirstRow(group));
-  while (!groups.LineAt(line).IsHead()) --line;
+  const auto line = groups.HeadLine(group);
+  if (!line) return {};
   const int top = geometry_.RowsArea().top() +
-                  (static_cast<int>(line) - verticalScrollBar()->value()) * geometry_.RowHeight();
+                  (static_cast<int>(*line) - verticalScrollBar()->value()) * geometry_.RowHeight();
   return {0, top, viewport()->width(), geometry_.RowHeight()};
 }
 
@@ -99,6 +101,14 @@ void GridWidget::FoldGroups(bool folded) {
   Follow();
 }
 
+void GridWidget::OpenOneLevel(bool more) {
+  const std::size_t open = grid_.Groups().LevelsOpen();
+  if (!more && open == 0) return;
+  view_.Do([&] { grid_.Groups().OpenLevels(more ? open + 1 : open - 1); });
+  shownRow_.reset();
+  Follow();
+}
+
 void GridWidget::GroupBy(const TGridColumn* column, bool byMonth) {
   if (!view_.HasMenu()) return;
   view_.Do([&] { grid_.Groups().Set(column, byMonth); });
@@ -106,30 +116,59 @@ void GridWidget::GroupBy(const TGridColumn* column, bool byMonth) {
   Follow();
 }
 
+void GridWidget::GroupWithin(const TGridColumn& column, bool byMonth) {
+  if (!view_.HasMenu()) return;
+  bool added = true;
+  view_.Do([&] { added = grid_.Groups().Add(column, byMonth); });
+  if (!added && !column.Withheld()) {
+    const QString most = ShownDigits(QString::number(GridGroups::kMostLevels));
+    QToolTip::showText(viewport()->mapToGlobal(geometry_.RowsArea().center()),
+                       "گروه‌بندی بیش از " + most + " لایه نمی‌شود.", viewport());
+  }
+  shownRow_.reset();
+  Follow();
+}
+
+void GridWidget::NoLongerGroupBy(const TGridColumn& column) {
+  view_.Do([&] { grid_.Groups().Remove(column); });
+  shownRow_.reset();
+  Follow();
+}
+
 // By the column that keys mean: dates first by month, then by day; then none.
-void GridWidget::GroupByCurrent() {
+void GridWidget::GroupByCurrent(bool within) {
   const TGridColumn* column = CurrentColumn();
   if (column == nullptr || column->Kind() == CellKind::Swatch) return;
   const GridGroups& groups = grid_.Groups();
-  const bool here = groups.Asked() == column;
   const bool date = column->Kind() == CellKind::Date;
-  if (here && !(date && groups.ByMonth())) return GroupBy(nullptr);
-  GroupBy(column, date && !here);
+  if (const GridGroups::Level* level = groups.LevelOf(*column))
+    return date && level->byMonth ? GroupWithin(*column) : NoLongerGroupBy(*column);
+  if (within && !groups.Levels().empty()) return GroupWithin(*column, date);
+  GroupBy(column, date);
 }
 
 bool GridWidget::GroupKey(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+  const bool letter = event.key() == Qt::Key_G || event.key() == kPersianLam;
+  if (!letter || (modifiers & ~Qt::ShiftModifier) != Qt::ControlModifier) return FoldKey(event);
+  GroupByCurrent(modifiers.testFlag(Qt::ShiftModifier));
+  return true;
+}
+
+// The group of the current row; of a folded one that stands in another, minus folds that.
+bool GridWidget::FoldKey(const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-  if (modifiers == Qt::ControlModifier && (event.key() == Qt::Key_G || event.key() == kPersianLam)) {
-    GroupByCurrent();
-    return true;
-  }
   const bool minus = event.key() == Qt::Key_Minus;
   if (!Grouped() || (!minus && !IsPlus(event))) return false;
   const TADOQuery* query = grid_.DataSet();
   if (modifiers == Qt::ControlModifier) {
     FoldGroups(minus);
+  } else if (modifiers == Qt::AltModifier) {
+    OpenOneLevel(!minus);
   } else if (modifiers == Qt::NoModifier && query->RecNo()) {
-    FoldGroup(grid_.Groups().GroupOf(*query->RecNo()), minus);
+    const GridGroups& groups = grid_.Groups();
+    const std::size_t group = groups.ShownGroupOf(*query->RecNo());
+    FoldGroup(minus && groups.Folded(group) ? groups.Around(group).value_or(group) : group, minus);
   } else {
     return false;
   }

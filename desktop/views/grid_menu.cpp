@@ -3,6 +3,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
+#include <functional>
+#include <utility>
 
 #include "desktop/views/column_chooser.h"
 #include "desktop/views/form_view.h"
@@ -83,27 +85,47 @@ void AddConditions(QMenu& menu, GridWidget& table, FormView& form, const GridCel
   filter->addAction("از میان مقدارها…   Alt+Down", &form, [&table, &column] { table.FilterColumn(&column); });
 }
 
+// By a column, or by a further one within the groups that there are.
+void AddGroupings(QMenu& menu, GridWidget& table, const TGridColumn& column) {
+  const GridGroups& groups = table.Grid().Groups();
+  const QString title = TitleOf(column).replace('&', "&&");
+  const bool date = column.Kind() == CellKind::Date;
+  const TGridColumn* by = &column;
+  if (date) menu.addAction("بر پایه ماهِ " + title, &table, [&table, by] { table.GroupBy(by, true); });
+  menu.addAction("بر پایه " + title, &table, [&table, by] { table.GroupBy(by); });
+  if (groups.Active() && groups.LevelOf(column) == nullptr) {
+    const bool room = groups.Levels().size() < GridGroups::kMostLevels;
+    if (date)
+      menu.addAction("درون گروه‌ها، بر پایه ماهِ " + title, &table,
+                     [&table, by] { table.GroupWithin(*by, true); })
+          ->setEnabled(room);
+    menu.addAction("درون گروه‌ها، بر پایه " + title + "   Ctrl+Shift+G", &table,
+                   [&table, by] { table.GroupWithin(*by); })
+        ->setEnabled(room);
+  } else if (groups.Levels().size() > 1 && groups.LevelOf(column) != nullptr) {
+    menu.addAction("نه بر پایه " + title, &table, [&table, by] { table.NoLongerGroupBy(*by); });
+  }
+  menu.addSeparator();
+}
+
 void AddGroups(QMenu& menu, GridWidget& table, const TGridColumn* column) {
   const GridGroups& groups = table.Grid().Groups();
   QMenu* submenu = menu.addMenu("گروه‌بندی");
   submenu->setObjectName("GridGroupMenu");
   submenu->setLayoutDirection(Qt::RightToLeft);
-  if (column != nullptr && !column->Withheld() && column->Kind() != CellKind::Swatch) {
-    const QString title = TitleOf(*column).replace('&', "&&");
-    if (column->Kind() == CellKind::Date)
-      submenu->addAction("بر پایه ماهِ " + title, &table, [&table, column] { table.GroupBy(column, true); });
-    submenu->addAction("بر پایه " + title, &table, [&table, column] { table.GroupBy(column); });
-    submenu->addSeparator();
+  if (column != nullptr && !column->Withheld() && column->Kind() != CellKind::Swatch)
+    AddGroupings(*submenu, table, *column);
+  const auto add = [&](const QString& caption, bool enabled, std::function<void()> action) {
+    submenu->addAction(caption, &table, std::move(action))->setEnabled(enabled);
+  };
+  const std::size_t levels = groups.Columns().size();
+  add("باز کردن همه گروه‌ها   Ctrl++", levels > 0, [&table] { table.FoldGroups(false); });
+  add("بستن همه گروه‌ها   Ctrl+-", levels > 0, [&table] { table.FoldGroups(true); });
+  if (levels > 1) {
+    add("باز کردن یک لایه   Alt++", groups.LevelsOpen() < levels, [&table] { table.OpenOneLevel(true); });
+    add("بستن یک لایه   Alt+-", groups.LevelsOpen() > 0, [&table] { table.OpenOneLevel(false); });
   }
-  const bool grouped = groups.Active();
-  submenu
-      ->addAction("باز کردن همه گروه‌ها   Ctrl++", &table,
-                  [&table] { table.FoldGroups(false); })
-      ->setEnabled(grouped);
-  submenu->addAction("بستن همه گروه‌ها   Ctrl+-", &table, [&table] { table.FoldGroups(true); })
-      ->setEnabled(grouped);
-  submenu->addAction("برداشتن گروه‌بندی", &table, [&table] { table.GroupBy(nullptr); })
-      ->setEnabled(grouped);
+  add("برداشتن گروه‌بندی", levels > 0, [&table] { table.GroupBy(nullptr); });
 }
 
 }  // namespace

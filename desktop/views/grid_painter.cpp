@@ -13,9 +13,17 @@ namespace {
 
 // The colours of drawing events are made for light paper; on a dark one they are toned down.
 constexpr double kDarkenedBrush = 0.6;
+constexpr int kLevelPaddings = 3;         // that a group within another stands in
 constexpr double kSmallestFooter = 0.76;  // of the size of the other figures
 
 }  // namespace
+
+QString EmptyGridText(const TSmartDBGrid_QRT& grid) {
+  const TADOQuery* query = grid.DataSet();
+  if (query != nullptr && query->Opening()) return {};
+  const bool stopped = query != nullptr && query->Stopped();
+  return stopped ? QStringLiteral("خواندن اطلاعات متوقف شد") : ShownText(grid.EmptyText());
+}
 
 GridPainter::GridPainter(QPainter& painter, const TSmartDBGrid_QRT& grid, const GridGeometry& geometry,
                          const GridPaintState& state, const QFont& font)
@@ -80,14 +88,15 @@ void GridPainter::PaintHead(const GridGroups::Line& line, int top) {
   const GridGroups& groups = grid_.Groups();
   const auto current = grid_.DataSet()->RecNo();
   const bool head = line.IsHead();
-  const bool marked = head && groups.Folded(line.group) && current && groups.GroupOf(*current) == line.group;
+  const bool marked =
+      head && groups.Folded(line.group) && current && groups.ShownGroupOf(*current) == line.group;
   const int height = geometry_.RowHeight();
   const int padding = geometry_.Padding();
   const bool rightToLeft = geometry_.RightToLeft();
   const QRect whole(0, top, columns_.width() + geometry_.NumberWidth(), height);
   painter_.fillRect(whole, marked ? state_.focused ? theme.accentSoft : theme.selection
-                           : head ? theme.header
-                                  : theme.band);
+                           : head && groups.LevelOf(line.group) == 0 ? theme.header
+                                                                     : theme.band);
   painter_.setFont(head ? bold_ : font_);
   painter_.setPen(theme.text);
   QRect text = whole;
@@ -104,16 +113,18 @@ void GridPainter::PaintHead(const GridGroups::Line& line, int top) {
     painter_.setFont(FooterFont(total, cell.width() - 2 * padding));
     DrawCell(painter_, cell.adjusted(padding, 0, -padding, -1), total, span.column->Align(), rightToLeft);
   });
-  const int mark = 3 * padding;
-  const QRectF arrow(rightToLeft ? whole.right() - mark + 2 : whole.left() + padding,
+  const int within = kLevelPaddings * padding * static_cast<int>(groups.LevelOf(line.group));
+  const int mark = 3 * padding + within;
+  const QRectF arrow(rightToLeft ? whole.right() - mark + 2 : whole.left() + padding + within,
                      top + (height - 8) / 2.0, 8, 8);
   if (head)
     DrawArrow(painter_, arrow, theme.accent, groups.Folded(line.group) ? (rightToLeft ? 90 : 270) : 0);
-  const int indent = head ? mark : 2 * mark;
+  const int indent = head ? mark : mark + 3 * padding;
   painter_.setFont(head ? bold_ : font_);
   painter_.setPen(head ? theme.text : theme.mutedText);
   DrawCell(painter_, text.adjusted(rightToLeft ? padding : indent, 0, rightToLeft ? -indent : -padding, -1),
-           ShownText(groups.HeadText(line)), TextAlign::Start, rightToLeft);
+           (rightToLeft ? QString(QChar(0x200F)) : QString()) + ShownText(groups.HeadText(line)),
+           TextAlign::Start, rightToLeft);
   painter_.setPen(theme.gridLine);
   painter_.drawLine(0, top + height - 1, whole.right(), top + height - 1);
 }
@@ -190,12 +201,7 @@ void GridPainter::PaintEmpty() {
   painter_.setFont(font_);
   painter_.setPen(CurrentTheme().mutedText);
   painter_.setLayoutDirection(Qt::RightToLeft);
-  // A list that was stopped is not an empty one, nor is one whose rows are on their way.
-  const TADOQuery* query = grid_.DataSet();
-  if (query != nullptr && query->Opening()) return;
-  const bool stopped = query != nullptr && query->Stopped();
-  const QString text = stopped ? QStringLiteral("خواندن اطلاعات متوقف شد") : ShownText(grid_.EmptyText());
-  painter_.drawText(geometry_.RowsArea(), Qt::AlignCenter | Qt::TextWordWrap, text);
+  painter_.drawText(geometry_.RowsArea(), Qt::AlignCenter | Qt::TextWordWrap, EmptyGridText(grid_));
 }
 
 void GridPainter::PaintHeader() {

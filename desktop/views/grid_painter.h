@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QPainter>
+#include <QString>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -26,6 +27,10 @@ struct GridPaintState {
   // Whether a cell holds what is looked for.
   std::function<bool(std::size_t row, const TGridColumn& column)> isHit;
 };
+
+// What stands in the place of rows where there are none: that the list was stopped, else its own text;
+// nothing while rows are on their way.
+QString EmptyGridText(const TSmartDBGrid_QRT& grid);
 
 // One cell is asked for its text and its style exactly once a painting, and only when it is visible.
 class GridPainter {

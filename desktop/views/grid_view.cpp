@@ -95,6 +95,8 @@ void GridWidget::Follow() {
     shownRow_ = current;
     ShowCurrent();
     DescribeCurrent();
+  } else if (!current && accessibleDescription() != EmptyGridText(grid_)) {
+    DescribeCurrent();
   }
   WatchRows();
   viewport()->update();
@@ -128,12 +130,13 @@ void GridWidget::ShowCurrent() {
 }
 
 void GridWidget::DescribeCurrent() {
-  QString description;
+  QString description = shownRow_ ? QString() : EmptyGridText(grid_);
   if (shownRow_ && Grouped()) {
     const GridGroups& groups = grid_.Groups();
-    const std::size_t group = groups.GroupOf(*shownRow_);
-    description = groups.Caption().empty() ? QString() : ShownText(groups.HeadText({group, {}, {}})) + "، ";
-    if (groups.Folded(group)) description += "بسته، ";
+    const std::size_t shown = groups.ShownGroupOf(*shownRow_);
+    for (std::optional<std::size_t> group = shown; group; group = groups.Around(*group))
+      description.prepend(ShownText(groups.HeadText({*group, {}, {}})) + "، ");
+    if (groups.Folded(shown)) description += "بسته، ";
   }
   if (shownRow_) {
     // What is in view, as to the eye: a table may have hundreds of columns.
@@ -147,7 +150,7 @@ void GridWidget::DescribeCurrent() {
 }
 
 QRect GridWidget::CellRect(std::size_t row, const TGridColumn& column) const {
-  if (Grouped() && row < grid_.RowCount() && grid_.Groups().Folded(grid_.Groups().GroupOf(row))) return {};
+  if (Grouped() && !grid_.Groups().InView(row)) return {};
   const int top = geometry_.RowsArea().top() +
                   (static_cast<int>(LineOf(row)) - verticalScrollBar()->value()) * geometry_.RowHeight();
   for (const GridSpan& span : geometry_.Spans()) {

@@ -39,9 +39,14 @@ class GridWidget : public QAbstractScrollArea {
   // The group whose head is there, and the place of a group's head.
   std::optional<std::size_t> HeadAt(const QPoint& point) const;
   QRect HeadRect(std::size_t group) const;
-  // Groups the rows by a column, by nothing for null.
+  // Groups the rows by a column alone, by nothing for null; by a further one within the groups; no longer by
+  // it.
   void GroupBy(const TGridColumn* column, bool byMonth = false);
+  void GroupWithin(const TGridColumn& column, bool byMonth = false);
+  void NoLongerGroupBy(const TGridColumn& column);
   void FoldGroups(bool folded);
+  // Opens one level more of all groups, or folds the innermost that is open.
+  void OpenOneLevel(bool more);
   // Makes a row the current one, without a selection.
   void GoToRow(std::size_t row) { GoTo(row, false); }
   // Opens the bar that finds a text in the table.
@@ -100,7 +105,8 @@ class GridWidget : public QAbstractScrollArea {
   std::optional<std::size_t> LineUnder(const QPoint& point) const;
   void MoveLines(qint64 lines, bool extend);
   void FoldGroup(std::size_t group, bool folded);
-  void GroupByCurrent();
+  void GroupByCurrent(bool within);
+  bool FoldKey(const QKeyEvent& event);
   bool GroupKey(const QKeyEvent& event);
 
   // Finding and jumping, in grid_search.cpp.

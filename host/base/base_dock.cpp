@@ -50,7 +50,7 @@ void LiftNarrowing(TControl& container) {
   for (TControl* control : container.Controls()) {
     if (auto* grid = dynamic_cast<TSmartDBGrid_QRT*>(control)) {
       RemoveConditions(*grid);
-      if (!grid->Groups().ColumnName().empty()) grid->Groups().Set(nullptr);
+      if (!grid->Groups().Levels().empty()) grid->Groups().Set(nullptr);
     }
     LiftNarrowing(*control);
   }

@@ -23,11 +23,57 @@ std::string SortField(const std::string& name) {
   return "[" + ReplaceAll(name, "]", "]]") + "]";
 }
 
+// Long enough for every text: an empty one then stands with the empty cells, as in a group.
+constexpr int kWholeText = 100'000;
+constexpr int kMonthChars = 7;  // "yyyy/mm"
+
+bool HasField(const TADOQuery* query, const std::string& field) {
+  return query == nullptr || !query->Active() || query->FindField(field);
+}
+
+// How exactly a column is compared where further groups stand within its groups, and so that empty cells and
+// empty texts stand together; empty for in full.
+std::string DetailOf(const TADOQuery* query, const GridGroups::GroupedBy& by, bool innermost,
+                     bool descending) {
+  const auto field = query == nullptr ? std::nullopt : query->FindField(by.column->FieldName());
+  const bool text = field && query->Fields()[*field].type == ColumnType::Text;
+  if (innermost) return text && descending ? " TO " + std::to_string(kWholeText) : std::string();
+  if (by.byMonth) return " TO " + std::to_string(kMonthChars);
+  if (text) return " TO " + std::to_string(kWholeText);
+  const int decimals = field && by.column->IsNumber() ? by.column->Format().Decimals() : -1;
+  return decimals < 0 ? std::string() : " TO " + std::to_string(decimals);
+}
+
+// The keys that keep groups together: which way round says the user's own key of a column, if there is one.
+// What an outer group's rows differ in beyond their group counts behind the inner groups.
+std::string GroupSort(const TSmartDBGrid_QRT& grid) {
+  const TADOQuery* query = grid.DataSet();
+  std::vector<GridGroups::GroupedBy> columns = grid.Groups().Asked();
+  std::erase_if(columns, [&](const auto& by) { return !HasField(query, by.column->FieldName()); });
+  std::string text;
+  std::string behind;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const std::string& field = columns[i].column->FieldName();
+    const auto& keys = grid.SortKeys();
+    const auto own = std::find_if(keys.begin(), keys.end(),
+                                  [&](const TSortKey& key) { return SameText(key.FieldName, field); });
+    const bool descending = own != keys.end() && own->Descending;
+    const char* way = descending ? " DESC" : " ASC";
+    const bool innermost = i + 1 == columns.size();
+    const std::string detail = DetailOf(query, columns[i], innermost, descending);
+    text += (i == 0 ? "" : ",") + SortField(field) + detail + way;
+    const bool coarse = columns[i].byMonth || columns[i].column->IsNumber();
+    if (coarse && !innermost && !detail.empty()) behind += "," + SortField(field) + way;
+  }
+  return text + behind;
+}
+
 // Rows that came in an order of their own, such as after others without the column, are sorted by it again.
 void KeepGroupsTogether(TSmartDBGrid_QRT& grid) {
-  const TGridColumn* column = grid.Groups().By();
-  if (column != nullptr && !grid.DataSet()->Sort().starts_with(SortField(column->FieldName()) + " "))
-    grid.DataSet()->SetSort(grid.GetSort());
+  if (!grid.Groups().Active()) return;
+  const std::string groups = GroupSort(grid);
+  const std::string& sort = grid.DataSet()->Sort();
+  if (sort != groups && !sort.starts_with(groups + ",")) grid.DataSet()->SetSort(grid.GetSort());
 }
 
 // In the place of a sum that is beyond the range of numbers.
@@ -257,10 +303,7 @@ void TSmartDBGrid_QRT::SetSortKeys(std::vector<TSortKey> keys) {
   if (OnSortChanged) OnSortChanged();
 }
 
-bool TSmartDBGrid_QRT::CanSortBy(const std::string& field) const {
-  const TADOQuery* query = DataSet();
-  return query == nullptr || !query->Active() || query->FindField(field);
-}
+bool TSmartDBGrid_QRT::CanSortBy(const std::string& field) const { return HasField(DataSet(), field); }
 
 // A closed query keeps the order for the rows to come.
 void TSmartDBGrid_QRT::ApplySort() {
@@ -274,8 +317,10 @@ void TSmartDBGrid_QRT::DropForeignSort() {
 void TSmartDBGrid_QRT::SortFollows(std::string_view before, const std::string& now) {
   const auto key = std::find_if(sort_.begin(), sort_.end(),
                                 [before](const TSortKey& each) { return SameText(each.FieldName, before); });
-  const TGridColumn* grouping = groups_->Asked();
-  const bool groups = grouping != nullptr && SameText(grouping->FieldName(), now);
+  const auto asked = groups_->Asked();
+  const bool groups = std::any_of(asked.begin(), asked.end(), [&](const GridGroups::GroupedBy& by) {
+    return SameText(by.column->FieldName(), now);
+  });
   if (key == sort_.end()) {
     if (groups && CanSortBy(now)) ApplySort();
     return;
@@ -286,19 +331,13 @@ void TSmartDBGrid_QRT::SortFollows(std::string_view before, const std::string& n
 }
 
 std::string TSmartDBGrid_QRT::GetSort() const {
-  std::string text;
-  // Groups stand together; which way round says the user's own key of that column, if there is one.
-  const TGridColumn* grouping = groups_->Asked();
-  const bool groups = grouping != nullptr && CanSortBy(grouping->FieldName());
-  const auto groupKey = [&](const TSortKey& key) {
-    return groups && SameText(key.FieldName, grouping->FieldName());
-  };
-  if (groups) {
-    const auto own = std::find_if(sort_.begin(), sort_.end(), groupKey);
-    text = SortField(grouping->FieldName()) + (own != sort_.end() && own->Descending ? " DESC" : " ASC");
-  }
+  std::string text = GroupSort(*this);
   for (const TSortKey& key : sort_) {
-    if (groupKey(key)) continue;
+    const auto groups = groups_->Asked();
+    const bool groupKey = std::any_of(groups.begin(), groups.end(), [&](const auto& by) {
+      return SameText(by.column->FieldName(), key.FieldName) && CanSortBy(key.FieldName);
+    });
+    if (groupKey) continue;
     if (!text.empty()) text += ",";
     text += SortField(key.FieldName) + (key.Descending ? " DESC" : " ASC");
   }

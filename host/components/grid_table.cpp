@@ -22,7 +22,7 @@ TotalKind TotalOf(FooterKind footer) {
 }
 
 // Columns and the places of their fields are looked up once; a cell is then one access to the query.
-class GridTable : public IReportTable {
+class GridTable : public IDetailedTable {
  public:
   explicit GridTable(const TSmartDBGrid_QRT& grid) : grid_(grid), query_(grid.DataSet()) {
     const std::vector<ColumnInfo> fields = query_ == nullptr ? std::vector<ColumnInfo>() : query_->Fields();
@@ -68,6 +68,9 @@ class GridTable : public IReportTable {
   std::string FooterText(std::size_t column) const override {
     return grid_.FooterText(*sources_[column].column);
   }
+  std::vector<UnitSum> UnitSums(std::size_t column) const override {
+    return grid_.Groups().AllUnits().Sums(*sources_[column].column);
+  }
   bool HasRowNumbers() const override { return grid_.ShowRowNumbers; }
   std::size_t KeyColumns() const override { return keyColumns_; }
 
@@ -87,41 +90,64 @@ class GridTable : public IReportTable {
 // The same in groups: a line for each head, each unit of measure, and each row that is not folded away.
 class GroupedTable : public GridTable {
  public:
-  explicit GroupedTable(const TSmartDBGrid_QRT& grid)
-      : GridTable(grid), groups_(grid.Groups()), columns_(grid.VisibleColumns()) {
+  GroupedTable(const TSmartDBGrid_QRT& grid, GridGroups::Lines lines)
+      : GridTable(grid),
+        grid_(grid),
+        groups_(grid.Groups()),
+        lines_(lines),
+        levels_(groups_.Columns().size()),
+        columns_(grid.VisibleColumns()) {
     const auto text = std::find_if(columns_.begin(), columns_.end(),
                                    [](const TGridColumn* each) { return each->Footer() != FooterKind::Sum; });
     text_ = text == columns_.end() ? 0 : static_cast<std::size_t>(text - columns_.begin());
   }
 
-  std::size_t RowCount() const override { return groups_.LineCount(); }
+  std::size_t RowCount() const override { return groups_.LineCount(lines_); }
   RowRole Role(std::size_t row) const override {
-    const GridGroups::Line line = groups_.LineAt(row);
+    const GridGroups::Line line = At(row);
     return line.row ? RowRole::Row : line.unit ? RowRole::UnitTotal : RowRole::GroupHead;
   }
   std::size_t TextColumn() const override { return text_; }
   std::optional<std::size_t> RowNumber(std::size_t row) const override {
-    const GridGroups::Line line = groups_.LineAt(row);
+    const GridGroups::Line line = At(row);
     return line.row ? std::optional(*line.row + 1) : std::nullopt;
   }
-  bool HasGroups() const override { return true; }
+  std::size_t GroupLevels() const override { return levels_; }
+  std::size_t Level(std::size_t row) const override {
+    const GridGroups::Line line = At(row);
+    return line.row ? levels_ : groups_.LevelOf(line.group);
+  }
+  bool Folded(std::size_t row) const override { return groups_.Folded(At(row).group); }
+  std::unique_ptr<IDetailedTable> Unfolded() const override {
+    if (groups_.LineCount(GridGroups::Lines::All) == RowCount()) return nullptr;
+    return std::make_unique<GroupedTable>(grid_, GridGroups::Lines::All);
+  }
+  bool Hidden(std::size_t row) const override {
+    const GridGroups::Line line = At(row);
+    return line.row ? !groups_.InView(*line.row) : groups_.FoldedAway(line.group);
+  }
   Value Cell(std::size_t row, std::size_t column) const override {
-    const GridGroups::Line line = groups_.LineAt(row);
+    const GridGroups::Line line = At(row);
     if (line.row) return GridTable::Cell(*line.row, column);
     return column == text_ ? Value(groups_.HeadText(line)) : groups_.Total(line, *columns_[column]);
   }
   std::string CellText(std::size_t row, std::size_t column) const override {
-    const GridGroups::Line line = groups_.LineAt(row);
+    const GridGroups::Line line = At(row);
     if (line.row) return GridTable::CellText(*line.row, column);
     return column == text_ ? groups_.HeadText(line) : groups_.TotalText(line, *columns_[column]);
   }
   std::optional<Color> CellColor(std::size_t row, std::size_t column) const override {
-    const GridGroups::Line line = groups_.LineAt(row);
+    const GridGroups::Line line = At(row);
     return line.row ? GridTable::CellColor(*line.row, column) : std::nullopt;
   }
 
  private:
+  GridGroups::Line At(std::size_t row) const { return groups_.LineAt(row, lines_); }
+
+  const TSmartDBGrid_QRT& grid_;
   const GridGroups& groups_;
+  GridGroups::Lines lines_;
+  std::size_t levels_;
   std::vector<TGridColumn*> columns_;
   std::size_t text_ = 0;
 };
@@ -133,7 +159,7 @@ std::unique_ptr<IReportTable> TSmartDBGrid_QRT::RowsTable() const {
 }
 
 std::unique_ptr<IReportTable> TSmartDBGrid_QRT::Table() const {
-  if (groups_->Active()) return std::make_unique<GroupedTable>(*this);
+  if (groups_->Active()) return std::make_unique<GroupedTable>(*this, GridGroups::Lines::Shown);
   return RowsTable();
 }
 

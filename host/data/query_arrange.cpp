@@ -18,7 +18,7 @@ namespace {
 
 bool SameKeys(const std::vector<SortKey>& a, const std::vector<SortKey>& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const SortKey& x, const SortKey& y) {
-    return SameText(x.field, y.field) && x.descending == y.descending;
+    return SameText(x.field, y.field) && x.descending == y.descending && x.detail == y.detail;
   });
 }
 
@@ -96,7 +96,7 @@ std::vector<std::uint32_t> TADOQuery::OrderOf(const std::vector<SortKey>& keys) 
   for (const SortKey& key : keys) {
     const Column* column = finder(key.field);
     if (column == nullptr) ThrowFilterError("چنین فیلدی وجود ندارد", key.place, key.field);
-    columns.push_back({column, key.descending});
+    columns.push_back({column, key.descending, key.detail});
   }
   return SortRows(columns, rows_->Count());
 }

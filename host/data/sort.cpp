@@ -6,6 +6,7 @@
 #include <numeric>
 #include <utility>
 
+#include "host/core/text.h"
 #include "host/data/column_chunk.h"
 #include "host/data/filter_lexer.h"
 #include "host/data/persian.h"
@@ -13,6 +14,7 @@
 namespace goods {
 namespace {
 
+constexpr std::int64_t kMostDetail = 1'000'000;
 constexpr unsigned kDigitBits = 11;
 constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
 
@@ -60,8 +62,8 @@ struct TextKey {
   std::uint32_t id = 0;
 };
 
-// The rank of each text id, from 1; texts of equal keys share one.
-std::vector<std::uint32_t> TextRanks(const Column& column) {
+// The rank of each text id, from 1; texts of equal keys share one. With a detail that of an empty text is 0.
+std::vector<std::uint32_t> TextRanks(const Column& column, int detail) {
   const std::size_t count = column.DistinctTexts();
   std::string arena;
   std::vector<TextKey> keys(count);
@@ -69,7 +71,8 @@ std::vector<std::uint32_t> TextRanks(const Column& column) {
     TextKey& key = keys[id];
     key.id = id;
     key.begin = arena.size();
-    AppendPersianSortKey(column.TextOfId(id), arena);
+    const std::string_view text = column.TextOfId(id);
+    AppendPersianSortKey(detail < 0 ? text : FirstChars(text, static_cast<std::size_t>(detail)), arena);
     key.end = arena.size();
     for (std::size_t i = 0; i < sizeof key.prefix; ++i) {
       const std::size_t at = key.begin + i;
@@ -83,10 +86,11 @@ std::vector<std::uint32_t> TextRanks(const Column& column) {
     return a.prefix != b.prefix ? a.prefix < b.prefix : bytes(a) < bytes(b);
   });
   std::vector<std::uint32_t> ranks(count);
+  const std::string empty = PersianSortKey("");
   std::uint32_t rank = 0;
   for (std::size_t i = 0; i < count; ++i) {
     if (i == 0 || bytes(keys[i - 1]) != bytes(keys[i])) ++rank;
-    ranks[keys[i].id] = rank;
+    ranks[keys[i].id] = detail >= 0 && bytes(keys[i]) == empty ? 0 : rank;
   }
   return ranks;
 }
@@ -99,13 +103,13 @@ void EachCell(const Column& column, Visit visit) {
 }
 
 void SortByText(const SortColumn& by, std::vector<std::uint32_t>& order) {
-  const std::vector<std::uint32_t> ranks = TextRanks(*by.column);
+  const std::vector<std::uint32_t> ranks = TextRanks(*by.column, by.detail);
   const auto greatest = static_cast<std::uint32_t>(ranks.size());
   std::vector<std::uint32_t> keys;
   keys.reserve(order.size());
   EachCell(*by.column, [&](const ColumnChunk& chunk, std::size_t i) {
     const std::uint32_t rank = ranks[chunk.TextId(i)];
-    keys.push_back(chunk.IsNull(i) ? 0 : by.descending ? greatest + 1 - rank : rank);
+    keys.push_back(chunk.IsNull(i) || rank == 0 ? 0 : by.descending ? greatest + 1 - rank : rank);
   });
   SortByKeys(keys, greatest, order);
 }
@@ -157,7 +161,33 @@ void SortByNumberKeys(const SortColumn& by, const NumberRange& range, std::vecto
   SortByKeys(keys, static_cast<Key>(KeyOf(span)), order);
 }
 
+void SortByRounded(const SortColumn& by, std::vector<std::uint32_t>& order) {
+  std::vector<Int128> cells;
+  cells.reserve(order.size());
+  for (const ColumnChunk& chunk : by.column->Chunks()) {
+    const Int128 factor = PowerOfTen(Decimal::kDecimals - chunk.scale);
+    for (std::size_t i = 0; i < chunk.size; ++i) {
+      const Int128 cell = chunk.wide != nullptr ? chunk.wide[i] : chunk.narrow[i] * factor;
+      cells.push_back(Decimal::FromUnits(cell).Rounded(by.detail).Units());
+    }
+  }
+  if (cells.empty()) return;
+  const auto [least, most] = std::minmax_element(cells.begin(), cells.end());
+  std::vector<UInt128> keys;
+  keys.reserve(cells.size());
+  std::size_t row = 0;
+  for (const ColumnChunk& chunk : by.column->Chunks()) {
+    for (std::size_t i = 0; i < chunk.size; ++i, ++row) {
+      const UInt128 above = by.descending ? static_cast<UInt128>(*most) - static_cast<UInt128>(cells[row])
+                                          : static_cast<UInt128>(cells[row]) - static_cast<UInt128>(*least);
+      keys.push_back(chunk.IsNull(i) ? UInt128{0} : KeyOf(above));
+    }
+  }
+  SortByKeys(keys, KeyOf(static_cast<UInt128>(*most) - static_cast<UInt128>(*least)), order);
+}
+
 void SortByNumber(const SortColumn& by, std::vector<std::uint32_t>& order) {
+  if (by.detail >= 0) return SortByRounded(by, order);
   const NumberRange range = RangeOf(*by.column);
   const UInt128 span = static_cast<UInt128>(range.most) - static_cast<UInt128>(range.least);
   if (span < ~std::uint32_t{0}) {
@@ -167,6 +197,14 @@ void SortByNumber(const SortColumn& by, std::vector<std::uint32_t>& order) {
   } else {
     SortByNumberKeys<UInt128>(by, range, order);
   }
+}
+
+int TakeDetail(FilterLexer& lexer) {
+  const bool number = lexer.Current().kind == FilterTokenKind::Number;
+  const auto detail = number ? ParseInteger(lexer.Current().text) : std::nullopt;
+  if (!detail || *detail < 0 || *detail > kMostDetail) lexer.Fail("پس از TO عدد درست می آید");
+  lexer.Advance();
+  return static_cast<int>(*detail);
 }
 
 }  // namespace
@@ -183,10 +221,11 @@ std::vector<SortKey> ParseSort(std::string_view text) {
     key.field = token.text;
     key.place = token.place;
     lexer.Advance();
+    if (lexer.TakeWord("TO")) key.detail = TakeDetail(lexer);
     key.descending = lexer.TakeWord("DESC");
     if (!key.descending) lexer.TakeWord("ASC");
   } while (lexer.TakeSymbol(","));
-  if (lexer.Current().kind != FilterTokenKind::End) lexer.Fail("پس از فیلد جز ASC، DESC و کاما نمی آید");
+  if (lexer.Current().kind != FilterTokenKind::End) lexer.Fail("پس از فیلد جز TO، ASC، DESC و کاما نمی آید");
   return keys;
 }
 

@@ -15,6 +15,7 @@ namespace goods {
 struct SortKey {
   std::string field;
   bool descending = false;
+  int detail = -1;        // as SortColumn has it
   std::size_t place = 0;  // of the field in the sort text, in characters from 1
 };
 
@@ -24,6 +25,9 @@ std::vector<SortKey> ParseSort(std::string_view text);
 struct SortColumn {
   const Column* column = nullptr;
   bool descending = false;
+  // Texts are compared by so many of their first characters, an empty one as a null, and numbers by so many
+  // decimals, rounded; -1: in full.
+  int detail = -1;
 };
 
 // The rows 0 to rowCount - 1 in the order of the columns, the first one counting most. Equal rows keep their

@@ -1,12 +1,16 @@
 #include "desktop/app/services/company_lookups.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "host/core/text.h"
 
 namespace goods {
 namespace {
+
+// Units of goods change seldom, and tables ask for them after each change of their rows.
+constexpr std::chrono::minutes kUnitsAreFresh{2};
 
 using Texts = std::vector<std::pair<std::string, std::string>>;
 
@@ -83,6 +87,18 @@ std::vector<TCategory> CompanyLookups::Categories() {
     }
     return categories;
   });
+}
+
+std::shared_ptr<const TUnitsOfGoods> CompanyLookups::UnitsOfGoods() {
+  const auto now = std::chrono::steady_clock::now();
+  if (units_ != nullptr && now - unitsRead_ < kUnitsAreFresh) return units_;
+  auto units = std::make_shared<TUnitsOfGoods>();
+  AskCompany([&] {
+    for (EntityRecord& good : company_.SearchEntities(EntityType::Good, "", SIZE_MAX))
+      units->emplace(good.code, TGoodUnits{std::move(good.unit), std::move(good.unit2)});
+  });
+  unitsRead_ = now;
+  return units_ = std::move(units);
 }
 
 }  // namespace goods

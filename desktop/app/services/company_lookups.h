@@ -1,8 +1,12 @@
 // CompanyLookups: entities of the company by code. Choosing one is left to a host with a screen.
 #pragma once
 
+#include <chrono>
+#include <memory>
+
 #include "company/company.h"
 #include "host/data/connection.h"
+#include "host/services/good_units.h"
 #include "host/services/lookups.h"
 
 namespace goods {
@@ -18,7 +22,7 @@ auto AskCompany(Question&& question) {
   }
 }
 
-class CompanyLookups : public ILookups {
+class CompanyLookups : public ILookups, public IGoodUnits {
  public:
   // company must outlive it.
   explicit CompanyLookups(ICompany& company) : company_(company) {}
@@ -32,12 +36,16 @@ class CompanyLookups : public ILookups {
   // A tag without a colour that can be read is white.
   std::vector<TTag> Tags() override;
   std::vector<TCategory> Categories() override;
+  // Read again after a while only.
+  std::shared_ptr<const TUnitsOfGoods> UnitsOfGoods() override;
 
  protected:
   ICompany& Company() { return company_; }
 
  private:
   ICompany& company_;
+  std::shared_ptr<const TUnitsOfGoods> units_;
+  std::chrono::steady_clock::time_point unitsRead_;
 };
 
 }  // namespace goods

@@ -1,9 +1,15 @@
 // What a row says of itself beside its columns, and the title of the negative card, on a real company.
 #include <QDialog>
+#include <map>
+#include <memory>
+#include <stdexcept>
 
+#include "desktop/print/page_layout.h"
+#include "desktop/print/unit_rows.h"
 #include "desktop/views/grid_view.h"
-#include "desktop/views/unit_texts.h"
 #include "host/base/base_dock.h"
+#include "host/components/grid_groups.h"
+#include "host/components/tabs.h"
 #include "host/core/text.h"
 #include "tests/desktop/app/kit.h"
 
@@ -71,7 +77,7 @@ TEST_F(RowFacts, SumsOverGoodsOfSeveralUnitsAddUpByUnit) {
     const auto& grid = Component<TSmartDBGrid_QRT>(window, "KardexSearch_GRD");
     for (const char* field : {"Varede", "Sadere"}) {
       const TGridColumn& column = *grid.FindColumn(field);
-      const std::vector<UnitSum> sums = UnitSums(grid, column);
+      const std::vector<UnitSum> sums = grid.Groups().AllUnits().Sums(column);
       ASSERT_GT(sums.size(), 1U) << field;
       Decimal all;
       for (const UnitSum& each : sums) all += each.sum.AsDecimal();
@@ -83,9 +89,85 @@ TEST_F(RowFacts, SumsOverGoodsOfSeveralUnitsAddUpByUnit) {
   WhileModal([&](QWidget& window) {
     Wait(500);
     const auto& grid = Component<TSmartDBGrid_QRT>(window, "GoodTransactin_List_GRD");
-    EXPECT_GT(UnitSums(grid, *grid.FindColumn("Mogodi")).size(), 1U);
+    EXPECT_GT(grid.Groups().AllUnits().Sums(*grid.FindColumn("Mogodi")).size(), 1U);
   });
   Module().Call("Open_GoodAmountAsset");
+  RethrowFailure();
+}
+
+// By another road: each row's unit looked up for itself.
+std::map<std::string, Decimal> SumsByUnit(ICompany& company, const TSmartDBGrid_QRT& grid, const char* code,
+                                          const TGridColumn& column) {
+  std::map<std::string, Decimal> sums;
+  const TADOQuery& query = *grid.DataSet();
+  for (std::size_t row = 0; row < query.RecordCount(); ++row) {
+    const auto good = company.FindGood(query.Cell(row, *query.FindField(code)).AsInteger());
+    if (!good) throw std::runtime_error("a row of no good");
+    const std::string& unit = InSecondUnit(column) ? good->unit2 : good->unit;
+    sums[unit.empty() ? kNoUnit : unit] += query.Cell(row, *query.FindField(column.FieldName())).AsDecimal();
+  }
+  std::erase_if(sums, [](const auto& sum) { return sum.second == Decimal(); });
+  if (sums.size() < 2) sums.clear();
+  return sums;
+}
+
+// How many columns of the grid are told by unit, and each as it should be.
+int ExpectSumsByUnit(ICompany& company, const TSmartDBGrid_QRT& grid, const char* code) {
+  int told = 0;
+  for (const TGridColumn* column : grid.VisibleColumns()) {
+    const bool quantity =
+        column->Footer() == FooterKind::Sum && column->DisplayFormatText() == kQuantityFormat;
+    std::map<std::string, Decimal> sums;
+    for (const UnitSum& each : grid.Groups().AllUnits().Sums(*column)) {
+      sums[each.unit] = each.sum.AsDecimal();
+      EXPECT_EQ(each.text, column->FooterFormat().Format(each.sum));
+    }
+    EXPECT_EQ(sums, quantity ? SumsByUnit(company, grid, code, *column) : decltype(sums)())
+        << column->FieldName();
+    told += sums.empty() ? 0 : 1;
+  }
+  return told;
+}
+
+TEST_F(RowFacts, OverallTurnoverIsToldByUnitThoughItsRowsNameNone) {
+  HostFor("admin");
+  WhileModal([&](QWidget& window) {
+    Component<TPageControl>(window, "Mojodi_PGC").SetActivePageIndex(1);
+    PressKey(window, Qt::Key_F2, Qt::ControlModifier);
+    Wait(300);
+    const auto& grid = Component<TSmartDBGrid_QRT>(window, "tedad_Overall_List_GRD");
+    ASSERT_GT(grid.RowCount(), 5U);
+    EXPECT_FALSE(grid.DataSet()->FindField("UnitName"));
+    EXPECT_GT(ExpectSumsByUnit(Company(), grid, "KalaCode"), 3);
+    EXPECT_EQ(ExpectSumsByUnit(Company(), Component<TSmartDBGrid_QRT>(window, "money_Overall_List_GRD"),
+                               "KalaCode"),
+              0);
+  });
+  Module().Call("Open_GoodTrans_Overall");
+  RethrowFailure();
+}
+
+TEST_F(RowFacts, StockPerStoreIsToldByUnitInEveryStoreAndInSecondUnits) {
+  HostFor("admin").Settings().Settings().SecondUnit = true;
+  WhileModal([&](QWidget& window) {
+    PressKey(window, Qt::Key_F2, Qt::ControlModifier);
+    Wait(300);
+    const auto& grid = Component<TSmartDBGrid_QRT>(window, "GoodsAsset_Store_GRD");
+    ASSERT_GT(grid.RowCount(), 5U);
+    EXPECT_GT(ExpectSumsByUnit(Company(), grid, "GoodCode"), 4);
+    const std::unique_ptr<IReportTable> table = grid.Table();
+    const std::vector<UnitRow> rows = UnitRowsOf(*table);
+    EXPECT_GT(rows.size(), 1U);
+    const PageLayout layout(
+        [&] {
+          PrintJob job;
+          job.table = table.get();
+          return job;
+        }(),
+        "1403/05/12", {}, rows);
+    EXPECT_EQ(layout.Units().size(), rows.size());
+  });
+  Module().Call("Open_GoodsAsset_Store");
   RethrowFailure();
 }
 

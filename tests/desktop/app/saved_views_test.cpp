@@ -182,7 +182,8 @@ TEST_F(SavedViews, F6SavesWhatIsSeenAndBringsItBackByItsName) {
     grid.FindColumn("Comment")->SetWidth(333);
     grid.FindColumn("PerName")->SetVisible(true);
     grid.Groups().Set(grid.FindColumn("PerName"));
-    grid.Groups().FoldAll(false);
+    grid.Groups().Add(*grid.FindColumn("Date"), true);
+    grid.Groups().OpenLevels(1);
     const std::size_t narrowed = grid.RowCount();
     ASSERT_LT(narrowed, all);
     const TableView table = TableViewOf(grid);
@@ -381,14 +382,41 @@ TEST(SavedViewText, EverythingSurvivesAFile) {
   view.table.sort = {{"Date", true}, {"Comment", false}};
   view.table.conditions = {{"PerName", ConditionKind::OneOf, {"آقای احمدی", std::nullopt, ""}},
                            {"Tedad_Varde", ConditionKind::From, {"-12.5"}}};
-  view.table.groupBy = "Date";
-  view.table.byMonth = true;
-  view.table.folded = false;
+  view.table.groups = {{"Date", true}, {"PerName", false}};
+  view.table.openLevels = 1;
   view.onStartPage = true;
   std::vector<std::string> ignored;
   EXPECT_EQ(ParseView(ViewText(view), ignored), view);
   EXPECT_TRUE(ignored.empty());
   EXPECT_EQ(ParseViews(ViewsText({view, view})).size(), 2U);
+}
+
+TEST(SavedViewText, GroupsOfOneLevelAreWrittenAndReadAsEver) {
+  const auto read = [](const std::string& groups) {
+    std::vector<std::string> ignored;
+    const SavedView view = ParseView(
+        R"({"goods-view":1,"name":"x","report":"stock-card","table":{"groups":)" + groups + "}}", ignored);
+    EXPECT_TRUE(ignored.empty());
+    return view;
+  };
+  using Levels = std::vector<TableView::GroupLevel>;
+  SavedView view = read(R"({"column":"Date","by-month":true,"folded":false})");
+  EXPECT_EQ(view.table.groups, (Levels{{"Date", true}}));
+  EXPECT_EQ(view.table.openLevels, 1U);
+  EXPECT_EQ(ViewText(view).find("within"), std::string::npos);
+  EXPECT_NE(ViewText(view).find("\"folded\": false"), std::string::npos);
+  EXPECT_EQ(read(R"({"column":"Date"})").table.openLevels, 0U);
+  view = read(R"({"column":"Anbar","within":[{"column":"Date","by-month":true}],"open-levels":99})");
+  EXPECT_EQ(view.table.groups, (Levels{{"Anbar", false}, {"Date", true}}));
+  EXPECT_EQ(view.table.openLevels, 2U);
+  std::vector<std::string> ignored;
+  const std::string level = R"({"column":"a"})";
+  EXPECT_THROW(
+      ParseView(
+          R"({"goods-view":1,"name":"x","report":"stock-card","table":{"groups":{"column":"b","within":[)" +
+              level + "," + level + "," + level + "]}}}",
+          ignored),
+      ViewError);
 }
 
 TEST(SavedViewText, WhatIsNotKnownIsNamedAndPassedOver) {

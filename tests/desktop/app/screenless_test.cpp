@@ -109,6 +109,45 @@ TEST_F(Screenless, ColumnsAndSortAreThoseThatWereAskedFor) {
   EXPECT_FALSE(QFile::exists(At("b.json")));
 }
 
+TEST_F(Screenless, TotalsByUnitStandInFilesOfReportsWhoseRowsNameNoUnit) {
+  for (const QStringList& report :
+       {QStringList{"overall-turnover", "--tab", "quantity"}, QStringList{"store-stock"}}) {
+    SCOPED_TRACE(FromQt(report.front()));
+    ASSERT_EQ(Run(QStringList{"--report"} + report +
+                  QStringList{"--json", At("units.json"), "--text", At("units.txt"), "--csv", At("units.csv"),
+                              "--xlsx", At("units.xlsx"), "--pdf", At("units.pdf")}),
+              0)
+        << FromQt(errors_);
+    const QJsonObject json = Json("units.json");
+    const QJsonArray totals = json["totals"].toArray();
+    const QJsonArray units = json["units"].toArray();
+    ASSERT_GT(units.size(), 1);
+    int told = 0;
+    for (int c = 0; c < totals.size(); ++c) {
+      double sum = 0;
+      bool any = false;
+      for (const QJsonValue& unit : units) {
+        const QJsonValue figure = unit.toObject()["totals"].toArray()[c];
+        any = any || figure.isDouble();
+        sum += figure.toDouble();
+      }
+      if (!any) continue;
+      ++told;
+      EXPECT_NEAR(sum, totals[c].toDouble(), 1e-6) << c;
+    }
+    EXPECT_GT(told, 2);
+    const std::string text = Written(Path("units.txt"));
+    const std::string title = "جمع (" + FromQt(units[0].toObject()["unit"].toString()) + ")";
+    EXPECT_NE(text.find("\n" + title), std::string::npos);
+    EXPECT_EQ(Written(Path("units.csv")).find("جمع"), std::string::npos);
+    QProcess read;
+    read.start("pdftotext", {"-layout", At("units.pdf"), "-"});
+    ASSERT_TRUE(read.waitForFinished());
+    const QString paper = QString::fromUtf8(read.readAllStandardOutput());
+    EXPECT_TRUE(paper.contains(units[0].toObject()["unit"].toString())) << FromQt(paper);
+  }
+}
+
 TEST_F(Screenless, EachWritesOneFileAGood) {
   ASSERT_EQ(Run({"--each", "good", "--among", "1,2,3", "--text", At("card {code}.txt")}), 0)
       << FromQt(errors_);

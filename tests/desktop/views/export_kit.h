@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <algorithm>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,11 +13,11 @@
 #include "company/files/whole_file.h"
 #include "desktop/views/shown_text.h"
 #include "host/data/display_format.h"
-#include "host/services/report_table.h"
+#include "host/services/detailed_table.h"
 
 namespace goods::testing {
 
-class MadeTable : public IReportTable {
+class MadeTable : public IDetailedTable {
  public:
   void Add(std::string name, std::string caption, CellKind kind, std::vector<Value> cells) {
     ReportColumn column;
@@ -34,6 +35,8 @@ class MadeTable : public IReportTable {
     columns_.back().total = TotalKind::Sum;
   }
   std::size_t keys = 0;
+  // By column; none for the others.
+  std::map<std::size_t, std::vector<UnitSum>> units;
 
   const std::vector<ReportColumn>& Columns() const override { return columns_; }
   std::size_t RowCount() const override { return cells_.empty() ? 0 : cells_.front().size(); }
@@ -54,6 +57,10 @@ class MadeTable : public IReportTable {
   }
   std::string FooterText(std::size_t column) const override {
     return DisplayFormat(columns_[column].format).Format(Footer(column));
+  }
+  std::vector<UnitSum> UnitSums(std::size_t column) const override {
+    const auto found = units.find(column);
+    return found == units.end() ? std::vector<UnitSum>() : found->second;
   }
   bool HasRowNumbers() const override { return false; }
   std::size_t KeyColumns() const override { return keys; }

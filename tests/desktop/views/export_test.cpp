@@ -170,6 +170,67 @@ TEST_F(Export, ASpreadsheetHasTheTableAsATable) {
   EXPECT_TRUE(styles.contains("FFFF8000"));
 }
 
+// Totals by unit of the quantity (in the fourth column); one beyond the range of numbers.
+MadeTable GoodsByUnit() {
+  MadeTable table = Goods();
+  table.units[3] = {{"کیلوگرم", Value(*Decimal::Parse("18660000.5")), "18,660,000.5"},
+                    {"عدد", Value(-12), "12-"},
+                    {"متر", Value(), "بیش از اندازه"}};
+  return table;
+}
+
+TEST_F(Export, JsonTellsTotalsByUnitInAListOfTheirOwn) {
+  const QJsonObject object = QJsonDocument::fromJson(Written(FileFormat::Json, GoodsByUnit())).object();
+  EXPECT_EQ(object["rows"].toArray().size(), 3);
+  EXPECT_EQ(object["totals"].toArray().size(), 6);
+  const QJsonArray units = object["units"].toArray();
+  ASSERT_EQ(units.size(), 3);
+  EXPECT_EQ(units[0].toObject()["unit"].toString(), "کیلوگرم");
+  EXPECT_EQ(units[0].toObject()["totals"].toArray()[3].toDouble(), 18660000.5);
+  EXPECT_EQ(units[1].toObject()["totals"].toArray().size(), 6);
+  EXPECT_TRUE(units[1].toObject()["totals"].toArray()[4].isNull());
+  EXPECT_TRUE(units[2].toObject()["totals"].toArray()[3].isNull());
+  EXPECT_FALSE(QJsonDocument::fromJson(Written(FileFormat::Json, Goods())).object().contains("units"));
+}
+
+TEST_F(Export, CsvHasNoTotalsByUnitEither) {
+  EXPECT_EQ(Written(FileFormat::Csv, GoodsByUnit()), Written(FileFormat::Csv, Goods()));
+}
+
+TEST_F(Export, TextHasALineForEachUnitUnderItsTotals) {
+  const QList<QByteArray> lines = Written(FileFormat::Text, GoodsByUnit()).trimmed().split('\n');
+  ASSERT_GT(lines.size(), 4);
+  EXPECT_TRUE(lines[lines.size() - 4].contains("18,659,988.5"));
+  EXPECT_TRUE(lines[lines.size() - 3].startsWith("جمع (کیلوگرم)"));
+  EXPECT_TRUE(lines[lines.size() - 3].contains("18,660,000.5"));
+  EXPECT_TRUE(lines[lines.size() - 2].startsWith("جمع (عدد)"));
+  EXPECT_TRUE(lines[lines.size() - 1].contains("بیش از اندازه"));
+  for (const QByteArray& line : lines.mid(lines.size() - 4))
+    EXPECT_EQ(line.count('|'), 5) << line.toStdString();
+}
+
+TEST_F(Export, ASpreadsheetHasARowForEachUnitUnderItsTotals) {
+  Written(FileFormat::Xlsx, GoodsByUnit());
+  const QByteArray sheet = Part("xl/worksheets/sheet1.xml");
+  EXPECT_TRUE(sheet.contains("<autoFilter ref=\"A6:F9\"/>")) << "the rows alone are filtered";
+  EXPECT_TRUE(sheet.contains("<f>SUBTOTAL(9,D7:D9)</f><v>18659988.5</v>"));
+  QXmlStreamReader xml(sheet);
+  QMap<QString, QString> cells;
+  QString cell;
+  while (!xml.atEnd()) {
+    xml.readNext();
+    if (xml.isStartElement() && xml.name() == u"c") cell = xml.attributes().value("r").toString();
+    if (xml.isCharacters() && !cell.isEmpty()) cells[cell] += xml.text();
+  }
+  EXPECT_FALSE(xml.hasError());
+  EXPECT_EQ(cells["A11"], "جمع (کیلوگرم)");
+  EXPECT_EQ(cells["D11"], "18660000.5");
+  EXPECT_EQ(cells["A12"], "جمع (عدد)");
+  EXPECT_EQ(cells["D12"], "-12");
+  EXPECT_EQ(cells["D13"], "بیش از اندازه");
+  EXPECT_FALSE(cells.contains("E11"));
+}
+
 TEST_F(Export, ASpreadsheetsFormatsShowWholeNumbersWithoutAPoint) {
   EXPECT_EQ(SheetFormat("#0.####;#0.####-;0", true), "0;0\"-\";0");
   EXPECT_EQ(SheetFormat("#0.####;#0.####-;0", false), "0.0###;0.0###\"-\";0");

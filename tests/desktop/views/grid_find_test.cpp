@@ -10,7 +10,7 @@
 #include "desktop/views/line_edit.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
-#include "desktop/views/unit_texts.h"
+#include "host/components/grid_groups.h"
 #include "tests/desktop/views/grid_fixture.h"
 
 namespace goods::testing {
@@ -201,7 +201,7 @@ TEST_F(GridFind, ATotalOverSeveralUnitsIsToldByUnitInItsTooltip) {
   };
   EXPECT_EQ(tip(), "");
   form.Kardex_QRY.AddComputed({"UnitName", ColumnType::Text}, [](std::size_t row, const RowStore&) {
-    return row % 4 == 3 ? Value() : Value(row % 4 < 2 ? "عدد" : "کیلوگرم");
+    return row % 6 == 4 ? Value() : Value(row % 6 < 2 ? "عدد" : "کیلوگرم");
   });
   const QStringList lines = tip().split('\n');
   ASSERT_EQ(lines.size(), 5);  // the sum, a line between, and the three of the rows
@@ -209,12 +209,13 @@ TEST_F(GridFind, ATotalOverSeveralUnitsIsToldByUnitInItsTooltip) {
   EXPECT_TRUE(lines[2].startsWith("عدد: "));
   EXPECT_TRUE(lines[4].startsWith(kNoUnit));
   Decimal all;
-  for (const UnitSum& each : UnitSums(form.Kardex_GRD, column)) all += each.sum.AsDecimal();
+  const RowUnits& units = form.Kardex_GRD.Groups().AllUnits();
+  for (const UnitSum& each : units.Sums(column)) all += each.sum.AsDecimal();
   EXPECT_EQ(all, form.Kardex_GRD.FooterValue(column).AsDecimal());
-  EXPECT_EQ(UnitTotalLines(form.Kardex_GRD).size(), 2) << "what came in and what went out";
-  EXPECT_TRUE(UnitSums(form.Kardex_GRD, *form.Kardex_GRD.FindColumn("Mab_Bagh")).empty()) << "no quantity";
+  EXPECT_EQ(units.Sums(*form.Kardex_GRD.FindColumn("Tedad_Sadere")).size(), 2U) << "no zero of a third unit";
+  EXPECT_TRUE(units.Sums(*form.Kardex_GRD.FindColumn("Mab_Bagh")).empty()) << "no quantity";
   form.Kardex_QRY.SetFilter("UnitName = 'عدد'");
-  EXPECT_TRUE(UnitSums(form.Kardex_GRD, column).empty()) << "rows of one unit need no more than their sum";
+  EXPECT_TRUE(units.Sums(column).empty()) << "rows of one unit need no more than their sum";
   QToolTip::hideText();
 }
 

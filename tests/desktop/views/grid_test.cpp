@@ -222,6 +222,24 @@ TEST_F(Grid, AnEmptyTableSaysSo) {
   EXPECT_NE(told, Table().grab().toImage());
 }
 
+TEST_F(Grid, AListThatWasStoppedSaysThatAndNotThatThereIsNoData) {
+  Open(20);
+  TADOQuery& rows = form.Kardex_QRY;
+  const QString none = ShownText(form.Kardex_GRD.EmptyText());
+  rows.SetSQL("stopped 5");
+  EXPECT_THROW(rows.Open(), StatementCancelled);
+  Settle();
+  EXPECT_EQ(EmptyGridText(form.Kardex_GRD), "خواندن اطلاعات متوقف شد");
+  EXPECT_EQ(Table().accessibleDescription(), "خواندن اطلاعات متوقف شد");
+  const QImage stopped = Table().grab().toImage();
+  form.Fill(0);
+  Settle();
+  EXPECT_EQ(EmptyGridText(form.Kardex_GRD), none);
+  EXPECT_EQ(Table().accessibleDescription(), none);
+  EXPECT_TRUE(none.contains("داده"));
+  EXPECT_NE(Table().grab().toImage(), stopped);
+}
+
 TEST_F(Grid, AThrowingDrawingEventIsShownAndTheWindowLives) {
   Open(5);
   host.messages.SetUnattended([](const ShownMessage&) { return true; });

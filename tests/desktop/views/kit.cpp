@@ -65,6 +65,7 @@ void MadeUpConnection::Open(std::string_view statement, RowStore& into, IStateme
     }
     AddRow(into, row);
   }
+  if (words[0] == "stopped") throw StatementCancelled("cancelled", std::string(statement));
   into.Finish();
 }
 

@@ -156,36 +156,65 @@ TEST_F(Printing, AWideTableFallsIntoBandsOfPagesSideBySide) {
   }
 }
 
-TEST_F(Printing, WhatStandsBelowTheTotalsHasItsRoom) {
-  for (std::size_t rows = 0; rows < 60; ++rows) {
-    const PageLayout layout(Job(rows), "1403/05/12", {}, {"جمع به واحد - عدد: 12، کیلوگرم: 5"});
-    ASSERT_EQ(layout.Below().size(), 1);
-    std::size_t next = 0;
-    for (const PrintedPage& page : layout.Pages()) {
-      EXPECT_EQ(page.firstRow, next);
-      next += page.rows;
-      const double height = layout.HeaderHeight() + (page.head ? layout.HeadHeight() : 0) +
-                            layout.RowHeight() * static_cast<double>(page.rows + (page.footer ? 2 : 0)) +
-                            layout.PageFooterHeight();
-      EXPECT_LE(height, layout.Body().height() + 0.01) << rows;
-      EXPECT_TRUE(!page.footer || rows == 0 || page.rows > 0) << rows;
-    }
-    EXPECT_EQ(next, rows);
+// So many units, each with a sum of what came in.
+std::vector<UnitRow> UnitRows(const IReportTable& of, std::size_t count) {
+  std::vector<UnitRow> rows;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::string unit = "واحد " + std::to_string(i + 1);
+    rows.push_back({"جمع (" + unit + ")", unit, std::vector<Value>(of.Columns().size()),
+                    std::vector<std::string>(of.Columns().size())});
+    rows.back().sums[4] = Value(static_cast<std::int64_t>(i + 12));
+    rows.back().texts[4] = std::to_string(i + 12);
   }
-  const QString word = "کیلوگرم ";
-  EXPECT_GT(PageLayout(Job(3), "", {}, {word.repeated(60)}).Below().size(), 1);
-  const auto inkBelow = [&](const QStringList& below) {
-    const PageLayout layout(Job(3), "", {}, below);
+  return rows;
+}
+
+TEST_F(Printing, TotalsByUnitHaveTheirRoomUnderTheTotals) {
+  for (const std::size_t units : {1U, 7U, 300U}) {
+    for (std::size_t rows = 0; rows < 60; ++rows) {
+      const PrintJob job = Job(rows);
+      const PageLayout layout(job, "1403/05/12", {}, UnitRows(*job.table, units));
+      const std::size_t lines = layout.Units().size();
+      EXPECT_EQ(lines < units, units == 300);
+      std::size_t next = 0;
+      for (const PrintedPage& page : layout.Pages()) {
+        EXPECT_EQ(page.firstRow, next);
+        next += page.rows;
+        const std::size_t all = page.rows + (page.footer ? 1 + lines : 0);
+        const double height = layout.HeaderHeight() + (page.head ? layout.HeadHeight() : 0) +
+                              layout.RowHeight() * static_cast<double>(all) + layout.PageFooterHeight();
+        EXPECT_LE(height, layout.Body().height() + 0.01) << rows;
+        EXPECT_TRUE(!page.footer || rows == 0 || page.rows > 0) << rows;
+      }
+      EXPECT_EQ(next, rows);
+    }
+  }
+  const PrintJob job = Job(3);
+  const PageLayout cut(job, "", {}, UnitRows(*job.table, 300));
+  const std::size_t shown = cut.Units().size();
+  EXPECT_EQ(cut.Units().back().title, "و " + std::to_string(300 - shown + 1) + " واحد دیگر");
+}
+
+TEST_F(Printing, ATotalByUnitStandsUnderItsColumnBesideItsUnit) {
+  const PrintJob job = Job(3);
+  const auto inkBelow = [&](std::size_t units, double from, double to) {
+    const PageLayout layout(job, "", {}, UnitRows(*job.table, units));
     const QImage page = Pages(layout)[0];
     const double top =
         layout.Body().top() + layout.HeadHeight() + layout.HeaderHeight() + layout.RowHeight() * 4;
     int ink = 0;
-    for (int y = static_cast<int>(top) + 2; y < static_cast<int>(top + layout.RowHeight()); ++y)
-      for (int x = 0; x < page.width(); ++x) ink += qGray(page.pixel(x, y)) < 160 ? 1 : 0;
+    for (int y = static_cast<int>(top) + 2; y < static_cast<int>(top + layout.RowHeight()) - 1; ++y)
+      for (int x = static_cast<int>(from) + 2; x < static_cast<int>(to) - 2; ++x)
+        ink += qGray(page.pixel(x, y)) < 160 ? 1 : 0;
     return ink;
   };
-  EXPECT_EQ(inkBelow({}), 0);
-  EXPECT_GT(inkBelow({"جمع به واحد - عدد: 12، کیلوگرم: 5"}), 20);
+  const PageLayout layout(job, "", {}, UnitRows(*job.table, 2));
+  const PrintedColumn& figures = layout.Columns()[5];  // behind the row numbers
+  ASSERT_EQ(figures.index, 4);
+  EXPECT_GT(inkBelow(2, figures.left, figures.left + figures.width), 4);
+  EXPECT_GT(inkBelow(2, figures.left + figures.width, layout.Body().right()), 20) << "its unit";
+  EXPECT_EQ(inkBelow(2, layout.Body().left(), figures.left), 0);
+  EXPECT_EQ(inkBelow(0, layout.Body().left(), layout.Body().right()), 0);
 }
 
 TEST_F(Printing, ASwatchIsPaintedInItsColourWithoutItsText) {

@@ -52,6 +52,24 @@ TEST_F(Sorting, EarlierKeysCountMore) {
   EXPECT_EQ(Order("b,a,c DESC"), "1 3 2 0");
 }
 
+TEST_F(Sorting, AKeyMayCompareTheBeginningOfTextsAndRoundedNumbers) {
+  Open({{"T", ColumnType::Text}, {"D", ColumnType::Decimal}, {"N", ColumnType::Integer}},
+       {{"1403/02/09", Of("1.26"), 3},
+        {"1403/02/01", Of("1.34"), 2},
+        {"1403/01/30", Of("1.349"), 1},
+        {"", Of("-0.04"), 5},
+        {Value(), Value(), 4}});
+  EXPECT_EQ(Order("T TO 7"), "3 4 2 0 1") << "an empty text stands with the nulls, in the order read";
+  EXPECT_EQ(Order("T TO 7 DESC"), "3 4 0 1 2");
+  EXPECT_EQ(Order("T TO 7, N"), "4 3 2 1 0");
+  EXPECT_EQ(Order("T"), "4 3 2 1 0");
+  EXPECT_EQ(Order("D TO 1, N"), "4 3 2 1 0") << "1.26 is 1.3, as are the others";
+  EXPECT_EQ(Order("D TO 1 DESC, N DESC"), "4 0 1 2 3");
+  EXPECT_EQ(Order("D TO 2"), "4 3 0 1 2");
+  for (const char* wrong : {"T TO", "T TO x", "T TO -1", "T TO 1.5", "T TO 99999999", "T DESC TO 7"})
+    EXPECT_THROW(Order(wrong), FilterError) << wrong;
+}
+
 TEST_F(Sorting, NullsComeFirstInEitherDirection) {
   Open({{"A", ColumnType::Integer}, {"T", ColumnType::Text}, {"D", ColumnType::Decimal}},
        {{5, "x", Of("1")}, {Value(), Value(), Value()}, {-5, "", Of("-1")}, {0, "a", Of("0")}});
