@@ -1,6 +1,7 @@
 #include "desktop/views/grid_accessible.h"
 
 #include <QAccessible>
+#include <QScrollBar>
 #include <algorithm>
 #include <climits>
 
@@ -15,11 +16,28 @@ namespace {
 constexpr std::size_t kMostMadeCells = 4096;
 constexpr int kTitleRow = -1;
 
-class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellInterface {
- public:
-  CellAccessible(GridWidget& table, int row, int column) : table_(&table), row_(row), column_(column) {}
+int Lines(const GridWidget& table) {
+  return static_cast<int>(std::min<std::size_t>(table.LineCount(), static_cast<std::size_t>(INT_MAX)));
+}
 
-  bool isValid() const override { return table_ && Column() != nullptr && row_ < Rows(); }
+// So many columns does the text of a line that is no row take: those before the first total, at least one.
+int HeadColumns(const GridWidget& table, const GridGroups::Line& line) {
+  const auto& spans = table.Geometry().Spans();
+  std::size_t columns = 1;
+  while (columns < spans.size() && table.Grid().Groups().TotalText(line, *spans[columns].column).empty())
+    ++columns;
+  return static_cast<int>(columns);
+}
+
+// A title, a cell of a row, the head of a group over as many columns as its text may take, or one of its
+// totals.
+class CellAccessible : public QAccessibleInterface,
+                       public QAccessibleTableCellInterface,
+                       public QAccessibleActionInterface {
+ public:
+  CellAccessible(GridWidget& table, int line, int column) : table_(&table), line_(line), column_(column) {}
+
+  bool isValid() const override { return table_ && Column() != nullptr && line_ < Lines(*table_); }
   QObject* object() const override { return nullptr; }
   QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(table_); }
   QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
@@ -33,20 +51,16 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
 
   QString text(QAccessible::Text kind) const override {
     if (!isValid()) return {};
-    const TGridColumn& column = *Column();
-    if (kind == QAccessible::Name || kind == QAccessible::Value) {
-      if (IsTitle()) return kind == QAccessible::Name ? TitleOf(column) : QString();
-      return ShownCell(table_->Grid().CellText(static_cast<std::size_t>(row_), column), column.IsNumber());
-    }
-    return kind == QAccessible::Description && !IsTitle() ? TitleOf(column) : QString();
+    if (kind == QAccessible::Name) return Name();
+    if (kind == QAccessible::Value) return IsTitle() ? QString() : Name();
+    const bool underTitle = kind == QAccessible::Description && !IsTitle() && !IsHead();
+    return underTitle ? TitleOf(*Column()) : QString();
   }
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
   QRect rect() const override {
-    if (!isValid()) return {};
-    const QRect cell = IsTitle() ? table_->TitleRect(*Column())
-                                 : table_->CellRect(static_cast<std::size_t>(row_), *Column());
-    return {table_->viewport()->mapToGlobal(cell.topLeft()), cell.size()};
+    const QRect cell = Place();
+    return cell.isEmpty() ? QRect() : QRect(table_->viewport()->mapToGlobal(cell.topLeft()), cell.size());
   }
 
   QAccessible::State state() const override {
@@ -57,46 +71,84 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
     }
     state.readOnly = true;
     if (IsTitle()) return state;
-    state.selectable = true;
+    const auto* table = dynamic_cast<const GridAccessible*>(parent());
+    state.selectable = Row().has_value();
     state.focusable = true;
     state.selected = isSelected();
-    const TADOQuery* query = table_->Grid().DataSet();
-    const bool current =
-        query->RecNo() == static_cast<std::size_t>(row_) && table_->CurrentColumn() == Column();
-    state.active = current;
-    state.focused = current && table_->hasFocus();
-    const QRect cell = table_->CellRect(static_cast<std::size_t>(row_), *Column());
-    state.offscreen = !cell.intersects(table_->Geometry().RowsArea());
+    state.active = table != nullptr && table->CurrentCell() == std::pair(line_, column_);
+    state.focused = state.active && table_->hasFocus();
+    state.offscreen = !Place().intersects(table_->Geometry().RowsArea());
+    if (IsHead()) {
+      state.expandable = true;
+      state.collapsed = table_->Grid().Groups().Folded(Line().group);
+      state.expanded = !state.collapsed;
+    }
     return state;
   }
 
   void* interface_cast(QAccessible::InterfaceType type) override {
-    return type == QAccessible::TableCellInterface ? static_cast<QAccessibleTableCellInterface*>(this)
-                                                   : nullptr;
+    if (type == QAccessible::TableCellInterface) return static_cast<QAccessibleTableCellInterface*>(this);
+    if (type == QAccessible::ActionInterface && isValid() && IsHead())
+      return static_cast<QAccessibleActionInterface*>(this);
+    return nullptr;
   }
 
-  int columnExtent() const override { return 1; }
+  int columnExtent() const override { return isValid() && IsHead() ? HeadColumns(*table_, Line()) : 1; }
   int rowExtent() const override { return 1; }
   QList<QAccessibleInterface*> columnHeaderCells() const override {
     auto* table = dynamic_cast<GridAccessible*>(parent());
     QList<QAccessibleInterface*> cells;
-    if (table != nullptr && !IsTitle()) cells << table->child(column_);
+    if (table != nullptr && isValid() && !IsTitle() && !IsHead()) cells << table->child(column_);
     return cells;
   }
   QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
   int columnIndex() const override { return column_; }
-  int rowIndex() const override { return row_; }
+  int rowIndex() const override { return line_; }
   bool isSelected() const override {
     const auto* table = dynamic_cast<GridAccessible*>(parent());
-    return table != nullptr && !IsTitle() && table->isRowSelected(row_);
+    return table != nullptr && !IsTitle() && table->isRowSelected(line_);
   }
   QAccessibleInterface* table() const override { return parent(); }
 
+  // The head of a group opens and folds it.
+  QStringList actionNames() const override { return {toggleAction()}; }
+  void doAction(const QString& name) override {
+    if (name != toggleAction() || !isValid() || !IsHead()) return;
+    const std::size_t group = Line().group;
+    table_->FoldGroup(group, !table_->Grid().Groups().Folded(group));
+  }
+  QStringList keyBindingsForAction(const QString& name) const override {
+    return name == toggleAction() ? QStringList{"+", "-"} : QStringList();
+  }
+
  private:
-  bool IsTitle() const { return row_ == kTitleRow; }
-  int Rows() const {
-    return static_cast<int>(
-        std::min<std::size_t>(table_->Grid().RowCount(), static_cast<std::size_t>(INT_MAX)));
+  bool IsTitle() const { return line_ == kTitleRow; }
+  GridGroups::Line Line() const { return table_->LineAt(static_cast<std::size_t>(line_)); }
+  std::optional<std::size_t> Row() const { return IsTitle() ? std::nullopt : Line().row; }
+  bool IsHead() const { return !IsTitle() && column_ == 0 && Line().IsHead(); }
+  // The first cell of a head or of a unit's totals says whose they are.
+  QString Name() const {
+    const TGridColumn& column = *Column();
+    if (IsTitle()) return TitleOf(column);
+    const TSmartDBGrid_QRT& grid = table_->Grid();
+    const GridGroups::Line line = Line();
+    if (line.row) return ShownCell(grid.CellText(*line.row, column), column.IsNumber());
+    if (column_ == 0) return ShownText(grid.Groups().HeadText(line));
+    return ShownCell(grid.Groups().TotalText(line, column), true);
+  }
+  // On the viewport.
+  QRect Place() const {
+    if (!isValid()) return {};
+    if (IsTitle()) return table_->TitleRect(*Column());
+    const QRect line = table_->LineRect(static_cast<std::size_t>(line_));
+    const auto& spans = table_->Geometry().Spans();
+    QRect place;
+    for (int i = column_; i < column_ + columnExtent(); ++i) {
+      place |=
+          table_->Geometry().ColumnRect(spans[static_cast<std::size_t>(i)],
+                                        table_->horizontalScrollBar()->value(), line.top(), line.height());
+    }
+    return place;
   }
   const TGridColumn* Column() const {
     const auto& spans = table_->Geometry().Spans();
@@ -106,9 +158,15 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
   }
 
   QPointer<GridWidget> table_;
-  int row_;
+  int line_;
   int column_;
 };
+
+ReaderSink g_readerSink = nullptr;
+
+void TellReaders(QAccessibleEvent& event) {
+  g_readerSink != nullptr ? g_readerSink(event) : QAccessible::updateAccessibility(&event);
+}
 
 QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* object) {
   auto* table = dynamic_cast<GridWidget*>(object);
@@ -125,6 +183,8 @@ void MakeGridsAccessible() {
   static_cast<void>(kInstalled);
 }
 
+void SetReaderSink(ReaderSink sink) { g_readerSink = sink; }
+
 void TellCurrentCell(GridWidget& table) {
   if (!table.hasFocus()) return;
   auto* accessible = dynamic_cast<GridAccessible*>(QAccessible::queryAccessibleInterface(&table));
@@ -135,12 +195,12 @@ void TellCurrentCell(GridWidget& table) {
   if (index < 0) return;
   QAccessibleEvent event(&table, QAccessible::Focus);
   event.setChild(index);
-  QAccessible::updateAccessibility(&event);
+  TellReaders(event);
 }
 
 void TellRowsChanged(GridWidget& table) {
   QAccessibleTableModelChangeEvent event(&table, QAccessibleTableModelChangeEvent::ModelReset);
-  QAccessible::updateAccessibility(&event);
+  TellReaders(event);
 }
 
 GridAccessible::GridAccessible(GridWidget& table)
@@ -164,9 +224,7 @@ void* GridAccessible::interface_cast(QAccessible::InterfaceType type) {
 
 int GridAccessible::columnCount() const { return static_cast<int>(table_.Geometry().Spans().size()); }
 
-int GridAccessible::rowCount() const {
-  return static_cast<int>(std::min<std::size_t>(table_.Grid().RowCount(), static_cast<std::size_t>(INT_MAX)));
-}
+int GridAccessible::rowCount() const { return Lines(table_); }
 
 int GridAccessible::CellCount() const {
   const int columns = columnCount();
@@ -177,11 +235,18 @@ int GridAccessible::CellCount() const {
 
 int GridAccessible::childCount() const { return CellCount() + QAccessibleWidget::childCount(); }
 
-QAccessibleInterface* GridAccessible::Made(int row, int column) const {
-  const auto found = made_.find({row, column});
+int GridAccessible::FirstColumnOf(int line, int column) const {
+  if (line == kTitleRow || column == 0) return column;
+  const GridGroups::Line at = table_.LineAt(static_cast<std::size_t>(line));
+  return !at.row && column < HeadColumns(table_, at) ? 0 : column;
+}
+
+QAccessibleInterface* GridAccessible::Made(int line, int column) const {
+  const std::pair place(line, FirstColumnOf(line, column));
+  const auto found = made_.find(place);
   if (found != made_.end()) return QAccessible::accessibleInterface(found->second);
-  auto* cell = new CellAccessible(table_, row, column);
-  made_.emplace(std::pair(row, column), QAccessible::registerAccessibleInterface(cell));
+  auto* cell = new CellAccessible(table_, place.first, place.second);
+  made_.emplace(place, QAccessible::registerAccessibleInterface(cell));
   return cell;
 }
 
@@ -210,11 +275,12 @@ int GridAccessible::IndexOf(int row, int column) const {
 
 std::optional<std::pair<int, int>> GridAccessible::CurrentCell() const {
   const TADOQuery* query = table_.Grid().DataSet();
-  if (query == nullptr || !query->RecNo()) return std::nullopt;
+  if (query == nullptr || !query->RecNo() || *query->RecNo() >= table_.Grid().RowCount()) return std::nullopt;
+  const int line = static_cast<int>(table_.LineOf(*query->RecNo()));
   const auto& spans = table_.Geometry().Spans();
   for (std::size_t i = 0; i < spans.size(); ++i) {
     if (spans[i].column == table_.CurrentColumn())
-      return std::pair(static_cast<int>(*query->RecNo()), static_cast<int>(i));
+      return std::pair(line, FirstColumnOf(line, static_cast<int>(i)));
   }
   return std::nullopt;
 }
@@ -228,13 +294,12 @@ QAccessibleInterface* GridAccessible::childAt(int x, int y) const {
   const QPoint point = table_.viewport()->mapFromGlobal(QPoint(x, y));
   if (!table_.viewport()->rect().contains(point)) return QAccessibleWidget::childAt(x, y);
   const auto& spans = table_.Geometry().Spans();
-  const auto row = table_.RowAt(point);
-  for (std::size_t i = 0; i < spans.size(); ++i) {
-    if (row && table_.CellRect(*row, *spans[i].column).contains(point))
-      return Made(static_cast<int>(*row), static_cast<int>(i));
-    if (table_.TitleRect(*spans[i].column).contains(point)) return Made(kTitleRow, static_cast<int>(i));
-  }
-  return nullptr;
+  const auto line = table_.LineUnder(point);
+  const auto span = table_.Geometry().SpanAt(point.x(), table_.horizontalScrollBar()->value());
+  if (!span) return nullptr;
+  if (line) return Made(static_cast<int>(*line), static_cast<int>(*span));
+  return table_.TitleRect(*spans[*span].column).contains(point) ? Made(kTitleRow, static_cast<int>(*span))
+                                                                : nullptr;
 }
 
 QAccessibleInterface* GridAccessible::cellAt(int row, int column) const {
@@ -247,27 +312,36 @@ QString GridAccessible::columnDescription(int column) const {
   return TitleOf(*table_.Geometry().Spans()[static_cast<std::size_t>(column)].column);
 }
 
-QString GridAccessible::rowDescription(int row) const {
-  if (row < 0 || row >= rowCount()) return {};
-  return table_.FactsOf(static_cast<std::size_t>(row)).replace('\n', "، ");
+QString GridAccessible::rowDescription(int line) const {
+  if (line < 0 || line >= rowCount()) return {};
+  const GridGroups::Line at = table_.LineAt(static_cast<std::size_t>(line));
+  if (!at.row) return ShownText(table_.Grid().Groups().HeadText(at));
+  return table_.FactsOf(*at.row).replace('\n', "، ");
 }
 
-// The selected rows, or the current one where none is selected.
+// The lines of the selected rows, or of the current one where none is selected.
 QList<int> GridAccessible::selectedRows() const {
-  QList<int> rows;
-  for (const std::size_t row : table_.Grid().Selection()) rows << static_cast<int>(row);
   const TADOQuery* query = table_.Grid().DataSet();
-  if (rows.isEmpty() && query != nullptr && query->RecNo()) rows << static_cast<int>(*query->RecNo());
-  return rows;
+  std::set<std::size_t> rows = table_.Grid().Selection();
+  if (rows.empty() && query != nullptr && query->RecNo()) rows.insert(*query->RecNo());
+  QList<int> lines;
+  for (const std::size_t row : rows) {
+    const int line = static_cast<int>(table_.LineOf(row));
+    if (lines.isEmpty() || lines.back() != line) lines << line;
+  }
+  return lines;
 }
 
 int GridAccessible::selectedRowCount() const { return static_cast<int>(selectedRows().size()); }
 
-bool GridAccessible::isRowSelected(int row) const {
-  const std::set<std::size_t>& selection = table_.Grid().Selection();
-  if (!selection.empty()) return selection.contains(static_cast<std::size_t>(std::max(row, 0)));
+bool GridAccessible::isRowSelected(int line) const {
+  if (line < 0 || line >= rowCount()) return false;
   const TADOQuery* query = table_.Grid().DataSet();
-  return row >= 0 && query != nullptr && query->RecNo() == static_cast<std::size_t>(row);
+  const std::set<std::size_t>& selection = table_.Grid().Selection();
+  const auto row = table_.LineAt(static_cast<std::size_t>(line)).row;
+  if (!selection.empty() && row) return selection.contains(*row);
+  return selection.empty() && query != nullptr && query->RecNo() &&
+         table_.LineOf(*query->RecNo()) == static_cast<std::size_t>(line);
 }
 
 int GridAccessible::selectedCellCount() const { return selectedRowCount() * columnCount(); }
@@ -283,15 +357,21 @@ QList<QAccessibleInterface*> GridAccessible::selectedCells() const {
   return cells;
 }
 
-bool GridAccessible::selectRow(int row) {
-  if (row < 0 || row >= rowCount()) return false;
-  table_.GoToRow(static_cast<std::size_t>(row));
+// The head of a folded group stands for its rows.
+bool GridAccessible::selectRow(int line) {
+  if (line < 0 || line >= rowCount()) return false;
+  const GridGroups::Line at = table_.LineAt(static_cast<std::size_t>(line));
+  const GridGroups& groups = table_.Grid().Groups();
+  if (!at.row && !(at.IsHead() && groups.Folded(at.group))) return false;
+  table_.GoToRow(at.row ? *at.row : groups.FirstRow(at.group));
   return true;
 }
 
-bool GridAccessible::unselectRow(int row) {
+bool GridAccessible::unselectRow(int line) {
+  if (line < 0 || line >= rowCount()) return false;
+  const auto row = table_.LineAt(static_cast<std::size_t>(line)).row;
   std::set<std::size_t> rows = table_.Grid().Selection();
-  if (row < 0 || rows.erase(static_cast<std::size_t>(row)) == 0) return false;
+  if (!row || rows.erase(*row) == 0) return false;
   table_.Grid().SetSelection(std::move(rows));
   return true;
 }

@@ -15,13 +15,20 @@ class TGridColumn;
 // Gives every GridWidget its interface from now on; further calls do nothing.
 void MakeGridsAccessible();
 
+// Takes what readers are to hear. The toolkit does, and drops it while no reader listens, unless another sink
+// is set; null: the toolkit again.
+using ReaderSink = void (*)(QAccessibleEvent& event);
+void SetReaderSink(ReaderSink sink);
+
 // Tells that another cell is the current one, or that the rows are others.
 void TellCurrentCell(GridWidget& table);
 void TellRowsChanged(GridWidget& table);
 
-// A table of the visible columns and rows. Its children are the titles, then the cells row by row, as far as
-// an int counts them, then the parts beside the cells, such as the bar that finds. Cells are made as they are
-// asked for, and hold places alone: they tell what stands there when they are asked.
+// A table of the visible columns and of what stands below each other: rows, or with rows in groups their
+// heads and totals, too. The head of a group is one cell over the columns before its first total; it says
+// whether the group is open, and opens and folds it. The children are the titles, then the cells line by
+// line, as far as an int counts them, then the parts beside the cells, such as the bar that finds. Cells are
+// made as they are asked for, and hold places alone: they tell what stands there when they are asked.
 class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
  public:
   explicit GridAccessible(GridWidget& table);
@@ -36,11 +43,11 @@ class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterfac
 
   QAccessibleInterface* caption() const override { return nullptr; }
   QAccessibleInterface* summary() const override { return nullptr; }
-  QAccessibleInterface* cellAt(int row, int column) const override;
+  QAccessibleInterface* cellAt(int line, int column) const override;
   int columnCount() const override;
   int rowCount() const override;
   QString columnDescription(int column) const override;
-  QString rowDescription(int row) const override;
+  QString rowDescription(int line) const override;
   int selectedCellCount() const override;
   QList<QAccessibleInterface*> selectedCells() const override;
   int selectedColumnCount() const override { return 0; }
@@ -48,10 +55,10 @@ class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterfac
   QList<int> selectedColumns() const override { return {}; }
   QList<int> selectedRows() const override;
   bool isColumnSelected(int /*column*/) const override { return false; }
-  bool isRowSelected(int row) const override;
-  bool selectRow(int row) override;
+  bool isRowSelected(int line) const override;
+  bool selectRow(int line) override;
   bool selectColumn(int /*column*/) override { return false; }
-  bool unselectRow(int row) override;
+  bool unselectRow(int line) override;
   bool unselectColumn(int /*column*/) override { return false; }
   void modelChange(QAccessibleTableModelChangeEvent* /*event*/) override {}
 
@@ -59,15 +66,17 @@ class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterfac
   // The place of the current cell; none without a current row.
   std::optional<std::pair<int, int>> CurrentCell() const;
   // The place of a cell among the children, -1 beyond what an int counts.
-  int IndexOf(int row, int column) const;
+  int IndexOf(int line, int column) const;
   // Gives back the cells that were made, where they are many; to be called when nobody holds one.
   void ForgetManyCells();
 
  private:
   void ForgetCells();
   int CellCount() const;
-  // row -1: the titles.
-  QAccessibleInterface* Made(int row, int column) const;
+  // line -1: the titles.
+  QAccessibleInterface* Made(int line, int column) const;
+  // Where the cell that covers a place begins.
+  int FirstColumnOf(int line, int column) const;
 
   GridWidget& table_;
   mutable std::map<std::pair<int, int>, QAccessible::Id> made_;

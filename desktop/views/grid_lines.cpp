@@ -7,7 +7,6 @@
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
-#include "host/components/grid_groups.h"
 
 namespace goods {
 namespace {
@@ -29,12 +28,22 @@ std::size_t GridWidget::LineCount() const {
 
 std::size_t GridWidget::LineOf(std::size_t row) const { return Grouped() ? grid_.Groups().LineOf(row) : row; }
 
+GridGroups::Line GridWidget::LineAt(std::size_t line) const {
+  return Grouped() ? grid_.Groups().LineAt(line) : GridGroups::Line{0, line, std::nullopt};
+}
+
+QRect GridWidget::LineRect(std::size_t line) const {
+  const int top = geometry_.RowsArea().top() +
+                  (static_cast<int>(line) - verticalScrollBar()->value()) * geometry_.RowHeight();
+  return {0, top, viewport()->width(), geometry_.RowHeight()};
+}
+
 std::size_t GridWidget::FirstLine() const { return static_cast<std::size_t>(verticalScrollBar()->value()); }
 
 std::size_t GridWidget::FirstRow() const {
   const std::size_t line = FirstLine();
   if (!Grouped() || line >= LineCount()) return line;
-  const GridGroups::Line first = grid_.Groups().LineAt(line);
+  const GridGroups::Line first = LineAt(line);
   return first.row.value_or(grid_.Groups().FirstRow(first.group));
 }
 
@@ -48,13 +57,13 @@ std::optional<std::size_t> GridWidget::LineUnder(const QPoint& point) const {
 
 std::optional<std::size_t> GridWidget::RowAt(const QPoint& point) const {
   const auto line = LineUnder(point);
-  return !line || !Grouped() ? line : grid_.Groups().LineAt(*line).row;
+  return line ? LineAt(*line).row : std::nullopt;
 }
 
 std::optional<std::size_t> GridWidget::HeadAt(const QPoint& point) const {
   const auto line = LineUnder(point);
   if (!line || !Grouped()) return std::nullopt;
-  const GridGroups::Line under = grid_.Groups().LineAt(*line);
+  const GridGroups::Line under = LineAt(*line);
   return under.IsHead() ? std::optional(under.group) : std::nullopt;
 }
 
@@ -62,10 +71,7 @@ QRect GridWidget::HeadRect(std::size_t group) const {
   const GridGroups& groups = grid_.Groups();
   if (!Grouped() || group >= groups.GroupCount()) return {};
   const auto line = groups.HeadLine(group);
-  if (!line) return {};
-  const int top = geometry_.RowsArea().top() +
-                  (static_cast<int>(*line) - verticalScrollBar()->value()) * geometry_.RowHeight();
-  return {0, top, viewport()->width(), geometry_.RowHeight()};
+  return line ? LineRect(*line) : QRect();
 }
 
 // Goes over heads of groups that show their rows; the head of a folded one stands for its first row.
@@ -90,49 +96,43 @@ void GridWidget::MoveLines(qint64 lines, bool extend) {
 }
 
 void GridWidget::FoldGroup(std::size_t group, bool folded) {
-  view_.Do([&] { grid_.Groups().Fold(group, folded); });
   shownRow_.reset();  // the current row is brought into view again
-  Follow();
+  view_.Do([&] { grid_.Groups().Fold(group, folded); });
 }
 
 void GridWidget::FoldGroups(bool folded) {
-  view_.Do([&] { grid_.Groups().FoldAll(folded); });
   shownRow_.reset();
-  Follow();
+  view_.Do([&] { grid_.Groups().FoldAll(folded); });
 }
 
 void GridWidget::OpenOneLevel(bool more) {
   const std::size_t open = grid_.Groups().LevelsOpen();
   if (!more && open == 0) return;
-  view_.Do([&] { grid_.Groups().OpenLevels(more ? open + 1 : open - 1); });
   shownRow_.reset();
-  Follow();
+  view_.Do([&] { grid_.Groups().OpenLevels(more ? open + 1 : open - 1); });
 }
 
 void GridWidget::GroupBy(const TGridColumn* column, bool byMonth) {
   if (!view_.HasMenu()) return;
-  view_.Do([&] { grid_.Groups().Set(column, byMonth); });
   shownRow_.reset();
-  Follow();
+  view_.Do([&] { grid_.Groups().Set(column, byMonth); });
 }
 
 void GridWidget::GroupWithin(const TGridColumn& column, bool byMonth) {
   if (!view_.HasMenu()) return;
   bool added = true;
+  shownRow_.reset();
   view_.Do([&] { added = grid_.Groups().Add(column, byMonth); });
   if (!added && !column.Withheld()) {
     const QString most = ShownDigits(QString::number(GridGroups::kMostLevels));
     QToolTip::showText(viewport()->mapToGlobal(geometry_.RowsArea().center()),
                        "گروه‌بندی بیش از " + most + " لایه نمی‌شود.", viewport());
   }
-  shownRow_.reset();
-  Follow();
 }
 
 void GridWidget::NoLongerGroupBy(const TGridColumn& column) {
-  view_.Do([&] { grid_.Groups().Remove(column); });
   shownRow_.reset();
-  Follow();
+  view_.Do([&] { grid_.Groups().Remove(column); });
 }
 
 // By the column that keys mean: dates first by month, then by day; then none.

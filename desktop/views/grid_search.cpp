@@ -41,7 +41,7 @@ void GridWidget::PlaceBars() {
 void GridWidget::Find() { find_->Open(); }
 
 // The rows may have changed without the component's telling how: another store, another index, other columns.
-void GridWidget::WatchRows() {
+bool GridWidget::WatchRows() {
   if (chips_->Follow()) PlaceBars();
   const TADOQuery* query = grid_.DataSet();
   RowsSeen seen;
@@ -49,10 +49,14 @@ void GridWidget::WatchRows() {
     seen = {query, query->Rows(), query->VisibleRows().data(), query->RecordCount(), rowsChanged_, {}};
   }
   for (const GridSpan& span : geometry_.Spans()) seen.fields.push_back(span.column->FieldName());
-  if (seen == rowsSeen_) return find_->RowMoved();
+  const bool sameRows = seen == rowsSeen_;
+  const bool sameLines = linesSeen_ == LineCount();
   rowsSeen_ = std::move(seen);
-  find_->RowsChanged();
+  linesSeen_ = LineCount();
+  sameRows ? find_->RowMoved() : find_->RowsChanged();
+  if (sameRows && sameLines) return false;
   TellRowsChanged(*this);
+  return true;
 }
 
 TGridColumn* GridWidget::CurrentColumn() const {

@@ -91,14 +91,13 @@ void GridWidget::Follow() {
   UpdateScrollBars();
   const TADOQuery* query = grid_.DataSet();
   const std::optional<std::size_t> current = query == nullptr ? std::nullopt : query->RecNo();
-  if (current != shownRow_) {
-    shownRow_ = current;
-    ShowCurrent();
-    DescribeCurrent();
-  } else if (!current && accessibleDescription() != EmptyGridText(grid_)) {
-    DescribeCurrent();
-  }
-  WatchRows();
+  const bool moved = current != shownRow_;
+  shownRow_ = current;
+  if (moved) ShowCurrent();
+  // A reader hears of other rows before it hears which cell is current among them.
+  const bool others = WatchRows();
+  const bool empty = !current && accessibleDescription() != EmptyGridText(grid_);
+  if (others || moved || empty) DescribeCurrent();
   viewport()->update();
 }
 

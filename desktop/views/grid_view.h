@@ -12,6 +12,7 @@
 #include "desktop/views/grid_geometry.h"
 #include "desktop/views/grid_painter.h"
 #include "desktop/views/typed_jump.h"
+#include "host/components/grid_groups.h"
 
 namespace goods {
 
@@ -39,11 +40,21 @@ class GridWidget : public QAbstractScrollArea {
   // The group whose head is there, and the place of a group's head.
   std::optional<std::size_t> HeadAt(const QPoint& point) const;
   QRect HeadRect(std::size_t group) const;
+  // What stands below each other: rows, or where they are in groups also heads and totals of units.
+  bool Grouped() const;
+  std::size_t LineCount() const;
+  GridGroups::Line LineAt(std::size_t line) const;
+  // That of the head where the row is folded away.
+  std::size_t LineOf(std::size_t row) const;
+  // As wide as the viewport.
+  QRect LineRect(std::size_t line) const;
+  std::optional<std::size_t> LineUnder(const QPoint& point) const;
   // Groups the rows by a column alone, by nothing for null; by a further one within the groups; no longer by
   // it.
   void GroupBy(const TGridColumn* column, bool byMonth = false);
   void GroupWithin(const TGridColumn& column, bool byMonth = false);
   void NoLongerGroupBy(const TGridColumn& column);
+  void FoldGroup(std::size_t group, bool folded);
   void FoldGroups(bool folded);
   // Opens one level more of all groups, or folds the innermost that is open.
   void OpenOneLevel(bool more);
@@ -96,15 +107,9 @@ class GridWidget : public QAbstractScrollArea {
   bool ShowFooterTip(std::size_t span, const QPoint& global);
   void DescribeCurrent();
 
-  // Groups and their lines, in grid_lines.cpp. A line is a head, a unit's total or a row; without groups
-  // lines are rows.
-  bool Grouped() const;
-  std::size_t LineCount() const;
-  std::size_t LineOf(std::size_t row) const;
+  // Groups and their lines, in grid_lines.cpp.
   std::size_t FirstLine() const;
-  std::optional<std::size_t> LineUnder(const QPoint& point) const;
   void MoveLines(qint64 lines, bool extend);
-  void FoldGroup(std::size_t group, bool folded);
   void GroupByCurrent(bool within);
   bool FoldKey(const QKeyEvent& event);
   bool GroupKey(const QKeyEvent& event);
@@ -112,7 +117,8 @@ class GridWidget : public QAbstractScrollArea {
   // Finding and jumping, in grid_search.cpp.
   void MakeBars();
   void PlaceBars();
-  void WatchRows();
+  // True when rows, columns or lines are others than before.
+  bool WatchRows();
   bool TypedKey(const QKeyEvent& event);
   bool ColumnKey(const QKeyEvent& event);
   void GoToColumn(const TGridColumn& column);
@@ -154,6 +160,7 @@ class GridWidget : public QAbstractScrollArea {
     bool operator==(const RowsSeen&) const = default;
   };
   RowsSeen rowsSeen_;
+  std::size_t linesSeen_ = 0;
   std::size_t rowsChanged_ = 0;  // how often the source has told of other rows
   TDataSource* source_ = nullptr;
   Subscription sourceChanged_;
