@@ -8,6 +8,7 @@
 #include "desktop/app/save_view_dialog.h"
 #include "desktop/app/views_dialog.h"
 #include "desktop/requests/criteria_reader.h"
+#include "desktop/views/keyboard_marks.h"
 #include "desktop/views/shown_text.h"
 #include "host/base/base_dock.h"
 #include "host/core/text.h"
@@ -27,7 +28,7 @@ const ReportSpec* SpecOf(const FormView& form) {
   return window == nullptr ? nullptr : ViewableReport(*window);
 }
 
-QString MenuText(const std::string& name) { return ShownText(name).replace('&', "&&"); }
+QString MenuText(const std::string& name) { return AsPlain(ShownText(name)); }
 
 }  // namespace
 
@@ -187,6 +188,7 @@ void ReportViews::OfferMenu(FormView& form, QWidget& button) {
   if (report == nullptr) return;
   auto* menu = new QMenu(&form);
   menu->setObjectName("Views_MNU");
+  menu->setAccessibleName("نماهای ذخیره‌شده");
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setLayoutDirection(Qt::RightToLeft);
   menu->setToolTipsVisible(true);

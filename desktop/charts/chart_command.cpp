@@ -9,7 +9,7 @@ namespace goods {
 
 GridCommand ChartCommand(const DesktopPrinting& printing, IWindows& windows, IMessages& messages) {
   GridCommand command;
-  command.caption = "نمودار…   F11";
+  command.caption = "نمودار…\tF11";
   command.key = Qt::Key_F11;
   command.offered = [](const TSmartDBGrid_QRT& grid) { return !ChartsOf(grid).empty(); };
   command.run = [&printing, &windows, &messages](TSmartDBGrid_QRT& grid, QWidget* window) {

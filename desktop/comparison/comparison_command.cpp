@@ -6,7 +6,7 @@ namespace goods {
 
 GridCommand ComparisonCommand() {
   GridCommand command;
-  command.caption = "مقایسه با دوره‌ای دیگر…   Ctrl+F12";
+  command.caption = "مقایسه با دوره‌ای دیگر…\tCtrl+F12";
   command.key = QKeyCombination(Qt::CTRL, Qt::Key_F12).toCombined();
   command.offered = [](const TSmartDBGrid_QRT& grid) {
     const auto* periods = dynamic_cast<const IPeriodReport*>(grid.Form());

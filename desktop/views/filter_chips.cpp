@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/views/keyboard_marks.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "host/components/grid_filter.h"
@@ -33,7 +34,7 @@ QToolButton* FilterChips::AddChip(const QString& name, const QString& text, std:
   chip->setFocusPolicy(Qt::NoFocus);
   const int room = Scaled(kWidestChip, *this);
   const QString shown = chip->fontMetrics().elidedText(text, Qt::ElideRight, room);
-  chip->setText(shown);
+  chip->setText(AsPlain(shown));
   chip->setToolTip(shown == text ? QString() : text);
   // A click may take the chip away, so it acts when the click is over.
   connect(
@@ -63,7 +64,7 @@ bool FilterChips::Follow() {
     const QString text = ShownText(ConditionText(grid_, shown_[i])) + "  ✕";
     AddChip("FilterChip_" + QString::number(i), text, [this, condition = shown_[i]] {
       RemoveCondition(grid_, condition);
-    })->setToolTip(text + "\nبرداشتن این فیلتر");
+    })->setToolTip(text + "\nبرداشتن این فیلتر (در ستون آن: Alt+Down)");
   }
   if (!shown_.empty()) AddChip("FilterClear_BTN", "برداشتن همه  F8", [this] { RemoveConditions(grid_); });
   setVisible(!chips_.empty());

@@ -41,12 +41,12 @@ FilterDialog::FilterDialog(FormView& form, TSmartDBGrid_QRT& grid, TGridColumn& 
       grid_(grid),
       column_(column),
       search_(new LineEdit(this)),
-      all_(new QCheckBox("همه", this)),
+      all_(new QCheckBox("&همه", this)),
       list_(new QListWidget(this)),
       state_(new QLabel(this)),
-      apply_(new QPushButton("نمایش  Enter", this)),
-      contains_(new QPushButton("شامل این متن", this)),
-      lift_(new QPushButton("برداشتن فیلتر", this)) {
+      apply_(new QPushButton("&نمایش  Enter", this)),
+      contains_(new QPushButton("&شامل این متن", this)),
+      lift_(new QPushButton("&برداشتن فیلتر", this)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setObjectName("FilterDialog");
   setLayoutDirection(Qt::RightToLeft);

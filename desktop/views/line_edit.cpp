@@ -36,16 +36,17 @@ void LineEdit::keyPressEvent(QKeyEvent* event) {
 
 void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
   QMenu menu(this);
+  menu.setAccessibleName("فهرست نوشته");
   menu.setLayoutDirection(Qt::RightToLeft);
   const bool writable = !isReadOnly() && isEnabled();
-  menu.addAction("واگرد", this, &QLineEdit::undo)->setEnabled(writable && isUndoAvailable());
+  menu.addAction("&واگرد", this, &QLineEdit::undo)->setEnabled(writable && isUndoAvailable());
   menu.addSeparator();
-  menu.addAction("برش", this, &LineEdit::CutSelection)->setEnabled(writable && hasSelectedText());
-  menu.addAction("رونوشت", this, [this] { CopySelection(); })->setEnabled(hasSelectedText());
-  menu.addAction("چسباندن", this, &QLineEdit::paste)
+  menu.addAction("&برش", this, &LineEdit::CutSelection)->setEnabled(writable && hasSelectedText());
+  menu.addAction("&رونوشت", this, [this] { CopySelection(); })->setEnabled(hasSelectedText());
+  menu.addAction("&چسباندن", this, &QLineEdit::paste)
       ->setEnabled(writable && !QGuiApplication::clipboard()->text().isEmpty());
   menu.addSeparator();
-  menu.addAction("انتخاب همه", this, &QLineEdit::selectAll)->setEnabled(!text().isEmpty());
+  menu.addAction("انتخاب &همه", this, &QLineEdit::selectAll)->setEnabled(!text().isEmpty());
   menu.exec(event->globalPos());
 }
 

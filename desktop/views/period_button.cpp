@@ -97,6 +97,7 @@ void PeriodButton::Offer() {
   if (!isEnabled() || !isVisible() || !today) return;
   auto* menu = new NumberedMenu(this);
   menu->setObjectName("Periods_MNU");
+  menu->setAccessibleName("دوره‌های آماده");
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setLayoutDirection(Qt::RightToLeft);
   int digit = 0;

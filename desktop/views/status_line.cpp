@@ -13,6 +13,7 @@
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_geometry.h"
+#include "desktop/views/keyboard_marks.h"
 #include "desktop/views/read_times.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/text_label.h"
@@ -84,6 +85,7 @@ StatusLine::StatusLine(FormView& form, TBaseDock_FRM& window)
 
   table_->setObjectName("Figures_TBL");
   table_->setAccessibleName("آمار ردیف‌های برگزیده");
+  table_->setAccessibleDescription("باز و بسته با Ctrl+T");
   QStringList titles;
   for (const char* title : kFigureTitles) titles << title;
   table_->setHorizontalHeaderLabels(titles);
@@ -143,8 +145,8 @@ void StatusLine::FollowCommands() {
     if (commands_[i]->accessibleName() == whole) continue;
     commands_[i]->setAccessibleName(whole);
     // A view's name may be long, and hold what would be taken for a mark of the keyboard.
-    QString text = commands_[i]->fontMetrics().elidedText(whole, Qt::ElideMiddle, Scaled(kWidest, *this));
-    commands_[i]->setText(text.replace('&', "&&"));
+    commands_[i]->setText(
+        AsPlain(commands_[i]->fontMetrics().elidedText(whole, Qt::ElideMiddle, Scaled(kWidest, *this))));
   }
 }
 

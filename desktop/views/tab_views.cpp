@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/views/form_view.h"
-#include "desktop/views/shown_text.h"
+#include "desktop/views/keyboard_marks.h"
 #include "desktop/views/tab_bar.h"
 #include "desktop/views/theme.h"
 
@@ -46,9 +46,7 @@ QWidget* TabControlView::FocusWidget() const { return bar_; }
 void TabControlView::Refresh() {
   ControlView::Refresh();
   const QSignalBlocker quiet(bar_);
-  QStringList captions;
-  for (const std::string& caption : tabs_.Tabs()) captions << ShownText(caption);
-  if (SetCaptions(*bar_, captions)) bar_->updateGeometry();
+  if (SetCaptions(*bar_, TabCaptions(Form().Form(), tabs_))) bar_->updateGeometry();
   if (bar_->currentIndex() != tabs_.TabIndex()) bar_->setCurrentIndex(tabs_.TabIndex());
   bar_->setMinimumWidth(Scaled(tabs_.Width(), *bar_));
 }
@@ -82,8 +80,11 @@ void PageControlView::Arrange() {
 void PageControlView::RefreshTabs() {
   const QSignalBlocker quiet(bar_);
   const std::vector<TTabSheet*> pages = pages_.Pages();
-  QStringList captions;
-  for (const TTabSheet* page : pages) captions << ShownText(page->Caption());
+  QStringList captions = TabCaptions(Form().Form(), pages_);
+  // The letter of a page without a tab would turn to it all the same.
+  for (qsizetype i = 0; i < captions.size(); ++i) {
+    if (!pages[static_cast<std::size_t>(i)]->Visible()) captions[i] = AsPlain(WithoutMark(captions[i]));
+  }
   SetCaptions(*bar_, captions);
   for (int i = 0; i < bar_->count(); ++i) {
     const TTabSheet& page = *pages[static_cast<std::size_t>(i)];

@@ -15,6 +15,7 @@
 #include <exception>
 #include <utility>
 
+#include "desktop/views/keyboard_marks.h"
 #include "desktop/views/screen_fit.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
@@ -204,15 +205,17 @@ void DesktopWindows::OfferBeside(FormView& view) {
   const std::vector<Offered> offered = offered_();
   QMenu menu(&view);
   menu.setObjectName("Beside_MNU");
+  menu.setAccessibleName("گزارشی در کنار این یکی");
   menu.setLayoutDirection(Qt::RightToLeft);
   menu.setToolTipsVisible(true);
   QList<QAction*> actions;
   for (const Offered& each : offered) {
-    QAction* action = menu.addAction(each.title);
+    QAction* action = menu.addAction(AsPlain(each.title));
     action->setEnabled(each.reason.isEmpty());
     action->setToolTip(each.reason);
     actions << action;
   }
+  MarkEntries(menu);
   if (!actions.isEmpty()) menu.setActiveAction(actions.front());
   const int margin = Scaled(12, view);
   const QAction* chosen =

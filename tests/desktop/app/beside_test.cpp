@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "desktop/views/keyboard_marks.h"
 #include "host/base/base_dock.h"
 #include "tests/desktop/app/kit.h"
 
@@ -28,7 +29,7 @@ class Beside : public DesktopTest {
       ASSERT_NE(menu, nullptr);
       EXPECT_EQ(menu->objectName(), "Beside_MNU");
       for (QAction* action : menu->actions())
-        if (action->text() == title) menu->setActiveAction(action);
+        if (WithoutMark(action->text()) == title) menu->setActiveAction(action);
       QTimer::singleShot(500, &window, steps);
       PressKey(*menu, Qt::Key_Return);
     });

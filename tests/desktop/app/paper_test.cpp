@@ -14,6 +14,7 @@
 
 #include "desktop/print/preview_window.h"
 #include "desktop/views/grid_view.h"
+#include "desktop/views/keyboard_marks.h"
 #include "host/base/base_dock.h"
 #include "tests/desktop/app/kit.h"
 
@@ -63,7 +64,7 @@ class PaperByKeys : public DesktopTest {
       auto* menu = window.findChild<QMenu*>("GridMenu");
       if (menu == nullptr) return;
       for (QAction* action : menu->actions())
-        if (action->text().startsWith(entry)) wanted = action;
+        if (WithoutMark(action->text()).startsWith(entry)) wanted = action;
       // The command runs when the menu has closed, as after a click.
       if (wanted != nullptr) menu->setActiveAction(wanted);
       QKeyEvent key(QEvent::KeyPress, wanted != nullptr ? Qt::Key_Return : Qt::Key_Escape, Qt::NoModifier);

@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/views/grid_view.h"
+#include "desktop/views/keyboard_marks.h"
 #include "desktop/views/shown_text.h"
 #include "tests/desktop/views/grid_fixture.h"
 
@@ -37,7 +38,7 @@ class GridFilterView : public GridTest {
       auto* filter = menu->findChild<QMenu*>("GridFilterMenu");
       ASSERT_NE(filter, nullptr);
       for (QAction* action : filter->actions()) {
-        if (chosen || !action->text().startsWith(entry)) continue;
+        if (chosen || !WithoutMark(action->text()).startsWith(entry)) continue;
         chosen = true;
         action->trigger();
       }

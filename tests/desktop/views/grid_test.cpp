@@ -13,6 +13,7 @@
 #include "desktop/views/column_chooser.h"
 #include "desktop/views/grid_menu.h"
 #include "desktop/views/grid_view.h"
+#include "desktop/views/keyboard_marks.h"
 #include "desktop/views/shown_text.h"
 #include "tests/desktop/views/grid_fixture.h"
 
@@ -192,7 +193,7 @@ TEST_F(Grid, TheCommonMenuBelongsToGridsThatWereGivenIt) {
   QStringList entries;
   QTimer::singleShot(0, [&] {
     if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
-      for (const QAction* action : menu->actions()) entries << action->text();
+      for (const QAction* action : menu->actions()) entries << WithoutMark(action->text());
       menu->close();
     }
   });

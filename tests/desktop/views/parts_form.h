@@ -56,7 +56,7 @@ class TParts_FRM : public TBaseDock_FRM {
   TSmartDBGrid_QRT Goods_GRD{this, "Goods_GRD"};
   TTags Tags_FRM;
   TTags_search_FRM TagSearch_FRM{this, "TagSearch_FRM", "بر&چسب :"};
-  TCategorysearchframe Category_FRM{this, "Category_FRM", "د&سته :"};
+  TCategorysearchframe Category_FRM{this, "Category_FRM", "&دسته :"};
   TADOQuery Goods_QRY;
   TDataSource Goods_DS{this, "Goods_DS", &Goods_QRY};
   TADOQuery Groups_QRY;
