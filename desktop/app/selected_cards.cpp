@@ -26,21 +26,16 @@ class Unattended {
  public:
   Unattended(DesktopWindows& windows, DesktopMessages& messages, DesktopWindows::Attendant attendant,
              DesktopMessages::Answer answer)
-      : windows_(windows),
+      : attended_(windows, std::move(attendant)),
         messages_(messages),
-        attendant_(windows.SetAttendant(std::move(attendant))),
         answer_(messages.SetUnattended(std::move(answer))) {}
   Unattended(const Unattended&) = delete;
   Unattended& operator=(const Unattended&) = delete;
-  ~Unattended() {
-    windows_.SetAttendant(std::move(attendant_));
-    messages_.SetUnattended(std::move(answer_));
-  }
+  ~Unattended() { messages_.SetUnattended(std::move(answer_)); }
 
  private:
-  DesktopWindows& windows_;
+  DesktopWindows::Attended attended_;
   DesktopMessages& messages_;
-  DesktopWindows::Attendant attendant_;
   DesktopMessages::Answer answer_;
 };
 

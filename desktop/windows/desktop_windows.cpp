@@ -137,21 +137,28 @@ void DesktopWindows::ShowWindow(FormView& view) const {
   view.activateWindow();
 }
 
+DesktopWindows::Attended::Attended(DesktopWindows& windows, Attendant attendant)
+    : windows_(windows), before_(std::exchange(windows.attendant_, std::move(attendant))) {}
+
+DesktopWindows::Attended::~Attended() { End(); }
+
+void DesktopWindows::Attended::End() {
+  if (!std::exchange(ended_, true)) windows_.attendant_ = std::move(before_);
+}
+
 void DesktopWindows::DriveUnseen(const std::function<void()>& click,
                                  const std::function<void(TForm& form)>& steps) {
   std::exception_ptr error;
-  unseen_ = [&](TForm& form) {
+  Attended* scope = nullptr;
+  Attended attended(*this, [&](TForm& form) {
+    scope->End();  // what the steps open is shown
     try {
       steps(form);
     } catch (...) {
       error = std::current_exception();
     }
-    form.Close();
-  };
-  struct Seen {
-    std::function<void(TForm& form)>& unseen;
-    ~Seen() { unseen = nullptr; }
-  } const again{unseen_};
+  });
+  scope = &attended;
   click();
   if (error) std::rethrow_exception(error);
 }
@@ -228,68 +235,91 @@ void DesktopWindows::OfferBeside(FormView& view) {
   opensBeside_ = nullptr;
 }
 
+// A window from before it is seen until it is gone.
+struct DesktopWindows::Showing {
+  Showing(FormView* beside, std::unique_ptr<FormView> made)
+      : first(beside),
+        view(std::move(made)),
+        alive(view.get()),
+        placeBefore(beside == nullptr ? QRect() : beside->normalGeometry()),
+        stateBefore(beside == nullptr ? Qt::WindowStates() : beside->windowState()) {}
+  FormView* first;  // the one that it stands beside; null where it stands by itself
+  std::unique_ptr<FormView> view;
+  QPointer<FormView> alive;  // who has it in a layout may take it away with the layout
+  bool placed = false;       // in a layout of the application's
+  QRect placeBefore;         // of the first one
+  Qt::WindowStates stateBefore;
+};
+
+void DesktopWindows::Enter(Showing& showing) {
+  FormView& view = *showing.view;
+  const FormView* opener = showing.first == nullptr ? Opener(view.Form()) : nullptr;
+  if (opener != nullptr) view.SetPath(opener->Path() + view.Path());
+  views_.push_back(&view);
+  ApplyLayout(view);
+  showing.placed = showing.first == nullptr && place_.take && place_.take(view);
+  if (!showing.placed && offered_ && dynamic_cast<TBaseDock_FRM*>(&view.Form()) != nullptr)
+    view.OnBeside = [this, &view] { OfferBeside(view); };
+  if (showing.first != nullptr) {
+    PlaceBeside(view);
+  } else if (showing.placed) {
+    view.show();
+  } else {
+    ShowWindow(view);
+  }
+  view.FocusFirst();
+  if (shown_) shown_(view);
+}
+
+void DesktopWindows::Leave(Showing& showing) {
+  if (showing.first != nullptr) beside_ = nullptr;
+  if (showing.alive == nullptr) {
+    static_cast<void>(showing.view.release());
+    return;
+  }
+  FormView& view = *showing.view;
+  if (!showing.placed && showing.first == nullptr) KeepPlace(view);
+  std::erase(views_, &view);
+  view.hide();
+  if (showing.first != nullptr && showing.first->isVisible()) {
+    showing.first->setGeometry(showing.placeBefore);
+    showing.first->setWindowState(showing.stateBefore);
+  }
+  if (showing.placed) {
+    place_.giveBack(view);
+    view.setParent(nullptr);
+  }
+  if (FormView* behind = ActiveView()) behind->activateWindow();
+}
+
 void DesktopWindows::RunModal(TForm& form) {
-  if (unseen_) return std::exchange(unseen_, nullptr)(form);
   if (attendant_) {
-    attendant_(form);
+    const Attendant attend = attendant_;  // it may end while it attends
+    attend(form);
     return form.Close();
   }
   FormView* first = std::exchange(opensBeside_, nullptr);
   SetBorders(form, KeptBorders(form));
   const QVariantMap borders = BordersOf(form);
-  auto view = std::make_unique<FormView>(form, gridCommands_, first != nullptr ? first : DialogParent());
-  view->Offer(windowCommands_);
+  Showing showing(first,
+                  std::make_unique<FormView>(form, gridCommands_, first != nullptr ? first : DialogParent()));
+  showing.view->Offer(windowCommands_);
   QEventLoop loop;
-  // Who has it in a layout may take it away with the layout.
-  const QPointer<FormView> alive(view.get());
-  QObject::connect(view.get(), &QObject::destroyed, &loop, [this, &form, gone = view.get()] {
+  QObject::connect(showing.view.get(), &QObject::destroyed, &loop, [this, &form, gone = showing.view.get()] {
     std::erase(views_, gone);
     form.Close();
   });
   const Subscription closing = form.Changed.Connect([&] {
     if (form.ModalResult() == kModalNone) return;
-    if (alive != nullptr) CloseBeside(*alive);
+    if (showing.alive != nullptr) CloseBeside(*showing.alive);
     loop.quit();
   });
-  const FormView* opener = first == nullptr ? Opener(form) : nullptr;
-  if (opener != nullptr) view->SetPath(opener->Path() + view->Path());
-  views_.push_back(view.get());
-  ApplyLayout(*view);
-  const bool placed = first == nullptr && place_.take && place_.take(*view);
-  if (!placed && offered_ && dynamic_cast<TBaseDock_FRM*>(&form) != nullptr)
-    view->OnBeside = [this, shown = view.get()] { OfferBeside(*shown); };
-  const QRect placeBefore = first == nullptr ? QRect() : first->normalGeometry();
-  const Qt::WindowStates stateBefore = first == nullptr ? Qt::WindowStates() : first->windowState();
-  if (first != nullptr) {
-    PlaceBeside(*view);
-  } else if (placed) {
-    view->show();
-  } else {
-    ShowWindow(*view);
-  }
-  view->FocusFirst();
-  if (shown_) shown_(*view);
+  Enter(showing);
   if (quitting_) form.Close();
   if (form.ModalResult() == kModalNone) loop.exec();
   if (form.ModalResult() == kModalNone) form.Close();  // the application ends
   if (const QVariantMap now = BordersOf(form); now != borders) KeepBorders(form, now);
-  if (first != nullptr) beside_ = nullptr;
-  if (alive == nullptr) {
-    static_cast<void>(view.release());
-    return;
-  }
-  if (!placed && first == nullptr) KeepPlace(*view);
-  std::erase(views_, view.get());
-  view->hide();
-  if (first != nullptr && first->isVisible()) {
-    first->setGeometry(placeBefore);
-    first->setWindowState(stateBefore);
-  }
-  if (placed) {
-    place_.giveBack(*view);
-    view->setParent(nullptr);
-  }
-  if (FormView* behind = ActiveView()) behind->activateWindow();
+  Leave(showing);
 }
 
 void DesktopWindows::PostMessage(TForm& form, int code) {

@@ -45,8 +45,26 @@ class DesktopWindows : public QObject, public IWindows {
   // Called for each window when it is on the screen, before its loop begins.
   void SetShown(std::function<void(FormView& view)> shown) { shown_ = std::move(shown); }
 
-  // Clicks what opens a window and hands that window to steps instead of showing it; where they leave it
-  // open it is closed as given up. What the steps throw comes out.
+  // Answers in the user's place. While a scope lives, windows that reports open are handed to its attendant
+  // instead of being shown, and then closed as given up where they are left open; behind it those of the
+  // scope before are.
+  using Attendant = std::function<void(TForm& form)>;
+  class Attended {
+   public:
+    Attended(DesktopWindows& windows, Attendant attendant);
+    Attended(const Attended&) = delete;
+    Attended& operator=(const Attended&) = delete;
+    ~Attended();
+    void End();
+
+   private:
+    DesktopWindows& windows_;
+    Attendant before_;
+    bool ended_ = false;
+  };
+
+  // Clicks what opens a window and hands that one window to steps instead of showing it. What the steps throw
+  // comes out.
   void DriveUnseen(const std::function<void()>& click, const std::function<void(TForm& form)>& steps);
 
   void SetPlace(Place place) { place_ = std::move(place); }
@@ -62,11 +80,6 @@ class DesktopWindows : public QObject, public IWindows {
   // beside it: neither waits for the other, and where the screen has the room each takes half of it. There
   // are two at most, Ctrl+N then goes to the other one; closing the first closes the one beside it.
   void SetOffered(std::function<std::vector<Offered>()> offered) { offered_ = std::move(offered); }
-
-  // Answers in the user's place: windows that reports open are handed to it instead of being shown, and then
-  // closed. Null: windows are shown again. Gives back the one before.
-  using Attendant = std::function<void(TForm& form)>;
-  Attendant SetAttendant(Attendant attendant) { return std::exchange(attendant_, std::move(attendant)); }
 
   void RunModal(TForm& form) override;
   void PostMessage(TForm& form, int code) override;
@@ -101,6 +114,9 @@ class DesktopWindows : public QObject, public IWindows {
 
  private:
   struct Posted;
+  struct Showing;
+  void Enter(Showing& showing);
+  void Leave(Showing& showing);
   void Deliver(const std::shared_ptr<Posted>& message);
   const FormView* Opener(const TForm& form) const;
   void OfferBeside(FormView& view);
@@ -117,7 +133,6 @@ class DesktopWindows : public QObject, public IWindows {
   std::vector<GridCommand> gridCommands_;
   std::vector<WindowCommand> windowCommands_;
   std::function<void(FormView& view)> shown_;
-  std::function<void(TForm& form)> unseen_;
   Place place_;
   Attendant attendant_;
   PlaceStore placeStore_;
