@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
+#include <QPushButton>
+#include <QShortcut>
+#include <utility>
 
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
@@ -37,6 +40,16 @@ QLabel* ProblemLabel(QWidget* parent) {
   label->setWordWrap(true);
   label->hide();
   return label;
+}
+
+QPushButton* ButtonWithKey(const char* name, const QString& text, const QKeySequence& key, QWidget& window,
+                           std::function<void()> action) {
+  auto* button = new QPushButton(text, &window);
+  button->setObjectName(name);
+  button->setAutoDefault(false);
+  QObject::connect(button, &QPushButton::clicked, &window, std::move(action));
+  QObject::connect(new QShortcut(key, &window), &QShortcut::activated, button, &QPushButton::click);
+  return button;
 }
 
 void Tell(const QString& text) {

@@ -1,9 +1,13 @@
 // What the application's own windows share in looks.
 #pragma once
 
+#include <QKeySequence>
 #include <QLabel>
 #include <QPixmap>
 #include <QString>
+#include <functional>
+
+class QPushButton;
 
 namespace goods {
 
@@ -13,6 +17,10 @@ inline constexpr const char* kProgramTitle = "گزارش‌های گردش کا�
 QLabel* TitleLabel(const QString& text, QWidget* parent);
 QLabel* MutedLabel(const QString& text, QWidget* parent);
 QLabel* ProblemLabel(QWidget* parent);
+
+// A button of a window that its key presses, too, from everywhere in the window.
+QPushButton* ButtonWithKey(const char* name, const QString& text, const QKeySequence& key, QWidget& window,
+                           std::function<void()> action);
 
 // Shows a message with one button, over the active window.
 void Tell(const QString& text);

@@ -4,7 +4,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -85,16 +84,6 @@ UsersDialog::UsersDialog(IUsers& users, std::int64_t self, QWidget* parent)
   Try([] {});
 }
 
-QPushButton* UsersDialog::AddButton(const char* name, const QString& text, const QKeySequence& key,
-                                    void (UsersDialog::*action)()) {
-  auto* button = new QPushButton(text, this);
-  button->setObjectName(name);
-  button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, action);
-  connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
-  return button;
-}
-
 void UsersDialog::LayOut() {
   setObjectName("Users_FRM");
   setWindowTitle("کاربران");
@@ -109,11 +98,12 @@ void UsersDialog::LayOut() {
   connect(table_, &QTableView::activated, this, [this] { Change(); });
 
   auto* buttons = new QDialogButtonBox(this);
-  buttons->addButton(AddButton("Add_BTN", "کاربر تازه  Ins", Qt::Key_Insert, &UsersDialog::Add),
+  buttons->addButton(ButtonWithKey("Add_BTN", "کاربر تازه  Ins", Qt::Key_Insert, *this, [this] { Add(); }),
                      QDialogButtonBox::ActionRole);
-  ofCurrent_ = {AddButton("Change_BTN", "ویرایش  F2", Qt::Key_F2, &UsersDialog::Change),
-                AddButton("SetPassword_BTN", "گذرواژه تازه  F8", Qt::Key_F8, &UsersDialog::SetPassword),
-                AddButton("Remove_BTN", "حذف  Del", Qt::Key_Delete, &UsersDialog::Remove)};
+  ofCurrent_ = {
+      ButtonWithKey("Change_BTN", "ویرایش  F2", Qt::Key_F2, *this, [this] { Change(); }),
+      ButtonWithKey("SetPassword_BTN", "گذرواژه تازه  F8", Qt::Key_F8, *this, [this] { SetPassword(); }),
+      ButtonWithKey("Remove_BTN", "حذف  Del", Qt::Key_Delete, *this, [this] { Remove(); })};
   for (QPushButton* button : ofCurrent_) buttons->addButton(button, QDialogButtonBox::ActionRole);
   buttons->addButton("خروج  Esc", QDialogButtonBox::RejectRole)->setObjectName("Exit_BTN");
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

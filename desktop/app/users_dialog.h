@@ -22,8 +22,6 @@ class UsersDialog : public QDialog {
 
  private:
   void LayOut();
-  QPushButton* AddButton(const char* name, const QString& text, const QKeySequence& key,
-                         void (UsersDialog::*action)());
   // Reads the users; the one of that code becomes current, the first where there is none.
   void Fill(std::int64_t current);
   const CompanyUser* Current() const;

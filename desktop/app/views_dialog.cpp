@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -40,16 +39,6 @@ ViewsDialog::ViewsDialog(ViewStore& store, std::string today, std::function<void
   Fill();
 }
 
-QPushButton* ViewsDialog::AddButton(const char* name, const QString& text, const QKeySequence& key,
-                                    void (ViewsDialog::*action)()) {
-  auto* button = new QPushButton(text, this);
-  button->setObjectName(name);
-  button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, action);
-  connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
-  return button;
-}
-
 void ViewsDialog::LayOut() {
   setObjectName("ViewsList_FRM");
   setWindowTitle("نماهای ذخیره‌شده");
@@ -61,12 +50,13 @@ void ViewsDialog::LayOut() {
   connect(list_, &QListWidget::currentRowChanged, this, &ViewsDialog::ShowState);
 
   auto* buttons = new QDialogButtonBox(this);
-  ofCurrent_ = {AddButton("Rename_BTN", "تغییر نام  F2", Qt::Key_F2, &ViewsDialog::Rename),
-                AddButton("Remove_BTN", "حذف  Del", Qt::Key_Delete, &ViewsDialog::Remove),
-                AddButton("HandOut_BTN", "به پرونده…  F9", Qt::Key_F9, &ViewsDialog::HandOut)};
+  ofCurrent_ = {ButtonWithKey("Rename_BTN", "تغییر نام  F2", Qt::Key_F2, *this, [this] { Rename(); }),
+                ButtonWithKey("Remove_BTN", "حذف  Del", Qt::Key_Delete, *this, [this] { Remove(); }),
+                ButtonWithKey("HandOut_BTN", "به پرونده…  F9", Qt::Key_F9, *this, [this] { HandOut(); })};
   for (QPushButton* button : ofCurrent_) buttons->addButton(button, QDialogButtonBox::ActionRole);
-  buttons->addButton(AddButton("TakeIn_BTN", "از پرونده…  Ins", Qt::Key_Insert, &ViewsDialog::TakeIn),
-                     QDialogButtonBox::ActionRole);
+  buttons->addButton(
+      ButtonWithKey("TakeIn_BTN", "از پرونده…  Ins", Qt::Key_Insert, *this, [this] { TakeIn(); }),
+      QDialogButtonBox::ActionRole);
   buttons->addButton("خروج  Esc", QDialogButtonBox::RejectRole)->setObjectName("Exit_BTN");
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

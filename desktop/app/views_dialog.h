@@ -22,8 +22,6 @@ class ViewsDialog : public QDialog {
               QWidget* parent);
 
  private:
-  QPushButton* AddButton(const char* name, const QString& text, const QKeySequence& key,
-                         void (ViewsDialog::*action)());
   void LayOut();
   void Fill();
   // The view of the current line; null where there is none.
