@@ -6,11 +6,11 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QSpinBox>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "desktop/views/shown_text.h"
+#include "desktop/views/spin_box.h"
 #include "desktop/views/theme.h"
 #include "host/components/control.h"
 
@@ -96,14 +96,14 @@ QComboBox* PageSetupDialog::AddCombo(QFormLayout& form, const char* name, const 
 void PageSetupDialog::AddWidths(const std::vector<ReportColumn>& columns, QFormLayout& form,
                                 QWidget& parent) {
   for (const ReportColumn& column : columns) {
-    auto* box = new QSpinBox(&parent);
+    auto* box = new SpinBox(&parent);
     const QString title = SetupTitleOf(column);
     box->setObjectName("Width_" + ToQt(column.name));
     box->setAccessibleName("پهنای " + title);
     box->setRange(PageOptions::kLeastWidth, PageOptions::kMostWidth);
     box->setSingleStep(kWidthStep);
-    box->setSuffix(" %");
-    connect(box, &QSpinBox::valueChanged, this, [this] { Changed(); });
+    box->setSuffix(QString(" ") + (PersianDigits() ? "٪" : "%"));
+    connect(box, &SpinBox::valueChanged, this, [this] { Changed(); });
     auto* label = new QLabel(&parent);
     label->setTextFormat(Qt::PlainText);
     label->setText(title);

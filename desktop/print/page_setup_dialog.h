@@ -11,10 +11,11 @@
 
 class QComboBox;
 class QFormLayout;
-class QSpinBox;
 class QWidget;
 
 namespace goods {
+
+class SpinBox;
 
 class PageSetupDialog : public QDialog {
  public:
@@ -36,7 +37,7 @@ class PageSetupDialog : public QDialog {
   QComboBox* sheet_;
   struct ColumnWidth {
     std::string name;
-    QSpinBox* box;
+    SpinBox* box;
   };
   std::vector<ColumnWidth> widths_;
   bool showing_ = false;

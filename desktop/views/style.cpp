@@ -104,6 +104,21 @@ void DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QRect
   painter.restore();
 }
 
+// Up or down, as far as the number may still go there.
+void DrawSpinArrow(QPainter& painter, const QStyleOptionSpinBox& spin, QStyle::SubControl part,
+                   const QRect& button) {
+  const bool up = part == QStyle::SC_SpinBoxUp;
+  const bool there =
+      spin.stepEnabled.testFlag(up ? QAbstractSpinBox::StepUpEnabled : QAbstractSpinBox::StepDownEnabled);
+  const bool hover = there && spin.activeSubControls == part && Has(&spin, QStyle::State_MouseOver);
+  const Theme& theme = CurrentTheme();
+  const QColor color = !there || !Has(&spin, QStyle::State_Enabled) ? theme.border
+                       : hover                                      ? theme.accent
+                                                                    : theme.mutedText;
+  const QPointF center = QRectF(button).center();
+  DrawArrow(painter, QRectF(center.x() - 3.5, center.y() - 3.5, 7, 7), color, up ? 180 : 0);
+}
+
 // A row of dots to take hold of, along the border.
 void DrawSplitter(QPainter& painter, const QStyleOption* option) {
   constexpr int kDots = 5;
@@ -161,9 +176,10 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
                               const QWidget* widget) const {
   switch (element) {
     case PE_PanelLineEdit:
-      // A line edit inside a combo box is framed by the combo box.
+      // A line edit inside a combo box or a spin box is framed by that.
       if (widget != nullptr && widget->parentWidget() != nullptr &&
-          widget->parentWidget()->inherits("QComboBox")) {
+          (widget->parentWidget()->inherits("QComboBox") ||
+           widget->parentWidget()->inherits("QAbstractSpinBox"))) {
         return;
       }
       DrawField(*painter, option, widget);
@@ -217,6 +233,11 @@ void HostStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     const QPointF center = QRectF(arrow).center();
     DrawArrow(*painter, QRectF(center.x() - 4, center.y() - 4, 8, 8),
               Has(option, State_Enabled) ? theme.mutedText : theme.border, 0);
+  } else if (const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+             control == CC_SpinBox && spin != nullptr) {
+    DrawField(*painter, option, widget);
+    DrawSpinArrow(*painter, *spin, SC_SpinBoxUp, subControlRect(control, option, SC_SpinBoxUp, widget));
+    DrawSpinArrow(*painter, *spin, SC_SpinBoxDown, subControlRect(control, option, SC_SpinBoxDown, widget));
   } else if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
              control == CC_ScrollBar && bar != nullptr) {
     DrawScrollBar(*bar, *painter, subControlRect(control, option, SC_ScrollBarSlider, widget));
@@ -292,7 +313,8 @@ QSize HostStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                   const QWidget* widget) const {
   QSize full = QProxyStyle::sizeFromContents(type, option, size, widget);
   const int height = LineHeight(widget == nullptr ? InterfaceFont() : widget->font()) + 12;
-  if (type == CT_LineEdit || type == CT_ComboBox || type == CT_PushButton) full.setHeight(height);
+  if (type == CT_LineEdit || type == CT_ComboBox || type == CT_PushButton || type == CT_SpinBox)
+    full.setHeight(height);
   if (type == CT_CheckBox || type == CT_RadioButton) full.setHeight(std::max(height - 8, 18));
   if (type == CT_PushButton) full.rwidth() = size.width() + 24;
   if (type == CT_ComboBox) full.rwidth() += 6;

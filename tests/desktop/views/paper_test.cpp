@@ -1,6 +1,7 @@
 // What the user chooses of the paper, several jobs in one document, and what a table held.
 #include <QComboBox>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -134,6 +135,29 @@ TEST_F(PaperTest, ASnapshotHoldsWhatTheTableHeld) {
   form.Fill(2);
   EXPECT_EQ(snapshot.RowCount(), 7U);
   EXPECT_EQ(snapshot.CellText(6, 1), "آقای احمدی");
+}
+
+TEST_F(PaperTest, WidthsAreShownAndTypedInTheDigitsOfTheRest) {
+  form.Fill(3);
+  PageSetupDialog dialog({}, form.Kardex_GRD.Table()->Columns(), nullptr);
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  auto& date = *dialog.findChild<QSpinBox*>("Width_Date");
+  EXPECT_EQ(date.text(), "۱۰۰ ٪");
+  date.setFocus();
+  for (const char* typed : {"۸۵", "٨٥", "85"}) {
+    date.setValue(100);
+    date.selectAll();
+    TypeLetters(date.findChild<QWidget*>("qt_spinbox_lineedit"), typed);
+    EXPECT_EQ(dialog.Options().widths.at("Date"), 85) << typed;
+  }
+  date.selectAll();
+  TypeLetters(date.findChild<QWidget*>("qt_spinbox_lineedit"), "پهن");
+  EXPECT_EQ(dialog.Options().widths.at("Date"), 85);
+  date.clearFocus();
+  QWheelEvent wheel({5, 5}, date.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, {}, {}, false);
+  QApplication::sendEvent(&date, &wheel);
+  EXPECT_EQ(dialog.Options().widths.at("Date"), 85) << "the wheel scrolls the page in passing";
 }
 
 TEST_F(PaperTest, TheDialogSetsUpByKeysAndGoesBackToTheDefaults) {
