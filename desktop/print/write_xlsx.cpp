@@ -17,6 +17,7 @@ namespace {
 
 constexpr double kPixelsPerCharacter = 7;
 constexpr double kPixelsBesideText = 5;
+constexpr double kPixelsOfFilterButton = 18;
 constexpr std::size_t kLongestText = 32767;  // of a cell, in UTF-16 units
 constexpr std::size_t kLeastSheetRows = 64;
 // Keeps a sheet of common cells well below the 4 GB of an archive's entry.
@@ -165,12 +166,20 @@ class XlsxWriter {
            "\" state=\"frozen\"/><selection pane=\"" + pane + "\"/></sheetView>";
   }
 
+  // That of the table; a column of marks, which has no title there, has room for the one that it gets here.
+  double WidthInPixels(std::size_t column) const {
+    const ReportColumn& given = table_.Columns()[column];
+    if (given.kind != CellKind::Swatch) return given.width;
+    const auto letters = static_cast<double>(CharCount(titles_[column].title));
+    return std::max<double>(given.width, letters * kPixelsPerCharacter + kPixelsOfFilterButton);
+  }
+
   std::string ColumnsXml() const {
     std::string xml;
     for (std::size_t c = 0; c < titles_.size(); ++c) {
       const std::string number = std::to_string(c + 1);
       xml += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"";
-      AppendDigits(xml, (table_.Columns()[c].width + kPixelsBesideText) / kPixelsPerCharacter);
+      AppendDigits(xml, (WidthInPixels(c) + kPixelsBesideText) / kPixelsPerCharacter);
       xml += "\" customWidth=\"1\"/>";
     }
     return xml;
@@ -214,8 +223,8 @@ class XlsxWriter {
   bool HasLongTitle() const {
     for (std::size_t c = 0; c < titles_.size(); ++c) {
       const bool overTwo = groups_ && titles_[c].group.empty();
-      if (!overTwo && static_cast<double>(CharCount(titles_[c].title)) * kPixelsPerCharacter >
-                          table_.Columns()[c].width) {
+      if (!overTwo &&
+          static_cast<double>(CharCount(titles_[c].title)) * kPixelsPerCharacter > WidthInPixels(c)) {
         return true;
       }
     }

@@ -34,6 +34,8 @@ class MadeTable : public IDetailedTable {
     columns_.back().format = std::move(format);
     columns_.back().total = TotalKind::Sum;
   }
+  // Of the column that was added last, in pixels.
+  void SetWidth(int width) { columns_.back().width = width; }
   std::size_t keys = 0;
   // By column; none for the others.
   std::map<std::size_t, std::vector<UnitSum>> units;

@@ -231,6 +231,23 @@ TEST_F(Export, ASpreadsheetHasARowForEachUnitUnderItsTotals) {
   EXPECT_FALSE(cells.contains("E11"));
 }
 
+TEST_F(Export, ColumnsOfMarksInASpreadsheetHaveRoomForTheTitleThatTheyGetThere) {
+  MadeTable table;
+  table.Add("Code", "کد", CellKind::Number, {Value(12)});
+  table.SetWidth(22);
+  table.Add("t1", "", CellKind::Swatch, {Value("#FF8000")});
+  table.SetWidth(22);
+  Written(FileFormat::Xlsx, table);
+  const QString sheet = QString::fromUtf8(Part("xl/worksheets/sheet1.xml"));
+  const auto characters = [&](int column) {
+    const QString begin = QString("<col min=\"%1\" max=\"%1\" width=\"").arg(column);
+    return sheet.section(begin, 1).section('"', 0, 0).toDouble();
+  };
+  EXPECT_LT(characters(1), 4);
+  EXPECT_GE(characters(2), QString("برچسب 1").size());
+  EXPECT_FALSE(sheet.contains("customHeight")) << "the title stands on one line";
+}
+
 TEST_F(Export, ASpreadsheetsFormatsShowWholeNumbersWithoutAPoint) {
   EXPECT_EQ(SheetFormat("#0.####;#0.####-;0", true), "0;0\"-\";0");
   EXPECT_EQ(SheetFormat("#0.####;#0.####-;0", false), "0.0###;0.0###\"-\";0");
