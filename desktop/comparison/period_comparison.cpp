@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "desktop/comparison/compared_period.h"
+#include "host/components/grid_filter.h"
+#include "host/components/grid_groups.h"
 #include "host/core/text.h"
 #include "host/services/host.h"
 
@@ -109,14 +111,35 @@ void TPeriodComparison_FRM::DeclareFigure(const TGridColumn& figure) {
       .SetWidth(kPercentWidth);
 }
 
+// What the user filters, sorts and groups the report's table by holds here, as far as its columns are
+// compared.
+void TPeriodComparison_FRM::TakeOverView() {
+  const std::vector<RowCondition> conditions = grid_.DataSet()->Narrowing();
+  for (const RowCondition& condition : conditions) AddCondition(Comparison_GRD, condition);
+  if (!grid_.SortKeys().empty()) Comparison_GRD.SetSortKeys(grid_.SortKeys());
+  if (!grid_.Groups().Levels().empty()) Comparison_GRD.Groups().SetLevels(grid_.Groups().Levels());
+}
+
 void TPeriodComparison_FRM::FormShow() {
   TBaseDock_FRM::FormShow();
   SetShortCut(Comparison_GRD);
   SetPopMenu(Comparison_GRD);
-  if (!Comparison_QRY.Active()) Comparison_QRY.Open();
+  if (!Comparison_QRY.Active()) {
+    LoadGridSettings(Comparison_GRD, LayoutName(), PrintOption.SoftwarePart, 0);
+    Comparison_QRY.Open();
+    TakeOverView();
+  }
   btnShow_BTN.SetEnabled(!Comparison_QRY.IsEmpty());
   Comparison_GRD.SetFocus();
 }
+
+void TPeriodComparison_FRM::FormClose() {
+  SaveGridSettings(Comparison_GRD, LayoutName(), PrintOption.SoftwarePart, 0);
+  TBaseDock_FRM::FormClose();
+}
+
+// Of each grid that is compared, since columns belong to it.
+std::string TPeriodComparison_FRM::LayoutName() const { return "PeriodComparison_" + grid_.Name(); }
 
 void TPeriodComparison_FRM::FormKeyDown(TKey& key) {
   TBaseDock_FRM::FormKeyDown(key);
@@ -126,7 +149,7 @@ void TPeriodComparison_FRM::FormKeyDown(TKey& key) {
 }
 
 void TPeriodComparison_FRM::PrintDBGridEhBeforePrint(std::vector<std::string>& lines) {
-  for (std::string& line : report_.PrintLines()) lines.push_back(std::move(line));
+  report_.PrintDBGridEhBeforePrint(lines);  // without what its own table is filtered and grouped by
   lines.push_back(PeriodsLine());
 }
 

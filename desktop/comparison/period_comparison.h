@@ -20,9 +20,10 @@ struct ComparedPeriods {
 Comparison ComparisonOf(const TSmartDBGrid_QRT& grid, std::string_view key);
 
 // A table of the host's own: for each figure four columns under its title, headed with the two periods,
-// "difference" and "per cent"; with the sums of all but the per cents below. Printed and exported under the
-// report's right, money is withheld as in the report. F2 and a double click do what they do on the same row
-// of the report, which stays as it is behind. Esc ends the comparison.
+// "difference" and "per cent"; with the sums of all but the per cents below. It begins filtered, sorted and
+// grouped as the report's table is; its own columns, widths and order come back the next time. Printed and
+// exported under the report's right, money is withheld as in the report. F2 and a double click do what they
+// do on the same row of the report, which stays as it is behind. Esc ends the comparison.
 class TPeriodComparison_FRM : public TBaseDock_FRM {
  public:
   // report and grid, which is the report's, must outlive the window.
@@ -31,6 +32,7 @@ class TPeriodComparison_FRM : public TBaseDock_FRM {
   ~TPeriodComparison_FRM() override;
 
   void FormShow() override;
+  void FormClose() override;
   void FormKeyDown(TKey& key) override;
   void PrintDBGridEhBeforePrint(std::vector<std::string>& lines) override;
   void btnShow_BTNClick();
@@ -45,7 +47,9 @@ class TPeriodComparison_FRM : public TBaseDock_FRM {
  private:
   void DeclareColumns(const Comparison& comparison);
   void DeclareFigure(const TGridColumn& figure);
+  void TakeOverView();
   std::string PeriodsLine() const;
+  std::string LayoutName() const;
 
   TBaseDock_FRM& report_;
   TSmartDBGrid_QRT& grid_;
