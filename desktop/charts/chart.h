@@ -47,6 +47,8 @@ struct Chart {
   // Points that stand for many rows: of each visible row its point, kNoPoint for none; empty where rows says
   // it.
   std::vector<std::size_t> pointOfRow{};
+  // Each point is a group of the table, which stays folded when its point is gone to.
+  bool ofGroups = false;
   std::vector<std::string> notes{};  // sentences above the chart
   // A level on the second axis that is marked, and the place where it is reached.
   std::optional<double> goal{};

@@ -20,6 +20,7 @@
 #include "desktop/views/form_view.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
+#include "host/components/grid_groups.h"
 #include "host/services/messages.h"
 
 namespace goods {
@@ -144,6 +145,7 @@ void ChartWindow::GoTo(std::size_t point) {
   if (row == kNoRow || row >= grid_.RowCount()) return;
   form_.Run([&] {
     if (!grid_.Selection().empty()) grid_.SetSelection({});
+    if (!chart_.ofGroups) grid_.Groups().Reveal(row);
     grid_.MoveTo(row);
   });
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
 #include <numeric>
 #include <optional>
@@ -9,6 +10,8 @@
 #include <string_view>
 #include <utility>
 
+#include "desktop/charts/chart_columns.h"
+#include "desktop/charts/group_charts.h"
 #include "host/core/jalali.h"
 #include "host/core/text.h"
 
@@ -21,17 +24,6 @@ constexpr double kGoalShare = 80;
 constexpr std::size_t kMostStores = 9;  // in colours of their own; the rest is one more
 constexpr const char* kOtherStores = "سایر انبارها";
 
-// A column that the user sees or may show, by the name that it was made with.
-const TGridColumn* ColumnOfChart(const TSmartDBGrid_QRT& grid, std::string_view name) {
-  for (const auto& column : grid.Columns()) {
-    if (column->Name() == name && (column->Visible() || column->Customizable())) return column.get();
-  }
-  return nullptr;
-}
-
-std::string TitleOfSeries(const TGridColumn& column) {
-  return ReplaceAll(std::string(Trim(PlainCaption(column.Caption()))), "|", "، ");
-}
 // "group|title"
 std::pair<std::string, std::string> GroupAndTitle(const TGridColumn& column) {
   const std::string caption = PlainCaption(column.Caption());
@@ -60,6 +52,17 @@ class CellsOfColumn {
   const TADOQuery* query_;
   std::optional<std::size_t> field_;
 };
+
+// The series of a column, and its cells beside those of the others. Null where the user does not have the
+// column.
+ChartSeries* AddSeries(Chart& chart, std::vector<CellsOfColumn>& cells, const TSmartDBGrid_QRT& grid,
+                       const char* name) {
+  const TGridColumn* column = ColumnOfChart(grid, name);
+  if (column == nullptr) return nullptr;
+  chart.series.push_back({.name = TitleOfSeries(*column), .format = column->DisplayFormatText()});
+  cells.emplace_back(grid, column);
+  return &chart.series.back();
+}
 
 // The days of dates; the text of the row before is not read twice.
 class DayReader {
@@ -106,15 +109,10 @@ Chart RemainderOverTime(const TSmartDBGrid_QRT& grid) {
   chart.placesAre = ChartPlaces::Days;
   const TADOQuery* query = grid.DataSet();
   std::vector<CellsOfColumn> cells;
-  for (const auto& [name, second] : {std::pair("Bagh", false), std::pair("Miangin", true)}) {
-    const TGridColumn* column = ColumnOfChart(grid, name);
-    if (column == nullptr) continue;
-    chart.series.push_back({.name = TitleOfSeries(*column),
-                            .format = column->DisplayFormatText(),
-                            .secondAxis = second,
-                            .filled = !second,
-                            .fromZero = !second});
-    cells.emplace_back(grid, column);
+  if (ChartSeries* remainder = AddSeries(chart, cells, grid, "Bagh")) remainder->filled = true;
+  if (ChartSeries* average = AddSeries(chart, cells, grid, "Miangin")) {
+    average->secondAxis = true;
+    average->fromZero = false;
   }
   if (cells.size() == 1) chart.title = "مانده در گذر زمان";
   if (query == nullptr || cells.empty()) return chart;
@@ -159,12 +157,10 @@ Chart MovementsByMonth(const TSmartDBGrid_QRT& grid, const char* incoming, const
         "است.");
   std::vector<CellsOfColumn> cells;
   for (const char* name : {incoming, outgoing}) {
-    const TGridColumn* column = ColumnOfChart(grid, name);
-    if (column == nullptr) continue;
-    const std::string title = TitleOfSeries(*column);
-    chart.series.push_back({.name = counted ? "شمار ردیف‌های " + title : title,
-                            .format = counted ? std::string(kCountFormat) : column->DisplayFormatText()});
-    cells.emplace_back(grid, column);
+    ChartSeries* series = AddSeries(chart, cells, grid, name);
+    if (series == nullptr || !counted) continue;
+    series->name.insert(0, "شمار ردیف‌های ");
+    series->format = kCountFormat;
   }
   struct Month {
     std::vector<double> sums;
@@ -403,6 +399,7 @@ const std::vector<OfferedChart>& OfferedCharts() {
 
 std::vector<ChartOffer> ChartsOf(const TSmartDBGrid_QRT& grid) {
   std::vector<ChartOffer> offers;
+  std::vector<ChartOffer> ofGroups = ChartsOfGroups(grid);
   for (const OfferedChart& each : OfferedCharts()) {
     if (grid.Name() != each.grid || !each.seen(grid)) continue;
     offers.push_back({each.title, [&grid, &each] { return each.make(grid); }});
@@ -410,6 +407,8 @@ std::vector<ChartOffer> ChartsOf(const TSmartDBGrid_QRT& grid) {
   // Without prices there is the remainder alone.
   if (!offers.empty() && grid.Name() == "Kardex_GRD" && ColumnOfChart(grid, "Miangin") == nullptr)
     offers.front().title = "مانده";
+  offers.insert(offers.begin(), std::make_move_iterator(ofGroups.begin()),
+                std::make_move_iterator(ofGroups.end()));
   return offers;
 }
 
