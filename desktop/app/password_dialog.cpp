@@ -88,7 +88,7 @@ void PasswordDialog::LayOut(const QString& who, bool askOld) {
   if (askOld) {
     auto* form = new QFormLayout;
     form->setHorizontalSpacing(12);
-    form->addRow("گذرواژه &کنونی :", old_);
+    form->addRow("گذرواژه ک&نونی :", old_);
     layout->addLayout(form);
   }
   layout->addWidget(edits_);

@@ -39,7 +39,7 @@ SettingsDialog::SettingsDialog(DesktopSettings& settings, QWidget* parent)
                               settings.Settings().SecondUnitIsLarger)),
       wholeAndPart_(Box("WholeAndPart_CHK", "موجودی به صورت کل و جزء نشان د&اده شود",
                         settings.Settings().WholeAndPart)),
-      goodsDetail_(Box("GoodsDetail_CHK", "کالاها جزئیات دارند", settings.Settings().GoodsDetail)),
+      goodsDetail_(Box("GoodsDetail_CHK", "کالاها &جزئیات دارند", settings.Settings().GoodsDetail)),
       quantityDecimals_(Decimals("QuantityDecimals_EDT", "رقم‌های اعشار مقدار",
                                  settings.Settings().QuantityDecimals)),
       amountDecimals_(Decimals("AmountDecimals_EDT", "رقم‌های اعشار مبلغ",
@@ -48,7 +48,7 @@ SettingsDialog::SettingsDialog(DesktopSettings& settings, QWidget* parent)
                          settings.Options().PersianDigits)),
       thousandsSeparators_(Box("ThousandsSeparators_CHK", "جداکننده &هزارگان در مقدارها",
                                settings.Options().ThousandsSeparators)),
-      darkPalette_(Box("DarkPalette_CHK", "رنگ‌های تیره", settings.Options().DarkPalette)) {
+      darkPalette_(Box("DarkPalette_CHK", "رنگ‌های &تیره", settings.Options().DarkPalette)) {
   LayOut();
   connect(secondUnit_, &QCheckBox::toggled, this, &SettingsDialog::FollowSecondUnit);
   FollowSecondUnit();
@@ -78,8 +78,8 @@ void SettingsDialog::LayOut() {
 
   auto* form = new QFormLayout;
   form->setHorizontalSpacing(16);
-  form->addRow("مقد&ار :", quantityDecimals_);
-  form->addRow("مبلغ :", amountDecimals_);
+  form->addRow("م&قدار :", quantityDecimals_);
+  form->addRow("م&بلغ :", amountDecimals_);
   QVBoxLayout* decimals = Group("رقم‌های اعشار", {}, this);
   decimals->addLayout(form);
   auto* where = MutedLabel(

@@ -37,7 +37,7 @@ UserDialog::UserDialog(CompanyUser user, Take take, QWidget* parent)
       login_(new QLineEdit(ToQt(user_.login), this)),
       name_(new QLineEdit(ToQt(user_.name), this)),
       password_(user_.code == 0 ? new NewPasswordEdits(this) : nullptr),
-      everyRight_(new QCheckBox("&همه مجوزها، و مدیریت کاربران", this)),
+      everyRight_(new QCheckBox("همه م&جوزها، و مدیریت کاربران", this)),
       seesPrices_(new QCheckBox("&قیمت‌ها و مبلغ‌ها را می‌بیند", this)),
       rights_(new CheckTree(CheckTree::Branches::FollowLeaves, this)),
       problem_(ProblemLabel(this)) {

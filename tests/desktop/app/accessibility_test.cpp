@@ -1,45 +1,27 @@
 // What a screen reader finds in the windows of reports, and what the keyboard reaches.
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
+#include <QTabBar>
 #include <set>
 
 #include "desktop/app/main_window.h"
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_view.h"
-#include "goods_reports.h"
+#include "desktop/views/group_title.h"
+#include "desktop/views/keyboard_marks.h"
 #include "host/base/base_dock.h"
-#include "tests/desktop/app/kit.h"
+#include "tests/desktop/app/every_window.h"
 
 namespace goods {
 namespace {
 
-class Accessibility : public DesktopTest {
- protected:
-  // Each report that a menu opens, and its criteria dialog where it has one.
-  void EachWindow(const std::function<void(QWidget& window)>& look) {
-    HostFor("admin");
-    for (const ReportDescription& report : MenuReports()) {
-      if (!Module().Has(report.exportName)) continue;
-      SCOPED_TRACE(report.exportName);
-      WhileModal([&](QWidget& window) {
-        Wait(100);
-        look(window);
-        const auto* button = FormOf(window).FindComponent("ADVSearch_Fram1.ADVSearch_BTN");
-        if (button == nullptr || !dynamic_cast<const TControl*>(button)->CanFocus()) return;
-        WhileModal([&](QWidget& dialog) {
-          Wait(50);
-          look(dialog);
-        });
-        PressKey(window, Qt::Key_F10, Qt::ControlModifier);
-      });
-      Module().Open(report);
-      RethrowFailure();
-    }
-  }
-};
+using Accessibility = EveryWindow;
 
 bool IsOperated(QAccessible::Role role) {
   switch (role) {
@@ -87,18 +69,20 @@ void CollectStops(const FormView& form, TControl& container, std::set<std::strin
   }
 }
 
-TEST_F(Accessibility, WhateverCanBeOperatedHasAName) {
-  EachWindow([](QWidget& window) {
-    QStringList nameless;
-    int seen = 0;
-    CollectNameless(QAccessible::queryAccessibleInterface(&window), nameless, seen);
-    EXPECT_GT(seen, 3);
-    EXPECT_TRUE(nameless.isEmpty()) << FromQt(window.objectName() + ": " + nameless.join("\n"));
-  });
+void ExpectNames(QWidget& window) {
+  QStringList nameless;
+  int seen = 0;
+  CollectNameless(QAccessible::queryAccessibleInterface(&window), nameless, seen);
+  EXPECT_GT(seen, 0) << FromQt(window.objectName());
+  EXPECT_TRUE(nameless.isEmpty()) << FromQt(window.objectName() + ": " + nameless.join("\n"));
 }
 
-TEST_F(Accessibility, TabReachesEveryControlOfEveryWindow) {
-  EachWindow([](QWidget& window) {
+TEST_F(Accessibility, WhateverCanBeOperatedInAReportHasAName) { EachReport(ExpectNames); }
+
+TEST_F(Accessibility, WhateverCanBeOperatedInADialogHasAName) { EachDialog(ExpectNames); }
+
+TEST_F(Accessibility, TabReachesEveryControlOfEveryReport) {
+  EachReport([](QWidget& window) {
     auto& form = dynamic_cast<FormView&>(window);
     std::set<std::string> wanted;
     CollectStops(form, form.Form(), wanted);
@@ -112,6 +96,112 @@ TEST_F(Accessibility, TabReachesEveryControlOfEveryWindow) {
       EXPECT_TRUE(reached.contains(control)) << FromQt(window.objectName()) << ": " << control;
     EXPECT_FALSE(wanted.empty());
   });
+}
+
+// What a user clicks, types into or chooses from; parts of such a control are not looked at.
+bool IsControl(const QWidget& widget) {
+  for (const QWidget* each = widget.parentWidget(); each != nullptr; each = each->parentWidget()) {
+    for (const char* whole : {"QComboBox", "QAbstractSpinBox", "QTabBar", "QLineEdit", "QHeaderView"})
+      if (each->inherits(whole)) return false;
+  }
+  for (const char* kind : {"QAbstractButton", "QLineEdit", "QComboBox", "QAbstractSpinBox",
+                           "QAbstractItemView", "QTabBar", "QTextEdit"})
+    if (widget.inherits(kind) && !widget.inherits("QHeaderView")) return true;
+  return dynamic_cast<const GridWidget*>(&widget) != nullptr;
+}
+
+// "F8", "(Ctrl+T)", "Esc" and their like, in what the control says of itself, or a letter that Alt goes with.
+bool NamesAKey(const QWidget& widget) {
+  static const QRegularExpression kKey(
+      "(?:^|[ (])((?:Ctrl|Alt|Shift)\\+[A-Za-z0-9+-]+|F[0-9]{1,2}|Esc|Enter|Del|Ins)(?:$|[ )])");
+  const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+  const QString texts = (button == nullptr ? QString() : button->text()) + " " + widget.toolTip() + " " +
+                        widget.accessibleName() + " " + widget.accessibleDescription();
+  return kKey.match(texts).hasMatch() || (button != nullptr && !MarkOf(button->text()).isNull());
+}
+
+// Where Tab comes to from where the keyboard is, all the way round.
+std::set<const QWidget*> ReachedByTab(QWidget& window) {
+  constexpr int kMost = 300;
+  std::set<const QWidget*> reached;
+  const QWidget* first = window.focusWidget();
+  for (int i = 0; i < kMost; ++i) {
+    for (const QWidget* each = window.focusWidget(); each != nullptr && each != &window;
+         each = each->parentWidget())
+      reached.insert(each);
+    PressKey(window, Qt::Key_Tab);
+    if (i > 0 && window.focusWidget() == first) break;
+  }
+  return reached;
+}
+
+void ExpectReachable(QWidget& window) {
+  const bool report = dynamic_cast<FormView*>(&window) != nullptr;
+  const std::set<const QWidget*> reached = report ? std::set<const QWidget*>() : ReachedByTab(window);
+  int seen = 0;
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    if (widget->window() != &window || !IsSeen(*widget) || !IsControl(*widget)) continue;
+    ++seen;
+    const bool stops = (widget->focusPolicy() & Qt::TabFocus) != 0;
+    // The title over a group of controls that does not fold.
+    if (dynamic_cast<const GroupTitle*>(widget) != nullptr && widget->cursor().shape() == Qt::ArrowCursor)
+      continue;
+    if (report && stops) continue;  // looked at by the components' order
+    // Of boxes of which one is chosen Tab comes to the chosen one, and the arrows go on from there.
+    const bool choice = widget->inherits("QRadioButton");
+    EXPECT_TRUE(reached.contains(widget) || NamesAKey(*widget) || choice ||
+                (widget->focusProxy() != nullptr && reached.contains(widget->focusProxy())))
+        << FromQt(window.objectName()) << ": " << widget->metaObject()->className() << ' '
+        << FromQt(widget->objectName());
+  }
+  EXPECT_GT(seen, 0) << FromQt(window.objectName());
+}
+
+TEST_F(Accessibility, WhatTabDoesNotReachInAReportNamesItsKey) { EachReport(ExpectReachable); }
+
+TEST_F(Accessibility, EveryControlOfADialogIsReachedByTabOrByAKeyThatItNames) { EachDialog(ExpectReachable); }
+
+// The marks of what is seen, but for strips of tabs.
+Marks MarksIn(const QWidget& window, QStringList& twice) {
+  Marks marks;
+  const auto add = [&](const QString& text) {
+    if (!MarkOf(text).isNull() && !marks.insert(MarkOf(text)).second) twice << text;
+  };
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    if (widget->window() != &window || !widget->isVisible()) continue;
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) add(button->text());
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    if (label != nullptr && label->buddy() != nullptr) add(label->text());
+  }
+  return marks;
+}
+
+TEST_F(Accessibility, NoTwoMarksOfADialogAreTheSame) {
+  EachDialog([](QWidget& window) {
+    if (dynamic_cast<FormView*>(&window) != nullptr) return;
+    QStringList twice;
+    MarksIn(window, twice);
+    EXPECT_TRUE(twice.isEmpty()) << FromQt(window.objectName() + ": " + twice.join("\n"));
+  });
+}
+
+TEST_F(Accessibility, TabsOfReportsHaveMarksThatNothingElseInTheWindowHas) {
+  int tabs = 0;
+  EachReport([&tabs](QWidget& window) {
+    QStringList captions;
+    Marks marks = MarksIn(window, captions);
+    for (const QTabBar* bar : window.findChildren<QTabBar*>()) {
+      if (!bar->isVisible()) continue;
+      for (int i = 0; i < bar->count(); ++i) {
+        if (!bar->isTabVisible(i)) continue;
+        ++tabs;
+        EXPECT_FALSE(MarkOf(bar->tabText(i)).isNull()) << FromQt(bar->tabText(i));
+        EXPECT_TRUE(marks.insert(MarkOf(bar->tabText(i))).second)
+            << FromQt(window.objectName() + ": " + bar->tabText(i));
+      }
+    }
+  });
+  EXPECT_GT(tabs, 10);
 }
 
 TEST_F(Accessibility, AReaderFindsTheCellsOfAReportUnderTheirTitles) {

@@ -1,5 +1,9 @@
 // What a row says of itself beside its columns, and the title of the negative card, on a real company.
+#include <QApplication>
 #include <QDialog>
+#include <QHelpEvent>
+#include <QToolTip>
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -7,8 +11,11 @@
 #include "desktop/print/page_layout.h"
 #include "desktop/print/unit_rows.h"
 #include "desktop/views/grid_view.h"
+#include "goods_reports.h"
 #include "host/base/base_dock.h"
+#include "host/components/field_list.h"
 #include "host/components/grid_groups.h"
+#include "host/components/standard.h"
 #include "host/components/tabs.h"
 #include "host/core/text.h"
 #include "tests/desktop/app/kit.h"
@@ -43,8 +50,11 @@ TEST_F(RowFacts, TheStockCardNamesOperationDocumentAndStoreOfARow) {
   RethrowFailure();
 }
 
-// The first row says its operation and its document, whatever columns the report has.
-void ExpectFactsOfFirstRow(const TSmartDBGrid_QRT& grid) {
+// The first row says its operation and its document, whatever columns the report has: where it is asked, in
+// the tip over it, and in the panel of the current row where the window has one.
+void ExpectFactsOfFirstRow(QWidget& window, const char* name) {
+  SCOPED_TRACE(FromQt(window.windowTitle()));
+  auto& grid = Component<TSmartDBGrid_QRT>(window, name);
   ASSERT_GT(grid.RowCount(), 0U);
   ASSERT_TRUE(grid.OnDescribeRow);
   const std::vector<TSmartDBGrid_QRT::Fact> facts = grid.OnDescribeRow(0);
@@ -53,21 +63,93 @@ void ExpectFactsOfFirstRow(const TSmartDBGrid_QRT& grid) {
   EXPECT_FALSE(facts[0].text.empty());
   EXPECT_EQ(facts[1].caption, "شماره سند");
   EXPECT_GT(ParseInteger(facts[1].text).value_or(0), 0);
+
+  GridWidget& table = TableOf(window, name);
+  grid.MoveTo(0);
+  dynamic_cast<FormView&>(window).Flush();
+  const QString told = table.FactsOf(0);
+  EXPECT_EQ(told.count(':'),
+            std::count_if(facts.begin(), facts.end(), [](const auto& fact) { return !fact.text.empty(); }));
+  const QPoint point = table.CellRect(0, *table.CurrentColumn()).center();
+  QHelpEvent help(QEvent::ToolTip, point, table.viewport()->mapToGlobal(point));
+  QApplication::sendEvent(table.viewport(), &help);
+  EXPECT_TRUE(QToolTip::text().endsWith(told)) << FromQt(QToolTip::text());
+  QToolTip::hideText();
+  for (const QString& fact : told.split('\n'))
+    EXPECT_TRUE(table.accessibleDescription().contains(fact)) << FromQt(fact);
+}
+
+// The panel under the table has the facts behind what the report gives it.
+void ExpectFactsInPanel(QWidget& window, const char* name) {
+  const auto& grid = Component<TSmartDBGrid_QRT>(window, name);
+  const auto& list = Component<TFieldList>(window, "TListDetail_FRAME1.DetailFields_QRT1");
+  const QString shown = dynamic_cast<FormView&>(window).WidgetOf(list)->accessibleDescription();
+  for (const TSmartDBGrid_QRT::Fact& fact : grid.OnDescribeRow(*grid.DataSet()->RecNo()))
+    EXPECT_TRUE(fact.text.empty() || shown.contains(ToQt(fact.caption + ": " + fact.text))) << FromQt(shown);
 }
 
 TEST_F(RowFacts, RowsOfTheRowSearchAndTheNegativeCardNameOperationAndDocument) {
   HostFor("admin");
   WhileModal([&](QWidget& window) {
     PressKey(window, Qt::Key_F2, Qt::ControlModifier);
-    ExpectFactsOfFirstRow(Component<TSmartDBGrid_QRT>(window, "KardexSearch_GRD"));
+    ExpectFactsOfFirstRow(window, "KardexSearch_GRD");
   });
   Module().Call("Open_KardexSearch");
   RethrowFailure();
-  WhileModal([&](QWidget& window) {
-    ExpectFactsOfFirstRow(Component<TSmartDBGrid_QRT>(window, "KardexSearch_GRD"));
-  });
+  WhileModal([&](QWidget& window) { ExpectFactsOfFirstRow(window, "KardexSearch_GRD"); });
   Module().OpenKardexNegativ("1", "", "");
   RethrowFailure();
+}
+
+TEST_F(RowFacts, RowsOfOneGoodsDetailsAndOfAllDetailsNameOperationAndDocument) {
+  HostFor("admin");
+  bool opened = false;
+  WhileModal([&](QWidget& window) {
+    Wait(700);
+    WhileModal([&](QWidget& good) {
+      opened = true;
+      ExpectFactsOfFirstRow(good, "GoodDetailTransaction_GRD");
+    });
+    Component<TButton>(window, "OpenInfo_BTN").Click();
+  });
+  Module().Call("Open_DetailTransactions");
+  RethrowFailure();
+  EXPECT_TRUE(opened);
+  WhileModal([&](QWidget& window) {
+    Wait(700);
+    ExpectFactsOfFirstRow(window, "AllGoodDetailTrans_List_GRD");
+    ExpectFactsInPanel(window, "AllGoodDetailTrans_List_GRD");
+  });
+  Module().Call("Open_SearchInDetailTransactions");
+  RethrowFailure();
+}
+
+// A row that stands for a good, a combination of details or a mismatch is no movement: its columns say what
+// it is. A report that shows movements must say whose they are.
+TEST_F(RowFacts, EveryReportThatHasOperationsInItsRowsNamesThem) {
+  HostFor("admin");
+  int described = 0;
+  for (const ReportDescription& report : MenuReports()) {
+    SCOPED_TRACE(report.exportName);
+    WhileModal([&](QWidget& window) {
+      if (FormOf(window).FindComponent("Good_SEF.Code_EDT") != nullptr)
+        TypeGood(window, BusiestGood(Company()));
+      PressKey(window, Qt::Key_F2, Qt::ControlModifier);
+      Wait(700);
+      const TSmartDBGrid_QRT* grid = dynamic_cast<TBaseDock_FRM&>(FormOf(window)).PrintedGrid();
+      ASSERT_NE(grid, nullptr);
+      ASSERT_TRUE(grid->DataSet() != nullptr && grid->DataSet()->Active());
+      const bool documents = grid->DataSet()->FindField("OperationCode").has_value();
+      const TGridColumn* operation = grid->FindColumn("OperationTitle");
+      if (documents && (operation == nullptr || !operation->Visible())) {
+        ++described;
+        EXPECT_TRUE(grid->OnDescribeRow);
+      }
+    });
+    Module().Open(report);
+    RethrowFailure();
+  }
+  EXPECT_GE(described, 3);
 }
 
 TEST_F(RowFacts, SumsOverGoodsOfSeveralUnitsAddUpByUnit) {
