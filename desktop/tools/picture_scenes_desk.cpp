@@ -22,15 +22,22 @@ TSmartDBGrid_QRT& GridOf(QWidget& window, const char* name) {
   return *grid;
 }
 
-// The window with what hangs open over it, as it is seen.
+// The window with what hangs open over it, as it is seen: also where that reaches beyond the window.
 void SaveWith(const ReportScenes& scenes, QWidget& window, QWidget& popup, const char* name) {
-  QImage picture = PictureOf(window);
+  const QImage under = PictureOf(window);
+  const QImage over = PictureOf(popup);
+  const QPoint place = window.mapFromGlobal(popup.mapToGlobal(QPoint(0, 0)));
+  const QRect whole = QRect(QPoint(0, 0), window.size()) | QRect(place, popup.size());
+  QPixmap picture(whole.size() * under.devicePixelRatio());
+  picture.setDevicePixelRatio(under.devicePixelRatio());
+  picture.fill(Qt::white);
   QPainter painter(&picture);
-  painter.drawImage(window.mapFromGlobal(popup.mapToGlobal(QPoint(0, 0))), PictureOf(popup));
+  painter.drawImage(-whole.topLeft(), under);
+  painter.drawImage(place - whole.topLeft(), over);
   painter.end();
   QLabel seen;
-  seen.setPixmap(QPixmap::fromImage(picture));
-  seen.resize(window.size());
+  seen.setPixmap(picture);
+  seen.resize(whole.size());
   scenes.save(seen, name);
 }
 
