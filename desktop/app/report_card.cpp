@@ -1,5 +1,6 @@
 #include "desktop/app/report_card.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -64,11 +65,21 @@ int ReportCard::BestWidth() { return kBestWidth; }
 void ReportCard::SetCardWidth(int width) {
   if (width == width_) return;
   width_ = width;
+  height_.reset();
   updateGeometry();
 }
 
+bool ReportCard::event(QEvent* event) {
+  // Another text, font or style inside.
+  if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::StyleChange ||
+      event->type() == QEvent::FontChange)
+    height_.reset();
+  return QPushButton::event(event);
+}
+
 QSize ReportCard::sizeHint() const {
-  return {width_, std::max(kHeight, layout()->totalHeightForWidth(width_))};
+  if (!height_) height_ = std::max(kHeight, layout()->totalHeightForWidth(width_));
+  return {width_, *height_};
 }
 QSize ReportCard::minimumSizeHint() const { return sizeHint(); }
 

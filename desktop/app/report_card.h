@@ -3,6 +3,7 @@
 
 #include <QPushButton>
 #include <QString>
+#include <optional>
 
 namespace goods {
 
@@ -29,10 +30,13 @@ class ReportCard : public QPushButton {
   QSize minimumSizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   int width_;
+  // Of the texts at that width. Layouts ask often, and laying out Persian text is dear.
+  mutable std::optional<int> height_;
 };
 
 }  // namespace goods

@@ -54,11 +54,12 @@ StartPage::StartPage(const QString& title, const QString& subtitle, const std::v
 }
 
 void StartPage::SetViews(const std::vector<OfferedView>& views, std::function<void(std::size_t view)> open) {
+  openView_ = std::move(open);
+  if (views == views_) return;
   const auto had =
       std::find_if(cards_.begin(), cards_.end(), [](const auto* card) { return card->hasFocus(); });
   const QString focused = had == cards_.end() ? QString() : (*had)->objectName();
   views_ = views;
-  openView_ = std::move(open);
   Build();
   const auto again = std::find_if(cards_.begin(), cards_.end(),
                                   [&](const auto* card) { return card->objectName() == focused; });

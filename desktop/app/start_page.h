@@ -27,6 +27,7 @@ struct OfferedView {
   std::string name;
   QString about;   // which report it is of
   QString reason;  // why the user may not open it; empty when the user may
+  bool operator==(const OfferedView&) const = default;
 };
 
 // The arrow keys move between the cards, Enter and Space open.
