@@ -256,7 +256,8 @@ bool PackedGoods::Next() {
   if (!cells_.Step()) return false;
   const void* bytes = sqlite3_column_blob(cells_.Handle(), 0);
   const auto size = static_cast<std::size_t>(sqlite3_column_bytes(cells_.Handle(), 0));
-  if (bytes == nullptr || !cell_.Open(bytes, size)) throw SqliteError(SQLITE_CORRUPT, "packed movements");
+  if (bytes == nullptr || !cell_.Open(bytes, size))
+    throw SqliteError(SQLITE_CORRUPT, "گردش های فشرده یک کالا خوانا نیست");
   return true;
 }
 
