@@ -67,6 +67,8 @@ bool FilterChips::Follow() {
     })->setToolTip(text + "\nبرداشتن این فیلتر (در ستون آن: Alt+Down)");
   }
   if (!shown_.empty()) AddChip("FilterClear_BTN", "برداشتن همه  F8", [this] { RemoveConditions(grid_); });
+  // As wide and as high as before, nobody else would place them.
+  Flow(width(), true);
   setVisible(!chips_.empty());
   return true;
 }

@@ -227,6 +227,12 @@ TEST_F(GridGroupsView, CtrlShiftGGroupsWithinTheGroupsAndAChipLiftsOneLevel) {
   auto* inner = Table().findChild<QToolButton*>("GroupChip_1");
   ASSERT_NE(inner, nullptr);
   EXPECT_TRUE(inner->text().startsWith("سپس: انبار"));
+  // Beside the outer one, from the right.
+  const auto* outer = Table().findChild<QToolButton*>("GroupChip");
+  ASSERT_NE(outer, nullptr);
+  EXPECT_LT(inner->geometry().right(), outer->geometry().left());
+  EXPECT_GT(inner->geometry().right(), outer->geometry().left() - 40);
+  EXPECT_GT(outer->geometry().right(), Table().width() - 60);
   QTest::mouseClick(inner, Qt::LeftButton);
   Settle();
   EXPECT_EQ(Groups().Caption(), "گروه‌بندی: نام شخص");
