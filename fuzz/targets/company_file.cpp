@@ -33,7 +33,8 @@ std::string Honest(const fuzz::Folder& folder) {
 std::string Changed(std::string bytes, const std::uint8_t* data, std::size_t size) {
   while (size >= 4) {
     // Most of what matters is in the header and in the schema, at the beginning.
-    const std::size_t place = (data[0] | data[1] << 8 | data[2] << 16) % bytes.size();
+    const std::size_t place =
+        (data[0] | std::size_t{data[1]} << 8 | std::size_t{data[2]} << 16) % bytes.size();
     const std::size_t count = data[3] % 16U;
     data += 4;
     size -= 4;
