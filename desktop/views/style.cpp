@@ -13,6 +13,8 @@ namespace goods {
 namespace {
 
 constexpr double kRadius = 5;
+constexpr int kEntryMargin = 10;
+constexpr int kEntryWords = 30;  // behind the tick of an entry
 
 bool Has(const QStyleOption* option, QStyle::StateFlag flag) { return option->state.testFlag(flag); }
 
@@ -119,6 +121,28 @@ void DrawSpinArrow(QPainter& painter, const QStyleOptionSpinBox& spin, QStyle::S
   DrawArrow(painter, QRectF(center.x() - 3.5, center.y() - 3.5, 7, 7), color, up ? 180 : 0);
 }
 
+// The words of an entry where reading begins, and what stands behind the tab at the far end; the style below
+// puts both at the left, the latter on the menu's very border.
+void DrawEntryTexts(QPainter& painter, const QStyleOptionMenuItem& entry, bool marks) {
+  const Theme& theme = CurrentTheme();
+  const bool enabled = Has(&entry, QStyle::State_Enabled);
+  const bool chosen = enabled && Has(&entry, QStyle::State_Selected);
+  const QColor light = entry.palette.color(QPalette::HighlightedText);
+  const auto draw = [&](const QString& text, int side, const QColor& color) {
+    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.setPen(chosen ? light : enabled ? color : theme.border);
+    painter.drawText(entry.rect.adjusted(kEntryMargin, 0, -kEntryWords, 0),
+                     side | Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine |
+                         (marks ? Qt::TextShowMnemonic : Qt::TextHideMnemonic),
+                     text);
+  };
+  painter.save();
+  painter.setFont(entry.font);
+  draw(entry.text.section('\t', 0, 0), Qt::AlignRight, theme.text);
+  if (entry.text.contains('\t')) draw(entry.text.section('\t', 1), Qt::AlignLeft, theme.mutedText);
+  painter.restore();
+}
+
 // A row of dots to take hold of, along the border.
 void DrawSplitter(QPainter& painter, const QStyleOption* option) {
   constexpr int kDots = 5;
@@ -217,8 +241,15 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
 
 void HostStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                             const QWidget* widget) const {
+  const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
   if (element == CE_Splitter) {
     DrawSplitter(*painter, option);
+  } else if (element == CE_MenuItem && entry != nullptr && entry->direction == Qt::RightToLeft &&
+             entry->menuItemType != QStyleOptionMenuItem::Separator) {
+    QStyleOptionMenuItem silent(*entry);
+    silent.text.clear();
+    QProxyStyle::drawControl(element, &silent, painter, widget);
+    DrawEntryTexts(*painter, *entry, altHeld_);
   } else {
     QProxyStyle::drawControl(element, option, painter, widget);
   }
@@ -318,6 +349,7 @@ QSize HostStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
   if (type == CT_CheckBox || type == CT_RadioButton) full.setHeight(std::max(height - 8, 18));
   if (type == CT_PushButton) full.rwidth() = size.width() + 24;
   if (type == CT_ComboBox) full.rwidth() += 6;
+  if (type == CT_MenuItem) full.rwidth() += 2 * kEntryMargin;
   return full;
 }
 
