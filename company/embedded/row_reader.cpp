@@ -59,19 +59,15 @@ class NamesOfKeys {
 
   // Null where nothing is found; valid until the next key that is new.
   const std::string* Of(std::int64_t key) {
-    if (last_ == nullptr || last_->first != key) last_ = &*names_.try_emplace(key, Ask(key)).first;
+    if (last_ == nullptr || last_->first != key) {
+      const auto known = names_.find(key);
+      last_ = &*(known != names_.end() ? known : names_.emplace(key, Find(key)).first);
+    }
     return last_->second ? &*last_->second : nullptr;
   }
 
  private:
   using Name = std::optional<std::string>;
-  struct Asked {
-    NamesOfKeys& names;
-    std::int64_t key;
-    operator Name() const { return names.Find(key); }
-  };
-  // Asks only if the key is new: try_emplace makes a Name of it then.
-  Asked Ask(std::int64_t key) { return {*this, key}; }
   Name Find(std::int64_t key) {
     statement_.Reset();
     statement_.Bind(1, key);
