@@ -104,6 +104,7 @@ class CardCheck {
         "SELECT s.Kala, s.Anbar FROM main.GoodStoreStock s LEFT JOIN temp.GoodStoreStock w ON s.Kala ="
         " w.Kala AND s.Anbar = w.Anbar WHERE w.Kala IS NULL",
         "ثبت شده است، با آنکه گردشی ندارد");
+    static_assert(MovementPacker::kMostCells == 1 << 6);
     Statement packed = db_.Prepare(
         "SELECT DISTINCT ifnull(s.Place, w.Place) >> 6 FROM main.PackedMovements s FULL JOIN "
         "temp.PackedMovements w"
