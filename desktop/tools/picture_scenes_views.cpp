@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <stdexcept>
+#include <string>
 
 #include "desktop/app/main_window.h"
 #include "desktop/app/report_views.h"
@@ -49,7 +50,22 @@ void SaveCard(const ReportScenes& scenes, QWidget& window, std::int64_t good) {
   Wait(kViewSettle);
 }
 
-// A card month by month, with one month open.
+// The table with the first of its inner groups open, and its paper.
+void SaveGroups(const ReportScenes& scenes, QWidget& window, const std::string& name) {
+  PressKey(window, Qt::Key_Home, Qt::ControlModifier);
+  PressKey(window, Qt::Key_Down);
+  PressKey(window, Qt::Key_Plus);
+  Wait(kViewSettle);
+  scenes.save(window, name.c_str());
+  WhileModal([&](QWidget& preview) {
+    preview.resize(1200, 860);
+    Wait(kViewSettle);
+    scenes.save(preview, (name + "-print").c_str());
+  });
+  PressKey(window, Qt::Key_F9);
+}
+
+// A card month by month, and by store and month, with one month open.
 void PictureGroups(const ReportScenes& scenes, std::int64_t good) {
   WhileModal([&](QWidget& window) {
     window.resize(scenes.size);
@@ -59,30 +75,10 @@ void PictureGroups(const ReportScenes& scenes, std::int64_t good) {
     form.Run([&] { grid.SetFocus(); });
     auto& table = dynamic_cast<GridWidget&>(*form.WidgetOf(grid));
     table.GroupBy(grid.FindColumn("Date"), true);
-    PressKey(window, Qt::Key_Home, Qt::ControlModifier);
-    PressKey(window, Qt::Key_Down);
-    PressKey(window, Qt::Key_Plus);
-    Wait(kViewSettle);
-    scenes.save(window, "grid-groups");
-    WhileModal([&scenes](QWidget& preview) {
-      preview.resize(1200, 860);
-      Wait(kViewSettle);
-      scenes.save(preview, "grid-groups-print");
-    });
-    PressKey(window, Qt::Key_F9);
+    SaveGroups(scenes, window, "grid-groups");
     table.GroupBy(grid.FindColumn("Anbar"));
     table.GroupWithin(*grid.FindColumn("Date"), true);
-    PressKey(window, Qt::Key_Home, Qt::ControlModifier);
-    PressKey(window, Qt::Key_Down);
-    PressKey(window, Qt::Key_Plus);
-    Wait(kViewSettle);
-    scenes.save(window, "nested-groups");
-    WhileModal([&scenes](QWidget& preview) {
-      preview.resize(1200, 860);
-      Wait(kViewSettle);
-      scenes.save(preview, "nested-groups-print");
-    });
-    PressKey(window, Qt::Key_F9);
+    SaveGroups(scenes, window, "nested-groups");
   });
   scenes.module.OpenKardex(good, 0, "1402/01/01", "1403/12/29");
   RethrowFailure();
