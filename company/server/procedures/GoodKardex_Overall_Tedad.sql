@@ -52,29 +52,37 @@ BEGIN
               - m.Sell - m.ReturnBuy - m.MakeOutPut - m.Havale - m.kala_Hazine - m.sayer_sadere AS decimal(38,9)) AS Remained
   FROM dbo.GoodInf g
   JOIN dbo.SearchNames n ON n.Kind = 6 AND n.Code = g.Code
-  JOIN (SELECT k.Kala, SUM(CASE WHEN k.Inside = 1 THEN 1 ELSE 0 END) AS Moved,
-               SUM(CASE WHEN k.Inside = 0 THEN k.Amount ELSE 0 END) AS Before,
-               SUM(CASE WHEN k.Tedad > 0 AND k.Type IN (3) THEN k.Figure ELSE 0 END) AS YearStart,
-               SUM(CASE WHEN k.Tedad > 0 AND k.Type IN (2) THEN k.Figure ELSE 0 END) AS Buy,
-               SUM(CASE WHEN k.Tedad > 0 AND k.Type IN (4) THEN k.Figure ELSE 0 END) AS ReturnSell,
-               SUM(CASE WHEN k.Tedad > 0 AND k.Type IN (0, 8, 18, 20) THEN k.Figure ELSE 0 END) AS MakeInput,
-               SUM(CASE WHEN k.Tedad > 0 AND k.Type IN (7, 22) THEN k.Figure ELSE 0 END) AS Resid,
-               SUM(CASE WHEN k.Tedad > 0 AND k.Type IN (23) THEN k.Figure ELSE 0 END) AS kala_Daramad,
-               SUM(CASE WHEN k.Tedad > 0 AND k.Type NOT IN (3, 2, 4, 0, 8, 18, 20, 7, 22, 23) THEN k.Figure ELSE 0 END) AS sayer_varade,
-               SUM(CASE WHEN k.Tedad <= 0 AND k.Type IN (1, 12, 13) THEN -k.Figure ELSE 0 END) AS Sell,
-               SUM(CASE WHEN k.Tedad <= 0 AND k.Type IN (5) THEN -k.Figure ELSE 0 END) AS ReturnBuy,
-               SUM(CASE WHEN k.Tedad <= 0 AND k.Type IN (9, 10, 19) THEN -k.Figure ELSE 0 END) AS MakeOutPut,
-               SUM(CASE WHEN k.Tedad <= 0 AND k.Type IN (6, 21) THEN -k.Figure ELSE 0 END) AS Havale,
-               SUM(CASE WHEN k.Tedad <= 0 AND k.Type IN (11) THEN -k.Figure ELSE 0 END) AS kala_Hazine,
-               SUM(CASE WHEN k.Tedad <= 0 AND k.Type NOT IN (1, 12, 13, 5, 9, 10, 19, 6, 21, 11) THEN -k.Figure ELSE 0 END) AS sayer_sadere
-        FROM (SELECT w.Kala, w.Tedad, w.Type, w.Inside, w.Amount, CASE WHEN w.Inside = 1 THEN w.Amount ELSE 0 END AS Figure
-              FROM (SELECT k.Kala, k.Tedad, k.Type, k.Tedad AS Amount,
-                           CASE WHEN @from IS NULL OR k.Date >= @from THEN 1 ELSE 0 END AS Inside
+  -- One sum an operation first, then its place in the row: a sum of its own for each column would be worked out for each movement.
+  JOIN (SELECT t.Kala, MAX(CASE WHEN t.Slot > 0 THEN 1 ELSE 0 END) AS Moved,
+               ISNULL(MAX(CASE WHEN t.Slot = 0 THEN t.Amount END), 0) AS Before,
+               ISNULL(MAX(CASE WHEN t.Slot = 1 THEN t.Amount END), 0) AS YearStart,
+               ISNULL(MAX(CASE WHEN t.Slot = 2 THEN t.Amount END), 0) AS Buy,
+               ISNULL(MAX(CASE WHEN t.Slot = 3 THEN t.Amount END), 0) AS ReturnSell,
+               ISNULL(MAX(CASE WHEN t.Slot = 4 THEN t.Amount END), 0) AS MakeInput,
+               ISNULL(MAX(CASE WHEN t.Slot = 5 THEN t.Amount END), 0) AS Resid,
+               ISNULL(MAX(CASE WHEN t.Slot = 6 THEN t.Amount END), 0) AS kala_Daramad,
+               ISNULL(MAX(CASE WHEN t.Slot = 7 THEN t.Amount END), 0) AS sayer_varade,
+               ISNULL(MAX(CASE WHEN t.Slot = 8 THEN -t.Amount END), 0) AS Sell,
+               ISNULL(MAX(CASE WHEN t.Slot = 9 THEN -t.Amount END), 0) AS ReturnBuy,
+               ISNULL(MAX(CASE WHEN t.Slot = 10 THEN -t.Amount END), 0) AS MakeOutPut,
+               ISNULL(MAX(CASE WHEN t.Slot = 11 THEN -t.Amount END), 0) AS Havale,
+               ISNULL(MAX(CASE WHEN t.Slot = 12 THEN -t.Amount END), 0) AS kala_Hazine,
+               ISNULL(MAX(CASE WHEN t.Slot = 13 THEN -t.Amount END), 0) AS sayer_sadere
+        FROM (SELECT w.Kala, w.Slot, SUM(w.Amount) AS Amount
+              FROM (SELECT k.Kala, k.Tedad AS Amount,
+                           CASE WHEN k.Date < @from THEN 0
+                                WHEN k.Tedad > 0 THEN
+                                  CASE WHEN k.Type = 3 THEN 1 WHEN k.Type = 2 THEN 2 WHEN k.Type = 4 THEN 3
+                                       WHEN k.Type IN (0, 8, 18, 20) THEN 4 WHEN k.Type IN (7, 22) THEN 5
+                                       WHEN k.Type = 23 THEN 6 ELSE 7 END
+                                WHEN k.Type IN (1, 12, 13) THEN 8 WHEN k.Type = 5 THEN 9 WHEN k.Type IN (9, 10, 19) THEN 10
+                                WHEN k.Type IN (6, 21) THEN 11 WHEN k.Type = 11 THEN 12 ELSE 13 END AS Slot
                     FROM dbo.Kardex k
                     WHERE (@store = 0 OR k.Anbar = @store)
                       AND ((@from IS NULL OR k.Date >= @from) AND (@to IS NULL OR k.Date <= @to)
-                           OR @from IS NOT NULL AND k.Date < @from AND ISNULL(@CalcBeforeDatePeriod, 0) <> 0)) w) k
-        GROUP BY k.Kala) m ON m.Kala = g.Code
+                           OR @from IS NOT NULL AND k.Date < @from AND ISNULL(@CalcBeforeDatePeriod, 0) <> 0)) w
+              GROUP BY w.Kala, w.Slot) t
+        GROUP BY t.Kala) m ON m.Kala = g.Code
   WHERE (m.Moved > 0 OR m.Before <> 0)
     AND (@codeAsked + @nameAsked + @abbAsked = 0
          OR CASE WHEN (@codeAsked = 0 OR g.Code = @code) AND (@nameAsked = 0 OR dbo.Holds(n.Name, @namePart) = 1)
