@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "host/components/grid_arrangement.h"
 #include "host/components/grid_filter.h"
 #include "host/components/grid_groups.h"
 #include "host/core/text.h"
@@ -17,32 +18,6 @@ constexpr std::string_view kFormSuffix = "_FRM";
 
 std::string GridSettingsFile(std::string_view report, std::int64_t first, std::int64_t second) {
   return std::string(report) + "_" + std::to_string(first) + "_" + std::to_string(second) + ".ini";
-}
-
-// A line that no column has. A sort by a column that is not there any more, or not this user's, goes.
-constexpr std::string_view kSortLine = "*Sort=";
-
-std::string LayoutText(const TSmartDBGrid_QRT& grid) {
-  std::string text = grid.SaveLayout();
-  std::string sort;
-  for (const TSortKey& key : grid.SortKeys())
-    sort += (sort.empty() ? "" : ",") + std::string(key.Descending ? "-" : "+") + key.FieldName;
-  if (!sort.empty()) text += std::string(kSortLine) + sort + "\n";
-  return text;
-}
-
-void ApplyLayoutText(TSmartDBGrid_QRT& grid, const std::string& text) {
-  grid.LoadLayout(text);
-  for (const std::string& line : Split(text, '\n')) {
-    if (!line.starts_with(kSortLine)) continue;
-    std::vector<TSortKey> keys;
-    for (const std::string& part : Split(Trim(std::string_view(line).substr(kSortLine.size())), ',')) {
-      const TGridColumn* column = part.size() < 2 ? nullptr : grid.FindColumn(part.substr(1));
-      if (column != nullptr && !column->Withheld())
-        keys.push_back({column->FieldName(), part.front() == '-'});
-    }
-    if (!keys.empty()) grid.SetSortKeys(std::move(keys));
-  }
 }
 
 // A window that is shown again begins without what the user put on its columns the last time.
@@ -148,12 +123,12 @@ std::vector<std::string> TBaseDock_FRM::PrintLines() {
 void TBaseDock_FRM::LoadGridSettings(TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
                                      std::int64_t second) {
   const auto text = Host().Settings().ReadSettingFile(GridSettingsFile(report, first, second));
-  if (text) ApplyLayoutText(grid, *text);
+  if (text) ApplyArrangement(grid, *text);
 }
 
 void TBaseDock_FRM::SaveGridSettings(const TSmartDBGrid_QRT& grid, std::string_view report,
                                      std::int64_t first, std::int64_t second) {
-  Host().Settings().WriteSettingFile(GridSettingsFile(report, first, second), LayoutText(grid));
+  Host().Settings().WriteSettingFile(GridSettingsFile(report, first, second), ArrangementOf(grid));
 }
 
 void TBaseDock_FRM::KeepLayout(TSmartDBGrid_QRT& grid) {
@@ -163,13 +138,13 @@ void TBaseDock_FRM::KeepLayout(TSmartDBGrid_QRT& grid) {
   if (report.ends_with(kFormSuffix)) report.remove_suffix(kFormSuffix.size());
   std::string file =
       GridSettingsFile(report, PrintOption.SoftwarePart, static_cast<std::int64_t>(layouts_.size()));
-  if (const auto text = Host().Settings().ReadSettingFile(file)) ApplyLayoutText(grid, *text);
-  layouts_.push_back({&grid, std::move(file), LayoutText(grid)});
+  if (const auto text = Host().Settings().ReadSettingFile(file)) ApplyArrangement(grid, *text);
+  layouts_.push_back({&grid, std::move(file), ArrangementOf(grid)});
 }
 
 void TBaseDock_FRM::FormClose() {
   for (KeptLayout& layout : layouts_) {
-    std::string now = LayoutText(*layout.grid);
+    std::string now = ArrangementOf(*layout.grid);
     if (now != layout.text && Host().Settings().WriteSettingFile(layout.file, now)) {
       layout.text = std::move(now);
     }

@@ -63,9 +63,9 @@ class TBaseDock_FRM : public TForm {
   TSmartDBGrid_QRT* PrintedGrid() const { return printedGrid_; }
   std::vector<std::string> PrintLines();
 
-  // The layout of a grid, kept per report and two numbers in the file <report>_<first>_<second>.ini of the
-  // settings folder, which is written whole or not at all. A file that is not there, or cannot be read or
-  // written, changes nothing.
+  // The layout of a grid and its sort, kept per report and two numbers in the file
+  // <report>_<first>_<second>.ini of the settings folder, which is written whole or not at all. A file that
+  // is not there, or cannot be read or written, changes nothing.
   void LoadGridSettings(TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
                         std::int64_t second);
   void SaveGridSettings(const TSmartDBGrid_QRT& grid, std::string_view report, std::int64_t first,
@@ -73,7 +73,8 @@ class TBaseDock_FRM : public TForm {
 
   // F9 prints and Esc closes through these buttons, as far as they can be clicked.
   void FormKeyDown(TKey& key) override;
-  // Writes the layouts that the user has changed, and lifts the user's conditions on the columns and groups.
+  // Writes the layouts that are not as they were loaded, and lifts the user's conditions on the columns and
+  // groups.
   void FormClose() override;
 
   TFormOptions FormOptions_SFO{this, "FormOptions_SFO"};
@@ -84,8 +85,8 @@ class TBaseDock_FRM : public TForm {
   void Initialise();
   // A new custom parameter is there to be read.
   virtual void OnCustomParameter(const CustomParameter& parameter);
-  // Whether the base keeps a grid's layout from one window to the next, or the window's own rules set its
-  // columns.
+  // Whether the base keeps a grid's layout from one window to the next from its naming on, or the window sees
+  // to it: with KeepLayout, once its columns are there, or in a way of its own.
   enum class GridLayout { Kept, Own };
   // Names the window's buttons for the common keys and its grid for printing, and wires them. A layout that
   // is kept is loaded when its grid is named for the first time, the columns being there, and written as the
@@ -93,6 +94,9 @@ class TBaseDock_FRM : public TForm {
   // the grid, from 0.
   void SetCommonControls(TSmartDBGrid_QRT& grid, TButton& print, TButton& exit,
                          GridLayout layout = GridLayout::Kept);
+  // Loads the layout of a grid whose columns are there, and has it written as the window closes. What the
+  // window's rules set of its columns is set after that. Nothing happens for a grid that is kept already.
+  void KeepLayout(TSmartDBGrid_QRT& grid);
 
  private:
   struct KeptLayout {
@@ -100,8 +104,6 @@ class TBaseDock_FRM : public TForm {
     std::string file;
     std::string text;  // as it was loaded or written last
   };
-
-  void KeepLayout(TSmartDBGrid_QRT& grid);
 
   int formMode_;
   Variant customParameter_;

@@ -372,7 +372,7 @@ std::string TSmartDBGrid_QRT::SaveLayout() const {
 }
 
 void TSmartDBGrid_QRT::LoadLayout(std::string_view text) {
-  std::size_t place = 0;
+  std::vector<std::size_t> order;
   for (const std::string& line : Split(text, '\n')) {
     const std::size_t equals = line.rfind('=');
     if (equals == std::string::npos) continue;
@@ -385,9 +385,23 @@ void TSmartDBGrid_QRT::LoadLayout(std::string_view text) {
     TGridColumn& column = **found;
     column.SetWidth(static_cast<int>(width));
     if (column.customizable_) column.SetVisible(values[1] == "1");
-    const auto from = static_cast<std::size_t>(found - columns_.begin());
-    if (from >= place) MoveColumn(from, place++);
+    const auto place = static_cast<std::size_t>(found - columns_.begin());
+    if (std::find(order.begin(), order.end(), place) == order.end()) order.push_back(place);
   }
+  if (!order.empty()) ArrangeColumns(std::move(order));
+}
+
+void TSmartDBGrid_QRT::ArrangeColumns(std::vector<std::size_t> order) {
+  for (std::size_t place = 0; place < columns_.size(); ++place) {
+    if (std::find(order.begin(), order.end(), place) != order.end()) continue;
+    const auto last =
+        std::find_if(order.rbegin(), order.rend(), [=](std::size_t each) { return each < place; });
+    order.insert(last == order.rend() ? order.end() : last.base(), place);
+  }
+  std::vector<std::unique_ptr<TGridColumn>> arranged;
+  for (const std::size_t place : order) arranged.push_back(std::move(columns_[place]));
+  columns_ = std::move(arranged);
+  Changed();
 }
 
 }  // namespace goods

@@ -189,14 +189,16 @@ class TSmartDBGrid_QRT : public TControl {
   std::unique_ptr<IReportTable> RowsTable() const;
 
   // Layout: order, visibility and width of the columns as text lines, by the columns' own names, for a
-  // settings file. Columns that the text does not name, and names that the grid does not have, are left
-  // alone.
+  // settings file. Names that the grid does not have are left alone; a column that the text does not name,
+  // such as one that is new, stands behind all that it stood behind, or else last.
   std::string SaveLayout() const;
   void LoadLayout(std::string_view text);
 
  private:
   friend class TGridColumn;
   void SortFollows(std::string_view before, const std::string& now);
+  // The columns by the places that they have now; those left out go where LoadLayout puts them.
+  void ArrangeColumns(std::vector<std::size_t> order);
   bool CanSortBy(const std::string& field) const;
   void ApplySort();
   // Marks of fields that the rows at hand do not have go.

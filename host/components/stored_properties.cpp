@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "host/components/grid_arrangement.h"
 #include "host/core/text.h"
 
 namespace goods {
@@ -94,9 +95,9 @@ void TStoredProperties::Keep(TEdit& edit) {
 
 void TStoredProperties::Keep(TSmartDBGrid_QRT& grid) {
   Add(
-      PathOf(grid) + ".Layout", [&grid] { return grid.SaveLayout(); },
+      PathOf(grid) + ".Layout", [&grid] { return ArrangementOf(grid); },
       [&grid](const std::string& value) {
-        grid.LoadLayout(value);
+        ApplyArrangement(grid, value);
         return true;
       });
 }

@@ -27,7 +27,7 @@ class TStoredProperties : public TComponent {
   void Keep(TCheckBox& box);          // ticked or not
   void Keep(TComboBox& combo);        // the chosen item's index
   void Keep(TEdit& edit);             // the text
-  void Keep(TSmartDBGrid_QRT& grid);  // order, visibility and widths of the columns
+  void Keep(TSmartDBGrid_QRT& grid);  // the columns as they are arranged, and the sort
   void KeepWidth(TControl& control);
   // What keep names belongs together, as the column, the edits and the box of a range: it is restored in the
   // order of its naming and, where a control refuses its value, not at all.

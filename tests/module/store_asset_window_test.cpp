@@ -1,5 +1,8 @@
 // The stock per store: what cases cannot set, such as a width that the user has dragged.
+#include <algorithm>
+#include <filesystem>
 #include <functional>
+#include <string>
 #include <utility>
 
 #include "module/reports/asset/goods_asset_store.h"
@@ -92,6 +95,44 @@ TEST_F(StoreAssetWindow, AStoreColumnTakesFormatFooterAndFittingFromTheTotal) {
 TEST_F(StoreAssetWindow, EachWindowHasItsOwnRows) {
   TGoodsAsset_Store_FRM other(host, 1, Variant(std::string("0")), "");
   EXPECT_NE(window.GoodsAsset_Store_GRD.DataSet(), other.GoodsAsset_Store_GRD.DataSet());
+}
+
+// The stores' fields are numbered by their order, which a new store changes.
+TEST_F(StoreAssetWindow, AStoreThatWasHiddenIsTheHiddenOneAlsoBehindANewOne) {
+  host.Settings().Folder = testing::TempDir() + "store_layouts";
+  std::filesystem::create_directories(host.Settings().Folder);
+  Give("SELECT * FROM Stores ORDER BY Code", "Code Name", {{"7", "مرکزی"}, {"9", "شمال"}});
+  const auto seenIn = [this](const std::function<void(TGoodsAsset_Store_FRM&)>& action) {
+    TGoodsAsset_Store_FRM shown(host, 1, Variant(std::string("0")), "");
+    std::string seen;
+    host.Windows().OnIdle = [&] {
+      if (!seen.empty()) return false;
+      action(shown);
+      for (const TGridColumn* column : shown.GoodsAsset_Store_GRD.VisibleColumns())
+        if (column->FieldName().starts_with('S')) seen += column->Caption() + ";";
+      return true;
+    };
+    shown.ShowModal();
+    host.Windows().OnIdle = nullptr;
+    return seen;
+  };
+  const auto hide = [](TGoodsAsset_Store_FRM& shown) {
+    for (const char* field : {"S1-1", "S1-Cost", "B0-1"})
+      shown.GoodsAsset_Store_GRD.FindColumn(field)->SetVisible(std::string(field) == "B0-1");
+  };
+  EXPECT_EQ(seenIn(hide), "شمال|مقدار;شمال|مبلغ;");
+  Give("SELECT * FROM Stores ORDER BY Code", "Code Name", {{"3", "جنوب"}, {"7", "مرکزی"}, {"9", "شمال"}});
+  const auto look = [](TGoodsAsset_Store_FRM& shown) {
+    EXPECT_FALSE(shown.GoodsAsset_Store_GRD.FindColumn("B0-1")->Visible()) << "that is the box's to say";
+    shown.Search_BTNClick();
+  };
+  Sent();
+  EXPECT_EQ(seenIn(look), "جنوب|مقدار;جنوب|مبلغ;شمال|مقدار;شمال|مبلغ;");
+  const Texts sent = Sent();
+  EXPECT_TRUE(std::any_of(sent.begin(), sent.end(), [](const std::string& statement) {
+    return statement.find("@StoreCodes ='-1,0,3,3,9,9,'") != std::string::npos;
+  }));
+  std::filesystem::remove_all(host.Settings().Folder);
 }
 
 }  // namespace

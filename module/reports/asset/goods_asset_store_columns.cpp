@@ -82,7 +82,9 @@ TGridColumn& TGoodsAsset_Store_FRM::AddStoreColumn(std::size_t at, const std::st
                                                    const std::string& caption, std::string_view like,
                                                    std::int64_t store) {
   const TGridColumn& model = *GoodsAsset_Store_GRD.FindColumn(like);
-  TGridColumn& added = GoodsAsset_Store_GRD.InsertColumn(at, field, caption);
+  // The fields are numbered by the order of the stores; a layout is kept by their codes.
+  const std::string name = "Store" + std::to_string(store) + field.substr(field.find('-'));
+  TGridColumn& added = GoodsAsset_Store_GRD.InsertColumn(at, name, caption).SetFieldName(field);
   added.SetDisplayFormat(model.DisplayFormatText())
       .SetMoney(model.Money())
       .SetAutoFit(model.AutoFit())
@@ -118,6 +120,8 @@ void TGoodsAsset_Store_FRM::BuildStoreColumns() {
   for (std::size_t i = 0; i < std::min(kMostStores, stores_->size()); ++i) {
     at = AddStore(at, i + 1, (*stores_)[i]);
   }
+  KeepLayout(GoodsAsset_Store_GRD);
+  AvalDore_CHKClick();  // whatever a layout says of the stock before the period
 }
 
 // Over rows that count the stock before their period stands the period that they were read for.

@@ -67,6 +67,8 @@ void TGoodTrans_Overall_FRM::FormCreate() {
   QeratSearchManager1.OnCustomFilter_DataSet = [this](std::string& filter) {
     QeratSearchManager1CustomFilter_DataSet(filter);
   };
+  // Both from the start: what is hidden on a tab counts before the tab is opened.
+  for (TSmartDBGrid_QRT* grid : {&money_Overall_List_GRD, &tedad_Overall_List_GRD}) KeepLayout(*grid);
   Mojodi_PGC.OnChange = [this] { Mojodi_PGCChange(); };
   Mojodi_PGCChange();
 

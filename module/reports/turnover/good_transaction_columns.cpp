@@ -26,6 +26,7 @@ void TGoodTransaction_FRM::ApplyColumnSet() {
   stockValues_ =
       IsMoney() && IsAllowed(Host().Rights(), kPartCashAsset, kPermissionStockValues, RightQuestion::Silent);
   const bool wholeAndPart = settings.SecondUnit && settings.WholeAndPart;
+  for (TSmartDBGrid_QRT* each : BothGrids()) KeepLayout(*each);
   GoodTransactin_List_GRD.SetVisible(!wholeAndPart);
   GoodTransactinDetail_List_GRD.SetVisible(wholeAndPart);
   TSmartDBGrid_QRT& grid = ShownGrid();

@@ -1,103 +1,163 @@
 // What the user arranged in the table of a report is there after a restart, as far as the report's own rules
 // do not set it.
-#include "goods_reports.h"
-#include "host/base/base_dock.h"
-#include "tests/desktop/app/kit.h"
+#include <QApplication>
+#include <QMouseEvent>
+#include <QSettings>
+#include <QSplitter>
+#include <algorithm>
+#include <map>
+
+#include "host/components/grid_arrangement.h"
+#include "host/core/text.h"
+#include "tests/desktop/app/filled_windows.h"
 
 namespace goods {
 namespace {
 
-constexpr int kWider = 37;
-
-// The columns of these are made and set by the report itself, as it is shown and as it runs.
-bool SetsItsColumns(const ReportDescription& report) {
-  return report.id == ReportId::GoodsInQuantity || report.id == ReportId::GoodsInMoney ||
-         report.id == ReportId::StockPerStore;
-}
-
-// The report as it shows rows.
-void RunTheReport(QWidget& window, ICompany& company) {
-  if (FormOf(window).FindComponent("Good_SEF.Code_EDT") != nullptr) TypeGood(window, BusiestGood(company));
-  PressKey(window, Qt::Key_F2, Qt::ControlModifier);
-  Wait(700);
-}
-
-// Columns that a user moves, hides and widens: those that no report shows or hides by itself stand in the
-// middle.
-struct Arranged {
-  std::string widened;
-  int width = 0;
-  std::string hidden;
-  std::string sorted;
-  std::string moved;  // before the one that stood first
+// What a report's rules set of its columns each time, whatever was arranged. All else is the user's.
+struct ColumnRules {
+  std::vector<std::string> shown;  // these are shown and hidden by the rule
+  std::string reason;
 };
+const std::map<std::string, ColumnRules>& RulesOfWindows() {
+  static const ColumnRules kGoods{
+      {"gheymat_miangin", "Stock", "varede", "sadere", "Mogodi2", "UnitName2", "Jam_Kol", "SumStock"},
+      "the kind of the list, the second unit, the price basis and the rights show them"};
+  static const std::map<std::string, ColumnRules> kRules{
+      {"GoodTransaction_FRM", kGoods},
+      {"GoodTrans_Overall_FRM",
+       {{"sarjame_GhableDore"}, "shown with the box of the stock before the period"}},
+      {"GoodsAsset_Store_FRM",
+       {{"B0-1", "B0-2", "B0-3", "B0-Cost"}, "shown with the box of the stock before the period"}},
+      {"GoodDetailTransaction_FRM", {{"Anbar", "AnbarName"}, "shown while stores are separated"}},
+      {"GoodDetailKardexDismatch_FRM", {{"StoreCode", "StoreTitle"}, "shown while stores are separated"}},
+  };
+  return kRules;
+}
 
-Arranged Arrange(TSmartDBGrid_QRT& grid) {
-  Arranged arranged;
-  const std::vector<TGridColumn*> columns = grid.VisibleColumns();
-  for (TGridColumn* column : columns) {
-    if (!column->Customizable() || column->AutoFit()) continue;
-    if (arranged.widened.empty()) {
-      arranged.widened = column->Name();
-      column->SetWidth(arranged.width = column->Width() + kWider);
-    } else if (arranged.sorted.empty()) {
-      arranged.sorted = column->Name();
-      grid.SetSortKeys({{column->FieldName(), true}});
-    } else if (arranged.hidden.empty()) {
-      arranged.hidden = column->Name();
+bool IsRuled(const TForm& form, const std::string& column) {
+  const auto rules = RulesOfWindows().find(form.Name());
+  if (rules == RulesOfWindows().end()) return false;
+  const auto& shown = rules->second.shown;
+  return std::find(shown.begin(), shown.end(), column) != shown.end();
+}
+
+// The arrangement without what the rules set.
+std::string OwnArrangement(const TForm& form, const TSmartDBGrid_QRT& grid) {
+  std::string own;
+  for (const std::string& line : Split(ArrangementOf(grid), '\n')) {
+    const std::string column = line.substr(0, line.find('='));
+    own += (IsRuled(form, column) ? line.substr(0, line.rfind(',')) : line) + "\n";
+  }
+  return own;
+}
+
+// All the other way round, each a little wider, every third that can be hidden, sorted by two. The result of
+// it.
+std::string Arrange(const TForm& form, TSmartDBGrid_QRT& grid) {
+  const std::string before = OwnArrangement(form, grid);
+  const std::size_t count = grid.Columns().size();
+  for (std::size_t i = 0; i + 1 < count; ++i) grid.MoveColumn(count - 1, i);
+  std::vector<TSortKey> sort;
+  int place = 0;
+  int free = 0;
+  int hidden = 0;
+  for (const auto& column : grid.Columns()) {
+    ++place;
+    column->SetWidth(column->Width() + place);
+    if (!column->Visible() || IsRuled(form, column->Name())) continue;
+    if (sort.size() < 2 && grid.DataSet()->FindField(column->FieldName())) {
+      sort.push_back({column->FieldName(), sort.empty()});
+    } else if (column->Customizable() && ++free % 3 == 2) {
       column->SetVisible(false);
+      ++hidden;
     }
   }
-  arranged.moved = columns.back()->Name();
-  for (std::size_t i = 0; i < grid.Columns().size(); ++i) {
-    if (grid.Columns()[i]->Name() == arranged.moved) grid.MoveColumn(i, 0);
-  }
-  return arranged;
+  EXPECT_EQ(sort.size(), 2U);
+  EXPECT_TRUE(hidden > 0 || free < 2);
+  grid.SetSortKeys(sort);
+  EXPECT_NE(OwnArrangement(form, grid), before);
+  return OwnArrangement(form, grid);
 }
 
-const TGridColumn* ColumnCalled(const TSmartDBGrid_QRT& grid, const std::string& name) {
-  for (const auto& column : grid.Columns()) {
-    if (column->Name() == name) return column.get();
-  }
-  return nullptr;
+void DragBorder(QSplitter& border, int by) {
+  QWidget& handle = *border.handle(1);
+  const QPoint way = border.orientation() == Qt::Horizontal ? QPoint(by, 0) : QPoint(0, by);
+  const QPoint from = handle.rect().center();
+  const auto mouse = [&](QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons) {
+    QMouseEvent event(type, at, handle.mapToGlobal(at), Qt::LeftButton, buttons, Qt::NoModifier);
+    QApplication::sendEvent(&handle, &event);
+  };
+  mouse(QEvent::MouseButtonPress, from, Qt::LeftButton);
+  mouse(QEvent::MouseMove, from + way, Qt::LeftButton);
+  mouse(QEvent::MouseButtonRelease, from + way, Qt::NoButton);
+  Wait(20);
 }
 
-class KeptLayout : public DesktopTest {
+// The sizes at the borders that a user can drag.
+std::map<std::string, QList<int>> BordersIn(const QWidget& window) {
+  std::map<std::string, QList<int>> sizes;
+  for (const QSplitter* border : window.findChildren<QSplitter*>())
+    if (border->isVisible()) sizes[FromQt(border->objectName())] = border->sizes();
+  return sizes;
+}
+
+class KeptLayout : public FilledWindows {
  protected:
-  void In(const ReportDescription& report, const std::function<void(TSmartDBGrid_QRT&)>& steps) {
-    WhileModal([&](QWidget& window) {
-      RunTheReport(window, Company());
-      TSmartDBGrid_QRT* grid = dynamic_cast<TBaseDock_FRM&>(FormOf(window)).PrintedGrid();
-      ASSERT_NE(grid, nullptr);
-      dynamic_cast<FormView&>(window).Run([&] { steps(*grid); });
+  KeptLayout() {
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.filePath("places"));
+    QCoreApplication::setOrganizationName("test");
+  }
+  ~KeptLayout() override { QCoreApplication::setOrganizationName({}); }
+
+  // Arranges what the window shows, in one program, and looks for it in the next.
+  void ExpectKept(const Opener& opener) {
+    SCOPED_TRACE(opener.name);
+    std::string arranged;
+    std::map<std::string, QList<int>> borders;
+    int looks = 0;
+    HostFor("admin");
+    opener.open([&](QWidget& window) {
+      ++looks;
+      for (QSplitter* border : window.findChildren<QSplitter*>()) {
+        if (border->isVisible() && border->count() > 1) DragBorder(*border, -40);
+      }
+      TSmartDBGrid_QRT& grid = PrintedTable(window);
+      dynamic_cast<FormView&>(window).Run([&] { arranged = Arrange(FormOf(window), grid); });
+      borders = BordersIn(window);
     });
-    Module().Open(report);
-    RethrowFailure();
+    HostFor("admin");  // a program that was started anew
+    opener.open([&](QWidget& window) {
+      ++looks;
+      EXPECT_EQ(OwnArrangement(FormOf(window), PrintedTable(window)), arranged);
+      EXPECT_EQ(BordersIn(window), borders);
+    });
+    EXPECT_EQ(looks, 2) << "the window opened in both";
   }
 };
 
-TEST_F(KeptLayout, ColumnsWidthsOrderAndSortOfAReportComeBackAfterARestart) {
-  for (const ReportDescription& report : MenuReports()) {
-    if (SetsItsColumns(report)) continue;
-    SCOPED_TRACE(report.exportName);
-    HostFor("admin");
-    Arranged arranged;
-    In(report, [&](TSmartDBGrid_QRT& grid) { arranged = Arrange(grid); });
-    HostFor("admin");  // a library that was loaded anew
-    In(report, [&](TSmartDBGrid_QRT& grid) {
-      const TGridColumn* widened = ColumnCalled(grid, arranged.widened);
-      ASSERT_NE(widened, nullptr);
-      EXPECT_EQ(widened->Width(), arranged.width) << arranged.widened;
-      if (!arranged.hidden.empty()) {
-        EXPECT_FALSE(ColumnCalled(grid, arranged.hidden)->Visible()) << arranged.hidden;
-      }
-      EXPECT_EQ(grid.VisibleColumns().front()->Name(), arranged.moved);
-      if (report.id == ReportId::SearchInDetails || arranged.sorted.empty())
-        return;  // which keeps its columns alone
-      ASSERT_EQ(grid.SortKeys().size(), 1U) << arranged.sorted;
-      EXPECT_EQ(grid.SortKeys()[0].FieldName, ColumnCalled(grid, arranged.sorted)->FieldName());
+// The comparisons, which begin sorted as the report's table, come before the reports that they are made from.
+TEST_F(KeptLayout, WhatIsArrangedInEachWindowIsThereAfterARestart) {
+  for (const Opener& window : EveryFilledWindow()) ExpectKept(window);
+}
+
+TEST_F(KeptLayout, TheListsOfGoodsInQuantityAndInMoneyKeepEachItsOwn) {
+  HostFor("admin");
+  const auto widthIn = [&](ReportId id, int given) {
+    int width = 0;
+    InReport(id, [&](QWidget& window) {
+      TGridColumn& column = *PrintedTable(window).FindColumn("OperationDate");
+      width = column.Width();
+      if (given > 0) column.SetWidth(given);
     });
-  }
+    return width;
+  };
+  const int own = widthIn(ReportId::GoodsInQuantity, 151);
+  EXPECT_EQ(widthIn(ReportId::GoodsInMoney, 162), own);
+  HostFor("admin");
+  EXPECT_EQ(widthIn(ReportId::GoodsInQuantity, 0), 151);
+  EXPECT_EQ(widthIn(ReportId::GoodsInMoney, 0), 162);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/components/grid_arrangement.h"
 #include "tests/scripted/scripted_host.h"
 
 namespace goods {
@@ -212,6 +213,36 @@ TEST_F(Grid, ALayoutIsKeptByTheColumnsOwnNameWhateverItShows) {
   other.AddColumn("Amount", "مبلغ");
   other.LoadLayout(layout);
   EXPECT_EQ(other.FindColumn("Amount")->Width(), 77);
+}
+
+TEST_F(Grid, AColumnThatALayoutDoesNotNameStandsBehindWhatItStoodBehind) {
+  grid.AddColumn("Other", "سایر");
+  const std::string layout = grid.SaveLayout();
+  const auto orderAfter = [](const std::string& text) {
+    TSmartDBGrid_QRT later(nullptr, "Rows_GRD");
+    for (const char* field : {"Name", "Amount", "New", "Newer", "Other"}) later.AddColumn(field, "");
+    later.LoadLayout(text);
+    std::string order;
+    for (const auto& column : later.Columns()) order += column->Name() + " ";
+    return order;
+  };
+  EXPECT_EQ(orderAfter(layout), "Name Amount New Newer Other ");
+  EXPECT_EQ(orderAfter("Other=80,1\nAmount=80,1\nName=80,1\n"), "Other Amount Name New Newer ");
+  EXPECT_EQ(orderAfter("Amount=80,1\n"), "Amount Name New Newer Other ");
+}
+
+TEST_F(Grid, AnArrangementKeepsTheSortByTheColumnsOwnName) {
+  grid.FindColumn("Amount")->SetFieldName("RemainInAnbar");
+  grid.SetSortKeys({{"RemainInAnbar", true}, {"Name", false}});
+  const std::string arranged = ArrangementOf(grid);
+  TSmartDBGrid_QRT other{nullptr, "Rows_GRD"};
+  other.AddColumn("Name", "نام");
+  other.AddColumn("Amount", "مبلغ");
+  ApplyArrangement(other, arranged);
+  EXPECT_EQ(other.GetSort(), "Amount DESC,Name ASC");
+  EXPECT_EQ(ArrangementOf(other), arranged);
+  other.SetSortKeys({});
+  EXPECT_EQ(ArrangementOf(other), other.SaveLayout());
 }
 
 }  // namespace
