@@ -80,13 +80,13 @@ std::vector<PrintedColumn> PageLayout::NaturalColumns() const {
   return columns;
 }
 
-// As many columns a band as the room takes, behind the key columns as long as these leave half of it.
+// As many columns a band as the room takes, behind as many of the key columns as leave half of it.
 void PageLayout::SplitIntoBands(const std::vector<PrintedColumn>& columns, double room) {
   std::size_t keys = 0;
   if (job_.table != nullptr) keys = job_.table->KeyColumns() + (job_.table->HasRowNumbers() ? 1 : 0);
   double keyWidth = 0;
   for (std::size_t c = 0; c < keys; ++c) keyWidth += columns[c].width;
-  if (keyWidth > room / 2) keys = 0;
+  while (keys > 0 && keyWidth > room / 2) keyWidth -= columns[--keys].width;
   double width = 0;
   for (std::size_t c = 0; c < columns.size(); ++c) {
     if (bands_.empty() || (width + columns[c].width > room && bands_.back().size() > keys)) {

@@ -25,6 +25,7 @@ class PreviewWindow : public QDialog {
   // PDF may not be written over.
   PreviewWindow(PrintedDocument& document, QWidget* parent, std::vector<std::string> forbidden = {});
 
+  const PrintedDocument& Document() const { return document_; }
   int CurrentPage() const;
   void GoToPage(int page);  // from 1
   // What the user is offered as the name of a PDF.

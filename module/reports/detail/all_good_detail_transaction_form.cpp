@@ -66,6 +66,7 @@ void TAllGoodDetailTransaction_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = List_GRD;
   grid.SetCaption(" گزارش جزئیات کالا ");
   grid.SetEmptyText("<داده ای برای نمایش وجود ندارد>");
+  grid.KeyColumns = 5;  // date, store and good
   const ReportColumns columns(grid);
 
   columns.Date("OperationDate", "تاریخ", 94);

@@ -47,6 +47,7 @@ void TGoodDetailTransaction_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = List_GRD;
   grid.SetAccessibleName("موجودی جزئیات کالا");
   grid.SetEmptyText("<داده ای برای نمایش وجود ندارد>");
+  grid.KeyColumns = 4;  // store and good
   const ReportColumns columns(grid);
   columns.Text("Anbar", "کد انبار", 70).SetVisible(false).SetCustomizable(false);
   columns.Text("AnbarName", "انبار", 140).SetVisible(false).SetCustomizable(false);

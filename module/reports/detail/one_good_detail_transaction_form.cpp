@@ -35,6 +35,7 @@ void TOneGoodDetailTransaction_FRM::DeclareForm() {
 void TOneGoodDetailTransaction_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = GoodDetailTransaction_GRD;
   grid.SetAccessibleName("گردش جزئیات");
+  grid.KeyColumns = 3;  // date and store
   const ReportColumns columns(grid);
   columns.Date("Date", "تاریخ", 83);
   columns.Text("Anbar", "کد انبار", 57).SetVisible(false);

@@ -77,6 +77,7 @@ void TGoodDetailKardexDismatch_FRM::DeclareForm() {
 void TGoodDetailKardexDismatch_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = GoodDetailKardexDismatch_GRD;
   grid.SetAccessibleName("کالاهای مغایر");
+  grid.KeyColumns = 4;  // store and good
   const ReportColumns columns(grid);
   columns.Text("StoreCode", "کد انبار", 70).SetVisible(false);
   columns.Text("StoreTitle", "انبار", 160);

@@ -48,6 +48,7 @@ void TGoodDetailOperationDismatch_FRM::DeclareForm() {
 void TGoodDetailOperationDismatch_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = GoodDetailOperationDismatch_GRD;
   grid.SetAccessibleName("ردیف های مغایر");
+  grid.KeyColumns = 5;  // date, store and operation
   grid.ShowFooter = false;
   const ReportColumns columns(grid);
   columns.Date("OperationDate", "تاریخ", 100);

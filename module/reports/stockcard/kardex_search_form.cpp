@@ -28,6 +28,7 @@ void TKardexSearch_FRM::DeclareForm() {
 void TKardexSearch_FRM::DeclareColumns() {
   TSmartDBGrid_QRT& grid = KardexSearch_GRD;
   grid.SetAccessibleName("ردیف های یافته شده");
+  grid.KeyColumns = 3;  // number, date and good
 
   const ReportColumns columns(grid);
 

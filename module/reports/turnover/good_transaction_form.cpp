@@ -61,6 +61,7 @@ void TGoodTransaction_FRM::DeclareForm() {
 // The list with whole and part quantities shows the same columns in another order, and the part between.
 void TGoodTransaction_FRM::DeclareColumns(TSmartDBGrid_QRT& grid, bool wholeAndPart) {
   grid.SetAccessibleName("فهرست کالاها");
+  grid.KeyColumns = kKeyColumns;
   const ReportColumns columns(grid);
 
   columns.Text("Code", "کد", 60);
