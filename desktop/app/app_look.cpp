@@ -7,6 +7,7 @@
 #include <QShortcut>
 #include <utility>
 
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "desktop/windows/message_dialog.h"
@@ -48,7 +49,9 @@ QPushButton* ButtonWithKey(const char* name, const QString& text, const QKeySequ
   button->setObjectName(name);
   button->setAutoDefault(false);
   QObject::connect(button, &QPushButton::clicked, &window, std::move(action));
-  QObject::connect(new QShortcut(key, &window), &QShortcut::activated, button, &QPushButton::click);
+  auto* shortcut = new QShortcut(&window);
+  shortcut->setKeys(OnBothLayouts(key));
+  QObject::connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
   return button;
 }
 

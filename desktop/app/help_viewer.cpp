@@ -12,6 +12,7 @@
 #include "desktop/app/app_look.h"
 #include "desktop/app/help_book.h"
 #include "desktop/app/help_text.h"
+#include "desktop/views/letter_keys.h"
 
 namespace goods {
 namespace {
@@ -70,9 +71,11 @@ HelpViewer::HelpViewer(QWidget* parent)
 
 void HelpViewer::MakeKeys() {
   const auto key = [this](const QKeySequence& keys, auto action) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+    auto* shortcut = new QShortcut(this);
+    shortcut->setKeys(OnBothLayouts(keys));
+    connect(shortcut, &QShortcut::activated, this, action);
   };
-  key(QKeySequence::Find, [this] {
+  key(QKeySequence(QKeySequence::Find), [this] {
     search_->setFocus();
     search_->selectAll();
   });

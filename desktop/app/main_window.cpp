@@ -15,6 +15,8 @@
 #include "desktop/app/report_views.h"
 #include "desktop/app/services/company_rights.h"
 #include "desktop/app/settings_dialog.h"
+#include "desktop/views/letter_keys.h"
+#include "desktop/views/numbered_menu.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/text_label.h"
 #include "desktop/views/theme.h"
@@ -104,7 +106,8 @@ std::vector<OfferedReport> MainWindow::OfferedReports() const {
 
 QAction* MainWindow::AddAction(QMenu& menu, const char* name, const QString& text,
                                const QKeySequence& shortcut, void (MainWindow::*slot)()) {
-  QAction* action = menu.addAction(text, shortcut, this, slot);
+  QAction* action = menu.addAction(text, this, slot);
+  action->setShortcuts(OnBothLayouts(shortcut));
   action->setObjectName(name);
   return action;
 }
@@ -123,16 +126,16 @@ void MainWindow::MakeMenus(const std::vector<OfferedReport>& reports) {
   program.addSeparator();
   AddAction(program, "Quit_ACT", "خر&وج", QKeySequence("Ctrl+Q"), &MainWindow::Quit);
 
-  QMenu& list = *menuBar()->addMenu("گز&ارش‌ها");
+  auto& list = *new NumberedMenu("گز&ارش‌ها", this);
+  menuBar()->addMenu(&list);
   list.setToolTipsVisible(true);
   std::string_view group;
   for (const OfferedReport& report : reports) {
     if (!group.empty() && group != report.entry->group) list.addSeparator();
     group = report.entry->group;
-    QAction* action =
-        list.addAction(QString("&%1  %2").arg(report.entry->digit).arg(ToQt(report.entry->title)));
+    QAction* action = list.addAction(NumberedMenu::Numbered(report.entry->digit, ToQt(report.entry->title)));
     action->setObjectName(QString(report.entry->exportName) + "_ACT");
-    action->setShortcut(QKeySequence(QString("Ctrl+%1").arg(report.entry->digit)));
+    action->setShortcuts(OnBothLayouts(QKeySequence(QString("Ctrl+%1").arg(report.entry->digit))));
     action->setEnabled(report.reason.isEmpty());
     action->setToolTip(report.reason.isEmpty() ? ToQt(report.entry->about) : report.reason);
     connect(action, &QAction::triggered, this, [this, entry = report.entry] { OpenReport(*entry); });

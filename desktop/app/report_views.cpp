@@ -9,6 +9,7 @@
 #include "desktop/app/views_dialog.h"
 #include "desktop/requests/criteria_reader.h"
 #include "desktop/views/keyboard_marks.h"
+#include "desktop/views/numbered_menu.h"
 #include "desktop/views/shown_text.h"
 #include "host/base/base_dock.h"
 #include "host/core/text.h"
@@ -168,8 +169,8 @@ void ReportViews::AddViews(QMenu& menu, FormView& form, const ReportSpec& report
   const auto current = current_.find(report.Name());
   int digit = 0;
   for (const SavedView* view : store_.ViewsOf(report.Name())) {
-    const QString mark = ++digit <= kMostDigits ? QString("&%1  ").arg(digit) : QString();
-    QAction* action = menu.addAction(mark + MenuText(view->name));
+    const QString text = MenuText(view->name);
+    QAction* action = menu.addAction(++digit <= kMostDigits ? NumberedMenu::Numbered(digit, text) : text);
     action->setCheckable(true);
     action->setChecked(current != current_.end() && current->second == view->name);
     QObject::connect(
@@ -186,7 +187,7 @@ void ReportViews::AddViews(QMenu& menu, FormView& form, const ReportSpec& report
 void ReportViews::OfferMenu(FormView& form, QWidget& button) {
   const ReportSpec* report = SpecOf(form);
   if (report == nullptr) return;
-  auto* menu = new QMenu(&form);
+  auto* menu = new NumberedMenu(&form);
   menu->setObjectName("Views_MNU");
   menu->setAccessibleName("نماهای ذخیره‌شده");
   menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -18,6 +18,7 @@
 #include "desktop/charts/chart_view.h"
 #include "desktop/print/file_name.h"
 #include "desktop/views/form_view.h"
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 #include "host/components/grid_groups.h"
@@ -29,10 +30,6 @@ namespace {
 constexpr int kChartWindowWidth = 1100;
 constexpr int kChartWindowHeight = 660;
 constexpr QSize kLeastPicture(800, 500);
-// The letters of C, S and P where a Persian layout is in use.
-constexpr int kPersianZeh = 0x0632;
-constexpr int kPersianSin = 0x0633;
-constexpr int kPersianHah = 0x062D;
 
 }  // namespace
 
@@ -216,7 +213,7 @@ void ChartWindow::Print() {
 
 bool ChartWindow::TakeKey(const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-  const int key = event.key();
+  const int key = LatinKey(event.key());
   const int count = charts_->count();
   if (modifiers == Qt::NoModifier) {
     if (key == Qt::Key_Return || key == Qt::Key_Enter) return Open(), true;
@@ -227,9 +224,9 @@ bool ChartWindow::TakeKey(const QKeyEvent& event) {
     return Choose((charts_->currentIndex() + 1) % count), true;
   if (key == Qt::Key_Backtab) return Choose((charts_->currentIndex() + count - 1) % count), true;
   if (modifiers != Qt::ControlModifier) return false;
-  if (key == Qt::Key_C || key == kPersianZeh) return Copy(), true;
-  if (key == Qt::Key_S || key == kPersianSin) return Save(), true;
-  if (key == Qt::Key_P || key == kPersianHah) return Print(), true;
+  if (key == Qt::Key_C) return Copy(), true;
+  if (key == Qt::Key_S) return Save(), true;
+  if (key == Qt::Key_P) return Print(), true;
   return false;
 }
 

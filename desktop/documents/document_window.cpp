@@ -15,6 +15,7 @@
 #include "desktop/documents/document_rows.h"
 #include "desktop/documents/plain_table.h"
 #include "desktop/views/form_view.h"
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/path_line.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
@@ -64,7 +65,9 @@ DocumentWindow::DocumentWindow(const DocumentView& view, std::int64_t code, QWid
   close->setObjectName("Exit_BTN");
   connect(copy, &QPushButton::clicked, this, &DocumentWindow::Copy);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, &DocumentWindow::Copy);
+  auto* copyKeys = new QShortcut(this);
+  copyKeys->setKeys(OnBothLayouts(QKeySequence::keyBindings(QKeySequence::Copy)));
+  connect(copyKeys, &QShortcut::activated, this, &DocumentWindow::Copy);
 
   MakeTable(view);
   auto* layout = new QVBoxLayout(this);

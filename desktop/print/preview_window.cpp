@@ -18,6 +18,7 @@
 #include "desktop/print/page_view.h"
 #include "desktop/print/saved_file.h"
 #include "desktop/views/file_dialogs.h"
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
 
@@ -166,9 +167,10 @@ void PreviewWindow::keyPressEvent(QKeyEvent* event) {
   const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
   if (event->key() == Qt::Key_PageDown) return Next();
   if (event->key() == Qt::Key_PageUp) return Previous();
-  if (ctrl && event->key() == Qt::Key_P) return Print();
-  if (ctrl && event->key() == Qt::Key_S) return AskAndSave();
-  if (ctrl && event->key() == Qt::Key_E) return SetUpPage();
+  const int letter = ctrl ? LatinKey(event->key()) : 0;
+  if (letter == Qt::Key_P) return Print();
+  if (letter == Qt::Key_S) return AskAndSave();
+  if (letter == Qt::Key_E) return SetUpPage();
   if (ctrl && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) return ZoomIn();
   if (ctrl && event->key() == Qt::Key_Minus) return ZoomOut();
   QDialog::keyPressEvent(event);

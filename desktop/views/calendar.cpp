@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/style.h"
 #include "desktop/views/theme.h"
@@ -136,7 +137,7 @@ void CalendarView::paintEvent(QPaintEvent* /*event*/) {
 
 void CalendarView::keyPressEvent(QKeyEvent* event) {
   const bool byYear = event->modifiers().testFlag(Qt::ControlModifier);
-  switch (event->key()) {
+  switch (LatinKey(event->key())) {
     case Qt::Key_Left:
       return MoveDays(1);
     case Qt::Key_Right:

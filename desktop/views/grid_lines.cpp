@@ -6,13 +6,11 @@
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_view.h"
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/shown_text.h"
 
 namespace goods {
 namespace {
-
-// The key of G where a Persian layout is in use.
-constexpr int kPersianLam = 0x0644;
 
 bool IsPlus(const QKeyEvent& event) {
   return event.key() == Qt::Key_Plus || (event.key() == Qt::Key_Equal && event.modifiers() != Qt::NoModifier);
@@ -149,7 +147,7 @@ void GridWidget::GroupByCurrent(bool within) {
 
 bool GridWidget::GroupKey(const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-  const bool letter = event.key() == Qt::Key_G || event.key() == kPersianLam;
+  const bool letter = LatinKey(event.key()) == Qt::Key_G;
   if (!letter || (modifiers & ~Qt::ShiftModifier) != Qt::ControlModifier) return FoldKey(event);
   GroupByCurrent(modifiers.testFlag(Qt::ShiftModifier));
   return true;

@@ -12,6 +12,7 @@
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_accessible.h"
 #include "desktop/views/grid_menu.h"
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/panel_splitter.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/theme.h"
@@ -249,9 +250,9 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
   const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
   const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
   const std::size_t count = grid_.RowCount();
-  if (event == QKeySequence::Copy) return CopyRows(grid_);
+  if (IsCommand(*event, QKeySequence::Copy)) return CopyRows(grid_);
   if (ColumnKey(*event) || GroupKey(*event)) return;
-  if (ctrl && event->key() == Qt::Key_A && grid_.MultiSelect && count > 0) {
+  if (ctrl && LatinKey(event->key()) == Qt::Key_A && grid_.MultiSelect && count > 0) {
     anchor_ = 0;
     return view_.Do([&] { SelectTo(count - 1); });
   }

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/shown_text.h"
 #include "host/core/text.h"
 
@@ -25,13 +26,11 @@ void LineEdit::CutSelection() {
 }
 
 void LineEdit::keyPressEvent(QKeyEvent* event) {
-  if (event == QKeySequence::Copy) {
-    CopySelection();
-  } else if (event == QKeySequence::Cut) {
-    CutSelection();
-  } else {
-    QLineEdit::keyPressEvent(event);
-  }
+  if (IsCommand(*event, QKeySequence::Copy)) return CopySelection();
+  if (IsCommand(*event, QKeySequence::Cut)) return CutSelection();
+  QKeyEvent latin = OnLatinLayout(*event);
+  QLineEdit::keyPressEvent(&latin);
+  event->setAccepted(latin.isAccepted());
 }
 
 void LineEdit::contextMenuEvent(QContextMenuEvent* event) {

@@ -1,12 +1,10 @@
 #include "desktop/views/period_button.h"
 
 #include <QAction>
-#include <QKeyEvent>
-#include <QMenu>
-#include <QPointer>
 #include <vector>
 
 #include "desktop/views/form_view.h"
+#include "desktop/views/numbered_menu.h"
 #include "desktop/views/quick_periods.h"
 #include "desktop/views/shown_text.h"
 #include "host/components/form.h"
@@ -14,28 +12,6 @@
 #include "host/services/windows.h"
 
 namespace goods {
-namespace {
-
-// A digit chooses the entry of that number, 0 the tenth, in whatever script the keyboard writes.
-class NumberedMenu : public QMenu {
- public:
-  using QMenu::QMenu;
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    const bool key = event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9;
-    const int digit = key                         ? event->key() - Qt::Key_0
-                      : event->text().size() == 1 ? event->text().front().digitValue()
-                                                  : -1;
-    const qsizetype place = digit == 0 ? 9 : digit - 1;
-    if (digit < 0 || place >= actions().size()) return QMenu::keyPressEvent(event);
-    const QPointer<QAction> chosen(actions().at(place));
-    close();
-    if (chosen) chosen->trigger();
-  }
-};
-
-}  // namespace
 
 std::optional<DateRange> DateRangeIn(const TControl& container) {
   std::vector<TDateEdit*> edits;
@@ -104,9 +80,9 @@ void PeriodButton::Offer() {
   for (const QuickPeriod& period : QuickPeriods(*today)) {
     const std::string from = FormatJalali(period.from);
     const std::string to = FormatJalali(period.to);
-    digit = (digit + 1) % 10;
+    digit = (digit + 1) % 10;  // the tenth is 0
     const QString dates = from == to ? ShownText(from) : ShownText(from) + " تا " + ShownText(to);
-    QAction* action = menu->addAction(QString("&%1  %2\t%3").arg(digit).arg(period.caption, dates));
+    QAction* action = menu->addAction(NumberedMenu::Numbered(digit, period.caption) + '\t' + dates);
     connect(action, &QAction::triggered, this, [this, from, to] { Choose(from, to); });
   }
   menu->setActiveAction(menu->actions().front());

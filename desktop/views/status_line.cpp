@@ -14,6 +14,7 @@
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_geometry.h"
 #include "desktop/views/keyboard_marks.h"
+#include "desktop/views/letter_keys.h"
 #include "desktop/views/read_times.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/text_label.h"
@@ -253,7 +254,7 @@ void StatusLine::FillTable() {
 }
 
 bool StatusLine::HandleKey(const QKeyEvent& event) {
-  if (event.key() != Qt::Key_T || event.modifiers() != Qt::ControlModifier) return false;
+  if (LatinKey(event.key()) != Qt::Key_T || event.modifiers() != Qt::ControlModifier) return false;
   toggle_->toggle();
   return true;
 }

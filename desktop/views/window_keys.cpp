@@ -5,17 +5,13 @@
 
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_view.h"
+#include "desktop/views/letter_keys.h"
 #include "host/base/base_dock.h"
 #include "host/components/edit.h"
 #include "host/components/grid_filter.h"
 
 namespace goods {
 namespace {
-
-// The key of F where a Persian layout is in use.
-constexpr int kPersianBeh = 0x0628;
-// That of N.
-constexpr int kPersianDal = 0x062F;
 
 bool IsSeen(const FormView& form, const TControl& control) {
   const QWidget* widget = form.WidgetOf(control);
@@ -96,10 +92,9 @@ bool HasSearchKey(const TEdit& edit) {
 
 bool TakeWindowKey(FormView& form, const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-  if (modifiers == Qt::ControlModifier && (event.key() == Qt::Key_F || event.key() == kPersianBeh))
-    return Find(form);
-  if (modifiers == Qt::ControlModifier && (event.key() == Qt::Key_N || event.key() == kPersianDal) &&
-      form.OnBeside) {
+  const int letter = modifiers == Qt::ControlModifier ? LatinKey(event.key()) : 0;
+  if (letter == Qt::Key_F) return Find(form);
+  if (letter == Qt::Key_N && form.OnBeside) {
     form.OnBeside();
     return true;
   }
