@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <span>
 #include <stdexcept>
 #include <string_view>
@@ -18,7 +17,6 @@ namespace goods {
 namespace {
 
 constexpr std::size_t kMonthText = 7;  // "yyyy/mm"
-constexpr std::size_t kMostUnits = 20;
 constexpr std::array<std::string_view, 12> kMonthNames{
     "فروردین", "اردیبهشت", "خرداد", "تیر", "مرداد", "شهریور", "مهر", "آبان", "آذر", "دی", "بهمن", "اسفند"};
 
@@ -210,6 +208,7 @@ void GridGroups::Forget() {
   shown_ = {};
   all_.reset();
   totals_.clear();
+  parted_.reset();
 }
 
 void GridGroups::Build() const {
@@ -221,6 +220,7 @@ void GridGroups::Build() const {
   rows_ = rows;
   groups_.clear();
   totals_.clear();
+  parted_.reset();
   by_ = Columns();
   if (!by_.empty()) {
     FindGroups();
@@ -261,13 +261,13 @@ void GridGroups::FindUnits() const {
   const RowUnits::Known* known = rowUnits_.Of(false);
   if (known == nullptr || known->names.size() < 2) return;
   const auto visible = grid_.DataSet()->VisibleRows();
-  for (Group& group : groups_) {
+  std::vector<std::size_t> seenIn(known->names.size(), groups_.size());  // the last group with that unit
+  for (std::size_t place = 0; place < groups_.size(); ++place) {
+    Group& group = groups_[place];
     std::vector<std::uint32_t> units;
     for (const std::uint32_t row : visible.subspan(group.first, group.count)) {
       const std::uint32_t unit = known->ofRows[row];
-      if (!units.empty() && units.back() == unit) continue;
-      if (std::find(units.begin(), units.end(), unit) == units.end() && units.size() < kMostUnits)
-        units.push_back(unit);
+      if (std::exchange(seenIn[unit], place) != place) units.push_back(unit);
     }
     if (units.size() > 1) group.units = std::move(units);
   }
@@ -454,19 +454,22 @@ std::vector<std::string> GridGroups::Units(std::size_t group) const {
 std::string GridGroups::HeadText(const Line& line) const {
   if (line.row) return {};
   if (!line.unit) return Title(line.group) + " (" + std::to_string(RowCount(line.group)) + ")";
-  const std::string unit = Units(line.group).at(*line.unit);
+  const std::string& unit = rowUnits_.Of(false)->names[groups_.at(line.group).units.at(*line.unit)];
   return "واحد: " + (unit.empty() ? std::string("(خالی)") : unit);
 }
 
-std::vector<std::uint32_t> GridGroups::RowsOf(const Line& line) const {
+const std::vector<std::uint32_t>& GridGroups::RowsOf(const Line& line) const {
   const Group& group = groups_[line.group];
-  const auto visible = grid_.DataSet()->VisibleRows().subspan(group.first, group.count);
-  std::vector<std::uint32_t> rows;
-  const RowUnits::Known& known = *rowUnits_.Of(false);
-  const std::uint32_t unit = group.units.at(*line.unit);
-  std::copy_if(visible.begin(), visible.end(), std::back_inserter(rows),
-               [&](std::uint32_t row) { return known.ofRows[row] == unit; });
-  return rows;
+  if (parted_ != line.group) {
+    const RowUnits::Known& known = *rowUnits_.Of(false);
+    std::vector<std::size_t> part(known.names.size());
+    for (std::size_t unit = 0; unit < group.units.size(); ++unit) part[group.units[unit]] = unit;
+    parts_.assign(group.units.size(), {});
+    for (const std::uint32_t row : grid_.DataSet()->VisibleRows().subspan(group.first, group.count))
+      parts_[part[known.ofRows[row]]].push_back(row);
+    parted_ = line.group;
+  }
+  return parts_.at(*line.unit);
 }
 
 Value GridGroups::Total(const Line& line, const TGridColumn& column) const {
@@ -479,10 +482,8 @@ Value GridGroups::Total(const Line& line, const TGridColumn& column) const {
   if (const auto found = totals_.find(known); found != totals_.end()) return found->second;
   const TADOQuery& query = *grid_.DataSet();
   const Group& group = groups_[line.group];
-  std::vector<std::uint32_t> ofUnit;
-  if (line.unit) ofUnit = RowsOf(line);
-  const auto visible = query.VisibleRows().subspan(group.first, group.count);
-  const std::span<const std::uint32_t> rows = line.unit ? std::span<const std::uint32_t>(ofUnit) : visible;
+  const std::span<const std::uint32_t> rows =
+      line.unit ? std::span(RowsOf(line)) : query.VisibleRows().subspan(group.first, group.count);
   Value total = SumOver(query, column, rows);
   totals_.emplace(known, total);
   return total;

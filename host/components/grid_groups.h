@@ -149,7 +149,8 @@ class GridGroups {
   std::string KeyText(std::size_t row, const GroupedBy& by) const;
   // Of the group and of those around it, so that equal texts within others differ.
   std::string PathOf(std::size_t group) const;
-  std::vector<std::uint32_t> RowsOf(const Line& line) const;
+  // Of one unit.
+  const std::vector<std::uint32_t>& RowsOf(const Line& line) const;
 
   TSmartDBGrid_QRT& grid_;
   RowUnits rowUnits_;
@@ -164,6 +165,9 @@ class GridGroups {
   mutable LineMap shown_;
   mutable std::optional<LineMap> all_;
   mutable std::unordered_map<std::string, Value> totals_;
+  // The rows of the group that was asked for last, by its units.
+  mutable std::optional<std::size_t> parted_;
+  mutable std::vector<std::vector<std::uint32_t>> parts_;
 };
 
 }  // namespace goods

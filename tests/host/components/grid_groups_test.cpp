@@ -149,5 +149,29 @@ TEST_F(GroupsOfRows, ATableWithGroupsSaysWhatItsRowsAre) {
   EXPECT_FALSE(grid.RowsTable()->HasGroups());
 }
 
+TEST_F(GroupsOfRows, EveryUnitOfAGroupHasALineHoweverManyThereAre) {
+  constexpr int kUnits = 45;
+  CannedRows many{
+      {{"Store", ColumnType::Text}, {"Amount", ColumnType::Decimal}, {"UnitName1", ColumnType::Text}}, {}};
+  for (int row = 0; row < 3 * kUnits; ++row)
+    many.rows.push_back(
+        {row % 2 == 0 ? "مرکزی" : "شعبه", std::to_string(row), "واحد " + std::to_string(row % kUnits)});
+  host.Connection().Answer("many", std::move(many));
+  query.SetSQL("many");
+  query.Open();
+  groups.Set(&Column("Store"));
+  ASSERT_EQ(groups.GroupCount(), 2U);
+  for (std::size_t group = 0; group < 2; ++group) {
+    ASSERT_EQ(groups.Units(group).size(), static_cast<std::size_t>(kUnits));
+    Decimal sum;
+    for (std::size_t unit = 0; unit < kUnits; ++unit) {
+      EXPECT_EQ(groups.HeadText({group, {}, unit}), "واحد: " + groups.Units(group)[unit]);
+      sum = sum + groups.Total({group, {}, unit}, Column("Amount")).AsDecimal();
+    }
+    EXPECT_EQ(sum, groups.Total({group, {}, {}}, Column("Amount")).AsDecimal());
+  }
+  EXPECT_EQ(groups.LineCount(), 2U * (1 + kUnits));
+}
+
 }  // namespace
 }  // namespace goods
