@@ -15,12 +15,17 @@ class GroupCharts : public DesktopTest {
  protected:
   // The card of a good in groups by a column, all folded; then the steps on what F11 opens.
   void OverGroups(const char* field, const std::function<void(QWidget& window, ChartWindow& charts)>& steps) {
+    OverLevels({{field, false}}, steps);
+  }
+  // The same with groups within groups.
+  void OverLevels(const std::vector<GridGroups::Level>& levels,
+                  const std::function<void(QWidget& window, ChartWindow& charts)>& steps) {
     bool shown = false;
     WhileModal([&](QWidget& window) {
       TypeGood(window, BusiestGood(Company()));
       auto& grid = Grid(window);
       Child(window, "Kardex_GRD").setFocus();
-      dynamic_cast<FormView&>(window).Run([&] { grid.Groups().Set(grid.FindColumn(field)); });
+      dynamic_cast<FormView&>(window).Run([&] { grid.Groups().SetLevels(levels); });
       ASSERT_TRUE(grid.Groups().Active());
       PressKey(window, Qt::Key_F11);
       Wait(100);
@@ -105,6 +110,64 @@ TEST_F(GroupCharts, MonthsStandUprightInTheirOrder) {
     const Chart chart = ChartsOf(grid).front().make();
     EXPECT_EQ(chart.shape, ChartShape::Columns);
     EXPECT_EQ(chart.labels.front(), grid.Groups().Title(0));
+  });
+}
+
+// The outermost groups, each with all that stands in it, whatever is open of them.
+TEST_F(GroupCharts, OfGroupsWithinGroupsShowTheOutermost) {
+  HostFor("admin");
+  OverLevels({{"Anbar", false}, {"Date", true}}, [](QWidget& window, ChartWindow& charts) {
+    TSmartDBGrid_QRT& grid = Grid(window);
+    GridGroups& groups = grid.Groups();
+    std::vector<std::size_t> outer;
+    for (std::size_t group = 0; group < groups.GroupCount(); ++group)
+      if (groups.LevelOf(group) == 0) outer.push_back(group);
+    ASSERT_GT(outer.size(), 1U);
+    ASSERT_GT(groups.GroupCount(), 2 * outer.size());
+    for (const std::size_t open : {0U, 1U, 2U}) {
+      groups.OpenLevels(open);
+      for (const ChartOffer& offer : ChartsOf(grid)) {
+        if (!offer.title.starts_with("گروه‌ها")) continue;
+        SCOPED_TRACE(offer.title);
+        const Chart chart = offer.make();
+        EXPECT_EQ(chart.shape, ChartShape::Bars) << "stores lie, whatever stands in them";
+        EXPECT_TRUE(chart.title.ends_with(GridGroups::CaptionOf(groups.Columns().front())));
+        ASSERT_EQ(chart.Points(), outer.size());
+        ASSERT_EQ(chart.pointOfRow.size(), grid.RowCount());
+        const TGridColumn* summed = nullptr;
+        for (const TGridColumn* column : grid.VisibleColumns())
+          if (column->Footer() == FooterKind::Sum && offer.title.ends_with(PlainCaption(column->Caption())))
+            summed = column;
+        for (std::size_t point = 0; point < outer.size(); ++point) {
+          EXPECT_EQ(chart.labels[point], groups.Title(outer[point]));
+          EXPECT_EQ(chart.PointOf(groups.FirstRow(outer[point])), point);
+          const double figure = summed == nullptr
+                                    ? static_cast<double>(groups.RowCount(outer[point]))
+                                    : groups.Total({outer[point], {}, {}}, *summed).AsDecimal().ToDouble();
+          EXPECT_NEAR(chart.series[0].values[point], figure, 1e-6);
+        }
+      }
+    }
+    // From a bar to its group: the first row, in a month that stays folded.
+    groups.OpenLevels(1);
+    PressKey(charts, Qt::Key_Home);
+    PressKey(charts, Qt::Key_Left);
+    PressKey(charts, Qt::Key_Return);
+    Wait(100);
+    EXPECT_EQ(grid.DataSet()->RecNo(), groups.FirstRow(outer[1]));
+    EXPECT_FALSE(groups.Folded(outer[1]));
+    EXPECT_TRUE(groups.Folded(groups.GroupOf(groups.FirstRow(outer[1]))));
+  });
+}
+
+TEST_F(GroupCharts, OfMonthsWithinWhichStoresStandAreUpright) {
+  HostFor("admin");
+  OverLevels({{"Date", true}, {"Anbar", false}}, [](QWidget& window, ChartWindow& charts) {
+    const Chart chart = ChartsOf(Grid(window)).front().make();
+    EXPECT_EQ(chart.shape, ChartShape::Columns);
+    EXPECT_GT(chart.Points(), 3U);
+    EXPECT_LT(chart.Points(), Grid(window).Groups().GroupCount());
+    charts.close();
   });
 }
 
