@@ -4,9 +4,9 @@
 #include <QSettings>
 #include <QTimer>
 #include <exception>
-#include <fstream>
 #include <utility>
 
+#include "company/system/password_input.h"
 #include "desktop/app/app_look.h"
 #include "desktop/app/demo_company.h"
 #include "desktop/app/desktop_session.h"
@@ -20,14 +20,6 @@ namespace {
 
 QString FolderOr(const std::string& given, const QString& otherwise) {
   return given.empty() ? otherwise : ToQt(given);
-}
-
-std::string FirstLine(const std::string& path) {
-  std::ifstream file(path);
-  std::string line;
-  if (!std::getline(file, line)) throw CompanyError("پرونده گذرواژه خوانده نشد: " + path);
-  if (!line.empty() && line.back() == '\r') line.pop_back();
-  return line;
 }
 
 }  // namespace
@@ -95,7 +87,7 @@ std::optional<UserRecord> DesktopProgram::SignInFromOptions() {
     if (!login.empty()) settings_.SetLastLogin(ToQt(login));
     return std::nullopt;
   }
-  auto user = company_.company->SignIn(login, FirstLine(options_.passwordFile));
+  auto user = company_.company->SignIn(login, PasswordFromFile(options_.passwordFile));
   if (!user) throw CompanyError("نام کاربر یا گذرواژه درست نیست: " + login);
   return user;
 }
