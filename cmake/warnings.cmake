@@ -29,7 +29,15 @@ elseif(GOODS_FUZZ)
 endif()
 if(GOODS_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_definitions(GOODS_SANITIZED)
   add_link_options(-fsanitize=address,undefined)
+  # clang has what it needs at run time in programs alone, unless it is told to share it with the libraries.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so
+      OUTPUT_VARIABLE sanitizer_runtime OUTPUT_STRIP_TRAILING_WHITESPACE)
+    get_filename_component(sanitizer_folder ${sanitizer_runtime} DIRECTORY)
+    add_link_options(-shared-libasan -Wl,-rpath,${sanitizer_folder})
+  endif()
 endif()
 
 if(GOODS_SANITIZE_THREADS)

@@ -19,17 +19,17 @@ constexpr const char* kSadereBits[] = {"Sell", "ReturnBuy", "MakeOutPut", "Haval
 constexpr const char* kVaredeBits[] = {"Buy",   "ReturnSell",   "MakeInput",
                                        "Resid", "kala_Daramad", "YearStart"};
 // The types that have a column of their own; every other movement is among the others.
-const std::map<std::string, std::set<std::int64_t>> kTypes = {{"YearStart", {3}},
-                                                              {"Buy", {2}},
-                                                              {"ReturnSell", {4}},
-                                                              {"Resid", {7, 22}},
-                                                              {"MakeInput", {0, 8, 18, 20}},
-                                                              {"kala_Daramad", {23}},
-                                                              {"Sell", {1, 12, 13}},
-                                                              {"ReturnBuy", {5}},
-                                                              {"Havale", {6, 21}},
-                                                              {"kala_Hazine", {11}},
-                                                              {"MakeOutPut", {9, 10, 19}}};
+const std::map<std::string, std::set<std::int64_t>> kTypesByColumn = {{"YearStart", {3}},
+                                                                      {"Buy", {2}},
+                                                                      {"ReturnSell", {4}},
+                                                                      {"Resid", {7, 22}},
+                                                                      {"MakeInput", {0, 8, 18, 20}},
+                                                                      {"kala_Daramad", {23}},
+                                                                      {"Sell", {1, 12, 13}},
+                                                                      {"ReturnBuy", {5}},
+                                                                      {"Havale", {6, 21}},
+                                                                      {"kala_Hazine", {11}},
+                                                                      {"MakeOutPut", {9, 10, 19}}};
 
 struct Call {
   bool money = false;
@@ -83,7 +83,7 @@ class OverallTurnover : public ::testing::Test {
 
   static std::string ColumnOf(const MovedRow& row) {
     const bool incoming = row.quantity > Decimal();
-    for (const auto& [column, types] : kTypes) {
+    for (const auto& [column, types] : kTypesByColumn) {
       const bool comesIn =
           std::find(std::begin(kIncoming), std::end(kIncoming), column) != std::end(kIncoming);
       if (types.count(row.type) != 0 && comesIn == incoming) return column;

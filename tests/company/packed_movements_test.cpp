@@ -3,6 +3,7 @@
 #include "company/embedded/packed_movements.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <limits>
 #include <random>
 #include <string>
@@ -103,7 +104,7 @@ void ExpectSame(const std::vector<PackedRow>& rows, std::size_t first, const std
 
 TEST(PackedMovementsTest, WhatGoesInComesOut) {
   std::mt19937_64 random(1);
-  for (const std::size_t count : {1, 2, 7, 8, 9, 63, 64, 65, 400}) {
+  for (const std::size_t count : std::initializer_list<std::size_t>{1, 2, 7, 8, 9, 63, 64, 65, 400}) {
     for (int size = 0; size <= 3; ++size) {
       const std::vector<PackedRow> rows = SomeRows(random, count, size);
       const std::vector<std::string> cells = Packed(rows);

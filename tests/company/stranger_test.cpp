@@ -23,7 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(GOODS_SANITIZED)
 constexpr rlim_t kMostSeconds = 20;
 constexpr long kMostMemory = 0;  // not looked at
 #else

@@ -22,9 +22,8 @@ constexpr const char* kTables[] = {
     "SELECT Kala, dec_text(varede), dec_text(sadere), dec_text(Mogodi), dec_text(Mogodi2), "
     "dec_text(gheymat_miangin),"
     " dec_text(Jam_Kol), OperationDate FROM GoodStock ORDER BY 1",
-    "SELECT Kala, Anbar, dec_text(Mogodi), dec_text(varede), dec_text(sadere), OperationDate FROM "
-    "GoodStoreStock"
-    " ORDER BY 1, 2",
+    "SELECT Kala, Anbar, dec_text(Mogodi), dec_text(varede), dec_text(sadere), OperationDate"
+    " FROM GoodStoreStock ORDER BY 1, 2",
     "SELECT Code, Name, CurAva, dec_text(AvaBgPrd), dec_text(CostBgPrd), dec_text(AvaBgPrd2) FROM GoodInf"
     " ORDER BY 1",
     "SELECT Kala, dec_text(Stock) FROM RialiStock ORDER BY 1"};

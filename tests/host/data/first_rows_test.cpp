@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -55,7 +56,7 @@ void ExpectFirstRows(const RowStore& rows, std::size_t count) {
 }
 
 TEST(FirstRows, TheHeadOfAStoreThatIsBeingWrittenHoldsItsRowsAsTheyWillBe) {
-  for (const std::size_t written : {0, 1, 300}) {
+  for (const std::size_t written : std::initializer_list<std::size_t>{0, 1, 300}) {
     RowStore rows;
     rows.Define(kColumns);
     AddRows(rows, written);
