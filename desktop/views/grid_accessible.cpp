@@ -8,6 +8,7 @@
 #include "desktop/views/form_view.h"
 #include "desktop/views/grid_view.h"
 #include "desktop/views/shown_text.h"
+#include "host/base/base_dock.h"
 
 namespace goods {
 namespace {
@@ -169,8 +170,11 @@ void TellReaders(QAccessibleEvent& event) {
 }
 
 QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* object) {
-  auto* table = dynamic_cast<GridWidget*>(object);
-  return table == nullptr ? nullptr : new GridAccessible(*table);
+  if (auto* table = dynamic_cast<GridWidget*>(object)) return new GridAccessible(*table);
+  auto* form = dynamic_cast<FormView*>(object);
+  if (form == nullptr || !form->isWindow()) return nullptr;
+  const bool report = dynamic_cast<const TBaseDock_FRM*>(&form->Form()) != nullptr;
+  return new QAccessibleWidget(form, report ? QAccessible::Window : QAccessible::Dialog);
 }
 
 }  // namespace

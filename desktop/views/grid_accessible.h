@@ -12,7 +12,8 @@ namespace goods {
 class GridWidget;
 class TGridColumn;
 
-// Gives every GridWidget its interface from now on; further calls do nothing.
+// Gives every GridWidget its interface from now on, and windows of reports and their dialogs the role of
+// windows; further calls do nothing.
 void MakeGridsAccessible();
 
 // Takes what readers are to hear. The toolkit does, and drops it while no reader listens, unless another sink

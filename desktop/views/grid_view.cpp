@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QTimer>
 #include <QToolTip>
 #include <algorithm>
 #include <climits>
@@ -209,7 +210,8 @@ void GridWidget::changeEvent(QEvent* event) {
 void GridWidget::focusInEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusInEvent(event);
   viewport()->update();
-  TellCurrentCell(*this);
+  // The toolkit tells of the table itself when this is over; the cell is what a reader hears last.
+  QTimer::singleShot(0, this, [this] { TellCurrentCell(*this); });
 }
 
 void GridWidget::focusOutEvent(QFocusEvent* event) {

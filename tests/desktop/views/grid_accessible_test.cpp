@@ -127,11 +127,12 @@ class Listener {
   Listener(const Listener&) = delete;
   Listener& operator=(const Listener&) = delete;
   ~Listener() { SetReaderSink(nullptr); }
-  // Since it was asked last.
+  // Since it was asked last, with what is still to come of it.
   QStringList Heard() {
     Settle();
-    return std::exchange(Told(), {});
+    return HeardSoFar();
   }
+  QStringList HeardSoFar() { return std::exchange(Told(), {}); }
 
  private:
   static QStringList& Told() {
@@ -169,6 +170,24 @@ TEST_F(GridReader, IsToldTheCellThatBecomesTheCurrentOne) {
   EXPECT_TRUE(reader.Heard().isEmpty());  // the keyboard is elsewhere
   form.Kardex_GRD.SetFocus();
   EXPECT_TRUE(reader.Heard().contains(cell(3, "PerName")));
+}
+
+// What the toolkit says of the table itself comes between.
+TEST_F(GridReader, IsToldTheCellBehindTheTableThatTheKeyboardComesTo) {
+  Open(300);
+  form.Search_EDT.SetFocus();
+  Settle();
+  Listener reader;
+  Widget().setFocus();
+  EXPECT_TRUE(reader.HeardSoFar().isEmpty());
+  EXPECT_EQ(reader.Heard(), QStringList(Table().cellAt(0, 0)->text(QAccessible::Name)));
+}
+
+TEST_F(GridReader, HearsThatAWindowIsOne) {
+  Open(3);
+  const QAccessibleInterface* window = QAccessible::queryAccessibleInterface(&view);
+  EXPECT_TRUE(window->role() == QAccessible::Window || window->role() == QAccessible::Dialog);
+  EXPECT_EQ(window->text(QAccessible::Name), view.windowTitle());
 }
 
 TEST_F(GridReader, TheHeadOfAGroupIsACellOfItsOwn) {
