@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
@@ -58,13 +59,24 @@ void Run(QWidget& window) {
   Wait(kSettle);
 }
 
-// The first columns of the stores alone, as a user who prints chooses them.
-void KeepColumns(QWidget& window, std::size_t most) {
+// The goods with that in their names: so few that their totals by unit stand on the same page.
+void FindGoods(QWidget& window, const char* name) {
+  Component<TComboBox>(window, "GeneralSearch_FRAME.GeneralSearch_CMB").SetItemIndex(1);
+  Component<TEdit>(window, "GeneralSearch_FRAME.GeneralSearch_EDT").SetText(name);
+  Run(window);
+}
+
+// The page with the first columns of the stores alone, as a user who prints chooses them. All of them are
+// there again for what comes after.
+void PreviewOfColumns(const ReportScenes& scenes, QWidget& window, std::size_t most, const char* name) {
   auto& grid = Component<TSmartDBGrid_QRT>(window, "GoodsAsset_Store_GRD");
+  std::vector<TGridColumn*> hidden = grid.VisibleColumns();
   std::size_t shown = 0;
-  for (TGridColumn* column : grid.VisibleColumns()) {
-    if (column->Customizable() && ++shown > most) column->SetVisible(false);
-  }
+  std::erase_if(hidden, [&](const TGridColumn* each) { return !each->Customizable() || ++shown <= most; });
+  for (TGridColumn* column : hidden) column->SetVisible(false);
+  FindGoods(window, "سفید");
+  Preview(scenes, window, name);
+  for (TGridColumn* column : hidden) column->SetVisible(true);
 }
 
 // The first run leaves the last row as the current one.
@@ -81,9 +93,7 @@ void PictureStores(const ReportScenes& scenes) {
     ShowFirstRows(window);
     Wait(kSettle);
     scenes.save(window, "store-asset");
-    KeepColumns(window, 8);
-    Run(window);
-    Preview(scenes, window, "store-asset-print");
+    PreviewOfColumns(scenes, window, 8, "store-asset-print");
   });
   TSettings& settings = scenes.host.Settings().Settings();
   settings.SecondUnit = true;
@@ -106,7 +116,9 @@ void PictureOverall(const ReportScenes& scenes) {
     Component<TPageControl>(window, "Mojodi_PGC").SetActivePageIndex(1);
     Wait(kSettle);
     scenes.save(window, "overall-turnover-quantity");
+    FindGoods(window, "سفید");
     Preview(scenes, window, "overall-turnover-print");
+    FindGoods(window, "");
     SetPeriod(window, "1403/01/01", "1403/06/31");  // not run: the hint tells that the rows are others'
     window.resize(1024, 640);
     Wait(kSettle);
