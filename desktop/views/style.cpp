@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
+#include <QTextLayout>
 #include <QWidget>
 
 #include "desktop/views/theme.h"
@@ -178,6 +179,25 @@ void DrawArrow(QPainter& painter, const QRectF& box, const QColor& color, int de
   painter.restore();
 }
 
+// Where the toolkit breaks the text, each line without the blank that it was broken at.
+QStringList WrappedLines(const QString& text, const QFont& font, int width) {
+  QStringList lines;
+  for (const QString& paragraph : text.split('\n')) {
+    QTextLayout layout(paragraph, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WordWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+      line.setLineWidth(width);
+      lines << paragraph.mid(line.textStart(), line.textLength()).trimmed();
+    }
+    layout.endLayout();
+    if (paragraph.isEmpty()) lines << QString();
+  }
+  return lines;
+}
+
 HostStyle::HostStyle() : QProxyStyle("Fusion") { qApp->installEventFilter(this); }
 
 bool HostStyle::eventFilter(QObject* watched, QEvent* event) {
@@ -337,6 +357,27 @@ int HostStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
       return altHeld_ ? 1 : 0;  // an underline tears the joined letters apart, so only on demand
     default:
       return QProxyStyle::styleHint(hint, option, widget, result);
+  }
+}
+
+// The toolkit leaves room for the blank at the end of a line that runs from right to left, at the edge where
+// the line begins, and cuts as much at the other.
+void HostStyle::drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette,
+                             bool enabled, const QString& text, QPalette::ColorRole role) const {
+  constexpr int kMarks = Qt::TextShowMnemonic | Qt::TextHideMnemonic;
+  if ((flags & Qt::TextWordWrap) == 0 || (flags & kMarks) != 0 || !text.isRightToLeft())
+    return QProxyStyle::drawItemText(painter, rect, flags, palette, enabled, text, role);
+  const QStringList lines = WrappedLines(text, painter->font(), rect.width());
+  const int spacing = painter->fontMetrics().lineSpacing();
+  const int height = painter->fontMetrics().height() + spacing * static_cast<int>(lines.size() - 1);
+  const int left = std::max(0, rect.height() - height);
+  const int above = (flags & Qt::AlignVCenter) != 0 ? left / 2 : (flags & Qt::AlignBottom) != 0 ? left : 0;
+  const int across =
+      (flags & ~(Qt::TextWordWrap | Qt::AlignVertical_Mask)) | Qt::AlignTop | Qt::TextSingleLine;
+  QRect line(rect.left(), rect.top() + above, rect.width(), painter->fontMetrics().height());
+  for (const QString& each : lines) {
+    QProxyStyle::drawItemText(painter, line, across, palette, enabled, each, role);
+    line.translate(0, spacing);
   }
 }
 

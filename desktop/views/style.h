@@ -22,6 +22,9 @@ class HostStyle : public QProxyStyle {
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override;
+  // Of texts that go on in further lines each line begins at the edge, whatever blank ends it.
+  void drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette, bool enabled,
+                    const QString& text, QPalette::ColorRole role) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                          const QWidget* widget) const override;
   // Marks of keyboard accelerators are shown while Alt is held.

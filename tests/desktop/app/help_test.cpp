@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextTable>
@@ -192,6 +193,24 @@ TEST(HelpPagesTest, TheListChoosesPagesAndFollowsLinks) {
   EXPECT_EQ(viewer.Page(), "turnover-money.md");
   EXPECT_EQ(list.currentRow(), 2);
   EXPECT_TRUE(viewer.windowTitle().endsWith("موجودی ریالی"));
+}
+
+TEST(HelpPagesTest, NoPageIsWiderThanItsWindow) {
+  for (const int width : {700, 1100}) {
+    HelpViewer viewer(nullptr);
+    viewer.resize(width, 600);
+    viewer.show();
+    const QTextBrowser& text = TextOf(viewer);
+    for (const HelpPage& page : HelpPages()) {
+      viewer.ShowPage(page.file);
+      Wait(20);
+      EXPECT_EQ(text.horizontalScrollBar()->maximum(), 0) << FromQt(page.file) << " at " << width;
+    }
+    // And when the window becomes narrower under a page.
+    viewer.ShowPage("stock-card.md");
+    viewer.resize(width - 150, 600);
+    EXPECT_TRUE(WaitUntil([&] { return text.horizontalScrollBar()->maximum() == 0; }));
+  }
 }
 
 TEST(HelpPagesTest, SearchFindsInEitherWayOfWritingAndTellsWhatIsNotThere) {
