@@ -31,17 +31,22 @@ QLineEdit* PasswordEdit(const char* name, const QString& accessible, QWidget* pa
 NewPasswordEdits::NewPasswordEdits(QWidget* parent)
     : QWidget(parent),
       first_(PasswordEdit("NewPassword_EDT", "گذرواژه تازه", this)),
-      second_(PasswordEdit("Again_EDT", "تکرار گذرواژه تازه", this)) {
-  auto* form = new QFormLayout(this);
-  form->setContentsMargins(0, 0, 0, 0);
-  form->setHorizontalSpacing(12);
-  form->setVerticalSpacing(10);
-  form->addRow("گذرواژه &تازه :", first_);
-  form->addRow("ت&کرار آن :", second_);
+      second_(PasswordEdit("Again_EDT", "تکرار گذرواژه تازه", this)),
+      form_(new QFormLayout(this)) {
+  form_->setContentsMargins(0, 0, 0, 0);
+  form_->setHorizontalSpacing(12);
+  form_->setVerticalSpacing(10);
+  form_->addRow("گذرواژه &تازه :", first_);
+  form_->addRow("ت&کرار آن :", second_);
   auto* rule = MutedLabel(
       ShownText("دست کم " + std::to_string(kShortestPassword) + " نویسه؛ حروف بزرگ و کوچک فرق دارند."), this);
-  form->addRow(QString(), rule);
+  form_->addRow(QString(), rule);
   setFocusProxy(first_);
+}
+
+void NewPasswordEdits::PutFirst(const QString& label, QLineEdit& edit) {
+  form_->insertRow(0, label, &edit);
+  setTabOrder(&edit, first_);
 }
 
 QString NewPasswordEdits::Problem() const {
@@ -85,12 +90,7 @@ void PasswordDialog::LayOut(const QString& who, bool askOld) {
   layout->setSpacing(10);
   layout->addWidget(TitleLabel("گذرواژه " + ShownText(who), this));
   old_->setVisible(askOld);
-  if (askOld) {
-    auto* form = new QFormLayout;
-    form->setHorizontalSpacing(12);
-    form->addRow("گذرواژه ک&نونی :", old_);
-    layout->addLayout(form);
-  }
+  if (askOld) edits_->PutFirst("گذرواژه ک&نونی :", *old_);
   layout->addWidget(edits_);
   layout->addWidget(new KeyboardHint({old_, &edits_->First(), &edits_->Second()}, this));
   layout->addWidget(problem_);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 
@@ -17,6 +18,8 @@ class NewPasswordEdits : public QWidget {
 
   QLineEdit& First() const { return *first_; }
   QLineEdit& Second() const { return *second_; }
+  // Puts another edit over them, in the same columns.
+  void PutFirst(const QString& label, QLineEdit& edit);
   // Why the two are no password yet; empty when they are. The company checks the rest.
   QString Problem() const;
   std::string Password() const;
@@ -25,6 +28,7 @@ class NewPasswordEdits : public QWidget {
  private:
   QLineEdit* first_;
   QLineEdit* second_;
+  QFormLayout* form_;
 };
 
 // Stays until the password is taken or the user gives up.
