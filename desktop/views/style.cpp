@@ -368,6 +368,7 @@ void HostStyle::drawItemText(QPainter* painter, const QRect& rect, int flags, co
   if ((flags & Qt::TextWordWrap) == 0 || (flags & kMarks) != 0 || !text.isRightToLeft())
     return QProxyStyle::drawItemText(painter, rect, flags, palette, enabled, text, role);
   const QStringList lines = WrappedLines(text, painter->font(), rect.width());
+  if (lines.size() < 2) return QProxyStyle::drawItemText(painter, rect, flags, palette, enabled, text, role);
   const int spacing = painter->fontMetrics().lineSpacing();
   const int height = painter->fontMetrics().height() + spacing * static_cast<int>(lines.size() - 1);
   const int left = std::max(0, rect.height() - height);
