@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/components/grid_arrangement.h"
 #include "host/services/public_methods.h"
 #include "module/data/stock_card_opening.h"
 #include "module/framework/program_change.h"
@@ -14,6 +15,8 @@ namespace goods {
 namespace {
 
 constexpr const char* kNegativeMode = "1";
+constexpr const char* kLayoutName = "KardexSearch";
+constexpr int kNegativeLayout = 1;  // beside that of the row search, whose number the base gives: 0
 
 }  // namespace
 
@@ -33,7 +36,7 @@ TKardexSearch_FRM::~TKardexSearch_FRM() = default;
 void TKardexSearch_FRM::FormCreate() {
   TReportOf::FormCreate();
   DescribeWindow(*this);
-  SetCommonControls(KardexSearch_GRD, PrintReportList_BTN, Exit_BTN);
+  SetCommonControls(KardexSearch_GRD, PrintReportList_BTN, Exit_BTN, GridLayout::Own);
 
   ShowRows(KardexSearch_GRD, dataModule_.KardexSearch.Source);
   DescribeMovements(Host(), KardexSearch_GRD, {.type = "Type", .code = "OperationCode"});
@@ -59,13 +62,28 @@ void TKardexSearch_FRM::OnCustomParameter(const CustomParameter& parameter) {
   DescribeWindow(*this, report);
   FormOptions_SFO.WindowTitle = negative ? report.title : std::string_view();
   if (negative) {
+    LoadNegativeLayout();
     const WaitingScope waiting(Host().Waiting(), nullptr, kPreparingReport);
     dataModule_.KardexSearch_Fill_2(parameter.Text(1), parameter.Text(2));
     QeratSearchManager1AfterExecute_PROC();
   } else {
+    KeepLayout(KardexSearch_GRD);
     dataModule_.KardexSearch_Fill_1();
   }
   QeratSearchManager1.Script = dataModule_.KardexSearch.Query.SQL();
+}
+
+// The two reports of this window have each a layout of its own.
+void TKardexSearch_FRM::LoadNegativeLayout() {
+  if (negativeLayout_) return;
+  LoadGridSettings(KardexSearch_GRD, kLayoutName, PrintOption.SoftwarePart, kNegativeLayout);
+  negativeLayout_ = ArrangementOf(KardexSearch_GRD);
+}
+
+void TKardexSearch_FRM::FormClose() {
+  if (negativeLayout_ && *negativeLayout_ != ArrangementOf(KardexSearch_GRD))
+    SaveGridSettings(KardexSearch_GRD, kLayoutName, PrintOption.SoftwarePart, kNegativeLayout);
+  TReportOf::FormClose();
 }
 
 void TKardexSearch_FRM::FormShow() {

@@ -26,6 +26,7 @@ class TKardexSearch_FRM : public TReportOf<RowSearchCriteria> {
 
   void FormCreate() override;
   void FormShow() override;
+  void FormClose() override;
   void FormKeyDown(TKey& key) override;
 
   void Report_BTNClick();
@@ -66,9 +67,11 @@ class TKardexSearch_FRM : public TReportOf<RowSearchCriteria> {
 
   void DeclareForm();
   void DeclareColumns();
+  void LoadNegativeLayout();
   bool AdvSearchInUse() const;
 
   std::unique_ptr<TKardexSearch_AdvSearch_FRM> advSearch_;
+  std::optional<std::string> negativeLayout_;  // as the negative card's was loaded; none in the row search
   bool advSearchInProgress_ = false;
   bool readByDialog_ = false;                        // the run is that of the dialog, whose rows have come
   std::optional<RowSearchDialogCriteria> advanced_;  // of the dialog that was accepted last

@@ -142,22 +142,31 @@ TEST_F(KeptLayout, WhatIsArrangedInEachWindowIsThereAfterARestart) {
   for (const Opener& window : EveryFilledWindow()) ExpectKept(window);
 }
 
-TEST_F(KeptLayout, TheListsOfGoodsInQuantityAndInMoneyKeepEachItsOwn) {
-  HostFor("admin");
-  const auto widthIn = [&](ReportId id, int given) {
-    int width = 0;
-    InReport(id, [&](QWidget& window) {
-      TGridColumn& column = *PrintedTable(window).FindColumn("OperationDate");
-      width = column.Width();
-      if (given > 0) column.SetWidth(given);
-    });
-    return width;
+TEST_F(KeptLayout, TwoReportsOfOneKindOfWindowKeepEachItsOwn) {
+  struct Pair {
+    ReportId one;
+    ReportId other;
+    const char* column;
   };
-  const int own = widthIn(ReportId::GoodsInQuantity, 151);
-  EXPECT_EQ(widthIn(ReportId::GoodsInMoney, 162), own);
-  HostFor("admin");
-  EXPECT_EQ(widthIn(ReportId::GoodsInQuantity, 0), 151);
-  EXPECT_EQ(widthIn(ReportId::GoodsInMoney, 0), 162);
+  for (const Pair& pair : {Pair{ReportId::GoodsInQuantity, ReportId::GoodsInMoney, "OperationDate"},
+                           Pair{ReportId::RowSearch, ReportId::NegativeCard, "PerName"}}) {
+    SCOPED_TRACE(pair.column);
+    HostFor("admin");
+    const auto widthIn = [&](ReportId id, int given) {
+      int width = 0;
+      InReport(id, [&](QWidget& window) {
+        TGridColumn& column = *PrintedTable(window).FindColumn(pair.column);
+        width = column.Width();
+        if (given > 0) column.SetWidth(given);
+      });
+      return width;
+    };
+    const int own = widthIn(pair.one, 151);
+    EXPECT_EQ(widthIn(pair.other, 162), own);
+    HostFor("admin");
+    EXPECT_EQ(widthIn(pair.one, 0), 151);
+    EXPECT_EQ(widthIn(pair.other, 0), 162);
+  }
 }
 
 }  // namespace
