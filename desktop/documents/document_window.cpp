@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <set>
 
 #include "desktop/documents/document_rows.h"
@@ -24,6 +25,7 @@ namespace goods {
 namespace {
 
 constexpr int kHeaderPairsInLine = 3;
+constexpr int kBesideColumns = 20;  // the table's border and its scroll bar
 
 QLabel* Caption(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
@@ -83,8 +85,8 @@ DocumentWindow::DocumentWindow(const DocumentView& view, std::int64_t code, QWid
   layout->addWidget(table_, 1);
   if (!view.totals.empty()) layout->addWidget(MakeTotals(view));
   layout->addWidget(buttons);
-  resize(960, 560);
-  FitColumns(*table_);
+  const QMargins around = layout->contentsMargins();
+  resize(std::max(960, FitColumns(*table_) + around.left() + around.right() + kBesideColumns), 560);
   table_->setFocus();
 }
 

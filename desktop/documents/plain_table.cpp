@@ -83,14 +83,17 @@ void GiveTableLook(QTableView& table) {
   table.horizontalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
 }
 
-void FitColumns(QTableView& table) {
+int FitColumns(QTableView& table) {
   QHeaderView& header = *table.horizontalHeader();
   int widest = -1;
+  int width = 0;
   for (int column = 0; column < header.count(); ++column) {
     header.resizeSection(column, WidthOf(table, column));
+    width += header.sectionSize(column);
     if (widest < 0 || header.sectionSize(column) > header.sectionSize(widest)) widest = column;
   }
   if (widest >= 0) header.setSectionResizeMode(widest, QHeaderView::Stretch);
+  return width;
 }
 
 }  // namespace goods

@@ -10,7 +10,8 @@ namespace goods {
 void GiveListLook(QAbstractItemView& list);
 // The same, and titles, row heights and selection by rows.
 void GiveTableLook(QTableView& table);
-// Columns as wide as their texts, within bounds; the widest takes the room that is left over.
-void FitColumns(QTableView& table);
+// Columns as wide as their texts, within bounds; the widest takes the room that is left over. Returns the
+// width of all, in pixels.
+int FitColumns(QTableView& table);
 
 }  // namespace goods

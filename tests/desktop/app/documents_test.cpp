@@ -1,3 +1,6 @@
+#include <QScrollBar>
+#include <QTableView>
+
 #include "desktop/documents/desktop_documents.h"
 #include "desktop/documents/document_window.h"
 #include "tests/desktop/app/kit.h"
@@ -36,6 +39,25 @@ TEST_F(Documents, CopyGivesTheCaptionsAndTheRowsWithTabs) {
   const QString copied = window.CopiedText();
   SetPersianDigits(true);
   EXPECT_EQ(copied, "کالا\tمقدار\nبرنج\t12.5\nروغن\t3-\n");
+}
+
+TEST_F(Documents, ColumnsHaveTheRoomThatTheyNeedWhereTheScreenHasIt) {
+  DocumentView view;
+  view.title = "فاکتور";
+  for (const char* caption : {"ردیف", "کد کالا", "نام کالا", "انبار", "نوع", "مقدار", "واحد", "فی", "مبلغ"})
+    view.columns.push_back({caption, false});
+  view.rows = {{"1", "12345", "روغن آفتابگردان سرخ کردنی مدل دو", "انبار مرکزی شهرستان", "برگشت از فروش",
+                "12,345.678", "کیلوگرم", "123,456,789.25", "123,456,789,012.25"}};
+  DocumentWindow window(view, 7, nullptr);
+  window.show();
+  Wait(50);
+  const auto& table = dynamic_cast<QTableView&>(Child(window, "Rows_GRD"));
+  EXPECT_EQ(table.horizontalScrollBar()->maximum(), 0);
+  const QFontMetrics metrics(table.font());
+  for (int column = 0; column < table.model()->columnCount(); ++column) {
+    const QString text = table.model()->index(0, column).data().toString();
+    EXPECT_GT(table.columnWidth(column), metrics.horizontalAdvance(text)) << FromQt(text);
+  }
 }
 
 TEST_F(Documents, TheHostOpensTheStockCardForAnotherReport) {
