@@ -83,6 +83,8 @@ void EntityPicker::LayOut(EntityKind kind) {
   search_->setAccessibleName("جستجو با کد یا نام");
   search_->setPlaceholderText("جستجو با کد یا نام…");
   search_->setTextMargins(6, 0, 6, 0);
+  search_->setAlignment(Qt::AlignRight | Qt::AlignAbsolute |
+                        Qt::AlignVCenter);  // also before a letter is typed
   search_->installEventFilter(this);
 
   table_->setObjectName("Entity_GRD");

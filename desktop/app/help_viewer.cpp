@@ -38,6 +38,7 @@ HelpViewer::HelpViewer(QWidget* parent)
   search_->setObjectName("Search_EDT");
   search_->setPlaceholderText("جستجو در این صفحه (Ctrl+F)");
   search_->setClearButtonEnabled(true);
+  search_->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
   for (const HelpPage& page : HelpPages()) {
     auto* item = new QListWidgetItem(page.title, pages_);
     item->setData(Qt::UserRole, page.file);

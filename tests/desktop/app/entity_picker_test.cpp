@@ -1,6 +1,7 @@
 #include "desktop/app/entity_picker.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QTableView>
 
 #include "company/demo/demo_company.h"
@@ -26,6 +27,16 @@ TEST_F(Picker, TheArrowsMoveFromTheEditAndEnterChooses) {
     PressKey(window, Qt::Key_Return);
   });
   EXPECT_EQ(picker.Choose(), goods.at(2).code);
+}
+
+TEST_F(Picker, TheCaretStandsWhereReadingBegins) {
+  EntityPicker picker(Company(), EntityKind::Good, 0, "", nullptr);
+  WhileModal([](QWidget& window) {
+    const auto& search = dynamic_cast<const QLineEdit&>(Child(window, "Search_EDT"));
+    ASSERT_TRUE(search.text().isEmpty());
+    EXPECT_GT(search.inputMethodQuery(Qt::ImCursorRectangle).toRectF().center().x(), search.width() * 0.9);
+  });
+  picker.Choose();
 }
 
 TEST_F(Picker, TheListFollowsTheTypedCode) {
