@@ -19,6 +19,7 @@
 #include "desktop/windows/message_dialog.h"
 #include "goods_reports.h"
 #include "host/base/base_dock.h"
+#include "host/components/edit.h"
 #include "host/components/standard.h"
 
 namespace goods {

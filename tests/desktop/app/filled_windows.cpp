@@ -1,6 +1,7 @@
 #include "tests/desktop/app/filled_windows.h"
 
 #include "host/base/base_dock.h"
+#include "host/components/edit.h"
 #include "host/components/standard.h"
 #include "host/components/tabs.h"
 
