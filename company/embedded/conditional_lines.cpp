@@ -69,12 +69,26 @@ bool Stands(const ProcedureCall& call, std::string_view line) {
 
 }  // namespace
 
-std::string BodyOf(const ProcedureCall& call) {
+bool IsDivided(const ProcedureCall& call) {
+  const Procedure& procedure = *call.procedure;
+  return !procedure.goodColumn.empty() &&
+         (procedure.undividedCalls.empty() || !AnyHolds(call, procedure.undividedCalls));
+}
+
+std::string BodyOf(const ProcedureCall& call, OfGoods goods) {
   std::string body;
   for (std::string_view rest = call.procedure->body; !rest.empty();) {
     const std::size_t end = rest.find('\n');
     const std::string_view line = rest.substr(0, end);
-    if (Stands(call, line)) body.append(line).append("\n");
+    const std::size_t place = line.find(kGoodsPlace);
+    if (place != std::string_view::npos) {
+      if (goods == OfGoods::Range) {
+        body.append(line.substr(0, place)).append(call.procedure->goodColumn);
+        body.append(" BETWEEN ").append(kFirstGood).append(" AND ").append(kLastGood).append("\n");
+      }
+    } else if (Stands(call, line)) {
+      body.append(line).append("\n");
+    }
     rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
   }
   return body;

@@ -11,12 +11,22 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "company/embedded/procedures.h"
 
 namespace goods {
 
-// The body as it is run for the call. Throws std::logic_error when a condition is wrong.
-std::string BodyOf(const ProcedureCall& call);
+// Where a body that is divided says which goods; the line is left out of a body for all goods.
+inline constexpr std::string_view kGoodsPlace = "{goods}";
+inline constexpr char kFirstGood[] = "@FirstGoodOfRange";
+inline constexpr char kLastGood[] = "@LastGoodOfRange";
+
+// The body as it is run for the call: for all goods, or for a range of them, whose ends it names kFirstGood
+// and kLastGood. Throws std::logic_error when a condition is wrong.
+enum class OfGoods { All, Range };
+std::string BodyOf(const ProcedureCall& call, OfGoods goods = OfGoods::All);
+// Whether the call's work is divided by goods.
+bool IsDivided(const ProcedureCall& call);
 
 }  // namespace goods

@@ -1,5 +1,6 @@
 #include "company/embedded/embedded_connection.h"
 
+#include <memory>
 #include <span>
 #include <stdexcept>
 #include <utility>
@@ -24,7 +25,12 @@ void DefineColumns(RowStore& into, const std::vector<ColumnInfo>& columns, const
   if (static_cast<int>(columns.size()) != prepared.Columns()) {
     throw SqliteError(SQLITE_MISMATCH, "شمار ستون ها با تعریف روال یکی نیست");
   }
-  into.Define(columns);
+  if (into.Columns().empty()) into.Define(columns);
+}
+
+void BindGoods(Statement& prepared, const GoodRange& goods) {
+  prepared.Bind(sqlite3_bind_parameter_index(prepared.Handle(), kFirstGood), goods.first);
+  prepared.Bind(sqlite3_bind_parameter_index(prepared.Handle(), kLastGood), goods.last);
 }
 
 void DropRows(Statement& prepared, ProgressWatch& watch) {
@@ -33,11 +39,12 @@ void DropRows(Statement& prepared, ProgressWatch& watch) {
 
 }  // namespace
 
-EmbeddedConnection::EmbeddedConnection(std::string path, bool writable)
+EmbeddedConnection::EmbeddedConnection(std::string path, bool writable, Division division)
     : path_(std::move(path)),
       writable_(writable),
       reader_(OpenCompanyDatabase(path_, SQLITE_OPEN_READONLY, Access::Read)),
       look_(reader_.Prepare("SELECT 1 FROM sqlite_schema LIMIT 1")),
+      divided_(reader_, path_, division),
       catalog_(reader_) {}
 
 EmbeddedConnection::~EmbeddedConnection() = default;
@@ -90,37 +97,51 @@ void EmbeddedConnection::Dispatch(std::string_view statement, RowStore* into, IS
 void EmbeddedConnection::Read(const ParsedStatement& parsed, std::string_view statement, RowStore* into,
                               ProgressWatch& watch) {
   if (into != nullptr) watch.Fills(*into);
-  Statement prepared;
-  std::vector<ColumnInfo> columns;
-  std::span<const DerivedColumn> derived;
-  std::optional<ProcedureCall> call;  // derived looks into it
   if (const auto* exec = std::get_if<ExecStatement>(&parsed)) {
-    call = MatchProcedure(*exec, statement);
-    if (call->procedure->native) {
-      RowStore dropped;
-      NativeBodyOf (*call->procedure)(reader_, *call, into != nullptr ? *into : dropped, watch);
-      return;
+    const ProcedureCall call = MatchProcedure(*exec, statement);
+    RowStore dropped;
+    ReadProcedure(call, into != nullptr ? *into : dropped, watch);
+    ForgetOtherStates();
+    if (into != nullptr && SameText(call.procedure->name, "Kardex_Proc")) {
+      figures_.Keep(IntegerArgument(call, "@GoodCode"), *into);
     }
-    prepared = reader_.Prepare(BodyOf(*call));
-    BindParameters(prepared, *call);
-    columns = call->procedure->columns;
-    derived = call->procedure->derived;
-  } else {
-    const auto& asked = std::get<QueryStatement>(parsed);
-    TranslatedQuery query = TranslateQuery(asked, catalog_, statement);
-    if (into != nullptr && AnswerFromCard(asked, query.columns, *into)) return;
-    prepared = reader_.Prepare(query.sql);
-    columns = std::move(query.columns);
+    return;
   }
+  const auto& asked = std::get<QueryStatement>(parsed);
+  const TranslatedQuery query = TranslateQuery(asked, catalog_, statement);
+  if (into != nullptr && AnswerFromCard(asked, query.columns, *into)) return;
+  Statement prepared = reader_.Prepare(query.sql);
   if (into == nullptr) return DropRows(prepared, watch);
-  DefineColumns(*into, columns, prepared);
-  ReadRows(prepared, derived, *into, watch);
+  DefineColumns(*into, query.columns, prepared);
+  ReadRows(prepared, {}, *into, watch);
+  into->Finish();
   ForgetOtherStates();
-  if (!call) {
-    answers_.Keep(statement, *into);
-  } else if (SameText(call->procedure->name, "Kardex_Proc")) {
-    figures_.Keep(IntegerArgument(*call, "@GoodCode"), *into);
-  }
+  answers_.Keep(statement, *into);
+}
+
+void EmbeddedConnection::ReadProcedure(const ProcedureCall& call, RowStore& into, ProgressWatch& watch) {
+  const Procedure& procedure = *call.procedure;
+  const bool divided = IsDivided(call);
+  const std::string body = procedure.native ? "" : BodyOf(call, divided ? OfGoods::Range : OfGoods::All);
+  const auto work = [&](Database& db) -> DividedReading::RangeReader {
+    if (procedure.native) {
+      return
+          [&, native = NativeBodyOf(procedure)](const GoodRange& goods, RowStore& rows, ProgressWatch& own) {
+            native(db, call, goods, rows, own);
+          };
+    }
+    const auto prepared = std::make_shared<Statement>(db.Prepare(body));
+    BindParameters(*prepared, call);
+    return [&, prepared](const GoodRange& goods, RowStore& rows, ProgressWatch& own) {
+      prepared->Reset();
+      if (divided) BindGoods(*prepared, goods);
+      DefineColumns(rows, procedure.columns, *prepared);
+      ReadRows(*prepared, procedure.derived, rows, own);
+    };
+  };
+  if (divided) return divided_.Read(work, into, watch);
+  work(reader_)({}, into, watch);
+  into.Finish();
 }
 
 void EmbeddedConnection::ForgetOtherStates() {

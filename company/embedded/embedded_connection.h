@@ -9,6 +9,7 @@
 
 #include "company/embedded/card_figures.h"
 #include "company/embedded/catalog.h"
+#include "company/embedded/divided_reading.h"
 #include "company/embedded/kept_answers.h"
 #include "company/embedded/row_reader.h"
 #include "company/embedded/sqlite.h"
@@ -28,7 +29,8 @@ struct ProcedureCall;
 class EmbeddedConnection : public IConnection {
  public:
   // The file must have been prepared (see company_file.h). Throws SqliteError.
-  EmbeddedConnection(std::string path, bool writable);
+  // division: how the work of divided procedures is (see divided_reading.h).
+  EmbeddedConnection(std::string path, bool writable, Division division = {});
   ~EmbeddedConnection() override;
   void Open(std::string_view statement, RowStore& into, IStatementProgress* progress = nullptr) override;
   void Execute(std::string_view statement, IStatementProgress* progress = nullptr) override;
@@ -37,6 +39,7 @@ class EmbeddedConnection : public IConnection {
   // into is null when the rows are to be dropped.
   void Dispatch(std::string_view statement, RowStore* into, IStatementProgress* progress);
   void Read(const ParsedStatement& parsed, std::string_view statement, RowStore* into, ProgressWatch& watch);
+  void ReadProcedure(const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
   // What is kept of another state of the file than the one read last is forgotten.
   void ForgetOtherStates();
   void LookAtFile();
@@ -49,6 +52,7 @@ class EmbeddedConnection : public IConnection {
   Database reader_;
   Statement look_;
   std::optional<Database> writer_;
+  DividedReading divided_;
   Catalog catalog_;
   std::uint32_t keptState_ = 0;
   KeptAnswers answers_;

@@ -13,15 +13,15 @@ namespace {
 constexpr char kGoods[] =
     "SELECT g.Code, g.Name, g.AbbName, g.Meghdar_Formool, r.Stock"
     " FROM GoodInf g LEFT JOIN RialiStock r ON r.Kala = g.Code"
-    " WHERE (?1 = '' AND ?3 = '' AND ?4 = '')"
+    " WHERE g.Code BETWEEN ?6 AND ?7 AND ((?1 = '' AND ?3 = '' AND ?4 = '')"
     " OR ((?1 = '' OR ifnull(g.Code = ?2, 0))"
     " AND (?3 = '' OR instr(fold_persian(g.Name), fold_persian(?3)) > 0)"
-    " AND (?4 = '' OR instr(fold_persian(g.AbbName), fold_persian(?4)) > 0)) = (?5 = 0)"
+    " AND (?4 = '' OR instr(fold_persian(g.AbbName), fold_persian(?4)) > 0)) = (?5 = 0))"
     " ORDER BY g.Code";
 
 }  // namespace
 
-Statement FindGoods(Database& db, const GoodSearch& search) {
+Statement FindGoods(Database& db, const GoodSearch& search, const GoodRange& range) {
   Statement goods = db.Prepare(kGoods);
   goods.Bind(1, std::string_view(search.code));
   if (const std::optional<std::int64_t> code = ParseInteger(AsciiDigits(Trim(search.code)))) {
@@ -30,6 +30,8 @@ Statement FindGoods(Database& db, const GoodSearch& search) {
   goods.Bind(3, std::string_view(search.name));
   goods.Bind(4, std::string_view(search.abbName));
   goods.Bind(5, std::int64_t{search.reverse ? 1 : 0});
+  goods.Bind(6, range.first);
+  goods.Bind(7, range.last);
   return goods;
 }
 

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "company/embedded/decimal_cell.h"
+#include "company/embedded/divided_reading.h"
 #include "company/embedded/packed_movements.h"
 #include "company/embedded/sqlite.h"
 
@@ -25,10 +26,10 @@ struct GoodSearch {
   bool reverse = false;
 };
 
-// The goods found, by code; each with its ratio Meghdar_Formool (0 without a second unit) and its unit price
-// at the basis that was prepared last (0 without one).
+// The goods of the range that are found, by code; each with its ratio Meghdar_Formool (0 without a second
+// unit) and its unit price at the basis that was prepared last (0 without one).
 enum GoodColumn : int { kGoodCode = 0, kGoodName, kGoodAbbName, kGoodRatio, kGoodPrice };
-Statement FindGoods(Database& db, const GoodSearch& search);
+Statement FindGoods(Database& db, const GoodSearch& search, const GoodRange& goods);
 
 // Jalali dates, both included. An empty text is an open end; so are '0000/00/00' as the first, and '9' and
 // '9999/99/99' as the last.

@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 
+#include "company/embedded/divided_reading.h"
 #include "company/embedded/procedures.h"
 #include "company/embedded/row_reader.h"
 #include "company/embedded/sqlite.h"
@@ -20,18 +21,22 @@
 
 namespace goods {
 
-// Defines the store, fills it and finishes it; watch hears of each row. Throws SqliteError,
+// Reads the goods of a range, as a RangeReader does (divided_reading.h). Throws SqliteError,
 // std::overflow_error and Cancelled.
-using NativeBody = void (*)(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
+using NativeBody = void (*)(Database& db, const ProcedureCall& call, const GoodRange& goods, RowStore& into,
+                            ProgressWatch& watch);
 
 // Throws std::logic_error for a procedure that has none.
 NativeBody NativeBodyOf(const Procedure& procedure);
 
 // GoodsAsset_Store_SP: the stock of goods in every store side by side.
-void RunStoreAsset(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
+void RunStoreAsset(Database& db, const ProcedureCall& call, const GoodRange& goods, RowStore& into,
+                   ProgressWatch& watch);
 // GoodKardex_Overall_Money and GoodKardex_Overall_Tedad: what came in and went out, by operation.
-void RunOverallMoney(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
-void RunOverallQuantity(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch);
+void RunOverallMoney(Database& db, const ProcedureCall& call, const GoodRange& goods, RowStore& into,
+                     ProgressWatch& watch);
+void RunOverallQuantity(Database& db, const ProcedureCall& call, const GoodRange& goods, RowStore& into,
+                        ProgressWatch& watch);
 
 // The value of a parameter that the procedure declares; null reads as the empty text and as 0.
 std::string TextArgument(const ProcedureCall& call, std::string_view name);

@@ -127,15 +127,18 @@ void AppendRow(RowStore& into, const Statement& good, std::int64_t store, Decima
 }
 
 template <Int128 (*figureOf)(const CountedMovement&), bool kWithCosts>
-void RunOverall(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch) {
+void RunOverall(Database& db, const ProcedureCall& call, const GoodRange& goods, RowStore& into,
+                ProgressWatch& watch) {
   const Period period(TextArgument(call, "@FromDate"), TextArgument(call, "@ToDate"));
   const std::int64_t store = IntegerArgument(call, "@anbarcode");
   const bool calcBefore = IntegerArgument(call, "@CalcBeforeDatePeriod") != 0;
   const HiddenColumns hidden(IntegerArgument(call, "@script_Varede_sayer"),
                              IntegerArgument(call, "@script_Sadere_sayer"));
-  Statement good = FindGoods(db, {TextArgument(call, "@KalaCode"), TextArgument(call, "@KalaName"),
-                                  TextArgument(call, "@AbbName"), IntegerArgument(call, "@Reverst") != 0});
-  into.Define(call.procedure->columns);
+  Statement good = FindGoods(db,
+                             {TextArgument(call, "@KalaCode"), TextArgument(call, "@KalaName"),
+                              TextArgument(call, "@AbbName"), IntegerArgument(call, "@Reverst") != 0},
+                             goods);
+  if (into.Columns().empty()) into.Define(call.procedure->columns);
 
   MovementScan movements(db.Handle(), period, store);
   while (good.Step()) {
@@ -159,17 +162,18 @@ void RunOverall(Database& db, const ProcedureCall& call, RowStore& into, Progres
     AppendRow(into, good, store, before, totals);
     watch.Row();
   }
-  into.Finish();
 }
 
 }  // namespace
 
-void RunOverallMoney(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch) {
-  RunOverall<AmountOf, true>(db, call, into, watch);
+void RunOverallMoney(Database& db, const ProcedureCall& call, const GoodRange& goods, RowStore& into,
+                     ProgressWatch& watch) {
+  RunOverall<AmountOf, true>(db, call, goods, into, watch);
 }
 
-void RunOverallQuantity(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch) {
-  RunOverall<QuantityOf, false>(db, call, into, watch);
+void RunOverallQuantity(Database& db, const ProcedureCall& call, const GoodRange& goods, RowStore& into,
+                        ProgressWatch& watch) {
+  RunOverall<QuantityOf, false>(db, call, goods, into, watch);
 }
 
 }  // namespace goods

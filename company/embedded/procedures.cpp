@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "company/embedded/conditional_lines.h"
 #include "company/embedded/criteria.h"
 #include "company/embedded/embedded_sql.h"
 #include "host/core/text.h"
@@ -99,6 +100,13 @@ void ReadDeclaration(Procedure& procedure, std::string_view line, std::vector<Cr
     std::string name(TakeWord(line));
     if (line.empty()) Broken(procedure.name, whole);
     procedure.conditions.emplace_back(std::move(name), std::string(line));
+  } else if (kind == "divided") {
+    if (TakeWord(line) != "by") Broken(procedure.name, whole);
+    procedure.goodColumn = TakeWord(line);
+    if (procedure.goodColumn.empty() || (!line.empty() && TakeWord(line) != "unless")) {
+      Broken(procedure.name, whole);
+    }
+    procedure.undividedCalls = line;
   } else if (whole == "writes") {
     procedure.writes = true;
   } else if (whole == "native") {
@@ -153,6 +161,16 @@ std::string WithParts(std::string_view name, std::string_view text) {
   return whole;
 }
 
+// What runs from row to row cannot begin anew with each range of goods.
+void CheckDivision(const Procedure& procedure) {
+  if (procedure.goodColumn.empty()) return;
+  const bool runs = std::ranges::any_of(procedure.derived, [](const DerivedColumn& column) {
+    return column.kind == Derivation::Running || column.kind == Derivation::RunningWithin;
+  });
+  const bool placed = procedure.body.find(kGoodsPlace) != std::string::npos;
+  if (runs || procedure.writes || placed == procedure.native) Broken(procedure.name, "divided by");
+}
+
 }  // namespace
 
 Procedure ReadProcedure(std::string_view name, std::string_view text) {
@@ -167,6 +185,7 @@ Procedure ReadProcedure(std::string_view name, std::string_view text) {
     rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
   }
   if (!PutCriteria(procedure.body, criteria) && !criteria.empty()) Broken(name, "{criteria}");
+  CheckDivision(procedure);
   return procedure;
 }
 

@@ -9,6 +9,10 @@
 //   -- criterion ...                          a search criterion, put into the body (see criteria.h)
 //   -- condition name @A or @B...             a name for conditions of lines (see conditional_lines.h)
 //   -- include Part                           parts/Part.sql in place of the line, for what several files say
+//   -- divided by g.Code [unless @A or @B...]    the rows of a good depend on no other good's, and come in
+//   the
+//                                               order of the codes: divided_reading.h. The body says {goods}
+//                                               where its condition belongs, on a line of its own
 //   -- writes                                    changes derived figures; runs in a transaction
 //   -- native                                    there is no body: native_procedures.h has it, in C++
 //
@@ -45,6 +49,8 @@ struct Procedure {
   std::vector<ColumnInfo> columns;
   std::vector<DerivedColumn> derived;                           // one for each column
   std::vector<std::pair<std::string, std::string>> conditions;  // by name
+  std::string goodColumn;      // what the work is divided by; empty where it is not
+  std::string undividedCalls;  // conditions of calls that are not; empty for none
   bool writes = false;
   bool native = false;
   std::string body;

@@ -162,7 +162,7 @@ bool ProgressWatch::Ask() {
   return progress_->Progress(rows_);
 }
 
-void ProgressWatch::Tell() {
+void ProgressWatch::TellNow() {
   told_ = std::chrono::steady_clock::now();
   if (!Ask()) throw Cancelled();
 }
@@ -197,7 +197,6 @@ void ReadRows(Statement& statement, std::span<const DerivedColumn> derived, RowS
     into.EndRow();
     watch.Row();
   }
-  into.Finish();
 }
 
 }  // namespace goods

@@ -29,17 +29,23 @@ class ProgressWatch {
 
   // Called for each row. Throws Cancelled.
   void Row() {
-    if (++rows_ % kRowsBetweenCalls == 0 && progress_ != nullptr) Tell();
+    if (++rows_ % kRowsBetweenCalls == 0 && progress_ != nullptr) TellNow();
   }
+  // Rows that other handles have read, which count with the others.
+  void RowsReadElsewhere(std::size_t rows) { rows_ += rows; }
   // Where the rows go: the listener may want the first of them. rows must outlive this.
   void Fills(const RowStore& rows) { filled_ = &rows; }
+  // For a thread that waits: tells the listener at once. Throws Cancelled.
+  void Tell() {
+    if (progress_ != nullptr) TellNow();
+  }
   // After the handle was interrupted: throws what the listener threw, or Cancelled; nothing otherwise.
   void Rethrow() const;
 
  private:
   static constexpr std::size_t kRowsBetweenCalls = 1024;
   static int Called(void* self);
-  void Tell();
+  void TellNow();
   bool Ask();
 
   sqlite3* db_;
@@ -53,7 +59,8 @@ class ProgressWatch {
   bool cancelled_ = false;
 };
 
-// Reads all rows into a store that has been defined with the statement's columns. derived: one for each
+// Reads all rows into a store that has been defined with the statement's columns, behind those that it holds;
+// the store is not finished. derived: one for each
 // column, or none at all. Throws SqliteError, also for a cell that is not of its column's type, and
 // std::overflow_error.
 void ReadRows(Statement& statement, std::span<const DerivedColumn> derived, RowStore& into,

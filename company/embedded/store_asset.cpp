@@ -185,13 +185,16 @@ class AssetRows {
 
 }  // namespace
 
-void RunStoreAsset(Database& db, const ProcedureCall& call, RowStore& into, ProgressWatch& watch) {
+void RunStoreAsset(Database& db, const ProcedureCall& call, const GoodRange& goods, RowStore& into,
+                   ProgressWatch& watch) {
   const Period period(TextArgument(call, "@FromDate"), TextArgument(call, "@ToDate"));
   const bool calcBefore = IntegerArgument(call, "@CalcBefore") != 0;
-  Statement good = FindGoods(db, {TextArgument(call, "@GoodCode"), TextArgument(call, "@GoodName"), "",
-                                  IntegerArgument(call, "@Reverse") != 0});
+  Statement good = FindGoods(db,
+                             {TextArgument(call, "@GoodCode"), TextArgument(call, "@GoodName"), "",
+                              IntegerArgument(call, "@Reverse") != 0},
+                             goods);
   const StoreList stores = ReadStores(db, TextArgument(call, "@StoreCodes"));
-  into.Define(ColumnsFor(call.procedure->columns, stores.columns));
+  if (into.Columns().empty()) into.Define(ColumnsFor(call.procedure->columns, stores.columns));
 
   const bool everything = period.OpenFrom() && period.OpenTo();
   Statement stored = db.Prepare("SELECT Anbar, Mogodi FROM GoodStoreStock WHERE Kala = ?1");
@@ -217,7 +220,6 @@ void RunStoreAsset(Database& db, const ProcedureCall& call, RowStore& into, Prog
     rows.Append(good, calcBefore ? &stockBefore : nullptr, quantities);
     watch.Row();
   }
-  into.Finish();
 }
 
 }  // namespace goods

@@ -36,8 +36,8 @@ class StatementCancelled : public DatabaseError {
   ~StatementCancelled() override;
 };
 
-// Hears how a statement gets on. Called on the thread that asked for it, at least every 4096 rows and every
-// 50 ms, also while a driver blocks.
+// Hears how a statement gets on. Called on the thread that asked for it, at least every 50 ms, also while a
+// driver blocks, and every 4096 rows that this thread reads.
 class IStatementProgress {
  public:
   virtual ~IStatementProgress();

@@ -121,9 +121,14 @@ void Column::MakeRoom(ColumnType type) {
 }
 
 void Column::AppendText(std::string_view text) {
+  if (impl_->finished || impl_->type != ColumnType::Text) MakeRoom(ColumnType::Text);  // throws
+  AppendTextId(impl_->texts.Add(text));
+}
+
+void Column::AppendTextId(std::uint32_t id) {
   Impl& impl = *impl_;
   if (impl.idsUsed == impl.room || impl.open.ids == nullptr) MakeRoom(ColumnType::Text);
-  impl.open.ids[impl.idsUsed] = impl.texts.Add(text);
+  impl.open.ids[impl.idsUsed] = id;
   ++impl.idsUsed;
 }
 
@@ -160,8 +165,11 @@ void Column::Finish() {
 }
 
 // What is still open has no chunk of its own yet, and its decimals are not packed.
-void Column::AppendHeadOf(const Column& from, std::size_t rows) {
+void Column::AppendRowsOf(const Column& from, std::size_t rows) {
   const Impl& source = *from.impl_;
+  // Where many rows come a text is looked for once: its id here, from 1, by its id there.
+  const bool many = source.type == ColumnType::Text && rows >= source.texts.Count();
+  std::vector<std::uint32_t> ids(many ? source.texts.Count() : 0);
   for (std::size_t row = 0; row < rows; ++row) {
     const bool sealed = (row >> kChunkShift) < source.chunks.size();
     const ColumnChunk& chunk = sealed ? source.chunks[row >> kChunkShift] : source.open;
@@ -178,7 +186,15 @@ void Column::AppendHeadOf(const Column& from, std::size_t rows) {
         AppendDecimal(Decimal::FromUnits(sealed ? chunk.Units(cell) : source.staged[cell]));
         break;
       case ColumnType::Text:
-        AppendText(source.texts.View(chunk.TextId(cell)));
+        if (!many) {
+          AppendText(source.texts.View(chunk.TextId(cell)));
+        } else if (std::uint32_t& id = ids[chunk.TextId(cell)]; id == 0) {
+          AppendText(source.texts.View(chunk.TextId(cell)));
+          id = impl_->open.ids[impl_->idsUsed - 1] + 1;
+        } else {
+          impl_->texts.AddAgain();
+          AppendTextId(id - 1);
+        }
         break;
     }
   }
@@ -251,11 +267,17 @@ void RowStore::Finish() {
   }
 }
 
+void RowStore::Append(const RowStore& rows) {
+  if (rows.columns_.size() != columns_.size()) throw std::logic_error("rows of other columns");
+  for (std::size_t i = 0; i < columns_.size(); ++i) columns_[i].AppendRowsOf(rows.columns_[i], rows.count_);
+  count_ += rows.count_;
+}
+
 RowStore RowStore::Head(std::size_t rows) const {
   RowStore head;
   head.Define(infos_);
   head.count_ = std::min(rows, count_);
-  for (std::size_t i = 0; i < columns_.size(); ++i) head.columns_[i].AppendHeadOf(columns_[i], head.count_);
+  for (std::size_t i = 0; i < columns_.size(); ++i) head.columns_[i].AppendRowsOf(columns_[i], head.count_);
   head.Finish();
   return head;
 }

@@ -83,7 +83,8 @@ class Column {
   void Finish();
   std::size_t OpenCells() const;
   std::size_t Cells() const;
-  void AppendHeadOf(const Column& from, std::size_t rows);
+  void AppendRowsOf(const Column& from, std::size_t rows);
+  void AppendTextId(std::uint32_t id);
   const ColumnChunk& ChunkOf(std::size_t row) const;
 
   std::unique_ptr<Impl> impl_;
@@ -106,6 +107,9 @@ class RowStore {
   void Define(std::vector<ColumnInfo> columns);
   Column& ColumnAt(std::size_t index) { return columns_[index]; }
   void EndRow() { ++count_; }
+  // Writes all rows of a finished store behind those that are there. Throws std::logic_error when its columns
+  // are of other kinds.
+  void Append(const RowStore& rows);
   // Ends the writing and gives back what was reserved for further rows; a second call does nothing. Throws
   // std::logic_error when a column has not one cell for each row.
   void Finish();

@@ -14,6 +14,8 @@ namespace goods {
 class TextPool {
  public:
   std::uint32_t Add(std::string_view text);
+  // A text that the caller knows the id of came once more.
+  void AddAgain() { ++added_; }
   // No further text comes: what only adding needs is given back.
   void Finish();
 

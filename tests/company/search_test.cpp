@@ -2,6 +2,7 @@
 #include <map>
 #include <random>
 
+#include "company/embedded/conditional_lines.h"
 #include "company/embedded/procedures.h"
 #include "company/embedded/sqlite.h"
 #include "company/embedded/statement_parser.h"
@@ -215,9 +216,9 @@ class SearchPlanTest : public SearchTest {
     const ParsedStatement parsed = ParseStatement(text);
     const ProcedureCall call = MatchProcedure(std::get<ExecStatement>(parsed), text);
     Work work;
-    Statement plan = db.Prepare("EXPLAIN QUERY PLAN " + call.procedure->body);
+    Statement plan = db.Prepare("EXPLAIN QUERY PLAN " + BodyOf(call));
     while (plan.Step()) work.plan.emplace_back(plan.Text(3));
-    Statement statement = db.Prepare(call.procedure->body);
+    Statement statement = db.Prepare(BodyOf(call));
     BindParameters(statement, call);
     const auto count = [&](sqlite3_stmt* handle) {
       work.scanned += sqlite3_stmt_status(handle, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1);

@@ -11,6 +11,7 @@
 -- parameter @TitleID integer default null
 -- parameter @Title text default null
 -- parameter @OperationType integer default null
+-- divided by g.Code unless @GoodCode
 -- include GoodDetailParameters
 -- parameter @FromGoodGroupCode integer default null
 -- parameter @ToGoodGroupCode integer default null
@@ -71,6 +72,7 @@ CROSS JOIN DetailValues v ON v.Kala = g.Code -- when byValue
 CROSS JOIN DetailKardex d INDEXED BY DetailKardex_ByValue ON d.DetailValueID = v.ID AND d.Kala = g.Code -- when byValue
 LEFT JOIN Kardex k ON k.Kala = d.Kala AND k.Date = d.Date AND k.Radif = d.Radif
 WHERE TRUE
+  AND {goods}
 -- include GoodDetailCriteria
   AND +g.GrpCode >= @FromGoodGroupCode -- when @FromGoodGroupCode
   AND +g.GrpCode <= @ToGoodGroupCode -- when @ToGoodGroupCode

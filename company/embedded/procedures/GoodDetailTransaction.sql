@@ -4,13 +4,14 @@
 -- @HaveAmount 1: one row, without Type. 0: one row for each movement kind, its code in Type. With stores
 -- totalled Anbar is 0 and AnbarName empty, and criteria on stores tell which stores are added up.
 --
--- @TitleID: which column @Title searches: 1 Code, 2 Name, 3 AnbarName, 4 DetailValues, 5 SumDetailKardex. Decided
--- here: texts hold @Title, as a Persian reader compares; codes and quantities equal it, and a text that is no
--- number equals none. Another @TitleID, or none, asks nothing.
+-- @TitleID: which column @Title searches: 1 Code, 2 Name, 3 AnbarName, 4 DetailValues, 5 SumDetailKardex.
+-- Texts hold @Title, as a Persian reader compares; codes and quantities equal it, and a text that is no number
+-- equals none. Another @TitleID, or none, asks nothing.
 -- parameter @StoreSeparation integer default 0
 -- parameter @HaveAmount integer default 1
 -- parameter @TitleID integer default null
 -- parameter @Title text default null
+-- divided by g.Code unless @GoodCode
 -- include GoodDetailParameters
 -- parameter @FromAnbar integer default null
 -- parameter @ToAnbar integer default null
@@ -56,6 +57,7 @@ CROSS JOIN DetailKardex d INDEXED BY DetailKardex_ByValue ON d.DetailValueID = v
 CROSS JOIN DetailValues v ON v.Kala = g.Code -- unless @FromDate or @ToDate or byValue
 CROSS JOIN DetailKardex d INDEXED BY DetailKardex_ByValue ON d.DetailValueID = v.ID AND d.Kala = g.Code -- unless @FromDate or @ToDate or byValue
 WHERE TRUE
+  AND {goods}
 -- include GoodDetailCriteria
 GROUP BY g.Code, v.ID
        , d.Anbar -- when @StoreSeparation = 1

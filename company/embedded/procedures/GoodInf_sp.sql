@@ -19,6 +19,7 @@
 -- parameter @EffectiveDate2 text default null
 -- parameter @StoreCode integer default null
 -- parameter @NotStoreCode integer default 0
+-- divided by g.Code unless @Code
 -- condition period @EffectiveDate1 or @EffectiveDate2
 -- condition ofStore @StoreCode unless period or @NotStoreCode = 1 or @StoreCode = 0
 -- condition ofOthers @StoreCode unless period or ofStore
@@ -135,6 +136,7 @@ LEFT JOIN colors c2 ON c2.code = t2.color_code
 LEFT JOIN TagS t3 ON t3.Code = iif(g.Tags = '', NULL, code_at(g.Tags, 3))
 LEFT JOIN colors c3 ON c3.code = t3.color_code
 WHERE {criteria}
+  AND {goods}
   AND (ifnull(@GrpCode, 0) = 0 OR g.GrpCode = @GrpCode)  -- unless @GrpCode = 0
   AND (@Inlist IS NOT 1 OR @SelectedCode = 0 OR  -- when @SelectedCode
        (g.Code IN (SELECT l.Kala FROM SelectedListGoods l WHERE l.ListCode = @SelectedCode)) = (@invertList IS NOT 1))  -- when @SelectedCode

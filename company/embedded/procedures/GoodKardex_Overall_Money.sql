@@ -37,4 +37,5 @@
 -- column kala_Hazine decimal
 -- column sayer_sadere decimal
 -- column Remained decimal
+-- divided by g.Code
 -- native

@@ -37,4 +37,5 @@
 -- column A0-2 decimal
 -- column A0-3 decimal
 -- column A0-Cost decimal
+-- divided by g.Code
 -- native

@@ -254,6 +254,56 @@ TEST(RowStores, ReadingBeyondTheRowsIsRefused) {
   EXPECT_THROW((void)store.Cell(0, 1), std::out_of_range);
 }
 
+// Nulls, texts that repeat and texts that hardly do, wide decimals; several chunks.
+TEST(RowStores, RowsOfOtherStoresArePutBehind) {
+  const auto write = [](RowStore& store, std::size_t from, std::size_t to) {
+    store.Define({{"A", ColumnType::Integer},
+                  {"B", ColumnType::Text},
+                  {"C", ColumnType::Text},
+                  {"D", ColumnType::Decimal}});
+    for (std::size_t i = from; i < to; ++i) {
+      if (i % 11 == 3) {
+        for (std::size_t column = 0; column < 4; ++column) store.ColumnAt(column).AppendNull();
+      } else {
+        store.ColumnAt(0).AppendInteger(static_cast<std::int64_t>(i));
+        store.ColumnAt(1).AppendText("نام " + std::to_string(i % 40));
+        store.ColumnAt(2).AppendText("شرح " + std::to_string(i));
+        store.ColumnAt(3).AppendDecimal(i % 70'000 == 5 ? Of("123456789012345678901.5")
+                                                        : Decimal(static_cast<std::int64_t>(i)));
+      }
+      store.EndRow();
+    }
+    store.Finish();
+  };
+  constexpr std::size_t kRows = 150'000;
+  RowStore whole;
+  write(whole, 0, kRows);
+  RowStore joined;
+  joined.Define(whole.Columns());
+  const std::size_t ends[] = {0, 1, 5'000, 5'000, 70'000, 136'000, kRows};
+  for (std::size_t i = 0; i + 1 < std::size(ends); ++i) {
+    RowStore part;
+    write(part, ends[i], ends[i + 1]);
+    joined.Append(part);
+  }
+  joined.Finish();
+  ASSERT_EQ(joined.Count(), kRows);
+  for (std::size_t row = 0; row < kRows; ++row) {
+    for (std::size_t column = 0; column < 4; ++column) {
+      ASSERT_EQ(joined.Cell(row, column), whole.Cell(row, column)) << row << " " << column;
+    }
+  }
+  EXPECT_EQ(joined.ColumnAt(1).DistinctTexts(), whole.ColumnAt(1).DistinctTexts());
+  EXPECT_LT(joined.MemoryBytes(), whole.MemoryBytes() * 11 / 10);
+}
+
+TEST(RowStores, RowsOfOtherColumnsAreRefused) {
+  RowStore store;
+  store.Define({{"A", ColumnType::Integer}});
+  EXPECT_THROW(store.Append(OneColumn(ColumnType::Text, {"a"})), std::logic_error);
+  EXPECT_THROW(store.Append(RowStore()), std::logic_error);
+}
+
 TEST(RowStores, ASmallResultTakesLittleMemory) {
   const RowStore store = OneColumn(ColumnType::Text, {"a", "b"});
   EXPECT_LT(store.MemoryBytes(), 4096U);
