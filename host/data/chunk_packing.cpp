@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "host/data/wide_integer.h"
 
@@ -53,6 +54,25 @@ int CommonScale(const Int128* cells, std::size_t count) {
 
 }  // namespace
 
+WideCells::WideCells(const Int128* cells, std::size_t count) {
+  const auto fits = [](Int128 units) {
+    const auto high = static_cast<std::int64_t>(units >> 64U);
+    return high >= std::numeric_limits<std::int16_t>::min() &&
+           high <= std::numeric_limits<std::int16_t>::max();
+  };
+  if (!std::all_of(cells, cells + count, fits)) {
+    full_ = std::make_unique_for_overwrite<Int128[]>(count);
+    std::copy_n(cells, count, full_.get());
+    return;
+  }
+  low_ = std::make_unique_for_overwrite<std::uint64_t[]>(count);
+  high_ = std::make_unique_for_overwrite<std::int16_t[]>(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    low_[i] = static_cast<std::uint64_t>(cells[i]);
+    high_[i] = static_cast<std::int16_t>(cells[i] >> 64U);
+  }
+}
+
 void PackDecimals(const Int128* cells, std::size_t count, ColumnChunk& chunk) {
   chunk.size = count;
   chunk.scale = CommonScale(cells, count);
@@ -69,8 +89,7 @@ void PackDecimals(const Int128* cells, std::size_t count, ColumnChunk& chunk) {
     return;
   }
   chunk.scale = Decimal::kDecimals;
-  chunk.wide = std::make_unique_for_overwrite<Int128[]>(count);
-  std::copy_n(cells, count, chunk.wide.get());
+  chunk.wide = WideCells(cells, count);
 }
 
 }  // namespace goods

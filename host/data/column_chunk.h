@@ -12,12 +12,33 @@ namespace goods {
 inline constexpr std::size_t kChunkShift = 16;
 inline constexpr std::size_t kChunkCells = std::size_t{1} << kChunkShift;
 
+// Decimals in billionths that 64 bits do not hold: 80 bits a cell (up to 600 trillion) where that is enough
+// for all of them, else 128. A few large amounts in a chunk then cost a quarter more, not twice as much.
+class WideCells {
+ public:
+  WideCells() = default;
+  WideCells(const Int128* cells, std::size_t count);
+  explicit operator bool() const { return low_ != nullptr || full_ != nullptr; }
+  Int128 operator[](std::size_t i) const {
+    if (full_ != nullptr) return full_[i];
+    return static_cast<Int128>((static_cast<UInt128>(Int128{high_[i]}) << 64U) | low_[i]);
+  }
+  std::size_t BytesPerCell() const {
+    return full_ != nullptr ? sizeof(Int128) : sizeof(std::uint64_t) + sizeof(std::int16_t);
+  }
+
+ private:
+  std::unique_ptr<std::uint64_t[]> low_;
+  std::unique_ptr<std::int16_t[]> high_;
+  std::unique_ptr<Int128[]> full_;
+};
+
 // Up to kChunkCells cells of one column; every chunk but the last is full. Exactly one kind of cells is
 // there: narrow (integers, and decimals at a common scale), wide (decimals in billionths), or text ids.
 struct ColumnChunk {
   std::size_t size = 0;
   std::unique_ptr<std::int64_t[]> narrow;
-  std::unique_ptr<Int128[]> wide;
+  WideCells wide;
   std::unique_ptr<std::uint32_t[]> ids;
   // Text chunks without ids: cell i has the id firstId + i.
   std::uint32_t firstId = 0;
@@ -29,7 +50,7 @@ struct ColumnChunk {
   bool IsNull(std::size_t i) const { return nulls != nullptr && ((nulls[i / 64] >> (i % 64)) & 1U) != 0; }
   // A number in billionths.
   Int128 Units(std::size_t i) const {
-    return wide != nullptr ? wide[i] : Int128{narrow[i]} * PowerOfTen(Decimal::kDecimals - scale);
+    return wide ? wide[i] : Int128{narrow[i]} * PowerOfTen(Decimal::kDecimals - scale);
   }
   std::uint32_t TextId(std::size_t i) const {
     return ids != nullptr ? ids[i] : firstId + static_cast<std::uint32_t>(i);

@@ -21,8 +21,8 @@ Decimal Combine(ExactSum sum, const ScaleSums& byScale) {
 }
 
 // Calls add with each cell of the chunk whose bit is set.
-template <typename Cell, typename Add>
-void ForMasked(const Cell* cells, std::size_t size, const std::uint64_t* mask, Add add) {
+template <typename Cells, typename Add>
+void ForMasked(const Cells& cells, std::size_t size, const std::uint64_t* mask, Add add) {
   for (std::size_t from = 0; from < size; from += 64) {
     for (std::uint64_t word = mask[from / 64]; word != 0; word &= word - 1) {
       add(cells[from + static_cast<std::size_t>(std::countr_zero(word))]);
@@ -39,7 +39,7 @@ Decimal Column::Sum(const std::uint32_t* rows, std::size_t count) const {
   for (std::size_t i = 0; i < count; ++i) {
     const ColumnChunk& chunk = ChunkOf(rows[i]);
     const std::size_t cell = rows[i] % kChunkCells;
-    if (chunk.wide != nullptr) {
+    if (chunk.wide) {
       wide.Add(chunk.wide[cell]);
     } else {
       byScale[static_cast<std::size_t>(chunk.scale)] += chunk.narrow[cell];
@@ -55,7 +55,7 @@ Decimal Column::SumAll() const {
   for (const ColumnChunk& chunk : Chunks()) {
     Int128 narrow = 0;
     for (std::size_t i = 0; i < chunk.size; ++i) {
-      if (chunk.wide != nullptr) {
+      if (chunk.wide) {
         wide.Add(chunk.wide[i]);
       } else {
         narrow += chunk.narrow[i];
@@ -71,8 +71,8 @@ Decimal Column::SumMasked(const std::uint64_t* mask) const {
   ExactSum wide;
   ScaleSums byScale{};
   for (const ColumnChunk& chunk : Chunks()) {
-    if (chunk.wide != nullptr) {
-      ForMasked(chunk.wide.get(), chunk.size, mask, [&wide](Int128 cell) { wide.Add(cell); });
+    if (chunk.wide) {
+      ForMasked(chunk.wide, chunk.size, mask, [&wide](Int128 cell) { wide.Add(cell); });
     } else {
       Int128 sum = 0;
       ForMasked(chunk.narrow.get(), chunk.size, mask, [&sum](std::int64_t cell) { sum += cell; });

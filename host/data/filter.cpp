@@ -102,7 +102,7 @@ class PreparedTest {
       FillWords(words, chunk.size, [&](std::size_t i) { return passes_[chunk.TextId(i)]; });
     } else if (pattern_) {
       LikeNumbers(chunk, words);
-    } else if (chunk.wide != nullptr) {
+    } else if (chunk.wide) {
       const Int128 units = number_.Units();
       FillWords(words, chunk.size,
                 [&](std::size_t i) { return Holds(test_.op, Compare(chunk.wide[i], units)); });

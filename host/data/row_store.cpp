@@ -236,7 +236,7 @@ std::size_t Column::MemoryBytes() const {
   std::size_t bytes = sizeof(Impl) + impl.texts.MemoryBytes() + impl.chunks.capacity() * sizeof(ColumnChunk);
   const auto add = [&bytes](const ColumnChunk& chunk, std::size_t cells, std::size_t nullCells) {
     if (chunk.narrow != nullptr) bytes += cells * sizeof(std::int64_t);
-    if (chunk.wide != nullptr) bytes += cells * sizeof(Int128);
+    if (chunk.wide) bytes += cells * chunk.wide.BytesPerCell();
     if (chunk.ids != nullptr) bytes += cells * sizeof(std::uint32_t);
     if (chunk.nulls != nullptr) bytes += WordsFor(nullCells) * sizeof(std::uint64_t);
   };

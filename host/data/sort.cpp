@@ -128,15 +128,16 @@ NumberRange RangeOf(const Column& column) {
   range.step = PowerOfTen(Decimal::kDecimals - scale);
   bool any = false;
   for (const ColumnChunk& chunk : column.Chunks()) {
-    const auto extend = [&](const auto* cells, Int128 factor) {
-      if (cells == nullptr || chunk.size == 0) return;
-      const auto [least, most] = std::minmax_element(cells, cells + chunk.size);
-      range.least = any ? std::min(range.least, *least * factor) : *least * factor;
-      range.most = any ? std::max(range.most, *most * factor) : *most * factor;
+    const auto extend = [&](Int128 least, Int128 most) {
+      range.least = any ? std::min(range.least, least) : least;
+      range.most = any ? std::max(range.most, most) : most;
       any = true;
     };
-    extend(chunk.narrow.get(), PowerOfTen(scale - std::min(scale, chunk.scale)));
-    extend(chunk.wide.get(), 1);
+    for (std::size_t i = 0; chunk.wide && i < chunk.size; ++i) extend(chunk.wide[i], chunk.wide[i]);
+    if (chunk.narrow == nullptr || chunk.size == 0) continue;
+    const auto [least, most] = std::minmax_element(chunk.narrow.get(), chunk.narrow.get() + chunk.size);
+    const Int128 factor = PowerOfTen(scale - std::min(scale, chunk.scale));
+    extend(*least * factor, *most * factor);
   }
   return range;
 }
@@ -151,7 +152,7 @@ void SortByNumberKeys(const SortColumn& by, const NumberRange& range, std::vecto
   for (const ColumnChunk& chunk : by.column->Chunks()) {
     const Int128 factor = PowerOfTen(Decimal::kDecimals - chunk.scale) / range.step;
     for (std::size_t i = 0; i < chunk.size; ++i) {
-      const Int128 cell = chunk.wide != nullptr ? chunk.wide[i] : chunk.narrow[i] * factor;
+      const Int128 cell = chunk.wide ? chunk.wide[i] : chunk.narrow[i] * factor;
       const UInt128 above = by.descending ? static_cast<UInt128>(range.most) - static_cast<UInt128>(cell)
                                           : static_cast<UInt128>(cell) - static_cast<UInt128>(range.least);
       keys.push_back(chunk.IsNull(i) ? Key{0} : static_cast<Key>(KeyOf(above)));
@@ -167,7 +168,7 @@ void SortByRounded(const SortColumn& by, std::vector<std::uint32_t>& order) {
   for (const ColumnChunk& chunk : by.column->Chunks()) {
     const Int128 factor = PowerOfTen(Decimal::kDecimals - chunk.scale);
     for (std::size_t i = 0; i < chunk.size; ++i) {
-      const Int128 cell = chunk.wide != nullptr ? chunk.wide[i] : chunk.narrow[i] * factor;
+      const Int128 cell = chunk.wide ? chunk.wide[i] : chunk.narrow[i] * factor;
       cells.push_back(Decimal::FromUnits(cell).Rounded(by.detail).Units());
     }
   }

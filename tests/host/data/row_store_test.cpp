@@ -78,7 +78,7 @@ TEST(RowStores, DecimalsTakeEightBytesACellAtTheirSmallestExactScale) {
       OneColumn(ColumnType::Decimal, {Of("1.5"), Of("-2.25"), Of("1000000000000000"), Of("0")});
   const ColumnChunk& chunk = store.ColumnAt(0).Chunks().front();
   EXPECT_EQ(chunk.scale, 2);
-  EXPECT_EQ(chunk.wide, nullptr);
+  EXPECT_FALSE(chunk.wide);
   EXPECT_EQ(store.ColumnAt(0).Number(1), Of("-2.25"));
   EXPECT_EQ(store.ColumnAt(0).Number(2), Of("1000000000000000"));
 }
@@ -87,8 +87,25 @@ TEST(RowStores, DecimalsThatDoNotFitStayWide) {
   const std::vector<Value> cells = {Of("170141183460469231731687303715.884105727"), Of("0.000000001"),
                                     Of("-170141183460469231731687303715.884105728")};
   const RowStore store = OneColumn(ColumnType::Decimal, cells);
-  EXPECT_NE(store.ColumnAt(0).Chunks().front().wide, nullptr);
+  EXPECT_EQ(store.ColumnAt(0).Chunks().front().wide.BytesPerCell(), 16U);
   ExpectCells(store, cells);
+}
+
+TEST(RowStores, DecimalsUpToSixHundredTrillionTakeTenBytesACell) {
+  const Decimal most = Decimal::FromUnits((Int128{1} << 79U) - 1);
+  const Decimal least = Decimal::FromUnits(-(Int128{1} << 79U));
+  const Decimal one = Decimal::FromUnits(1);
+  const std::vector<Value> cells = {most, least, Of("-0.000000001"), Value(), Of("600000000000000.5")};
+  const RowStore store = OneColumn(ColumnType::Decimal, cells);
+  EXPECT_EQ(store.ColumnAt(0).Chunks().front().wide.BytesPerCell(), 10U);
+  ExpectCells(store, cells);
+  EXPECT_EQ(store.ColumnAt(0).SumAll(), most + least + Of("599999999999999.5") + Decimal(1) - one);
+  for (const Decimal beyond : {most + one, least - one}) {
+    const std::vector<Value> wider = {most, beyond};
+    const RowStore wide = OneColumn(ColumnType::Decimal, wider);
+    EXPECT_EQ(wide.ColumnAt(0).Chunks().front().wide.BytesPerCell(), 16U);
+    ExpectCells(wide, wider);
+  }
 }
 
 TEST(RowStores, EveryScaleAndSizeOfDecimalsComesBackExactly) {
