@@ -66,7 +66,7 @@ std::size_t ChartScene::Room() const {
   if (IsLines()) return count_;
   const double each = chart_.shape == ChartShape::Bars ? LineHeight(look_.font) * 1.5 : kPixelsPerColumn;
   const double length = chart_.shape == ChartShape::Bars ? plot_.height() : plot_.width();
-  return std::max<std::size_t>(1, static_cast<std::size_t>(length / each));
+  return static_cast<std::size_t>(std::max(1.0, length / each));  // a small picture leaves a length below 0
 }
 
 void ChartScene::BringIntoView() {

@@ -7,7 +7,6 @@
 #include <QJsonObject>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QTimer>
@@ -245,9 +244,9 @@ struct DesktopWindows::Showing {
         stateBefore(beside == nullptr ? Qt::WindowStates() : beside->windowState()) {}
   FormView* first;  // the one that it stands beside; null where it stands by itself
   std::unique_ptr<FormView> view;
-  QPointer<FormView> alive;  // who has it in a layout may take it away with the layout
-  bool placed = false;       // in a layout of the application's
-  QRect placeBefore;         // of the first one
+  FormView* alive;      // null once it is gone: who has it in a layout may take it away with the layout
+  bool placed = false;  // in a layout of the application's
+  QRect placeBefore;    // of the first one
   Qt::WindowStates stateBefore;
 };
 
@@ -305,8 +304,8 @@ void DesktopWindows::RunModal(TForm& form) {
                   std::make_unique<FormView>(form, gridCommands_, first != nullptr ? first : DialogParent()));
   showing.view->Offer(windowCommands_);
   QEventLoop loop;
-  QObject::connect(showing.view.get(), &QObject::destroyed, &loop, [this, &form, gone = showing.view.get()] {
-    std::erase(views_, gone);
+  QObject::connect(showing.view.get(), &QObject::destroyed, &loop, [this, &form, &showing] {
+    std::erase(views_, std::exchange(showing.alive, nullptr));
     form.Close();
   });
   const Subscription closing = form.Changed.Connect([&] {

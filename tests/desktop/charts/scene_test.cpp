@@ -139,6 +139,15 @@ TEST_F(ChartDrawing, TheMarkBringsItsBarIntoView) {
   EXPECT_EQ(scene.Mark(), std::nullopt);
 }
 
+TEST_F(ChartDrawing, APictureWithoutRoomShowsOneBar) {
+  for (const ChartShape shape : {ChartShape::Bars, ChartShape::Columns}) {
+    const Chart chart = BarsOf(40, shape);
+    ChartScene scene(chart, {}, ScreenLook());
+    scene.Draw(QSize(20, 12));
+    EXPECT_EQ(scene.CountShown(), 1U);
+  }
+}
+
 // Nothing of an earlier size, view or scale is left in the picture.
 TEST_F(ChartDrawing, DrawnAnewIsAsDrawnForTheFirstTime) {
   for (const Chart& chart : {LineOf(300), BarsOf(60, ChartShape::Bars), BarsOf(80, ChartShape::Columns)}) {
