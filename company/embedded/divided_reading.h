@@ -32,9 +32,9 @@ struct GoodRange {
 struct Division {
   static constexpr unsigned kMostThreads = 8;
 
-  unsigned threads = 0;                    // the calling one counts; 0: one for each core, up to kMostThreads
-  std::size_t fewestGoods = 2'000;         // a company with fewer is not divided
-  std::chrono::milliseconds patience{10};  // for so long the calling thread works alone
+  unsigned threads = 0;             // the calling one counts; 0: one for each core, up to kMostThreads
+  std::size_t fewestGoods = 2'000;  // a company with fewer is not divided
+  std::chrono::milliseconds patience{100};  // for so long the calling thread works alone
 };
 
 class DividedReading {
