@@ -50,6 +50,7 @@ EmbeddedConnection::EmbeddedConnection(std::string path, bool writable, Division
 EmbeddedConnection::~EmbeddedConnection() = default;
 
 void EmbeddedConnection::Open(std::string_view statement, RowStore& into, IStatementProgress* progress) {
+  into = RowStore();  // what is read is written behind what the store holds
   Dispatch(statement, &into, progress);
 }
 

@@ -243,6 +243,16 @@ TEST_F(ReadDivided, TheAnswerIsTheSameWithAnyNumberOfThreads) {
   }
 }
 
+TEST_F(ReadDivided, AStoreThatHoldsAnotherAnswerIsWrittenAnew) {
+  EmbeddedConnection connection(file.Path(), false, AtOnce(2));
+  RowStore rows;
+  for (const char* statement :
+       {"Exec srKardex", "exec GoodInf_sp ", "Select Code from Stores", "Exec srKardex"}) {
+    connection.Open(statement, rows);
+    EXPECT_EQ(rows.Count(), AskRows(connection, statement).Count()) << statement;
+  }
+}
+
 TEST(DividedProcedures, EachIsAmongTheStatementsTried) {
   int divided = 0;
   for (const Procedure& procedure : Procedures()) {
