@@ -44,10 +44,11 @@ const ExactDivisor& DivisorFor(int scale) {
   return kDivisors[static_cast<std::size_t>(Decimal::kDecimals - scale)];
 }
 
+// Billionths hold every cell, also the smallest number, whose magnitude is beyond the quotients' range.
 int CommonScale(const Int128* cells, std::size_t count) {
   int scale = 0;
   for (std::size_t i = 0; i < count && scale < Decimal::kDecimals; ++i) {
-    while (!DivisorFor(scale).Divides(cells[i])) ++scale;
+    while (scale < Decimal::kDecimals && !DivisorFor(scale).Divides(cells[i])) ++scale;
   }
   return scale;
 }

@@ -91,6 +91,14 @@ TEST(RowStores, DecimalsThatDoNotFitStayWide) {
   ExpectCells(store, cells);
 }
 
+TEST(RowStores, TheSmallestNumberIsKeptWhereverItComes) {
+  const Value least = Of("-170141183460469231731687303715.884105728");
+  for (const std::vector<Value>& cells :
+       {std::vector<Value>{least}, {least, Of("1")}, {Of("1000"), least}, {Of("0.5"), Value(), least}}) {
+    ExpectCells(OneColumn(ColumnType::Decimal, cells), cells);
+  }
+}
+
 TEST(RowStores, DecimalsUpToSixHundredTrillionTakeTenBytesACell) {
   const Decimal most = Decimal::FromUnits((Int128{1} << 79U) - 1);
   const Decimal least = Decimal::FromUnits(-(Int128{1} << 79U));
