@@ -3,13 +3,18 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <tuple>
 #include <vector>
 
+#include <sqlite3.h>
+
 #include "company/company.h"
 #include "company/embedded/company_file.h"
+#include "company/embedded/embedded_sql.h"
+#include "host/core/text.h"
 
 namespace goods {
 
@@ -67,6 +72,57 @@ Columns ColumnsOf(Database& db, const std::string& table) {
   return columns;
 }
 
+// The definitions of SchemaSql and IndexesSql by their texts, which SQLite keeps as they were given.
+struct Definition {
+  std::string_view type;
+  std::string_view name;
+};
+using Definitions = std::map<std::string_view, Definition>;
+
+void AddDefinitions(std::string_view sql, Definitions& to) {
+  constexpr std::string_view kCreate = "CREATE ";
+  for (std::size_t at = 0; (at = sql.find(kCreate, at)) != std::string_view::npos;) {
+    std::size_t end = sql.find(';', at);
+    // Those within a trigger do not end it.
+    while (end < sql.size() && sqlite3_complete(std::string(sql.substr(at, end + 1 - at)).c_str()) == 0) {
+      end = sql.find(';', end + 1);
+    }
+    const std::string_view text = sql.substr(at, end - at);
+    at += text.size();
+    Definition definition;
+    const std::string_view type = text.substr(kCreate.size());
+    for (const std::string_view known : {"TABLE", "INDEX", "VIEW", "TRIGGER"}) {
+      if (type.starts_with(known)) definition.type = known;
+    }
+    const std::string_view name = type.substr(std::min(definition.type.size() + 1, type.size()));
+    definition.name = name.substr(0, name.find_first_of("( \n"));
+    to[text] = definition;
+  }
+}
+
+const Definitions& Written() {
+  static const Definitions written = [] {
+    Definitions definitions;
+    AddDefinitions(SchemaSql(), definitions);
+    AddDefinitions(IndexesSql(), definitions);
+    return definitions;
+  }();
+  return written;
+}
+
+bool AreAsWritten(const std::vector<SchemaObject>& objects) {
+  std::set<std::string_view> found;
+  for (const SchemaObject& object : objects) {
+    if (object.sql.empty() && object.type == "index") continue;
+    const auto written = Written().find(object.sql);
+    if (written == Written().end() || !SameText(written->second.type, object.type) ||
+        written->second.name != object.name || !found.insert(written->first).second) {
+      return false;
+    }
+  }
+  return found.size() == Written().size();
+}
+
 // What this program would write.
 const Schema& Expected() {
   static const Schema expected = [] {
@@ -121,9 +177,13 @@ void CheckTable(Database& db, const SchemaObject& table, bool current) {
 
 }  // namespace
 
+bool IsSchemaAsWritten(Database& db) { return AreAsWritten(Objects(db)); }
+
 void CheckCompanySchema(Database& db, bool current) {
+  const std::vector<SchemaObject> objects = Objects(db);
+  if (current && AreAsWritten(objects)) return;
   std::size_t tables = 0;
-  for (const SchemaObject& object : Objects(db)) {
+  for (const SchemaObject& object : objects) {
     const auto known = Expected().objects.find(object.name);
     const bool ours = known != Expected().objects.end() && known->second.type == object.type;
     if (object.type == "table") {

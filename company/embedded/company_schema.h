@@ -12,4 +12,8 @@ namespace goods {
 // upgrade brings.
 void CheckCompanySchema(Database& db, bool current);
 
+// Whether the schema is, definition by definition, the very text that this program writes into a new company,
+// with nothing missing and nothing added. Such a file, which never was upgraded, needs no further look.
+bool IsSchemaAsWritten(Database& db);
+
 }  // namespace goods

@@ -293,6 +293,8 @@ Database& Database::operator=(Database&& other) noexcept {
 Database::~Database() { sqlite3_close_v2(db_); }
 
 void Database::SetAccess(Access access) {
+  // SQLite makes this table known where it is first used, which is a change of the schema to an authorizer.
+  static_cast<void>(Prepare("SELECT 1 FROM pragma_table_xinfo(?1)"));
   sqlite3_set_authorizer(db_,
                          access == Access::Read    ? AllowReading
                          : access == Access::Write ? AllowWriting

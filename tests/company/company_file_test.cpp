@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "company/embedded/company_schema.h"
 #include "company/embedded/sqlite.h"
 #include "company_fixture.h"
 
@@ -99,6 +100,20 @@ TEST_F(CompanyFileTest, DamageFoundWhileReadingIsToldByTheStatement) {
     EXPECT_NE(Refusal(*connection, "Select * from Kardex").find("آسیب دیده"), std::string::npos);
   } catch (const CompanyError& error) {
     EXPECT_NE(std::string(error.what()).find("آسیب دیده"), std::string::npos);
+  }
+}
+
+// So opening one need not compare it with a schema that it makes for that.
+TEST_F(CompanyFileTest, AWrittenSchemaIsKnownByItsText) {
+  Database fresh(file_.Path(), SQLITE_OPEN_READONLY);
+  EXPECT_TRUE(IsSchemaAsWritten(fresh));
+  for (const char* change :
+       {"CREATE INDEX Kardex_ByPerson ON Kardex(Percode)", "DROP INDEX Kardex_ByDocument",
+        "CREATE INDEX Kardex_ByDocument ON Kardex(Type, OperationCode, OperationRow)",
+        "CREATE VIEW Shown AS SELECT 1", "ALTER TABLE Units ADD COLUMN Note TEXT"}) {
+    Database db(file_.Path(), SQLITE_OPEN_READWRITE);
+    db.Run(change);
+    EXPECT_FALSE(IsSchemaAsWritten(db)) << change;
   }
 }
 
