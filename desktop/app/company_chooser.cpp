@@ -31,15 +31,12 @@ QSize RowSize(const QWidget& list) { return {0, list.fontMetrics().lineSpacing()
 }  // namespace
 
 CompanyChooser::CompanyChooser(DesktopSettings& settings, DemoMaker demo, QWidget* parent)
-    : QDialog(parent),
-      settings_(settings),
-      demo_(std::move(demo)),
-      list_(new QListWidget(this)),
-      problem_(ProblemLabel(this)) {
-  LayOut();
-}
+    : QDialog(parent), settings_(settings), demo_(std::move(demo)) {}
 
 void CompanyChooser::LayOut() {
+  if (list_ != nullptr) return;
+  list_ = new QListWidget(this);
+  problem_ = ProblemLabel(this);
   setObjectName("Company_FRM");
   setWindowTitle("انتخاب شرکت");
   setAccessibleName("انتخاب شرکت");
@@ -164,12 +161,16 @@ void CompanyChooser::Open(const QString& path, bool demo) {
 }
 
 void CompanyChooser::ShowProblem(const QString& text) {
+  LayOut();
   problem_->setText(text);
   problem_->setVisible(true);
 }
 
 OpenedCompany CompanyChooser::Choose() {
-  if (opened_.company == nullptr) exec();  // one may be open already, from the command line
+  if (opened_.company == nullptr) {  // one may be open already, from the command line
+    LayOut();
+    exec();
+  }
   return std::move(opened_);
 }
 

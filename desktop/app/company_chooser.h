@@ -50,8 +50,8 @@ class CompanyChooser : public QDialog {
 
   DesktopSettings& settings_;
   DemoMaker demo_;
-  QListWidget* list_;
-  QLabel* problem_;
+  QListWidget* list_ = nullptr;  // what the window shows is made before it is first needed
+  QLabel* problem_ = nullptr;
   OpenedCompany opened_;
 };
 

@@ -35,7 +35,7 @@ ReportCard::ReportCard(const CardTexts& texts, QWidget* parent) : QPushButton(pa
   title->setFont(font);
   auto* shortcut = new QLabel(texts.key, this);
   shortcut->setForegroundRole(QPalette::PlaceholderText);
-  shortcut->setVisible(allowed);
+  if (!allowed) shortcut->hide();
   auto* about = MutedLabel(texts.about, this);
 
   auto* head = new QHBoxLayout;

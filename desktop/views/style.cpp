@@ -1,6 +1,7 @@
 #include "desktop/views/style.h"
 
 #include <QApplication>
+#include <QIconEngine>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -179,6 +180,28 @@ void DrawArrow(QPainter& painter, const QRectF& box, const QColor& color, int de
   painter.restore();
 }
 
+// Drawn when it is shown. The toolkit's own is a file, for which it loads the readers of every kind of
+// picture, at the start of the program already.
+class MoreIcon : public QIconEngine {
+ public:
+  QIconEngine* clone() const override { return new MoreIcon(*this); }
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
+    const Theme& theme = CurrentTheme();
+    const double side = std::min(rect.width(), rect.height()) / 2.0;
+    const QPointF corner = QRectF(rect).center() - QPointF(side / 2, side / 2);
+    DrawArrow(*painter, QRectF(corner, QSizeF(side, side)),
+              mode == QIcon::Disabled ? theme.border : theme.text, 0);
+  }
+  // What is drawn into has to be clear where nothing is.
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    paint(&painter, QRect(QPoint(), size), mode, state);
+    return pixmap;
+  }
+};
+
 // Where the toolkit breaks the text, each line without the blank that it was broken at.
 QStringList WrappedLines(const QString& text, const QFont& font, int width) {
   QStringList lines;
@@ -295,6 +318,11 @@ void HostStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
   } else {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
   }
+}
+
+QIcon HostStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+  if (icon == SP_ToolBarHorizontalExtensionButton) return QIcon(new MoreIcon);
+  return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 QRect HostStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,

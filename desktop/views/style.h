@@ -1,6 +1,7 @@
 // HostStyle: the widget style of the desktop host. Vector-painted, so that it is sharp at any resolution.
 #pragma once
 
+#include <QIcon>
 #include <QProxyStyle>
 
 namespace goods {
@@ -27,6 +28,8 @@ class HostStyle : public QProxyStyle {
                     const QString& text, QPalette::ColorRole role) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                          const QWidget* widget) const override;
+  // The mark of a bar that has more than it shows is drawn; every other is the toolkit's picture.
+  QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
   // Marks of keyboard accelerators are shown while Alt is held.
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -12,6 +12,7 @@
 #include "desktop/views/date_edit_view.h"
 #include "desktop/views/shown_text.h"
 #include "desktop/views/style.h"
+#include "desktop/views/theme.h"
 #include "desktop/views/thousands.h"
 #include "tests/desktop/views/kit.h"
 
@@ -362,6 +363,23 @@ TEST(ShownTexts, NumbersKeepTheirOrderAndNamesOfKeysTheirDigits) {
   EXPECT_EQ(ShownText(std::string_view("نسخه 1.2.3")), QString::fromUtf8("نسخه ۱.۲.۳"));
   EXPECT_TRUE(IsNumberLike("1403/01/02"));
   EXPECT_FALSE(IsNumberLike(QString::fromUtf8("کد 5")));
+}
+
+TEST(Marks, ThatABarHasMoreThanItShowsIsDrawnInTheInkOfTheLook) {
+  HostStyle style;
+  const QIcon icon = style.standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, nullptr);
+  const QImage drawn = icon.pixmap(QSize(16, 16), 1.0).toImage().convertToFormat(QImage::Format_ARGB32);
+  ASSERT_EQ(drawn.size(), QSize(16, 16));
+  EXPECT_EQ(qAlpha(drawn.pixel(0, 0)), 0);
+  int inked = 0;
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x) {
+      if (qAlpha(drawn.pixel(x, y)) < 255) continue;
+      ++inked;
+      EXPECT_EQ(QColor(drawn.pixel(x, y)).name(), CurrentTheme().text.name());
+    }
+  }
+  EXPECT_GT(inked, 4);
 }
 
 }  // namespace
