@@ -22,6 +22,7 @@
 #include <unistd.h>
 
 #include "company/demo/demo_company.h"
+#include "company/embedded/sqlite.h"
 #include "desktop/app/program.h"
 #include "desktop/tools/window_driver.h"
 #include "desktop/views/form_view.h"
@@ -187,6 +188,16 @@ Outcome Spawn(std::vector<std::string> arguments) {
   return outcome;
 }
 
+// The company with a hash of the same password in 8 KB and one pass, where a company's own has 64 MB and two.
+void CopyWithCheapPassword(const std::string& company, const std::string& copy) {
+  std::filesystem::copy_file(company, copy);
+  Database db(copy, SQLITE_OPEN_READWRITE);
+  Statement change = db.Prepare("UPDATE Users SET PasswordHash = ?1 WHERE Login = 'admin'");
+  change.Bind(1, std::string_view("$argon2id$v=19$m=8,t=1,p=1$M/ibAhCVnfgc3brm0Dx3Jg$"
+                                  "yJcwP+onkAZeHWWhnmTXNZbuYhNTZieHB8KqiaM3daU"));
+  change.Run();
+}
+
 // The middle of several runs, after one that warms the caches.
 Outcome Middle(const std::vector<std::string>& arguments) {
   std::vector<Outcome> outcomes;
@@ -208,16 +219,14 @@ int Compare(std::string company, const DemoOptions& options) {
   if (!std::filesystem::exists(company)) MakeDemoCompany(company, given ? options : DemoOptions());
   const Outcome empty = Middle({"--empty"});
   const Outcome main = Middle({"--desktop", company, "--folder", path});
-  const std::clock_t start = std::clock();
-  for (int i = 0; i < kStarts; ++i) {
-    if (!OpenCompany(company)->SignIn("admin", "admin")) throw std::runtime_error("this is no demo company");
-  }
-  const double signIn = static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC / kStarts;
+  const std::string cheap = path + "/cheap.goods";
+  CopyWithCheapPassword(company, cheap);
+  const Outcome unhashed = Middle({"--desktop", cheap, "--folder", path});
   const Outcome list = Spawn({"--list", company, "--folder", path});
   Tell({"from the start of the process to the painted main window, signed in", main.processor,
         "a Qt program with an empty window", empty.processor});
-  Tell({"the same without opening the company and checking the password",
-        std::max(main.processor - signIn, 0.1), "a Qt program with an empty window", empty.processor, 3});
+  Tell({"the same with a password whose hash costs nothing", unhashed.processor,
+        "a Qt program with an empty window", empty.processor, 3});
   Tell({"peak memory of the desktop program, turnover list open", list.peak, "250 MB", 250, 1, "MB"});
   Tell({"of it after the main window was painted", list.later, "the empty Qt program", empty.peak, 0, "MB"});
   return 0;
