@@ -29,8 +29,8 @@
 -- criterion equals Code integer on g.Code
 -- criterion contains Name on g.Name
 -- criterion contains AbbName on g.AbbName
--- criterion contains UnitName1 on u.Name
--- criterion contains UnitName2 on u2.Name
+-- criterion name UnitName1 of Units on g.Unit
+-- criterion name UnitName2 of Units on g.Unit2
 -- criterion equals Varede decimal on f.varede
 -- criterion equals Sadere decimal on f.sadere
 -- criterion equals Mogodi decimal on f.Mogodi
@@ -64,8 +64,8 @@
 -- column Meghdar_Formool decimal
 -- column Store integer
 -- column SMSCode text
--- column UnitName1 text
--- column UnitName2 text
+-- column UnitName1 text named by SELECT Name FROM Units WHERE Code = ?1
+-- column UnitName2 text named by SELECT Name FROM Units WHERE Code = ?1
 -- column Jam_Kol decimal
 -- column Position text
 -- column Joz decimal
@@ -76,9 +76,9 @@
 -- column Stock decimal
 -- column category_code text
 -- column Tags text
--- column t1 text
--- column t2 text
--- column t3 text
+-- column t1 text named by SELECT c.ColorText FROM TagS t JOIN colors c ON c.code = t.color_code WHERE t.Code = ?1
+-- column t2 text named by SELECT c.ColorText FROM TagS t JOIN colors c ON c.code = t.color_code WHERE t.Code = ?1
+-- column t3 text named by SELECT c.ColorText FROM TagS t JOIN colors c ON c.code = t.color_code WHERE t.Code = ?1
 SELECT g.GrpCode,
        g.Code,
        g.Name,
@@ -103,8 +103,8 @@ SELECT g.GrpCode,
        g.Meghdar_Formool,
        g.Store,
        g.SMSCode,
-       u.Name,
-       u2.Name,
+       g.Unit,
+       g.Unit2,
        f.Jam_Kol,  -- unless workedOut or ofStore
        dec_mul(f.Mogodi, f.gheymat_miangin),  -- when workedOut or ofStore
        g.Position,
@@ -116,9 +116,9 @@ SELECT g.GrpCode,
        ifnull(r.Stock, 0),
        g.category_code,
        g.Tags,
-       c1.ColorText,
-       c2.ColorText,
-       c3.ColorText
+       iif(g.Tags = '', NULL, code_at(g.Tags, 1)),
+       iif(g.Tags = '', NULL, code_at(g.Tags, 2)),
+       iif(g.Tags = '', NULL, code_at(g.Tags, 3))
 FROM GoodInf g
 CROSS JOIN GoodStock f ON f.Kala = g.Code  -- unless workedOut or ofStore
 CROSS JOIN (SELECT a.Kala, a.gheymat_miangin, ifnull(s.varede, 0) AS varede, ifnull(s.sadere, 0) AS sadere,  -- when ofStore
@@ -126,15 +126,7 @@ CROSS JOIN (SELECT a.Kala, a.gheymat_miangin, ifnull(s.varede, 0) AS varede, ifn
             FROM GoodStock a  -- when ofStore
             LEFT JOIN GoodStoreStock s ON s.Kala = a.Kala AND s.Anbar = @StoreCode) f ON f.Kala = g.Code  -- when ofStore
 CROSS JOIN stock_figures(g.Code, @EffectiveDate1, @EffectiveDate2, @StoreCode, @NotStoreCode) f  -- when workedOut
-LEFT JOIN Units u ON u.Code = g.Unit
-LEFT JOIN Units u2 ON u2.Code = g.Unit2
 LEFT JOIN RialiStock r ON r.Kala = g.Code
-LEFT JOIN TagS t1 ON t1.Code = iif(g.Tags = '', NULL, code_at(g.Tags, 1))
-LEFT JOIN colors c1 ON c1.code = t1.color_code
-LEFT JOIN TagS t2 ON t2.Code = iif(g.Tags = '', NULL, code_at(g.Tags, 2))
-LEFT JOIN colors c2 ON c2.code = t2.color_code
-LEFT JOIN TagS t3 ON t3.Code = iif(g.Tags = '', NULL, code_at(g.Tags, 3))
-LEFT JOIN colors c3 ON c3.code = t3.color_code
 WHERE {criteria}
   AND {goods}
   AND (ifnull(@GrpCode, 0) = 0 OR g.GrpCode = @GrpCode)  -- unless @GrpCode = 0
