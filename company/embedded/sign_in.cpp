@@ -19,7 +19,7 @@ constexpr std::size_t kLoginKept = 60;  // characters of what was typed
 constexpr std::size_t kLoginsKept = 1'000;
 constexpr std::int64_t kMostFailures = 1'000'000;
 // A forgotten password is no attack: a day without a try begins anew.
-constexpr std::int64_t kForgottenAfter = 24 * 60 * 60;
+constexpr std::int64_t kForgottenAfter = std::int64_t{24} * 60 * 60;
 
 struct Known {
   UserRecord user;

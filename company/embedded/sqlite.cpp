@@ -83,8 +83,8 @@ class SchemaWatch {
     int what;
     int most;
   };
-  static constexpr int kBetween = 100;                            // instructions
-  static constexpr sqlite3_int64 kMostMemory = 32 * 1024 * 1024;  // bytes
+  static constexpr int kBetween = 100;                                           // instructions
+  static constexpr sqlite3_int64 kMostMemory = sqlite3_int64{32} * 1024 * 1024;  // bytes
   static constexpr Limit kSmall[] = {{SQLITE_LIMIT_LENGTH, 1 << 20}, {SQLITE_LIMIT_SQL_LENGTH, 16 * 1024}};
 
   static int Called(void* self) {

@@ -204,11 +204,7 @@ class Parser {
       return item;
     }
     item.expression = Additive();
-    if (TakeWord("as")) {
-      item.alias = Name("نام ستون");
-    } else if (IsName()) {
-      item.alias = Name("نام ستون");
-    }
+    if (TakeWord("as") || IsName()) item.alias = Name("نام ستون");
     return item;
   }
 

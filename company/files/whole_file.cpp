@@ -10,7 +10,7 @@ namespace goods {
 
 namespace {
 
-constexpr std::size_t kBuffer = 64 * 1024;
+constexpr std::size_t kBuffer = std::size_t{64} * 1024;
 constexpr std::chrono::milliseconds kPause{10};
 constexpr int kFolderTries = 50;
 constexpr std::size_t kRandomDigits = 16;

@@ -135,7 +135,7 @@ std::string TableImport::InsertSql() const {
 
 std::string TableImport::Label(std::size_t field) const {
   const std::vector<std::string> names = Split(table_.fields[field].names, '|');
-  const std::string persian = names.size() > 1 ? names[1] : names[0];
+  std::string persian = names.size() > 1 ? names[1] : names[0];
   for (std::size_t i = 1; i < names.size(); ++i) {
     if (static_cast<unsigned char>(names[i][0]) >= 0x80) {
       return names[i] == "نام" ? "نام " + std::string(table_.what) : names[i];

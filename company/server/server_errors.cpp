@@ -43,7 +43,7 @@ bool Fits(const KnownFailure& known, int number, std::string_view said) {
 }  // namespace
 
 std::string UserMessage(const OdbcError& error) {
-  const std::string said = error.what();
+  std::string said = error.what();
   if (error.TimedOut()) return "پاسخ سرور در زمان تعیین شده نرسید.\n" + said;
   const std::string small = LowerAscii(said);
   for (const KnownFailure& known : kKnown) {

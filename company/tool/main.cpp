@@ -8,7 +8,8 @@
 #include "company/writer/work_progress.h"
 #include "progress_line.h"
 
-int main(int argc, char** argv) {
+// Only a mistake in the options' own declarations is thrown out of it.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   goods::PrepareTerminalOutput();
   goods::ProgramArguments arguments(argc, argv);
   CLI::App program("Makes, fills, checks and copies company files for the goods reports.");

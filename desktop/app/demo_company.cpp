@@ -63,13 +63,13 @@ void MakeWithProgress(const std::string& path, QWidget* parent) {
 }  // namespace
 
 QString DataFolder() {
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+  QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
   QDir().mkpath(folder);
   return folder;
 }
 
 QString EnsureDemoCompany(const QString& folder, QWidget* parent) {
-  const QString path = folder + "/demo.goods";
+  QString path = folder + "/demo.goods";
   if (QFile::exists(path)) return path;
   if (!QDir().mkpath(folder))
     throw CompanyError("پوشه داده‌ها را نمی‌توان ساخت: " + FromQt(folder));

@@ -16,11 +16,11 @@ namespace {
 QString PageFor(const QWidget* widget) {
   for (; widget != nullptr; widget = widget->parentWidget()) {
     if (const auto* view = dynamic_cast<const FormView*>(widget)) {
-      const QString page = HelpPageOf(view->Form());
+      QString page = HelpPageOf(view->Form());
       if (!page.isEmpty()) return page;
     }
     if (!widget->isWindow()) continue;
-    const QString page = HelpPageOf(widget->objectName());
+    QString page = HelpPageOf(widget->objectName());
     if (!page.isEmpty()) return page;
   }
   return {};

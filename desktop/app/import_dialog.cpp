@@ -160,7 +160,7 @@ void ImportDialog::Work(const QString& what, Step before, BackgroundWork::Body b
   ShowState({});
   work_.Start(
       std::move(body), [this](const BackgroundWork::State& state) { ShowState(state); },
-      [this, before, done = std::move(done)](std::exception_ptr failure) {
+      [this, before, done = std::move(done)](const std::exception_ptr& failure) {
         if (failure) {
           Fail(failure, before);
         } else {
@@ -177,7 +177,7 @@ void ImportDialog::ShowState(const BackgroundWork::State& state) {
   count_->setText(text);
 }
 
-void ImportDialog::Fail(std::exception_ptr failure, Step before) {
+void ImportDialog::Fail(const std::exception_ptr& failure, Step before) {
   GoTo(before);
   try {
     std::rethrow_exception(failure);

@@ -76,7 +76,7 @@ class ImportDialog : public QDialog {
   // Runs body while the working page is shown; then done, or back to the step before with what went wrong.
   void Work(const QString& what, Step before, BackgroundWork::Body body, std::function<void()> done);
   void ShowState(const BackgroundWork::State& state);
-  void Fail(std::exception_ptr failure, Step before);
+  void Fail(const std::exception_ptr& failure, Step before);
   void ShowProblem(const QString& text);
 
   QString folder_;

@@ -74,7 +74,9 @@ void GiveLook(QApplication& application, bool made, std::int32_t look, const Des
   }
 }
 
-std::string Otherwise(std::string text, const char* otherwise) { return text.empty() ? otherwise : text; }
+std::string Otherwise(const std::string& text, const char* otherwise) {
+  return text.empty() ? otherwise : text;
+}
 
 }  // namespace
 

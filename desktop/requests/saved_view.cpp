@@ -46,7 +46,7 @@ std::string TextOf(const QJsonValue& value, const char* what) {
 
 QJsonArray ArrayOf(const QJsonValue& value, std::size_t most, const char* what) {
   if (!value.isArray() && !value.isUndefined()) Refuse(std::string(what) + " باید فهرست باشد");
-  const QJsonArray array = value.toArray();
+  QJsonArray array = value.toArray();
   if (static_cast<std::size_t>(array.size()) > most) Refuse(std::string(what) + " بیش از اندازه است");
   return array;
 }
@@ -152,11 +152,11 @@ class ViewReader {
         continue;
       }
       std::vector<std::string> values;
-      for (const QJsonValue& value : ArrayOf(criteria.value(key), kMostCriteria, "شرط"))
+      for (const QJsonValue value : ArrayOf(criteria.value(key), kMostCriteria, "شرط"))
         values.push_back(TextOf(value, "شرط"));
       if (!values.empty()) view.criteria[option] = std::move(values);
     }
-    for (const QJsonValue& value :
+    for (const QJsonValue value :
          ArrayOf(json.value("exclude"), kMostCriteria, "شرط‌های وارونه"))
       view.exclude.insert(TextOf(value, "شرط وارونه"));
     if (json.contains("period")) view.period = TextOf(json.value("period"), "بازه");
@@ -172,7 +172,7 @@ class ViewReader {
   }
 
   void ReadTable(const QJsonObject& json, TableView& table) {
-    for (const QJsonValue& value : ArrayOf(json.value("columns"), kMostColumns, "ستون‌ها")) {
+    for (const QJsonValue value : ArrayOf(json.value("columns"), kMostColumns, "ستون‌ها")) {
       const QJsonObject column = ObjectOf(value, "ستون");
       std::string name = TextOf(column.value("name"), "نام ستون");
       // A layout is lines of "name=width,shown".
@@ -180,11 +180,11 @@ class ViewReader {
       table.columns.push_back(
           {std::move(name), column.value("width").toInt(), column.value("shown").toBool(true)});
     }
-    for (const QJsonValue& value : ArrayOf(json.value("sort"), kMostCriteria, "ترتیب")) {
+    for (const QJsonValue value : ArrayOf(json.value("sort"), kMostCriteria, "ترتیب")) {
       const QJsonObject key = ObjectOf(value, "ترتیب");
       table.sort.push_back({TextOf(key.value("column"), "نام ستون"), key.value("descending").toBool()});
     }
-    for (const QJsonValue& value : ArrayOf(json.value("filter"), kMostConditions, "فیلتر"))
+    for (const QJsonValue value : ArrayOf(json.value("filter"), kMostConditions, "فیلتر"))
       ReadCondition(ObjectOf(value, "فیلتر"), table);
     if (json.contains("groups")) ReadGroups(ObjectOf(json.value("groups"), "گروه‌بندی"), table);
     Note(json, {"columns", "sort", "filter", "groups"});
@@ -195,7 +195,7 @@ class ViewReader {
       table.groups.push_back({TextOf(level.value("column"), "نام ستون"), level.value("by-month").toBool()});
     };
     add(json);
-    for (const QJsonValue& value :
+    for (const QJsonValue value :
          ArrayOf(json.value("within"), GridGroups::kMostLevels - 1, "گروه‌بندی"))
       add(ObjectOf(value, "گروه‌بندی"));
     const int all = static_cast<int>(table.groups.size());
@@ -214,7 +214,7 @@ class ViewReader {
       return;
     }
     condition.kind = static_cast<ConditionKind>(known - kConditionNames.begin());
-    for (const QJsonValue& value : ArrayOf(json.value("values"), kMostValues, "مقدارهای فیلتر"))
+    for (const QJsonValue value : ArrayOf(json.value("values"), kMostValues, "مقدارهای فیلتر"))
       condition.values.push_back(value.isNull() ? std::nullopt : std::optional(TextOf(value, "مقدار فیلتر")));
     if (condition.values.empty()) Refuse("فیلتر مقدار ندارد");
     table.conditions.push_back(std::move(condition));
@@ -225,7 +225,7 @@ class ViewReader {
 
 QJsonDocument DocumentOf(std::string_view text) {
   QJsonParseError error{};
-  const QJsonDocument document =
+  QJsonDocument document =
       QJsonDocument::fromJson(QByteArray(text.data(), static_cast<qsizetype>(text.size())), &error);
   if (error.error != QJsonParseError::NoError) Refuse("نوشتار JSON آن خوانده نمی‌شود");
   return document;
@@ -275,7 +275,7 @@ std::vector<SavedView> ParseViews(std::string_view text) {
   std::vector<SavedView> views;
   std::vector<std::string> ignored;
   try {
-    for (const QJsonValue& value : DocumentOf(text).array()) {
+    for (const QJsonValue value : DocumentOf(text).array()) {
       if (views.size() >= kMostKeptViews) break;
       try {
         views.push_back(ViewReader(ignored).Read(value.toObject()));

@@ -228,7 +228,7 @@ void PictureRowSearch(const Pictures& pictures) {
 // The lists of goods: in quantity with its criteria and tags, in whole and part, and in money with the choice
 // of the price.
 void PictureTurnover(const Pictures& pictures, DesktopHost& host) {
-  const auto shown = [&](const char* exportName, std::function<void(QWidget&)> steps) {
+  const auto shown = [&](const char* exportName, const std::function<void(QWidget&)>& steps) {
     WhileModal([steps](QWidget& window) {
       window.resize(1440, 860);
       Wait(500);
@@ -306,7 +306,8 @@ void MakePictures(const std::string& file, const std::string& moduleFile, const 
 }  // namespace
 }  // namespace goods
 
-int main(int argc, char** argv) {
+// Only a mistake in the options' own declarations is thrown out of it.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   goods::UseOffscreenScreen(QSize(1920, 1080));
   QLoggingCategory::setFilterRules("*.warning=false\n*.debug=false");
   QApplication application(argc, argv);

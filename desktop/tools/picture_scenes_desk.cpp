@@ -41,7 +41,7 @@ void SaveWith(const ReportScenes& scenes, QWidget& window, QWidget& popup, const
   scenes.save(seen, name);
 }
 
-void OpenCard(const ReportScenes& scenes, std::int64_t good, std::function<void(QWidget&)> steps) {
+void OpenCard(const ReportScenes& scenes, std::int64_t good, const std::function<void(QWidget&)>& steps) {
   WhileModal([&, steps](QWidget& window) {
     window.resize(scenes.size);
     TypeText(window, "Good_SEF.Code_EDT", QString::number(good));

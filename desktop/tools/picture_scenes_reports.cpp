@@ -21,7 +21,7 @@ using Steps = std::function<void(QWidget&)>;
 
 constexpr int kSettle = 500;  // milliseconds: longer than a search waits for further keys
 
-void Open(const ReportScenes& scenes, const char* exportName, Steps steps) {
+void Open(const ReportScenes& scenes, const char* exportName, const Steps& steps) {
   WhileModal([&scenes, steps](QWidget& window) {
     window.resize(scenes.size);
     Wait(kSettle);

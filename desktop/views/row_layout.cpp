@@ -144,7 +144,8 @@ void RowLayout::setGeometry(const QRect& rect) {
     QBoxLayout::setGeometry(rect);
     return;
   }
-  QLayout::setGeometry(rect);
+  // Not the line that the box would make of it.
+  QLayout::setGeometry(rect);  // NOLINT(bugprone-parent-virtual-call)
   const QRect room = rect.marginsRemoved(contentsMargins());
   const Qt::LayoutDirection direction = parentWidget()->layoutDirection();
   int top = room.top();

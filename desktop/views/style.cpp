@@ -377,8 +377,7 @@ int HostStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
 int HostStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* result) const {
   switch (hint) {
-    case SH_ComboBox_Popup:
-      return 0;  // a list below the box, not a menu over it
+    case SH_ComboBox_Popup:  // a list below the box, not a menu over it
     case SH_ScrollBar_LeftClickAbsolutePosition:
       return 0;
     case SH_UnderlineShortcut:

@@ -81,9 +81,8 @@ void AddCondition(TSmartDBGrid_QRT& grid, RowCondition condition) {
 }
 
 void RemoveCondition(TSmartDBGrid_QRT& grid, const RowCondition& condition) {
-  const RowCondition removed = condition;  // it may be one of those that change
   std::vector<RowCondition> conditions = ConditionsOf(grid);
-  std::erase(conditions, removed);
+  std::erase(conditions, condition);
   SetConditions(grid, std::move(conditions));
 }
 

@@ -97,8 +97,9 @@ void Check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle) {
 
 OdbcConnection::OdbcConnection(const std::string& connectionString, int loginTimeout) {
   Check(SQLAllocHandle(SQL_HANDLE_DBC, Environment(), &handle_), SQL_HANDLE_ENV, Environment());
-  SQLSetConnectAttrW(handle_, SQL_ATTR_LOGIN_TIMEOUT,
-                     reinterpret_cast<SQLPOINTER>(std::intptr_t{loginTimeout}), 0);
+  // ODBC takes numbers as pointers. NOLINTNEXTLINE(performance-no-int-to-ptr)
+  auto* timeout = reinterpret_cast<SQLPOINTER>(std::intptr_t{loginTimeout});
+  SQLSetConnectAttrW(handle_, SQL_ATTR_LOGIN_TIMEOUT, timeout, 0);
   std::u16string wide = Wide(connectionString);
   const SQLRETURN result =
       SQLDriverConnectW(handle_, nullptr, Chars(wide), static_cast<SQLSMALLINT>(wide.size()), nullptr, 0,

@@ -234,6 +234,7 @@ void ReadBlocks(OdbcStatement& statement, const std::vector<ResultColumn>& colum
   const std::size_t block = std::clamp<std::size_t>(kBlockBytes / rowBytes, 1, kBlockRows);
   std::size_t asked = std::min(block, kFirstBlockRows);
   const auto askFor = [&](std::size_t count) {
+    // ODBC takes numbers as pointers. NOLINTNEXTLINE(performance-no-int-to-ptr)
     SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(count), 0);
   };
   struct Bound {

@@ -8,7 +8,8 @@
 #include "company/system/program.h"
 #include "goods_desktop.h"
 
-int main(int argc, char** argv) {
+// Only a mistake in the options' own declarations is thrown out of it.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   QApplication application(argc, argv);
   QApplication::setOrganizationName("goods");
   QApplication::setApplicationName("goods-desktop");
