@@ -16,6 +16,19 @@ constexpr int kLeastWidth = 280;
 constexpr int kBestWidth = 350;
 constexpr int kHeight = 96;
 
+// What a report is about, in lines as wide as the card. The card gives the width, so the label does not look
+// for one that suits it, which would lay out the text several times.
+class AboutLabel : public QLabel {
+ public:
+  AboutLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+    setTextFormat(Qt::PlainText);
+    setForegroundRole(QPalette::PlaceholderText);
+    setWordWrap(true);
+  }
+  QSize sizeHint() const override { return {kLeastWidth / 2, fontMetrics().height()}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
 }  // namespace
 
 ReportCard::ReportCard(const CardTexts& texts, QWidget* parent) : QPushButton(parent), width_(kBestWidth) {
@@ -36,7 +49,7 @@ ReportCard::ReportCard(const CardTexts& texts, QWidget* parent) : QPushButton(pa
   auto* shortcut = new QLabel(texts.key, this);
   shortcut->setForegroundRole(QPalette::PlaceholderText);
   if (!allowed) shortcut->hide();
-  auto* about = MutedLabel(texts.about, this);
+  auto* about = new AboutLabel(texts.about, this);
 
   auto* head = new QHBoxLayout;
   head->addWidget(title);
