@@ -91,9 +91,10 @@ void OnOneThreadAndOnAll(benchmark::State& state, const Asked& asked) {
   std::vector<double> alone;
   std::vector<double> together;
   for (auto each : state) {
-    for (auto [connection, times] : {std::pair{&one, &alone}, std::pair{&all, &together}}) {
+    for (const auto& [handle, times] : {std::pair{&one, &alone}, std::pair{&all, &together}}) {
+      IConnection& connection = *handle;
       RowStore rows;
-      times->push_back(Milliseconds([&] { connection->Open(asked.statement, rows); }));
+      times->push_back(Milliseconds([&] { connection.Open(asked.statement, rows); }));
     }
   }
   Found()[state.range(0)][asked.name] = {Median(alone), Median(together)};
