@@ -12,7 +12,8 @@ namespace {
 void UseTestScreen() {
   const QString given = qEnvironmentVariable("GOODS_TEST_SCREEN", "1920x1080*1");
   const QStringList parts = given.split(QRegularExpression("[x*]"));
-  goods::UseOffscreenScreen(QSize(parts.value(0).toInt(), parts.value(1).toInt()), parts.value(2, "1").toDouble());
+  goods::UseOffscreenScreen(QSize(parts.value(0).toInt(), parts.value(1).toInt()),
+                            parts.value(2, "1").toDouble());
 }
 
 }  // namespace
