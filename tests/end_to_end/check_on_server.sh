@@ -9,5 +9,5 @@ database=goods_walk_$(cksum <"$1" | cut -d' ' -f1)
 # As tests/desktop/app/kit.cpp makes it.
 "$1" create "$company/small.goods" --goods 60 --stores 3 --movements 2000
 "$1" verify --server "$GOODS_SERVER" --database "$database" >/dev/null 2>&1 ||
-  "$1" deploy --server "$GOODS_SERVER" --database "$database" --from "$company/small.goods"
+  flock "$(dirname "$1")/deploying.lock" "$1" deploy --server "$GOODS_SERVER" --database "$database" --from "$company/small.goods"
 GOODS_TEST_COMPANY="server:$GOODS_SERVER;DATABASE=$database" "$2"

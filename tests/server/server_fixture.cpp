@@ -9,6 +9,8 @@
 #include <set>
 #include <stdexcept>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include "company/server/fill_company.h"
@@ -27,6 +29,22 @@ std::string UniqueName() {
   static std::atomic<int> count{0};
   return "goods_test_" + std::to_string(getpid()) + "_" + std::to_string(++count);
 }
+
+// Processes of tests make their databases one after the other: a small server's catalogue does not take
+// several at once. The walk on a server waits for the same file.
+class Turn {
+ public:
+  Turn() : file_(open(Path().c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+    if (file_ < 0 || flock(file_, LOCK_EX) != 0) throw std::runtime_error("no turn: " + Path());
+  }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+  ~Turn() { close(file_); }
+
+ private:
+  static std::string Path() { return fs::read_symlink("/proc/self/exe").replace_filename("deploying.lock"); }
+  int file_;
+};
 
 bool IsStatement(std::string_view text) {
   const std::string begin = LowerAscii(Trim(text).substr(0, 7));
@@ -132,6 +150,7 @@ ServerAddress TestDatabase::Address() const {
 }
 
 void TestDatabase::Deploy(const std::string& from, const std::vector<std::string>& with) const {
+  const Turn turn;
   DeployCompany({TheServer(), name_, from, with, {}});
 }
 
