@@ -25,11 +25,15 @@ QLabel* TitleLabel(const QString& text, QWidget* parent) {
   return label;
 }
 
+void MakeMuted(QLabel& label) {
+  label.setTextFormat(Qt::PlainText);
+  label.setForegroundRole(QPalette::PlaceholderText);
+  label.setWordWrap(true);
+}
+
 QLabel* MutedLabel(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
-  label->setTextFormat(Qt::PlainText);
-  label->setForegroundRole(QPalette::PlaceholderText);
-  label->setWordWrap(true);
+  MakeMuted(*label);
   return label;
 }
 

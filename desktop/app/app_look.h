@@ -17,6 +17,8 @@ inline constexpr const char* kProgramTitle = "گزارش‌های گردش کا�
 QLabel* TitleLabel(const QString& text, QWidget* parent);
 QLabel* MutedLabel(const QString& text, QWidget* parent);
 QLabel* ProblemLabel(QWidget* parent);
+// Gives a label of another kind the look of MutedLabel.
+void MakeMuted(QLabel& label);
 
 // A button of a window that its key presses, too, from everywhere in the window.
 QPushButton* ButtonWithKey(const char* name, const QString& text, const QKeySequence& key, QWidget& window,

@@ -20,11 +20,7 @@ constexpr int kHeight = 96;
 // for one that suits it, which would lay out the text several times.
 class AboutLabel : public QLabel {
  public:
-  AboutLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
-    setTextFormat(Qt::PlainText);
-    setForegroundRole(QPalette::PlaceholderText);
-    setWordWrap(true);
-  }
+  AboutLabel(const QString& text, QWidget* parent) : QLabel(text, parent) { MakeMuted(*this); }
   QSize sizeHint() const override { return {kLeastWidth / 2, fontMetrics().height()}; }
   QSize minimumSizeHint() const override { return sizeHint(); }
 };
