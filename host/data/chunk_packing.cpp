@@ -55,23 +55,40 @@ int CommonScale(const Int128* cells, std::size_t count) {
 
 }  // namespace
 
-WideCells::WideCells(const Int128* cells, std::size_t count) {
-  const auto fits = [](Int128 units) {
+namespace {
+
+// Whether what is above the lowest 64 bits of every cell fits so many bytes.
+template <typename High>
+bool Fit(const Int128* cells, std::size_t count) {
+  return std::all_of(cells, cells + count, [](Int128 units) {
     const auto high = static_cast<std::int64_t>(units >> 64U);
-    return high >= std::numeric_limits<std::int16_t>::min() &&
-           high <= std::numeric_limits<std::int16_t>::max();
-  };
-  if (!std::all_of(cells, cells + count, fits)) {
+    return high >= std::numeric_limits<High>::min() && high <= std::numeric_limits<High>::max();
+  });
+}
+
+template <typename High>
+std::unique_ptr<High[]> HighPart(const Int128* cells, std::size_t count) {
+  auto high = std::make_unique_for_overwrite<High[]>(count);
+  std::transform(cells, cells + count, high.get(),
+                 [](Int128 units) { return static_cast<High>(units >> 64U); });
+  return high;
+}
+
+}  // namespace
+
+WideCells::WideCells(const Int128* cells, std::size_t count) {
+  if (Fit<std::int8_t>(cells, count)) {
+    highByte_ = HighPart<std::int8_t>(cells, count);
+  } else if (Fit<std::int16_t>(cells, count)) {
+    high_ = HighPart<std::int16_t>(cells, count);
+  } else {
     full_ = std::make_unique_for_overwrite<Int128[]>(count);
     std::copy_n(cells, count, full_.get());
     return;
   }
   low_ = std::make_unique_for_overwrite<std::uint64_t[]>(count);
-  high_ = std::make_unique_for_overwrite<std::int16_t[]>(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    low_[i] = static_cast<std::uint64_t>(cells[i]);
-    high_[i] = static_cast<std::int16_t>(cells[i] >> 64U);
-  }
+  std::transform(cells, cells + count, low_.get(),
+                 [](Int128 units) { return static_cast<std::uint64_t>(units); });
 }
 
 void PackDecimals(const Int128* cells, std::size_t count, ColumnChunk& chunk) {

@@ -1,4 +1,4 @@
-// Packing a chunk of decimals: 8 bytes a cell where that is exact, else 10, else 16.
+// Packing a chunk of decimals: 8 bytes a cell where that is exact, else 9, 10 or 16.
 #pragma once
 
 #include <cstddef>

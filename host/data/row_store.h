@@ -24,10 +24,10 @@ struct ColumnInfo {
 // The cells of one column in chunks, so that growing never copies what stands and never needs it twice.
 //
 // Integers take 8 bytes. Decimals take 8 bytes a cell in every chunk whose values fit 64 bits at one scale,
-// else 10, or 16 for those of more than 600 trillion. Texts are kept once in one arena: a cell is a 4-byte
-// id, so a text that repeats is stored once, and a test on a text column is made once per distinct text. In a
-// column whose texts hardly repeat they are no longer looked up but stored as they come, and whole chunks
-// then need no ids.
+// else 9, 10 (from 2.3 trillion on) or 16 (from 600 trillion on). Texts are kept once in one arena: a cell is
+// a 4-byte id, so a text that repeats is stored once, and a test on a text column is made once per distinct
+// text. In a column whose texts hardly repeat they are no longer looked up but stored as they come, and whole
+// chunks then need no ids.
 class Column {
  public:
   explicit Column(ColumnType type);

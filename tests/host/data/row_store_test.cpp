@@ -99,22 +99,33 @@ TEST(RowStores, TheSmallestNumberIsKeptWhereverItComes) {
   }
 }
 
-TEST(RowStores, DecimalsUpToSixHundredTrillionTakeTenBytesACell) {
-  const Decimal most = Decimal::FromUnits((Int128{1} << 79U) - 1);
-  const Decimal least = Decimal::FromUnits(-(Int128{1} << 79U));
+// Billionths of so many bits, and what the next larger kind takes.
+struct WidthOfCells {
+  unsigned bits;
+  std::size_t bytes;
+  std::size_t next;
+};
+class WideCellsOf : public ::testing::TestWithParam<WidthOfCells> {};
+
+TEST_P(WideCellsOf, LargeDecimalsTakeAsFewBytesAsHoldThemAll) {
+  const auto [bits, bytes, next] = GetParam();
+  const Decimal most = Decimal::FromUnits((Int128{1} << (bits - 1)) - 1);
+  const Decimal least = Decimal::FromUnits(-(Int128{1} << (bits - 1)));
   const Decimal one = Decimal::FromUnits(1);
-  const std::vector<Value> cells = {most, least, Of("-0.000000001"), Value(), Of("600000000000000.5")};
+  const std::vector<Value> cells = {most, least, Of("-0.000000001"), Value(), Of("2000000000000.5")};
   const RowStore store = OneColumn(ColumnType::Decimal, cells);
-  EXPECT_EQ(store.ColumnAt(0).Chunks().front().wide.BytesPerCell(), 10U);
+  EXPECT_EQ(store.ColumnAt(0).Chunks().front().wide.BytesPerCell(), bytes);
   ExpectCells(store, cells);
-  EXPECT_EQ(store.ColumnAt(0).SumAll(), most + least + Of("599999999999999.5") + Decimal(1) - one);
+  EXPECT_EQ(store.ColumnAt(0).SumAll(), most + least + Of("1999999999999.5") + Decimal(1) - one);
   for (const Decimal beyond : {most + one, least - one}) {
     const std::vector<Value> wider = {most, beyond};
     const RowStore wide = OneColumn(ColumnType::Decimal, wider);
-    EXPECT_EQ(wide.ColumnAt(0).Chunks().front().wide.BytesPerCell(), 16U);
+    EXPECT_EQ(wide.ColumnAt(0).Chunks().front().wide.BytesPerCell(), next);
     ExpectCells(wide, wider);
   }
 }
+INSTANTIATE_TEST_SUITE_P(RowStores, WideCellsOf,
+                         ::testing::Values(WidthOfCells{72, 9, 10}, WidthOfCells{80, 10, 16}));
 
 TEST(RowStores, EveryScaleAndSizeOfDecimalsComesBackExactly) {
   std::mt19937_64 random(7);
