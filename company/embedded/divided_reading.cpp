@@ -214,14 +214,26 @@ void ReadAll(const DividedReading::RangeReader& read, RowStore& into, ProgressWa
   into.Finish();
 }
 
+// The company's file itself, below SQLite's pages; none for what is in memory.
+sqlite3_file* FileOf(Database& db) {
+  sqlite3_file* file = nullptr;
+  const int asked = sqlite3_file_control(db.Handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  return asked == SQLITE_OK && file != nullptr && file->pMethods != nullptr ? file : nullptr;
+}
+
 // In its write-ahead log a file goes on while it is read, so that no lock holds its state for all handles.
 bool KeepsLog(Database& db) {
   constexpr sqlite3_int64 kReadVersion = 19;
-  sqlite3_file* file = nullptr;
+  sqlite3_file* file = FileOf(db);
   unsigned char version = 0;
-  return sqlite3_file_control(db.Handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
-         file == nullptr || file->pMethods == nullptr ||
-         file->pMethods->xRead(file, &version, 1, kReadVersion) != SQLITE_OK || version != 1;
+  return file == nullptr || file->pMethods->xRead(file, &version, 1, kReadVersion) != SQLITE_OK ||
+         version != 1;
+}
+
+std::int64_t Bytes(Database& db) {
+  sqlite3_file* file = FileOf(db);
+  sqlite3_int64 bytes = 0;
+  return file != nullptr && file->pMethods->xFileSize(file, &bytes) == SQLITE_OK ? bytes : 0;
 }
 
 }  // namespace
@@ -281,7 +293,8 @@ const std::vector<GoodRange>& DividedReading::Ranges() {
   while (codes.Step()) goods.push_back(codes.Integer(0));
   ranges_.assign(1, GoodRange());
   rangesState_ = state;
-  if (goods.size() < std::max<std::size_t>(division_.fewestGoods, 2)) return ranges_;
+  if (goods.size() < 2 || (goods.size() < division_.fewestGoods && Bytes(own_) < division_.largeFile))
+    return ranges_;
   const std::size_t count = std::min(goods.size(), threads_ * kRangesForThread);
   for (std::size_t i = 1; i < count; ++i) {
     const std::int64_t first = goods[goods.size() * i / count];

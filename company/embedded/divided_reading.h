@@ -29,12 +29,16 @@ struct GoodRange {
   std::int64_t last = std::numeric_limits<std::int64_t>::max();
 };
 
+// A company with fewer goods than fewestGoods is divided only if its file is as large as largeFile: a few
+// goods with many movements. Each range costs a fraction of a millisecond, which a small company would
+// notice.
 struct Division {
   static constexpr unsigned kMostThreads = 8;
 
-  unsigned threads = 0;             // the calling one counts; 0: one for each core, up to kMostThreads
-  std::size_t fewestGoods = 2'000;  // a company with fewer is not divided
-  std::chrono::milliseconds patience{100};  // for so long the calling thread works alone
+  unsigned threads = 0;  // the calling one counts; 0: one for each core, up to kMostThreads
+  std::size_t fewestGoods = 2'000;
+  std::int64_t largeFile = 32'000'000;    // bytes
+  std::chrono::milliseconds patience{4};  // for so long the calling thread works alone
 };
 
 class DividedReading {

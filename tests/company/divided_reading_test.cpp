@@ -3,6 +3,7 @@
 #include "company/embedded/divided_reading.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <mutex>
 #include <set>
 #include <stdexcept>
@@ -110,6 +111,18 @@ TEST_F(ReadDivided, WhatIsSmallOrQuickIsReadByOneThread) {
   CodesRead quick;
   ExpectCodes(ReadCodes(db, patient, quick), 90);
   EXPECT_EQ(quick.Threads(), 1U);
+}
+
+TEST_F(ReadDivided, FewGoodsAreDividedInALargeFile) {
+  Database db = Open();
+  const auto size = static_cast<std::int64_t>(std::filesystem::file_size(file.Path()));
+  for (const std::int64_t large : {size, size + 1}) {
+    DividedReading reading(
+        db, file.Path(), {.threads = 2, .fewestGoods = 91, .largeFile = large, .patience = milliseconds(0)});
+    CodesRead codes;
+    ExpectCodes(ReadCodes(db, reading, codes), 90);
+    EXPECT_EQ(codes.Ranges() > 1, large == size);
+  }
 }
 
 TEST_F(ReadDivided, TheFirstFailureInTheOrderOfGoodsIsTold) {
