@@ -26,8 +26,8 @@ namespace goods {
 namespace {
 
 constexpr std::int64_t kGoods = 20'000;
-constexpr int kShortRuns = 15;
-constexpr int kLongRuns = 5;
+constexpr int kShortRuns = 31;
+constexpr int kLongRuns = 11;
 constexpr std::int64_t kSizeOfGoals = 2'000'000;
 
 struct Run {
