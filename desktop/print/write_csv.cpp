@@ -66,7 +66,7 @@ class CsvRows {
     } else if (kind == CellKind::Date && options_.isoDates) {
       AppendText(out, IsoDate(value.AsText()));
     } else {
-      AppendText(out, value.AsText());
+      AppendText(out, value.Text());
     }
   }
 

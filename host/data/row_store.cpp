@@ -227,6 +227,21 @@ std::string_view Column::Text(std::size_t row) const {
   return impl_->texts.View(chunk.TextId(row % kChunkCells));
 }
 
+Value Column::Cell(std::size_t row) const {
+  const ColumnChunk& chunk = ChunkOf(row);
+  const std::size_t cell = row % kChunkCells;
+  if (chunk.IsNull(cell)) return {};
+  switch (impl_->type) {
+    case ColumnType::Integer:
+      return chunk.narrow[cell];
+    case ColumnType::Decimal:
+      return Decimal::FromUnits(chunk.Units(cell));
+    case ColumnType::Text:
+      break;
+  }
+  return impl_->texts.View(chunk.TextId(cell));
+}
+
 std::uint32_t Column::TextId(std::size_t row) const { return ChunkOf(row).TextId(row % kChunkCells); }
 std::size_t Column::DistinctTexts() const { return impl_->texts.Count(); }
 std::string_view Column::TextOfId(std::uint32_t id) const { return impl_->texts.View(id); }
@@ -289,19 +304,7 @@ std::optional<std::size_t> RowStore::FindColumn(std::string_view name) const {
   return std::nullopt;
 }
 
-Value RowStore::Cell(std::size_t row, std::size_t column) const {
-  const Column& cells = columns_.at(column);
-  if (cells.IsNull(row)) return {};
-  switch (cells.Type()) {
-    case ColumnType::Integer:
-      return cells.Integer(row);
-    case ColumnType::Decimal:
-      return cells.Number(row);
-    case ColumnType::Text:
-      break;
-  }
-  return cells.Text(row);
-}
+Value RowStore::Cell(std::size_t row, std::size_t column) const { return columns_.at(column).Cell(row); }
 
 std::size_t RowStore::MemoryBytes() const {
   std::size_t bytes = infos_.capacity() * sizeof(ColumnInfo) + columns_.capacity() * sizeof(Column);

@@ -39,6 +39,11 @@ class Value {
   std::int64_t AsInteger() const;
   Decimal AsDecimal() const;
   std::string AsText() const;
+  // A text as it is held, empty for anything else; valid as long as the value.
+  std::string_view Text() const {
+    const auto* text = std::get_if<std::string>(&data_);
+    return text == nullptr ? std::string_view() : *text;
+  }
   bool AsBoolean() const { return AsInteger() != 0; }
 
   // Null equals null only; an integer and a decimal of equal amount are equal; texts compare exactly.
