@@ -303,13 +303,15 @@ void ReportsBesideAFile(benchmark::State& state) {
 }
 
 BENCHMARK(ReportsBesideAFile)->Unit(benchmark::kMillisecond)->Iterations(1);
-BENCHMARK(BareLoop)->Unit(benchmark::kMillisecond)->Iterations(2);
-BENCHMARK(QueryOpen)->Unit(benchmark::kMillisecond)->Iterations(2);
+BENCHMARK(BareLoop)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(QueryOpen)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 void ReportRatios() {
-  Tell({"1,000,000 stock-card rows of a server into a query", BestOfProcessor()["query"] * 1e3,
-        "a bare ODBC loop over the same statement into plain vectors, same block",
-        BestOfProcessor()["bare"] * 1e3, 1.3});
+  const std::string loop = "a bare ODBC loop over the same statement into plain vectors, same block";
+  Tell({"1,000,000 stock-card rows of a server into a query, by the clock", Best()["query"] * 1e3, loop,
+        Best()["bare"] * 1e3, 1.3});
+  Tell({"the same, of the processor", BestOfProcessor()["query"] * 1e3, loop,
+        BestOfProcessor()["bare"] * 1e3});
   Tell({"memory of that query, a row", Counter("QueryOpen", "bytes a row"), "", 0, 0, "bytes"});
   for (const auto& [name, times] : Reports()) {
     const std::string asked =

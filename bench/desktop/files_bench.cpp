@@ -171,8 +171,9 @@ BENCHMARK_TEMPLATE(Rows, FileFormat::Csv)->Name("Csv")->Unit(benchmark::kMillise
 BENCHMARK_TEMPLATE(Rows, FileFormat::Json)->Name("Json")->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK_TEMPLATE(Rows, FileFormat::Xlsx)->Name("Xlsx")->Unit(benchmark::kMillisecond)->Iterations(2);
 BENCHMARK(XlsxLibraryAlone)->Unit(benchmark::kMillisecond)->Iterations(2);
-BENCHMARK(GoodsListStatement)->Unit(benchmark::kMillisecond)->Iterations(10);
-BENCHMARK(GoodsListToCsv)->Unit(benchmark::kMillisecond)->Iterations(10);
+// The statement is divided over threads, which all count.
+BENCHMARK(GoodsListStatement)->Unit(benchmark::kMillisecond)->Iterations(10)->MeasureProcessCPUTime();
+BENCHMARK(GoodsListToCsv)->Unit(benchmark::kMillisecond)->Iterations(10)->MeasureProcessCPUTime();
 
 void Report() {
   Tell({"1,000,000 stock-card rows of 11 columns to CSV", ProcessorTime("Csv")});
