@@ -66,3 +66,11 @@ function(goods_compiled_apart)
   endforeach()
   set_source_files_properties(${files} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
+
+# goods_read_once(<target>...): what works once a start, on the command line that it was given, is compiled for that: in half the
+# time that the optimizer takes.
+function(goods_read_once)
+  foreach(target ${ARGN})
+    target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1> $<$<CONFIG:Debug>:-O0>)
+  endforeach()
+endfunction()
