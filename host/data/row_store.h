@@ -56,6 +56,7 @@ class Column {
   Decimal Number(std::size_t row) const;  // of an integer column too
   // Valid as long as the store lives.
   std::string_view Text(std::size_t row) const;
+  // Of whatever kind the column is; null where the cell is.
   Value Cell(std::size_t row) const;
   // The text's id in a text column: equal ids, equal texts. Ids run from 0 to DistinctTexts() - 1. Where
   // texts hardly repeat (see above) equal texts may stand under several ids, and DistinctTexts() counts each
