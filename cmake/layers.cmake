@@ -67,6 +67,15 @@ function(goods_compiled_apart)
   set_source_files_properties(${files} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
+# goods_by_the_test_compiler(): with GOODS_TEST_COMPILER, what this folder and those below it build is compiled by that. What is
+# measured is not built so (bench/run).
+macro(goods_by_the_test_compiler)
+  if(GOODS_TEST_COMPILER)
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-O0> $<$<COMPILE_LANGUAGE:CXX>:-U_FORTIFY_SOURCE>)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${PROJECT_SOURCE_DIR}/cmake/compiled_by ${GOODS_TEST_COMPILER})
+  endif()
+endmacro()
+
 # goods_read_once(<target>...): what works once a start, on the command line that it was given, is compiled for that: in half the
 # time that the optimizer takes.
 function(goods_read_once)
