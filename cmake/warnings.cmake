@@ -54,13 +54,19 @@ endif()
 if(GOODS_UNITY)
   set(CMAKE_UNITY_BUILD ON)
   set(CMAKE_UNITY_BUILD_BATCH_SIZE ${GOODS_UNITY_BATCH})
+  # Memory for time: g++ looks for what it could give back once it has taken 512 MB, not again and again before.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(--param=ggc-min-heapsize=524288)
+  endif()
 endif()
 
 if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # The compiler's memory in large pages: clang takes a tenth of the time less. With CCACHE_DEPEND what a source includes is
+  # known from the compiler; otherwise ccache reads each new source once more for itself.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env GLIBC_TUNABLES=glibc.malloc.hugetlb=1)
   find_program(CCACHE ccache)
   if(CCACHE)
-    # What a source includes is known from the compiler then; otherwise ccache reads each new source once more for itself.
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_DEPEND=1 ${CCACHE})
-    set(CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
+    list(APPEND CMAKE_CXX_COMPILER_LAUNCHER CCACHE_DEPEND=1 ${CCACHE})
   endif()
+  set(CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
 endif()
