@@ -61,12 +61,10 @@ if(GOODS_UNITY)
 endif()
 
 if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # The compiler's memory in large pages: clang takes a tenth of the time less. With CCACHE_DEPEND what a source includes is
-  # known from the compiler; otherwise ccache reads each new source once more for itself.
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env GLIBC_TUNABLES=glibc.malloc.hugetlb=1)
   find_program(CCACHE ccache)
   if(CCACHE)
-    list(APPEND CMAKE_CXX_COMPILER_LAUNCHER CCACHE_DEPEND=1 CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+    # What a source includes is known from the compiler then; otherwise ccache reads each new source once more for itself.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_DEPEND=1 CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+    set(CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
   endif()
-  set(CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
 endif()

@@ -5,7 +5,6 @@ set -euo pipefail
 sources=$1 scratch=$2 compiler=$3
 # What an earlier run compiled is kept; everything else is configured anew.
 rm -f "$scratch/CMakeCache.txt"
-export GLIBC_TUNABLES=glibc.malloc.hugetlb=1  # as in the project's own build
 cmake -G Ninja -S "$sources/tests/install/subproject" -B "$scratch" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
   -DGOODS_UNITY=ON -DCMAKE_CXX_COMPILER="$compiler" -DGOODS_SOURCE="$sources" \
   -DHOST_SOURCE="$sources/examples/minimal_host/main.cpp" >/dev/null
